@@ -1,0 +1,78 @@
+#pragma once
+
+#include "../Json.h"
+
+#include <mutex>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vantix::simulator {
+
+/// Credentials of one kind: several may be valid at once, since two clients may refresh at the same time.
+struct Credentials {
+    std::set<std::string> valid;
+    std::set<std::string> refreshers;
+
+    /// None of those handed out so far is accepted any longer.
+    void Expire() { valid.clear(); }
+};
+
+/// An upload address that was handed out, and what arrived at it.
+struct Upload {
+    std::string id;
+    std::string url;
+    std::string fileName;
+    std::string fileType;
+    bool received = false;
+    Json fields = Json::object();
+    std::string content;
+};
+
+/// Everything that the cloud knows. Not safe by itself: `Cloud` guards it.
+struct CloudState {
+    Json account = Json::object();
+    Json devices = Json::array();
+    Credentials tokens;
+    Credentials sessions;
+    std::vector<Upload> uploads;
+    std::string bDomain;
+    std::string cDomain;
+
+    /// A text that was never handed out before, beginning with the prefix.
+    std::string Fresh(const std::string& prefix);
+
+private:
+    unsigned long long m_handedOut = 0;
+};
+
+/// The account's state behind one lock. No request waits under it.
+class Cloud {
+public:
+    /// Sample data for these addresses.
+    Cloud(std::string bDomain, std::string cDomain);
+
+    void Reset();
+
+    template <typename Function>
+    auto With(Function&& function) {
+        const std::lock_guard lock(m_mutex);
+        return std::forward<Function>(function)(m_state);
+    }
+
+private:
+    std::mutex m_mutex;
+    CloudState m_state;
+};
+
+/// The device of this serial, null when there is none. The pointer lives until the device list changes.
+Json* FindDevice(CloudState& state, const std::string& serial);
+
+/// The device's camera of this number, null when there is none.
+Json* FindCamera(Json& device, long long cameraNo);
+
+/// Takes over account members (null deletes); new credentials are valid from now on.
+void MergeAccount(CloudState& state, const Json& changes);
+
+}  // namespace vantix::simulator

@@ -1,0 +1,71 @@
+#include "Journal.h"
+
+#include "../Bytes.h"
+
+#include <algorithm>
+
+namespace vantix::simulator {
+namespace {
+
+void AddBytes(Json& entry, const char* key, const char* hexKey, const std::string& bytes) {
+    entry[key] = bytes;
+    if (!IsUtf8(bytes)) {
+        entry[hexKey] = ToHex(bytes);
+    }
+}
+
+bool AllUtf8(const HeaderList& headers) {
+    return std::all_of(headers.begin(), headers.end(), [](const auto& header) {
+        return IsUtf8(header.first) && IsUtf8(header.second);
+    });
+}
+
+}  // namespace
+
+void Journal::Add(Domain domain, const Request& request) {
+    Exchange entry{domain, request.method, request.path, request.query, request.body, request.headers};
+    const std::lock_guard lock(m_mutex);
+    m_entries.push_back(std::move(entry));
+    if (m_entries.size() > capacity) {
+        m_entries.pop_front();
+        ++m_dropped;
+    }
+}
+
+std::vector<Exchange> Journal::Entries() const {
+    const std::lock_guard lock(m_mutex);
+    return {m_entries.begin(), m_entries.end()};
+}
+
+void Journal::Clear() {
+    const std::lock_guard lock(m_mutex);
+    m_entries.clear();
+    m_dropped = 0;
+}
+
+std::uint64_t Journal::Dropped() const {
+    const std::lock_guard lock(m_mutex);
+    return m_dropped;
+}
+
+Json ToJson(const Exchange& entry) {
+    Json json;
+    json["domain"] = entry.domain == Domain::b ? "B" : "C";
+    json["method"] = entry.method;
+    AddBytes(json, "path", "pathHex", entry.path);
+    AddBytes(json, "query", "queryHex", entry.query);
+    AddBytes(json, "body", "bodyHex", entry.body);
+    json["headers"] = Json::array();
+    for (const auto& [name, value] : entry.headers) {
+        json["headers"].push_back(Json::array({name, value}));
+    }
+    if (!AllUtf8(entry.headers)) {
+        json["headersHex"] = Json::array();
+        for (const auto& [name, value] : entry.headers) {
+            json["headersHex"].push_back(Json::array({ToHex(name), ToHex(value)}));
+        }
+    }
+    return json;
+}
+
+}  // namespace vantix::simulator

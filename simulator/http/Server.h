@@ -1,0 +1,54 @@
+#pragma once
+
+#include "Certificate.h"
+#include "Message.h"
+#include "Pause.h"
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+struct MHD_Daemon;
+
+namespace vantix::simulator {
+
+/// An HTTP/1.1 server on 127.0.0.1 with a thread for each connection, over TLS when it has a certificate.
+class Server {
+public:
+    /// Called on the connection's thread, many at once. What it throws becomes an answer of status 500.
+    using Handler = std::function<Answer(const Request&)>;
+
+    /// Listens at once; port 0 takes a free one. `pause` must outlive the server. Throws std::runtime_error.
+    Server(std::uint16_t port, std::optional<Certificate> certificate, Handler handler, Pause& pause);
+    ~Server();
+    Server(const Server&) = delete;
+    Server& operator=(const Server&) = delete;
+
+    /// "https://127.0.0.1:PORT" or "http://127.0.0.1:PORT".
+    std::string Address() const;
+
+    /// Ends all connections and joins their threads. Call `Pause::Stop` before, or it waits for those who pause.
+    void Stop();
+
+    std::uint64_t ConnectionsOpened() const { return m_opened.load(); }
+    std::uint64_t ConnectionsOpen() const { return m_opened.load() - m_closed.load(); }
+
+    /// For the daemon's callbacks.
+    const Handler& HandlerOf() const { return m_handler; }
+    Pause& PauseOf() const { return m_pause; }
+    void CountOpened() { ++m_opened; }
+    void CountClosed() { ++m_closed; }
+
+private:
+    std::optional<Certificate> m_certificate;
+    Handler m_handler;
+    Pause& m_pause;
+    MHD_Daemon* m_daemon = nullptr;
+    std::uint16_t m_port = 0;
+    std::atomic<std::uint64_t> m_opened{0};
+    std::atomic<std::uint64_t> m_closed{0};
+};
+
+}  // namespace vantix::simulator

@@ -1,0 +1,71 @@
+#include "../cloud/Endpoint.h"
+#include "Detail.h"
+
+namespace vantix::simulator {
+namespace {
+
+void TurnIntoText(const Json& device, Json& sent) {
+    for (const Json& name : Member(device, "nestedAsText")) {
+        if (!name.is_string()) {
+            continue;
+        }
+        const auto found = sent.find(name.get_ref<const std::string&>());
+        if (found != sent.end() && !found->is_string()) {
+            *found = Dump(*found);
+        }
+    }
+}
+
+Reply Detail(Call& call) {
+    Json& device = *call.Device();
+    const Json* camera = FindCamera(device, call.Channel());
+    if (camera == nullptr) {
+        return Refuse(code::noChannel);
+    }
+    return ResultData({{"camera", *camera}, {"device", DeviceAsSent(call.state, device)}});
+}
+
+Reply SetVideoLevel(Call& call) {
+    Json* camera = FindCamera(*call.Device(), call.Channel());
+    if (camera == nullptr) {
+        return Refuse(code::noChannel);
+    }
+    (*camera)["videoLevel"] = call.parameters.Number("videoLevel", 0);
+    return {};
+}
+
+constexpr std::array rows = {
+    Endpoint{"/api/device/detail", Verb::post, Envelope::result, Proof::token, {"deviceSerial"}, Detail},
+    Endpoint{"/api/device/setVideoLevel",
+             Verb::post,
+             Envelope::result,
+             Proof::token,
+             {"deviceSerial", "videoLevel"},
+             SetVideoLevel},
+    Endpoint{"/api/camera/setVideoLevel",
+             Verb::post,
+             Envelope::result,
+             Proof::token,
+             {"deviceSerial", "videoLevel"},
+             SetVideoLevel},
+};
+
+}  // namespace
+
+Json DeviceAsSent(CloudState& state, const Json& device) {
+    Json sent = Member(device, "device");
+    if (!sent.is_object()) {
+        return sent;
+    }
+    const std::string parentSerial = TextOf(sent, "belongSerial");
+    const Json* parent = parentSerial.empty() ? nullptr : FindDevice(state, parentSerial);
+    if (parent != nullptr && !sent.contains("belongDevice")) {
+        sent["belongDevice"] = Member(*parent, "device");
+    }
+    TurnIntoText(device, sent);
+    return sent;
+}
+
+std::span<const Endpoint> DeviceEndpoints() { return rows; }
+
+}  // namespace vantix::simulator
