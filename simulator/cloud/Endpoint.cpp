@@ -14,6 +14,11 @@ long long Call::Channel() const {
     return 1;
 }
 
+Json* Call::Camera() const {
+    Json* device = Device();
+    return device == nullptr ? nullptr : FindCamera(*device, Channel());
+}
+
 Reply Refuse(std::string_view code) { return {std::string(code), Json::object()}; }
 
 Reply ResultData(Json data) {
@@ -29,7 +34,18 @@ Reply Data(Json data) {
 }
 
 const Endpoint* FindEndpoint(std::string_view path) {
-    static const std::array families = {DeviceEndpoints()};
+    static const std::array families = {DeviceEndpoints(),
+                                        ServerEndpoints(),
+                                        P2pEndpoints(),
+                                        TokenEndpoints(),
+                                        ListEndpoints(),
+                                        RecordEndpoints(),
+                                        CloudUploadEndpoints(),
+                                        AccountEndpoints(),
+                                        SessionEndpoints(),
+                                        PageListEndpoints(),
+                                        ConsumerRecordEndpoints(),
+                                        SharedListEndpoints()};
     for (const auto& family : families) {
         const auto found =
             std::find_if(family.begin(), family.end(), [path](const Endpoint& row) { return row.path == path; });

@@ -20,6 +20,8 @@ struct Call {
     Json* Device() const { return FindDevice(state, parameters.Text("deviceSerial")); }
     /// The channel that the request names: "cameraNo", "channelNo" or "localIndex", else 1.
     long long Channel() const;
+    /// That channel of that device, null when there is none.
+    Json* Camera() const;
 };
 
 /// What a handler answers: a code and, with success, the members that stand beside or inside the envelope.
@@ -54,6 +56,17 @@ struct Endpoint {
 };
 
 std::span<const Endpoint> DeviceEndpoints();
+std::span<const Endpoint> ServerEndpoints();
+std::span<const Endpoint> P2pEndpoints();
+std::span<const Endpoint> TokenEndpoints();
+std::span<const Endpoint> ListEndpoints();
+std::span<const Endpoint> RecordEndpoints();
+std::span<const Endpoint> CloudUploadEndpoints();
+std::span<const Endpoint> AccountEndpoints();
+std::span<const Endpoint> SessionEndpoints();
+std::span<const Endpoint> PageListEndpoints();
+std::span<const Endpoint> ConsumerRecordEndpoints();
+std::span<const Endpoint> SharedListEndpoints();
 
 /// The row of the path, null when nobody answers there.
 const Endpoint* FindEndpoint(std::string_view path);

@@ -44,7 +44,7 @@ Json Alarm(int number, const std::string& serial, int channel, int type, bool re
     return {{"alarmId", "AL" + digits},
             {"alarmName", type == 10002 ? "Motion at the gate" : "Person in the yard"},
             {"alarmType", type},
-            {"alarmTime", "2024-01-02 0" + std::to_string(number) + ":15:00"},
+            {"alarmTime", "2024-01-02 0" + std::to_string(number) + ":05:00"},
             {"deviceSerial", serial},
             {"channelNo", channel},
             {"isChecked", read ? 1 : 0},

@@ -17,16 +17,15 @@ void TurnIntoText(const Json& device, Json& sent) {
 }
 
 Reply Detail(Call& call) {
-    Json& device = *call.Device();
-    const Json* camera = FindCamera(device, call.Channel());
+    const Json* camera = call.Camera();
     if (camera == nullptr) {
         return Refuse(code::noChannel);
     }
-    return ResultData({{"camera", *camera}, {"device", DeviceAsSent(call.state, device)}});
+    return ResultData({{"camera", *camera}, {"device", DeviceAsSent(call.state, *call.Device())}});
 }
 
 Reply SetVideoLevel(Call& call) {
-    Json* camera = FindCamera(*call.Device(), call.Channel());
+    Json* camera = call.Camera();
     if (camera == nullptr) {
         return Refuse(code::noChannel);
     }

@@ -1,0 +1,36 @@
+#include "../cloud/Endpoint.h"
+#include "../cloud/Paging.h"
+#include "../cloud/Recordings.h"
+
+namespace vantix::simulator {
+namespace {
+
+Reply Records(Call& call) {
+    if (call.Camera() == nullptr) {
+        return Refuse(code::noChannel);
+    }
+    if (NumberOf(Member(*call.Device(), "device"), "deviceStatus") != 1) {
+        return Refuse(code::deviceOffline);
+    }
+    RecordingFilter filter;
+    filter.place = "device";
+    filter.channel = call.Channel();
+    filter.span = SpanOf(call.parameters.Text("startTime"), call.parameters.Text("stopTime"));
+    filter.type = call.parameters.Number("recordType", 0);
+    const Json found = FindRecordings(*call.Device(), filter);
+    const long long size = call.parameters.Number("size", 100);
+    Reply reply;
+    reply.payload["isFinished"] = static_cast<long long>(found.size()) <= size;
+    reply.payload["records"] = Slice(found, 0, size);
+    return reply;
+}
+
+constexpr std::array rows = {
+    Endpoint{"/v3/streaming/records", Verb::get, Envelope::meta, Proof::session, {"deviceSerial"}, Records},
+};
+
+}  // namespace
+
+std::span<const Endpoint> ConsumerRecordEndpoints() { return rows; }
+
+}  // namespace vantix::simulator

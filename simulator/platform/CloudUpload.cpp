@@ -1,0 +1,27 @@
+#include "../cloud/Endpoint.h"
+
+namespace vantix::simulator {
+namespace {
+
+Reply UploadAddress(Call& call) {
+    Upload upload;
+    upload.id = call.state.Fresh("up-");
+    upload.url = call.state.bDomain + "/upload/" + upload.id;
+    upload.fileName = call.parameters.Text("fileName");
+    upload.fileType = call.parameters.Text("fileType");
+    call.state.uploads.push_back(upload);
+    return Data({{"fileId", upload.id},
+                 {"url", upload.url},
+                 {"expireDays", call.parameters.Number("expireDays", 0)},
+                 {"urlExpireTime", call.parameters.Number("urlExpireTime", 0)}});
+}
+
+constexpr std::array rows = {
+    Endpoint{"/api/service/cloud/upload/url", Verb::get, Envelope::meta, Proof::token, {"fileName"}, UploadAddress},
+};
+
+}  // namespace
+
+std::span<const Endpoint> CloudUploadEndpoints() { return rows; }
+
+}  // namespace vantix::simulator

@@ -1,0 +1,34 @@
+#include "../cloud/Endpoint.h"
+
+namespace vantix::simulator {
+namespace {
+
+Reply UserInfo(Call& call) {
+    Json data = {{"userId", TextOf(call.state.account, "userId")}};
+    data.update(Member(call.state.account, "p2pUser"));
+    return ResultData(std::move(data));
+}
+
+Reply DeviceInfo(Call& call) {
+    const Json& p2p = Member(*call.Device(), "p2p");
+    Json data;
+    for (const char* name : {"serverInfos", "defaultKey", "defaultKeyVer"}) {
+        if (!Member(p2p, name).is_null()) {
+            data[name] = Member(p2p, name);
+        }
+    }
+    const Json& capability = Member(p2p, "capability");
+    data["qxDeviceCapability"] = capability.is_object() ? Json(Dump(capability)) : capability;
+    return ResultData(std::move(data));
+}
+
+constexpr std::array rows = {
+    Endpoint{"/api/sdk/p2p/user/info/get", Verb::post, Envelope::result, Proof::token, {}, UserInfo},
+    Endpoint{"/api/sdk/p2p/dev/info/get", Verb::post, Envelope::result, Proof::token, {"deviceSerial"}, DeviceInfo},
+};
+
+}  // namespace
+
+std::span<const Endpoint> P2pEndpoints() { return rows; }
+
+}  // namespace vantix::simulator

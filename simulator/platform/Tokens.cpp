@@ -1,0 +1,62 @@
+#include "../cloud/Endpoint.h"
+
+#include <algorithm>
+
+namespace vantix::simulator {
+namespace {
+
+constexpr long long largestBatch = 100;
+constexpr long long sessionBatch = 20;
+
+Reply Batch(Call& call, long long count) {
+    Json tokens = Json::array();
+    for (long long number = 0; number < std::min(count, largestBatch); ++number) {
+        tokens.push_back(call.state.Fresh("st.5d1f3a0c."));
+    }
+    Reply reply;
+    reply.payload["tokenArray"] = std::move(tokens);
+    return reply;
+}
+
+Reply StreamTokens(Call& call) {
+    const long long count = call.parameters.Number("count", 0);
+    return count < 1 ? Refuse(code::badParameter) : Batch(call, count);
+}
+
+Reply SessionStreamTokens(Call& call) { return Batch(call, sessionBatch); }
+
+/// Earlier refresh tokens stay good, as the answer's own one need not be kept by a client.
+Reply Refresh(Call& call) {
+    auto& account = call.state.account;
+    auto& tokens = call.state.tokens;
+    if (!tokens.refreshers.contains(call.parameters.Text("refresh_token")) ||
+        call.parameters.Text("open_id") != TextOf(account, "openId")) {
+        return Refuse(code::tokenExpired);
+    }
+    account["accessToken"] = call.state.Fresh("at.fresh.7c2e90b4.");
+    account["refreshToken"] = call.state.Fresh("rt.fresh.d81a5f36.");
+    tokens.valid.insert(TextOf(account, "accessToken"));
+    tokens.refreshers.insert(TextOf(account, "refreshToken"));
+    return ResultData({{"access_token", account["accessToken"]},
+                       {"openId", account["openId"]},
+                       {"refresh_token", account["refreshToken"]},
+                       {"expires_in", Member(account, "expiresIn")},
+                       {"scope", Member(account, "scope")}});
+}
+
+constexpr std::array rows = {
+    Endpoint{"/api/user/token", Verb::post, Envelope::resultCode, Proof::token, {"count"}, StreamTokens},
+    Endpoint{"/api/user/token/get", Verb::post, Envelope::resultCode, Proof::session, {}, SessionStreamTokens},
+    Endpoint{"/oauth/token/refreshToken",
+             Verb::post,
+             Envelope::result,
+             Proof::none,
+             {"refresh_token", "grant_type", "client_id", "open_id"},
+             Refresh},
+};
+
+}  // namespace
+
+std::span<const Endpoint> TokenEndpoints() { return rows; }
+
+}  // namespace vantix::simulator
