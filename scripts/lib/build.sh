@@ -4,24 +4,37 @@
 export CCACHE_DIR=${CCACHE_DIR:-$CACHE/ccache}
 export CCACHE_BASEDIR=$ROOT CCACHE_NOHASHDIR=1
 
-# build_preset PRESET [TARGET...]: without a target everything is built.
+# configure_preset PRESET
+configure_preset() {
+    locked_tree "$1" configure_preset_locked "$1"
+}
+
+# build_preset PRESET [TARGET...]: configures and builds; without a target everything.
 build_preset() {
-    local preset=$1 launcher=()
-    local tree=$ROOT/build/$preset
+    locked_tree "$1" build_preset_locked "$@"
+}
+
+# locked_tree PRESET COMMAND...: two scripts never work in one build tree at the same time.
+locked_tree() {
+    local tree=$ROOT/build/$1
     shift
-    command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
-    locked "build-$(printf '%s' "$tree" | sha256sum | cut -c1-16)" \
-        build_preset_locked "$preset" "$tree" "${launcher[*]}" "$@"
+    locked "build-$(printf '%s' "$tree" | sha256sum | cut -c1-16)" "$@"
+}
+
+configure_preset_locked() {
+    local settings=(-DVANTIX_JSON11_DIR="$CACHE/json11")
+    command -v ccache >/dev/null && settings+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+    quietly "$ROOT/build/$1/log/configure.log" "configuring build/$1" \
+        cmake -S "$ROOT" --preset "$1" "${settings[@]}"
 }
 
 build_preset_locked() {
-    local preset=$1 tree=$2 launcher=$3 targets=()
-    shift 3
+    local preset=$1 targets=()
+    shift
     [ $# -gt 0 ] && targets=(--target "$@")
-    quietly "$tree/log/configure.log" "configuring build/$preset" \
-        cmake -S "$ROOT" --preset "$preset" -DVANTIX_JSON11_DIR="$CACHE/json11" ${launcher:+"$launcher"} || return 1
-    quietly "$tree/log/build.log" "building build/$preset" \
-        cmake --build "$tree" --parallel "$JOBS" "${targets[@]}" || return 1
+    configure_preset_locked "$preset" || return 1
+    quietly "$ROOT/build/$preset/log/build.log" "building build/$preset" \
+        cmake --build "$ROOT/build/$preset" --parallel "$JOBS" "${targets[@]}"
 }
 
 # test_preset PRESET [CTEST_ARGUMENTS...]: runs the tests; CTest's summary is the last that is printed.
@@ -29,4 +42,12 @@ test_preset() {
     local preset=$1
     shift
     ctest --test-dir "$ROOT/build/$preset" --output-on-failure --no-tests=error --parallel "$JOBS" "$@"
+}
+
+# built_program PRESET NAME: prints the path of a program of that build.
+built_program() {
+    local found
+    found=$(find "$ROOT/build/$1" -type f -executable -name "$2" -not -path '*/CMakeFiles/*' -print -quit)
+    [ -n "$found" ] || die "build/$1 has no program '$2'"
+    printf '%s\n' "$found"
 }

@@ -5,6 +5,7 @@ SOURCE_APT=$CACHE/apt
 
 # The places that hold Debian's own packages, as apt itself knows them.
 debian_places() {
+    # shellcheck disable=SC2016
     apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' 'Origin: Debian' 2>/dev/null |
         sed 's|/*$||' | sort -u
 }
@@ -86,27 +87,47 @@ fetch_source() {
         quietly "$CACHE/logs/source-$1.log" "fetching the Debian source package $1" strictly download_and_unpack "$@"
 }
 
-# from_source NAME PACKAGE BUILDER [ARGS]: makes $CACHE/NAME-VERSION from a Debian source package, once, and points the
-# link $CACHE/NAME at it. BUILDER SOURCE_FOLDER OUT_FOLDER [ARGS] fills the folder; an interrupted run leaves nothing.
+# from_source NAME PACKAGE BUILDER [ARGS]: makes $CACHE/NAME-VERSION from a Debian source package, once for each version
+# and recipe (the text of BUILDER), and points the link $CACHE/NAME at it. BUILDER SOURCE_FOLDER OUT_FOLDER [ARGS] fills
+# the folder; an interrupted run leaves nothing that a later one would take for complete.
 from_source() {
-    [ -e "$CACHE/$1/.complete" ] || locked "source-$(basename "$1")" from_source_locked "$@"
+    is_made "$CACHE/$1" "${@:3}" || locked "source-$(basename "$1")" from_source_locked "$@"
+}
+
+recipe_of() {
+    { declare -f "$1" && printf '%s\n' "$@"; } | sha256sum | cut -d' ' -f1
+}
+
+# is_made FOLDER BUILDER [ARGS]
+is_made() {
+    [ "$(cat "$1/.complete" 2>/dev/null)" = "$(recipe_of "${@:2}")" ]
 }
 
 from_source_locked() {
     local name=$1 package=$2 builder=$3 work target
     shift 3
-    [ -e "$CACHE/$name/.complete" ] && return 0
+    is_made "$CACHE/$name" "$builder" "$@" && return 0
     mkdir -p "$(dirname "$CACHE/$name")"
+    find "$CACHE" -maxdepth 1 -name '.work-*' -mtime +0 -exec rm -rf {} +
     work=$(mktemp -d "$CACHE/.work-XXXXXX")
     # shellcheck disable=SC2064
     trap "rm -rf '$work'" EXIT
     fetch_source "$package" "$work" || die "could not fetch the Debian source package $package"
     target=$CACHE/$name-$(cat "$work/version")
-    mkdir "$work/out"
-    quietly "$CACHE/logs/build-$(basename "$name").log" "making $name" strictly "$builder" "$work/source" "$work/out" "$@" ||
-        die "could not make $name"
-    touch "$work/out/.complete"
-    rm -rf "$target"
-    mv "$work/out" "$target"
+    if ! is_made "$target" "$builder" "$@"; then
+        mkdir "$work/out"
+        quietly "$CACHE/logs/build-$(basename "$name").log" "making $name $(cat "$work/version")" \
+            strictly "$builder" "$work/source" "$work/out" "$@" || die "could not make $name"
+        recipe_of "$builder" "$@" >"$work/out/.complete"
+        rm -rf "$target"
+        mv "$work/out" "$target"
+    fi
     ln -sfn "$(basename "$target")" "$CACHE/$name"
+}
+
+# The next from_source of each part looks for the newest version again.
+forget_sources() {
+    [ -d "$CACHE" ] || return 0
+    rm -f "$CACHE/apt/lists-are-fresh"
+    find "$CACHE" -maxdepth 2 -type l -not -path "$CACHE/apt/*" -delete
 }
