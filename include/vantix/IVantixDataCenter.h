@@ -1,0 +1,419 @@
+#pragma once
+
+/// @file
+/// The interface of the data center and the two functions that hand it out.
+///
+/// One process-wide core stands behind every handle: settings, tokens and caches are shared by all handles and outlive
+/// them. Any thread may call any operation at any time. Operations that answer an int return the codes of
+/// `ReturnCodes.h`; nothing throws.
+
+#include <cstdint>
+#include <future>
+#include <string>
+#include <vector>
+
+#include "vantix/Export.h"
+#include "vantix/ReturnCodes.h"
+
+namespace vantix {
+
+struct BWCheckInfo;
+struct CloudFileQuery;
+struct ConfigInfo;
+struct DevChannelInfo;
+struct DevDetailInfo;
+struct DeviceList;
+struct P2PDevInfo;
+struct P2PServerAddr;
+struct P2PUserInfo;
+struct RecordFileList;
+struct ServerInfo;
+struct TimeSpan;
+struct TransparentMsgDetail;
+
+/// The operations of the data center.
+///
+/// The order of the virtual functions is a contract with every host that was ever built: new operations go to the end,
+/// and each has a name of its own, since one family of compilers groups overloads in its tables. Overload sets are the
+/// inline members at the end.
+///
+/// Common arguments: `serial` is a device serial of 1 to 128 characters, `ch` a channel number, `retried` true
+/// when the call is itself the repeat after a refreshed credential (hosts leave it false). Records and texts are
+/// written through the reference that the caller passes; after a failure their contents mean nothing.
+class IVantixDataCenter {
+public:
+    virtual ~IVantixDataCenter() = default;  // slot 0
+
+    // ---- Tickets
+    /// Fetches the ticket that opens a stream of a channel.
+    virtual int getTicketInfo(const std::string& serial, int ch, std::string& ticket) = 0;  // slot 1
+    /// Fetches the ticket that opens cloud recordings in a storage space.
+    virtual int getCloudTicketInfo(const std::string& serial, int localIndex, int spaceId,
+                                   std::string& ticket) = 0;  // slot 2
+    /// Fetches the ticket that a relay server asks for.
+    virtual int getRelayTicket(const std::string& serial, int ch, std::string& ticket) = 0;  // slot 3
+
+    // ---- Device detail
+    /// Serves a fresh cached detail (0, future untouched) or starts a fetch and hands back its future.
+    ///
+    /// Returns 0 when a cached copy was found, also an expired or marked one that is being fetched again; -1 or 600001
+    /// when nothing usable was cached. `future.valid()` tells whether a fetch is under way. The two records must stay
+    /// alive, and must not be read, until the future is ready.
+    virtual int getDevDetailInfo(const std::string& serial, int ch, DevChannelInfo& channelInfo, DevDetailInfo& detail,
+                                 std::future<int32_t>& future,
+                                 bool retried = false) = 0;  // slot 4
+    /// Unless `force` is set serves any cached detail, however old; otherwise fetches now.
+    virtual int getDevDetailInfoSync(const std::string& serial, int ch, bool force, DevChannelInfo& channelInfo,
+                                     DevDetailInfo& detail,
+                                     bool retried = false) = 0;  // slot 5
+    /// Fetches the detail of a device that belongs to another business platform; caches nothing.
+    virtual int getDeviceDetailInfo(const std::string& serial, int ch, const std::string& bizType,
+                                    const std::string& platFormId, DevChannelInfo& channelInfo, DevDetailInfo& detail,
+                                    bool retried = false) = 0;  // slot 6
+    /// Answers 1 when the device downloads over the third P2P version, 0 when not; 1 with an empty credential.
+    virtual int isP2PV3download(const std::string& serial, int ch) = 0;  // slot 7
+    /// Like `getDevDetailInfoSync`, but a device behind an online parent comes back with the parent's record.
+    ///
+    /// `detail` is read as well: it carries the relation from an earlier call, and the host's `iCloseBlong`.
+    virtual int getDevDetailInfoByRelation(const std::string& serial, int ch, DevChannelInfo& channelInfo,
+                                           DevDetailInfo& detail,
+                                           bool retried = false) = 0;  // slot 8
+
+    // ---- Servers
+    /// Asynchronous `getServerInfo`: the cached copy (future untouched) or a fetch behind the future.
+    virtual int getServerInfoAsync(const std::string& token, ServerInfo& serverInfo, std::future<int32_t>& future,
+                                   bool retried = false) = 0;  // slot 9
+    /// `getVideoVtmAddr` with its token given.
+    virtual int getServerInfoEx(const std::string& token, std::string& vtmAddr, std::string serial, int ch,
+                                bool retried = false) = 0;  // slot 10
+    /// Synchronous `getServerInfo`; the token chooses the server family.
+    virtual int getServerInfoSync(const std::string& token, ServerInfo& serverInfo,
+                                  bool retried = false) = 0;  // slot 11
+    /// The video relays of a channel as JSON: {"vtmBackups":[{"addr":…,"port":…},…]}.
+    virtual int getVideoVtmAddr(const std::string& serial, int ch, std::string& json,
+                                bool retried = false) = 0;  // slot 12
+    /// The relay server of a channel as compact JSON.
+    virtual int getRelayServerInfo(const std::string& serial, int ch, std::string& json) = 0;  // slot 13
+    /// The platform's device information, as it answers it.
+    virtual int getDeviceInfoBySerial(const std::string& serial, int ch, std::string& json,
+                                      bool retried = false) = 0;  // slot 14
+
+    // ---- Lists and account
+    /// One page of the account's devices.
+    virtual int getDevList(int pageStart, int pageSize, DeviceList& list, bool retried = false) = 0;  // slot 15
+    /// One page of the devices of a business type.
+    virtual int getDeviceList(int pageStart, int pageSize, const std::string& bizType, DeviceList& list,
+                              bool retried = false) = 0;  // slot 16
+    /// One page of the devices that others share with the account.
+    virtual int getShareDevList(int pageStart, int pageSize, DeviceList& list, bool retried = false) = 0;  // slot 17
+    /// The devices shared on the consumer servers, in the platform's JSON shape.
+    virtual int getB2CSharedDevList(int offset, int limit, std::string& json) = 0;  // slot 18
+    /// One page of a channel's alarms, as the platform answers it.
+    virtual int getAlarmList(const std::string& serial, int ch, int pageStart, int pageSize,
+                             const std::string& startTime, const std::string& endTime, int alarmType, int status,
+                             std::string& json,
+                             bool retried = false) = 0;  // slot 19
+    /// The account's user name.
+    virtual int getUsername(std::string& userName) = 0;  // slot 20
+    /// The platform's configuration; also updates the core's own.
+    virtual int getConfigInfo(ConfigInfo& config) = 0;  // slot 21
+    /// A message that the platform passed through from a device.
+    virtual int getTransparentMsgDetail(const std::string& serial, const std::string& msgSeq,
+                                        TransparentMsgDetail& detail,
+                                        bool retried = false) = 0;  // slot 22
+
+    // ---- P2P
+    /// Asynchronous `getP2PUserInfo`: the cached copy (future untouched) or a fetch behind the future.
+    virtual int getP2PUserInfoAsync(P2PUserInfo& userInfo, const std::string& token, std::future<int32_t>& future,
+                                    bool retried = false) = 0;  // slot 23
+    /// Synchronous `getP2PUserInfo`; the token chooses the server family.
+    virtual int getP2PUserInfoByToken(const std::string& token, P2PUserInfo& userInfo,
+                                      bool retried = false) = 0;  // slot 24
+    /// Synchronous `getP2PUserInfo` with the credential of a device.
+    virtual int getP2PUserInfoByDevice(const std::string& serial, int ch, P2PUserInfo& userInfo,
+                                       bool retried = false) = 0;  // slot 25
+    /// Asynchronous `getP2PDevInfo`: the cached copy (future untouched) or a fetch behind the future.
+    virtual int getP2PDevInfoAsync(P2PDevInfo& devInfo, const std::string& token, const std::string& serial,
+                                   std::future<int32_t>& future) = 0;  // slot 26
+    /// The cached P2P information of a device; fetched when absent or when `forceFetch` is set.
+    virtual int getP2PDevInfoCached(const std::string& serial, std::vector<P2PServerAddr>& servers, P2PDevInfo& devInfo,
+                                    bool forceFetch) = 0;  // slot 27
+    /// Synchronous `getP2PDevInfo`; the token chooses the server family.
+    virtual int getP2PDevInfoBySerial(P2PDevInfo& devInfo, const std::string& token, const std::string& serial,
+                                      bool retried = false) = 0;  // slot 28
+    /// Synchronous `getP2PDevInfo` of a channel.
+    virtual int getP2PDevInfoByChannel(const std::string& serial, int ch, const std::string& token, P2PDevInfo& devInfo,
+                                       bool retried = false) = 0;  // slot 29
+
+    // ---- Channel settings
+    /// The cached channel's `iIsTrust`, or -1 when the channel is not cached.
+    virtual int getChannelCacheValue(const std::string& serial, int ch) = 0;  // slot 30
+    /// Overwrites the cached channel's `iIsTrust`; does nothing when the channel is not cached.
+    virtual void setChannelCacheValue(const std::string& serial, int ch, int value) = 0;  // slot 31
+    /// Sets a channel's picture quality level.
+    virtual int setVideoDefinition(const std::string& serial, std::string& answer, int ch, int videoLevel,
+                                   bool retried = false) = 0;  // slot 32
+    /// Marks an alarm as read.
+    virtual int setAlarmRead(const std::string& alarmId) = 0;  // slot 33
+
+    // ---- Stream tokens and credentials
+    /// Requests `count` stream tokens; the answer as it came.
+    virtual int getStreamTokens(const std::string& token, int count, std::string& answer,
+                                bool retried = false) = 0;  // slot 34
+    /// Asks whether the account may view the channel live, or its recordings. An expired token gives -1.
+    virtual int getAuthInfo(const std::string& serial, int ch, bool playback) = 0;  // slot 35
+    /// Renews the access token: 0 and the new one, or -1 and an empty text.
+    virtual int RefreshToken(std::string& newToken) = 0;  // slot 36
+    /// One stream token, from the queue or from a fresh batch of 20.
+    virtual int getOneStreamToken(const std::string& accessToken, std::string& token) = 0;  // slot 37
+    /// Takes the prefetched token once, within five hours of its fetch. `buffer` holds at least 4097 bytes.
+    virtual int GetStreamTokenFromQueue(const std::string& accessToken, char* buffer) = 0;  // slot 38
+    /// Prefetches a stream token for the current access token; always 0.
+    virtual int GetStreamTokenFast() = 0;  // slot 39
+
+    // ---- Recordings
+    /// The recording that belongs to an alarm, as the platform answers it.
+    virtual int getRecordByAlarmID(const std::string& serial, int ch, const std::string& alarmId,
+                                   std::string& json) = 0;  // slot 40
+    /// Recordings on the device between two times ("2026-01-02 03:04:05").
+    virtual int getDeviceFileBySerial(const std::string& serial, int ch, const std::string& startTime,
+                                      const std::string& endTime, int recordType, int location, RecordFileList& list,
+                                      bool sdkPath,
+                                      bool retried = false) = 0;  // slot 41
+    /// Recordings on the device, by the platform's newer query.
+    virtual int getDeviceFileBySerialEx(const std::string& serial, int ch, const std::string& startTime,
+                                        const std::string& endTime, int recordType, bool withLocation,
+                                        RecordFileList& list) = 0;  // slot 42
+    /// Cloud recordings of a channel, as the platform answers them.
+    virtual int getCloudFileBySerial(const std::string& serial, int ch, const TimeSpan& span, int fileType,
+                                     std::string& json,
+                                     bool retried = false) = 0;  // slot 43
+    /// Local recordings of a device of a business platform, as the platform answers them.
+    virtual int getLocalFileBySerial(const std::string& serial, int ch, const std::string& startTime,
+                                     const std::string& endTime, const std::string& bizType,
+                                     const std::string& platFormId, std::string& json,
+                                     bool retried = false) = 0;  // slot 44
+    /// Cloud recordings of a day, as the platform answers them.
+    virtual int getCloudFileBySerialEX(const std::string& serial, int ch, int videoType, const CloudFileQuery& query,
+                                       std::string& json,
+                                       bool retried = false) = 0;  // slot 45
+    /// Details of cloud recordings. `query` is a JSON object; the core adds its credential. Anything else is refused
+    /// (-1).
+    virtual int getCloudFileInfoBySerialEX(const std::string& serial, int ch, const std::string& query,
+                                           std::string& json) = 0;  // slot 46
+    /// Recordings in a cloud storage space.
+    virtual int GetCloudRecordFile(const std::string& serial, int localIndex, int spaceId, const std::string& startTime,
+                                   const std::string& endTime,
+                                   RecordFileList& list) = 0;  // slot 47
+    /// Asks for an address to upload a picture to; the answer's "data" as compact JSON.
+    virtual int GetClouduploadUrl(const std::string& serial, int ch, const std::string& fileName, int fileType,
+                                  int expireDays, int urlExpireTime, const std::string& bizType,
+                                  std::string& url) = 0;  // slot 48
+    /// Uploads a local picture (UTF-8 path) to an address handed out by `GetClouduploadUrl`.
+    virtual int UploadCloudPicFile(const std::string& url, const std::string& localPath) = 0;  // slot 49
+
+    // ---- Caches
+    /// Empties every cache; tokens and settings stay. Always 0.
+    virtual int ClearAllCache() = 0;  // slot 50
+    /// Drops the cached server information when it was stored more than 120 seconds ago.
+    virtual void expireServerInfo() = 0;  // slot 51
+    /// Empties the device cache by channel; the cache by serial and the channels stay. Always 0.
+    virtual int ClearDeviceInfoCache() = 0;  // slot 52
+    /// 1 when the cached device can seek in a playback.
+    virtual int IsSupportSeekPlayback(const std::string& serial) = 0;  // slot 53
+    /// 1 when the cached device can play back at this speed.
+    virtual int IsSupportPlaybackSpeed(const std::string& serial, int speed) = 0;  // slot 54
+    /// The device record cached for a channel, whatever its age or release; -1 when absent.
+    virtual int getDeviceRecord(const std::string& serial, int ch, DevDetailInfo& detail) = 0;  // slot 55
+    /// The same as `getDeviceRecord`.
+    virtual int getDeviceRecordAlt(const std::string& serial, int ch, DevDetailInfo& detail) = 0;  // slot 56
+
+    // ---- Account identity
+    /// The account's user id.
+    virtual int getUserId(std::string& userId) = 0;  // slot 57
+    /// Registers this client for pushes; the push session's id.
+    virtual int getPushSessionId(std::string& sessionId) = 0;  // slot 58
+    /// Where this client may measure its bandwidth.
+    virtual int getBWCheckInfo(int type, const std::string& checkTime, int localIndex,
+                               BWCheckInfo& info) = 0;  // slot 59
+
+    // ---- Device Tk tokens
+    /// Replaces all Tk tokens by those of a JSON array. A text that is not JSON changes nothing.
+    virtual void SetDeviceTkTokens(const std::string& json) = 0;  // slot 60
+    /// The token of a use: 1 global, 2 device, 3 video, 4 preview, 5 playback, 6 talk; empty when there is none.
+    virtual std::string& getDeviceTkTokensByText(std::string& token, int tkType, const std::string& serial,
+                                                 const std::string& ch) = 0;  // slot 61
+    /// The same with the channel as a number.
+    virtual std::string& getDeviceTkTokensByNumber(std::string& token, int tkType, const std::string& serial,
+                                                   int ch) = 0;  // slot 62
+    /// Sets the account-wide Tk token; an empty one is ignored.
+    virtual void setGlobalTkToken(const std::string& token) = 0;  // slot 63
+    /// The account-wide Tk token. The reference is live: copy it at once.
+    virtual const std::string& getGlobalTkToken() = 0;  // slot 64
+
+    // ---- Modes
+    /// 0 ordinary, 1 small permissions (per-device Tk tokens), 2 B2C (shared devices use the consumer servers).
+    virtual void setPermissionMode(const int& mode) = 0;  // slot 65
+    /// The permission mode; the pointer is live.
+    virtual const int* getPermissionMode() = 0;  // slot 66
+    /// Marks a cached device so that the next `getDevDetailInfo` fetches it again; -1 when absent.
+    virtual int SetDevInfoCache(const std::string& serial, int ch) = 0;  // slot 67
+    /// The cached records of a channel, whatever their age: 0, -1 (absent) or 600001 (other release).
+    virtual int getDevInfoCache(const std::string& serial, int ch, DevChannelInfo& channelInfo,
+                                DevDetailInfo& detail) = 0;  // slot 68
+    /// 1 closes P2P, any other value opens it.
+    virtual void setCloseP2P(int close) = 0;  // slot 69
+    /// Whether P2P is open; true until the host closes it.
+    virtual bool isOpenP2P() = 0;  // slot 70
+    /// Whether the platform configured stream type 1.
+    virtual bool isVTDUType1() = 0;  // slot 71
+    /// Renews the consumer session (B2C mode only): 0 and the new one, or -1 and an empty text.
+    ///
+    /// A non-empty `refreshSessionId` is stored first and then used; on success it is replaced by the new one.
+    virtual int RefreshSession(const std::string& refreshSessionId, std::string& newSession) = 0;  // slot 72
+
+    // ---- Domains and credentials
+    /// Sets the platform's and the consumer servers' base address; an empty one keeps the old.
+    virtual void setDomain(const std::string& bDomain, const std::string& cDomain) = 0;  // slot 73
+    /// The base address that requests for this channel go to. The reference is live: copy it at once.
+    virtual const std::string& getDomain(const std::string& serial, int ch) = 0;  // slot 74
+    /// The base address that requests with this token go to. The reference is live: copy it at once.
+    virtual const std::string& getDomainByToken(const std::string& token) = 0;  // slot 75
+    /// Sets the authorisation service's address, which `RefreshToken` needs.
+    virtual void setAuthAddr(const std::string& addr) = 0;  // slot 76
+    /// The authorisation service's address (live reference).
+    virtual const std::string& getAuthAddr() = 0;  // slot 77
+    /// Sets the application's id, sent as "appKey" and "client_id".
+    virtual void setAppId(const std::string& appId) = 0;  // slot 78
+    /// Copies the application's id.
+    virtual std::string& getAppId(std::string& appId) = 0;  // slot 79
+    /// Sets the platform's access token.
+    virtual void setAccessToken(const std::string& token) = 0;  // slot 80
+    /// The access token (live reference: copy it at once).
+    virtual const std::string& getAccessToken() = 0;  // slot 81
+    /// Notes when the access token expires; the text is not read.
+    virtual void setTokenExpireTime(const std::string& text) = 0;  // slot 82
+    /// The noted expiry (live reference).
+    virtual const std::string& getTokenExpireTime() = 0;  // slot 83
+    /// Sets the refresh token, which `RefreshToken` needs.
+    virtual void setRefreshToken(const std::string& token) = 0;  // slot 84
+    /// The refresh token (live reference).
+    virtual const std::string& getRefreshToken() = 0;  // slot 85
+    /// Sets the OpenID, which `RefreshToken` needs.
+    virtual void setOpenID(const std::string& openId) = 0;  // slot 86
+    /// The OpenID (live reference).
+    virtual const std::string& getOpenID() = 0;  // slot 87
+    /// Sets the scope that a refresh asks for.
+    virtual void setScope(const std::string& scope) = 0;  // slot 88
+    /// The scope (live reference).
+    virtual const std::string& getScope() = 0;  // slot 89
+    /// Sets the state that a refresh carries.
+    virtual void setState(const std::string& state) = 0;  // slot 90
+    /// The state (live reference).
+    virtual const std::string& getState() = 0;  // slot 91
+
+    // ---- Switches
+    /// Sets the age, in minutes, after which a cached device detail counts as expired. Default: one day.
+    virtual void setCacheTime(int minutes) = 0;  // slot 92
+    /// That age in seconds.
+    virtual int getCacheTime() = 0;  // slot 93
+    /// Drops log lines below this level (1 to 5; default 3). Negative lets everything through, 6 nothing.
+    virtual void setLogLevel(int level) = 0;  // slot 94
+    /// The log level.
+    virtual int getLogLevel() = 0;  // slot 95
+    /// 1 keeps response texts in UTF-8; any other value converts them to the system's code page.
+    virtual void setDataUtf8(int iDataUtf8) = 0;  // slot 96
+    /// Whether response texts stay in UTF-8.
+    virtual bool isDataUtf8() = 0;  // slot 97
+    /// 1 stops the resolving of devices through their parents.
+    virtual void setCloseBelongSerial(int close) = 0;  // slot 98
+    /// Whether that is stopped.
+    virtual bool isCloseBelongSerial() = 0;  // slot 99
+
+    // ---- B2C tokens and the consumer session
+    /// Replaces all B2C tokens by those of a JSON array. A text that is not JSON changes nothing.
+    virtual void SetB2CTokens(const std::string& json) = 0;  // slot 100
+    /// The B2C token of a channel; empty when there is none.
+    virtual std::string& getB2CTokensByNumber(const std::string& serial, int ch, std::string& token) = 0;  // slot 101
+    /// The same with the channel as text.
+    virtual std::string& getB2CTokensByText(const std::string& serial, const std::string& ch,
+                                            std::string& token) = 0;  // slot 102
+    /// Whether a token belongs to a device that is shared with the account.
+    virtual bool isB2CSharedToken(const std::string& token) = 0;  // slot 103
+    /// Whether a channel is shared with the account.
+    virtual bool isB2CSharedChannel(const std::string& serial, int ch) = 0;  // slot 104
+    /// Sets the token that marks requests for shared devices.
+    virtual void setSharedAccessToken(const std::string& token) = 0;  // slot 105
+    /// That token (live reference: copy it at once).
+    virtual const std::string& getSharedAccessToken() = 0;  // slot 106
+    /// Sets the consumer session's id.
+    virtual void setSessionId(const std::string& sessionId) = 0;  // slot 107
+    /// The consumer session's id (live reference: copy it at once).
+    virtual const std::string& getSessionId() = 0;  // slot 108
+
+    // ---- Overload sets: each member forwards to the slot of the same meaning.
+
+    int getServerInfo(const std::string& token, ServerInfo& serverInfo, std::future<int32_t>& future,
+                      bool retried = false) {
+        return getServerInfoAsync(token, serverInfo, future, retried);
+    }
+    int getServerInfo(const std::string& token, ServerInfo& serverInfo, bool retried = false) {
+        return getServerInfoSync(token, serverInfo, retried);
+    }
+
+    int getP2PUserInfo(P2PUserInfo& userInfo, const std::string& token, std::future<int32_t>& future,
+                       bool retried = false) {
+        return getP2PUserInfoAsync(userInfo, token, future, retried);
+    }
+    int getP2PUserInfo(const std::string& token, P2PUserInfo& userInfo, bool retried = false) {
+        return getP2PUserInfoByToken(token, userInfo, retried);
+    }
+    int getP2PUserInfo(const std::string& serial, int ch, P2PUserInfo& userInfo, bool retried = false) {
+        return getP2PUserInfoByDevice(serial, ch, userInfo, retried);
+    }
+
+    int getP2PDevInfo(P2PDevInfo& devInfo, const std::string& token, const std::string& serial,
+                      std::future<int32_t>& future) {
+        return getP2PDevInfoAsync(devInfo, token, serial, future);
+    }
+    int getP2PDevInfo(P2PDevInfo& devInfo, const std::string& token, const std::string& serial, bool retried = false) {
+        return getP2PDevInfoBySerial(devInfo, token, serial, retried);
+    }
+    int getP2PDevInfo(const std::string& serial, int ch, const std::string& token, P2PDevInfo& devInfo,
+                      bool retried = false) {
+        return getP2PDevInfoByChannel(serial, ch, token, devInfo, retried);
+    }
+
+    std::string& getDeviceTkTokens(std::string& token, int tkType, const std::string& serial, const std::string& ch) {
+        return getDeviceTkTokensByText(token, tkType, serial, ch);
+    }
+    std::string& getDeviceTkTokens(std::string& token, int tkType, const std::string& serial, int ch) {
+        return getDeviceTkTokensByNumber(token, tkType, serial, ch);
+    }
+
+    std::string& getB2CTokens(const std::string& serial, int ch, std::string& token) {
+        return getB2CTokensByNumber(serial, ch, token);
+    }
+    std::string& getB2CTokens(const std::string& serial, const std::string& ch, std::string& token) {
+        return getB2CTokensByText(serial, ch, token);
+    }
+
+    bool isB2CSharedDevice(const std::string& token) { return isB2CSharedToken(token); }
+    bool isB2CSharedDevice(const std::string& serial, int ch) { return isB2CSharedChannel(serial, ch); }
+
+protected:
+    IVantixDataCenter() = default;
+    IVantixDataCenter(const IVantixDataCenter&) = default;
+    IVantixDataCenter& operator=(const IVantixDataCenter&) = default;
+};
+
+}  // namespace vantix
+
+/// Hands out a new handle on the process-wide data center, building it on the very first call.
+///
+/// Every call returns another handle, owned by the caller until `DestroyVantixDataCenterInstance`. Throws only
+/// `std::bad_alloc`. Any thread.
+extern "C" VANTIX_API vantix::IVantixDataCenter* CreateVantixDataCenterInstance();
+
+/// Frees a handle; null is ignored. The core behind it, with its settings and caches, stays.
+extern "C" VANTIX_API void DestroyVantixDataCenterInstance(vantix::IVantixDataCenter* instance);

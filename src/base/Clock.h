@@ -1,0 +1,38 @@
+#pragma once
+
+/// @file
+/// Where the library reads time from, so that tests can set it.
+
+#include <cstdint>
+
+namespace vantix {
+
+/// A source of time. Its functions are called from any thread and never throw.
+struct Clock {
+    /// Seconds since the epoch, or -1 when the system does not tell.
+    int64_t (*wallSeconds)();
+    /// Nanoseconds on a clock that never goes back.
+    int64_t (*steadyNanoseconds)();
+};
+
+/// The system's own clocks.
+extern const Clock kSystemClock;
+
+/// Makes everybody read from `clock` (static storage) from now on. For tests.
+void SetClock(const Clock& clock);
+
+/// Seconds since the epoch, or -1.
+int64_t WallSeconds();
+
+/// Measures how long something takes, in whole milliseconds, truncated.
+class Stopwatch {
+public:
+    Stopwatch();
+    /// Milliseconds since construction.
+    int32_t ElapsedMilliseconds() const;
+
+private:
+    int64_t m_start;
+};
+
+}  // namespace vantix

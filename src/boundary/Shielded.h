@@ -1,0 +1,24 @@
+#pragma once
+
+namespace vantix {
+
+/// Calls `body` and returns its result, or `neutral` when it throws.
+template <class Body, class Result>
+auto Shielded(Body body, Result neutral) noexcept -> decltype(body()) {
+    try {
+        return body();
+    } catch (...) {
+        return neutral;
+    }
+}
+
+/// Calls `body`; an exception ends here.
+template <class Body>
+void Shielded(Body body) noexcept {
+    try {
+        body();
+    } catch (...) {  // NOLINT(bugprone-empty-catch): a slot without a result has nothing to report
+    }
+}
+
+}  // namespace vantix

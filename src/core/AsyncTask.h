@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <future>
+#include <system_error>
+#include <utility>
+
+#include "vantix/ReturnCodes.h"
+
+namespace vantix {
+
+/// Starts a task on a thread of its own and hands its future back. An exception in the task becomes -1; when no thread
+/// can be started, the future is ready and yields -1.
+template <class Task>
+std::future<int32_t> StartTask(Task task) {
+    try {
+        return std::async(std::launch::async, [task = std::move(task)]() mutable -> int32_t {
+            try {
+                return task();
+            } catch (...) {
+                return VANTIX_ERROR;
+            }
+        });
+    } catch (const std::system_error&) {
+        std::promise<int32_t> notStarted;
+        notStarted.set_value(VANTIX_ERROR);
+        return notStarted.get_future();
+    }
+}
+
+}  // namespace vantix

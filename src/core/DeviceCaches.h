@@ -1,0 +1,19 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <unordered_map>
+
+#include "records/DevChannelInfo.h"
+#include "records/DevDetailInfo.h"
+
+namespace vantix {
+
+using ChannelMap = std::unordered_map<std::string, DevChannelInfo>;
+using DeviceMap = std::map<std::string, DevDetailInfo>;
+
+/// The key of a channel: serial, "_", channel number. A serial of no or more than 128 characters is logged and is
+/// itself the key.
+std::string getDevDetailInfoMapKey(const std::string& serial, int ch);
+
+}  // namespace vantix

@@ -1,0 +1,30 @@
+#pragma once
+
+/// @file
+/// Members that are copied "when present and of this type", as rows: a key and a pointer to the record's member.
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <variant>
+
+namespace vantix::json {
+
+/// One row: the member's key, and where its value goes. The field's type says which JSON type is accepted.
+template <class Record>
+struct Field {
+    const char* key;
+    std::variant<std::string Record::*, int32_t Record::*, bool Record::*> member;
+};
+
+/// Copies every member that is present with the right type; all others leave their field as it was. `View` is one of
+/// the readers of this folder; an object that is not one has no members.
+template <class View, class Record, size_t Count>
+void ReadFields(const View& object, const Field<Record> (&fields)[Count], Record& record) {
+    for (const Field<Record>& field : fields) {
+        const View value = object.Member(field.key);
+        std::visit([&](auto member) { value.Read(record.*member); }, field.member);
+    }
+}
+
+}  // namespace vantix::json

@@ -1,0 +1,85 @@
+#include "json/Json11Reader.h"
+
+#include <exception>
+#include <json11.hpp>
+#include <limits>
+
+namespace vantix::json {
+
+bool Json11View::IsNull() const { return m_value == nullptr || m_value->is_null(); }
+
+bool Json11View::IsObject() const { return m_value != nullptr && m_value->is_object(); }
+
+bool Json11View::IsArray() const { return m_value != nullptr && m_value->is_array(); }
+
+bool Json11View::IsString() const { return m_value != nullptr && m_value->is_string(); }
+
+Json11View Json11View::Member(const char* key) const {
+    if (!IsObject()) {
+        return {};
+    }
+    const json11::Json::object& members = m_value->object_items();
+    const auto found = members.find(key);
+    return found == members.end() ? Json11View() : Json11View(&found->second);
+}
+
+size_t Json11View::Size() const { return IsArray() ? m_value->array_items().size() : 0; }
+
+Json11View Json11View::Element(size_t index) const {
+    return index < Size() ? Json11View(&m_value->array_items()[index]) : Json11View();
+}
+
+const std::string* Json11View::Text() const { return IsString() ? &m_value->string_value() : nullptr; }
+
+bool Json11View::Read(std::string& text) const {
+    if (!IsString()) {
+        return false;
+    }
+    text = m_value->string_value();
+    return true;
+}
+
+bool Json11View::Read(int32_t& number) const {
+    if (m_value == nullptr || !m_value->is_number()) {
+        return false;
+    }
+    const double value = m_value->number_value();
+    constexpr double kBelow = std::numeric_limits<int32_t>::min() - 1.0;
+    constexpr double kAbove = std::numeric_limits<int32_t>::max() + 1.0;
+    if (!(value > kBelow && value < kAbove)) {
+        return false;
+    }
+    number = static_cast<int32_t>(value);
+    return true;
+}
+
+bool Json11View::Read(bool& flag) const {
+    if (m_value == nullptr || !m_value->is_bool()) {
+        return false;
+    }
+    flag = m_value->bool_value();
+    return true;
+}
+
+Json11Document::Json11Document() = default;
+Json11Document::~Json11Document() = default;
+
+bool Json11Document::Parse(const std::string& text) {
+    m_root.reset();
+    m_error.clear();
+    try {
+        auto root = std::make_unique<json11::Json>(json11::Json::parse(text, m_error));
+        if (!m_error.empty()) {
+            return false;
+        }
+        m_root = std::move(root);
+        return true;
+    } catch (const std::exception& problem) {
+        m_error = problem.what();
+        return false;
+    }
+}
+
+Json11View Json11Document::Root() const { return Json11View(m_root.get()); }
+
+}  // namespace vantix::json

@@ -1,0 +1,110 @@
+#include "json/JsonCppReader.h"
+
+#include <cstring>
+
+#include "json/JsonCppInclude.h"
+
+#if defined(__GNUC__)
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+#endif
+
+namespace vantix::json {
+
+bool JsonCppView::IsNull() const { return m_value == nullptr || m_value->isNull(); }
+
+bool JsonCppView::IsObject() const { return m_value != nullptr && m_value->type() == Json::objectValue; }
+
+bool JsonCppView::IsArray() const { return m_value != nullptr && m_value->type() == Json::arrayValue; }
+
+bool JsonCppView::IsString() const { return m_value != nullptr && m_value->type() == Json::stringValue; }
+
+JsonCppView JsonCppView::Member(const char* key) const {
+    return IsObject() ? JsonCppView(m_value->find(key, key + std::strlen(key))) : JsonCppView();
+}
+
+size_t JsonCppView::Size() const { return IsArray() ? m_value->size() : 0; }
+
+JsonCppView JsonCppView::Element(size_t index) const {
+    return index < Size() ? JsonCppView(&(*m_value)[static_cast<Json::ArrayIndex>(index)]) : JsonCppView();
+}
+
+bool JsonCppView::Read(std::string& text) const {
+    const char* begin = nullptr;
+    const char* end = nullptr;
+    if (!IsString() || !m_value->getString(&begin, &end)) {
+        return false;
+    }
+    text.assign(begin, end);
+    return true;
+}
+
+bool JsonCppView::Read(int32_t& number) const {
+    if (m_value == nullptr || !m_value->isInt()) {
+        return false;
+    }
+    number = m_value->asInt();
+    return true;
+}
+
+bool JsonCppView::Read(bool& flag) const {
+    if (m_value == nullptr || !m_value->isBool()) {
+        return false;
+    }
+    flag = m_value->asBool();
+    return true;
+}
+
+bool JsonCppView::ReadNumber(int64_t& number) const {
+    if (m_value == nullptr || !m_value->isNumeric()) {
+        return false;
+    }
+    if (m_value->type() == Json::realValue) {
+        constexpr double kLimit = 9223372036854775808.0;  // 2^63
+        const double real = m_value->asDouble();
+        if (!(real >= -kLimit && real < kLimit)) {
+            return false;
+        }
+        number = static_cast<int64_t>(real);
+        return true;
+    }
+    if (!m_value->isInt64()) {
+        return false;
+    }
+    number = m_value->asInt64();
+    return true;
+}
+
+std::string JsonCppView::Compact() const {
+    if (m_value == nullptr) {
+        return {};
+    }
+    Json::FastWriter writer;
+    writer.omitEndingLineFeed();
+    try {
+        return writer.write(*m_value);
+    } catch (const std::exception&) {
+        return {};
+    }
+}
+
+JsonCppDocument::JsonCppDocument() = default;
+JsonCppDocument::~JsonCppDocument() = default;
+
+bool JsonCppDocument::Parse(const std::string& text) {
+    m_root.reset();
+    try {
+        auto root = std::make_unique<Json::Value>();
+        Json::Reader reader;
+        if (!reader.parse(text, *root, false)) {
+            return false;
+        }
+        m_root = std::move(root);
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+JsonCppView JsonCppDocument::Root() const { return JsonCppView(m_root.get()); }
+
+}  // namespace vantix::json

@@ -1,0 +1,69 @@
+#pragma once
+
+/// @file
+/// The only way to JsonCpp values: typed, total, and unable to throw whatever a server sent.
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace Json {
+class Value;
+}  // namespace Json
+
+namespace vantix::json {
+
+/// A value inside a `JsonCppDocument`, or nothing. Cheap to copy; lives no longer than its document.
+class JsonCppView {
+public:
+    JsonCppView() = default;
+    explicit JsonCppView(const Json::Value* value) : m_value(value) {}
+
+    bool IsNull() const;  ///< Also when there is no value at all.
+    bool IsObject() const;
+    bool IsArray() const;
+    bool IsString() const;
+
+    /// The member of an object; nothing when this is no object or has no such member.
+    JsonCppView Member(const char* key) const;
+    /// Number of elements of an array; 0 for everything else.
+    size_t Size() const;
+    /// An element of an array; nothing beyond its end.
+    JsonCppView Element(size_t index) const;
+
+    /// Copies the value out when it has the field's type, and tells whether it did. An int is an integer, or a real
+    /// without fraction, within 32 bits.
+    bool Read(std::string& text) const;
+    bool Read(int32_t& number) const;
+    bool Read(bool& flag) const;
+    /// Any number, truncated toward zero; not one outside 64 bits.
+    bool ReadNumber(int64_t& number) const;
+
+    /// The value as one line without blanks; empty when there is none.
+    std::string Compact() const;
+
+private:
+    friend class JsonBuilder;
+
+    const Json::Value* m_value = nullptr;
+};
+
+/// A parsed text.
+class JsonCppDocument {
+public:
+    JsonCppDocument();
+    ~JsonCppDocument();
+    JsonCppDocument(const JsonCppDocument&) = delete;
+    JsonCppDocument& operator=(const JsonCppDocument&) = delete;
+
+    /// Parses a text; false when it is not JSON, nested too deeply, or memory ran out.
+    bool Parse(const std::string& text);
+    /// The value of the whole text; nothing before a successful `Parse`.
+    JsonCppView Root() const;
+
+private:
+    std::unique_ptr<Json::Value> m_root;
+};
+
+}  // namespace vantix::json

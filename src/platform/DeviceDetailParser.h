@@ -1,0 +1,21 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "records/BelongDevInfo.h"
+#include "records/DevChannelInfo.h"
+#include "records/DevDetailInfo.h"
+
+namespace vantix {
+
+/// Reads the device detail answer: the channel, the device with its capabilities, and its parent when the answer
+/// carries one (else `parent` stays as it was).
+///
+/// Returns 0, 1 (not JSON), 2 (no "result"."data" object) or the platform's code; the records then stay as they were.
+/// Members that are missing or of another type leave defaults. The bookkeeping fields of `device` (cache time, marks,
+/// cost, `iCloseBlong`) are not touched.
+int ParseDevDetailInfoFromPlatform(const std::string& body, DevChannelInfo& channel, DevDetailInfo& device,
+                                   std::optional<BelongDevInfo>& parent);
+
+}  // namespace vantix

@@ -1,0 +1,74 @@
+#include "platform/ResponseChecks.h"
+
+#include "base/NumberText.h"
+#include "boundary/Logger.h"
+#include "json/Envelope.h"
+#include "json/JsonCppReader.h"
+#include "vantix/ReturnCodes.h"
+
+namespace vantix {
+namespace {
+
+bool ParseOrLog(const CallSite& site, const std::string& body, json::JsonCppDocument& document) {
+    if (document.Parse(body)) {
+        return true;
+    }
+    LogErrorAt(site, level::kError, "platform response bad, szInfo = %s", body.c_str());
+    return false;
+}
+
+}  // namespace
+
+int CheckResponseInfoFromPlatform(const std::string& body) {
+    json::JsonCppDocument document;
+    return ParseOrLog(VANTIX_HERE, body, document) ? json::EnvelopeCode(document.Root()) : VANTIX_RESP_NOT_JSON;
+}
+
+int CheckResponseAuthInfoFromPlatform(const std::string& body) {
+    json::JsonCppDocument document;
+    if (!ParseOrLog(VANTIX_HERE, body, document)) {
+        return VANTIX_RESP_NOT_JSON;
+    }
+    std::string code;
+    if (!document.Root().Member("result").Member("code").Read(code)) {
+        return VANTIX_RESP_BAD_FORMAT;
+    }
+    return json::SuccessAsZero(DecimalPrefix(code));
+}
+
+int CheckCloudResponseInfoFromPlatform(const std::string& body) {
+    json::JsonCppDocument document;
+    if (!ParseOrLog(VANTIX_HERE, body, document)) {
+        return VANTIX_RESP_NOT_JSON;
+    }
+    if (!document.Root().Member("meta").IsObject()) {
+        // The text names another key than the one that is tested; support knows it so.
+        VANTIX_LOG_INFO(level::kInfo, "platform response bad, [result] is not object, Resp:%s", body.c_str());
+        return VANTIX_RESP_BAD_FORMAT;
+    }
+    return json::StrictMetaCode(document.Root());
+}
+
+int ConvertVerifyErrorCode(int code) {
+    struct Row {
+        int platform;
+        int token;
+    };
+    constexpr Row kRows[] = {
+        {200, VANTIX_NOERROR},
+        {10001, VANTIX_VERIFY_CODE_10001},
+        {10002, VANTIX_VERIFY_TOKEN_EXPIRED},
+        {20031, VANTIX_VERIFY_CODE_20031},
+    };
+    int converted = VANTIX_VERIFY_OTHER;
+    for (const Row& row : kRows) {
+        if (row.platform == code) {
+            converted = row.token;
+        }
+    }
+    VANTIX_LOG_INFO(level::kInfo, "%s: OpenAPIRet:%d, TokenError:%d", "Authentication server response", code,
+                    converted);
+    return converted;
+}
+
+}  // namespace vantix

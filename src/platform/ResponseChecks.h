@@ -1,0 +1,23 @@
+#pragma once
+
+/// @file
+/// Checks of platform answers that carry no payload to keep. Each takes a body and returns a response code: 0, 1 (not
+/// JSON), 2 (malformed), or the platform's own.
+
+#include <string>
+
+namespace vantix {
+
+/// The common envelope rule.
+int CheckResponseInfoFromPlatform(const std::string& body);
+
+/// The permission query: only a textual "result"."code" counts.
+int CheckResponseAuthInfoFromPlatform(const std::string& body);
+
+/// The cloud-video requests: "meta" with an integer "code" is required.
+int CheckCloudResponseInfoFromPlatform(const std::string& body);
+
+/// Turns the result code of a stream-token answer into a token error: 0 for 200, -3, -5, -101, else -1.
+int ConvertVerifyErrorCode(int code);
+
+}  // namespace vantix

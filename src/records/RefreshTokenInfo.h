@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+namespace vantix {
+
+/// The answer of the authorisation service to a refresh.
+struct RefreshTokenInfo {
+    std::string access_token;
+    std::string openId;
+    std::string refresh_token;
+    std::string expires_in;  ///< Seconds as decimal text.
+};
+
+}  // namespace vantix

@@ -1,0 +1,144 @@
+#include "transport/CRequest.h"
+
+#include <cstdlib>
+#include <cstring>
+
+#include "base/ProcessSwitches.h"
+#include "boundary/Logger.h"
+#include "transport/CodePage.h"
+#include "transport/CurlTransfer.h"
+
+namespace vantix {
+namespace {
+
+constexpr size_t kLongestLoggedBody = 10240;
+
+bool ParametersGiven(const CallSite& site, const void* first, const void* second, const void* third) {
+    if (first != nullptr && second != nullptr && third != nullptr) {
+        return true;
+    }
+    LogErrorAt(site, level::kError, "param is NULL");
+    return false;
+}
+
+std::string WithQuery(const char* address, const char* parameters) {
+    return std::string(address).append("?").append(parameters);
+}
+
+/// Copies the body into a block that the caller frees.
+bool HandOut(const std::string& body, char** response, uint32_t* length) {
+    *length = 0;
+    if (response == nullptr) {
+        return true;
+    }
+    *response = static_cast<char*>(std::malloc(body.size() + 1));
+    if (*response == nullptr) {
+        return false;
+    }
+    std::memcpy(*response, body.c_str(), body.size() + 1);
+    *length = static_cast<uint32_t>(body.size());
+    return true;
+}
+
+/// Runs the transfer and delivers its body, whatever the result.
+int Finish(const CallSite& site, CurlTransfer& transfer, char** response, uint32_t* length) {
+    int result = transfer.Perform();
+    std::string& body = transfer.Body();
+    if (!bUtf8) {
+        body = Utf8ToAnsi(body);
+    }
+    if (!HandOut(body, response, length)) {
+        result = CURLE_OUT_OF_MEMORY;
+    }
+    if (body.size() <= kLongestLoggedBody) {
+        LogInfoAt(site, level::kInfo, "strRsp:%s", body.c_str());
+    } else {
+        LogInfoAt(site, level::kInfo, "strRsp outlen");
+    }
+    return result;
+}
+
+}  // namespace
+
+int CRequest::SyncRequest(const char* address, const char* parameters, RequestMode mode, char** response,
+                          uint32_t* length) const {
+    const CallSite site = VANTIX_HERE;
+    if (!ParametersGiven(site, address, parameters, length)) {
+        return CURLE_COULDNT_CONNECT;
+    }
+    CurlTransfer transfer(m_verbose);
+    const std::string url = mode == RequestMode::Get ? WithQuery(address, parameters) : address;
+    if (mode == RequestMode::JsonPost) {
+        transfer.AddHeader("Content-Type:application/json");
+        transfer.ApplyHeaders();
+    }
+    if (mode != RequestMode::Get) {
+        transfer.Set(CURLOPT_POST, 1L);
+        transfer.Set(CURLOPT_POSTFIELDS, parameters);
+    }
+    transfer.SetCommonOptions(url.c_str(), true);
+    return Finish(site, transfer, response, length);
+}
+
+int CRequest::SyncRequestHeader(const char* address, const char* parameters, const ParamMap& headers, char** response,
+                                uint32_t* length) const {
+    const CallSite site = VANTIX_HERE;
+    if (!ParametersGiven(site, address, parameters, length)) {
+        return CURLE_COULDNT_CONNECT;
+    }
+    CurlTransfer transfer(m_verbose);
+    transfer.SetCommonOptions(WithQuery(address, parameters).c_str(), true);
+    transfer.AddHeaders(headers);
+    transfer.ApplyHeaders();
+    return Finish(site, transfer, response, length);
+}
+
+int CRequest::SyncRequesPostHeader(const char* address, const char* parameters, const ParamMap& headers,
+                                   char** response, uint32_t* length) const {
+    const CallSite site = VANTIX_HERE;
+    if (!ParametersGiven(site, address, parameters, length)) {
+        return CURLE_COULDNT_CONNECT;
+    }
+    CurlTransfer transfer(m_verbose);
+    transfer.Set(CURLOPT_CUSTOMREQUEST, "POST");
+    transfer.SetCommonOptions(WithQuery(address, parameters).c_str(), true);
+    transfer.AddHeaders(headers);
+    transfer.ApplyHeaders();
+    return Finish(site, transfer, response, length);
+}
+
+int CRequest::SyncPutRequestHeader(const char* address, const char* parameters, const ParamMap& headers,
+                                   const std::string& body, char** response, uint32_t* length) const {
+    const CallSite site = VANTIX_HERE;
+    if (!ParametersGiven(site, address, parameters, length)) {
+        return CURLE_COULDNT_CONNECT;
+    }
+    CurlTransfer transfer(m_verbose);
+    transfer.Set(CURLOPT_CUSTOMREQUEST, "PUT");
+    if (!body.empty()) {
+        transfer.Set(CURLOPT_POSTFIELDS, body.c_str());
+        transfer.Set(CURLOPT_POSTFIELDSIZE, static_cast<long>(body.size()));
+    }
+    transfer.SetCommonOptions(WithQuery(address, parameters).c_str(), false);
+    transfer.AddHeaders(headers);
+    transfer.ApplyHeaders();
+    return Finish(site, transfer, response, length);
+}
+
+int CRequest::SyncRequestUpload(const char* address, const char* localPath, const ParamMap& form, char** response,
+                                uint32_t* length) const {
+    const CallSite site = VANTIX_HERE;
+    if (!ParametersGiven(site, address, localPath, length)) {
+        return CURLE_COULDNT_CONNECT;
+    }
+    CurlTransfer transfer(m_verbose);
+    for (const auto& [name, value] : form.All()) {
+        transfer.AddFormText(name, value);
+    }
+    transfer.AddFormFile("file", localPath);
+    transfer.ApplyForm();
+    transfer.SetCommonOptions(address, true);
+    return Finish(site, transfer, response, length);
+}
+
+}  // namespace vantix

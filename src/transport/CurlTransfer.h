@@ -1,0 +1,62 @@
+#pragma once
+
+#include <curl/curl.h>
+
+#include <string>
+
+#include "transport/ParamMap.h"
+
+namespace vantix {
+
+/// One transfer: a curl handle with everything that it owns. It is made, told its options, performed once and gone.
+///
+/// The first thing that fails decides the result, and nothing is sent then. No member throws.
+class CurlTransfer {
+public:
+    explicit CurlTransfer(bool verbose);
+    ~CurlTransfer();
+    CurlTransfer(const CurlTransfer&) = delete;
+    CurlTransfer& operator=(const CurlTransfer&) = delete;
+
+    /// Sets one option; the value's type is the option's.
+    template <class Value>
+    void Set(CURLoption option, Value value) {
+        if (m_result == CURLE_OK) {
+            m_result = curl_easy_setopt(m_handle, option, value);
+        }
+    }
+
+    /// Adds a header line as it stands ("key: value").
+    void AddHeader(const std::string& line);
+    /// Adds every entry as a header; one with an empty value is sent too.
+    void AddHeaders(const ParamMap& headers);
+    /// Hands the collected headers to the handle.
+    void ApplyHeaders();
+
+    /// Adds a text part to the form.
+    void AddFormText(const std::string& name, const std::string& value);
+    /// Adds a part whose data is read from a file.
+    void AddFormFile(const std::string& name, const char* localPath);
+    /// Makes the collected parts the request's body.
+    void ApplyForm();
+
+    /// Sets the address and what every transfer has in common, in the order that all of them share.
+    void SetCommonOptions(const char* address, bool withReadFunction);
+
+    /// Performs the transfer; libcurl's code, or that of the first step that failed before it.
+    int Perform();
+
+    /// What the server sent as body.
+    std::string& Body() { return m_body; }
+
+private:
+    curl_mimepart* AddFormPart(const std::string& name);
+
+    CURL* m_handle;
+    CURLcode m_result;
+    curl_slist* m_headers = nullptr;
+    curl_mime* m_form = nullptr;
+    std::string m_body;
+};
+
+}  // namespace vantix

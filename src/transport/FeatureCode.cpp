@@ -1,0 +1,78 @@
+#include "transport/FeatureCode.h"
+
+#include <cstdio>
+#include <cstring>
+#include <mutex>
+
+#include "boundary/Logger.h"
+#include "cryptowrap/cryptowrap.h"
+#include "hwprint/hwprint.h"
+
+namespace vantix {
+namespace {
+
+/// The kept code. It is never destroyed: a request may still ask for it while the process exits.
+struct FeatureCodeCache {
+    std::mutex mutex;
+    std::string code;
+};
+
+FeatureCodeCache& Cache() {
+    static auto* const cache = new FeatureCodeCache;
+    return *cache;
+}
+
+std::string CachedCode() {
+    const std::lock_guard<std::mutex> guard(Cache().mutex);
+    return Cache().code;
+}
+
+void KeepCode(const std::string& code) {
+    const std::lock_guard<std::mutex> guard(Cache().mutex);
+    Cache().code = code;
+}
+
+}  // namespace
+
+const HardwareSource kThisMachine{HWP_GetDiskSerial, HWP_GetMacAddr, ssl_md5_digest};
+
+int GetHDSign(char* buffer, const HardwareSource& source) {
+    if (buffer == nullptr) {
+        return -1;
+    }
+    char serial[64] = {};
+    char second[64] = {};
+    char mac[48] = {};
+    char joined[128] = {};
+    char digest[64] = {};
+    unsigned digestLength = 0;
+    source.diskSerial(serial, second);
+    source.macAddress(mac);
+    std::snprintf(joined, sizeof(joined), "%s|%s", serial, mac);
+    if (source.md5(joined, static_cast<unsigned>(std::strlen(joined)), digest, &digestLength) < 0) {
+        VANTIX_LOG_ERROR(level::kError, "Hdsign md5 failed. ssl_md5_digest failed. serial:%s ,mac:%s", serial, mac);
+        return -1;
+    }
+    std::snprintf(buffer, sizeof(digest), "%s", digest);
+    VANTIX_LOG_INFO(level::kInfo, "serial:%s ,mac:%s ,HDSign:%.6s***", serial, mac, digest);
+    return 0;
+}
+
+std::string PublicGetHDSign(const HardwareSource& source) {
+    std::string code = CachedCode();
+    if (!code.empty()) {
+        return code;
+    }
+    char buffer[64] = {};
+    if (GetHDSign(buffer, source) != 0) {
+        // "Getting the feature code failed", in the code page that support reads these logs in.
+        VANTIX_LOG_ERROR(level::kError, "%s", "\xBB\xF1\xC8\xA1\xCC\xD8\xD5\xF7\xC2\xEB\xCA\xA7\xB0\xDC");
+        return {};
+    }
+    KeepCode(buffer);
+    return buffer;
+}
+
+void ForgetFeatureCode() { KeepCode(std::string()); }
+
+}  // namespace vantix

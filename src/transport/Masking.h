@@ -1,0 +1,24 @@
+#pragma once
+
+/// @file
+/// What must not reach the log: values of credentials, by the key that they stand under.
+
+#include <string>
+#include <string_view>
+
+namespace vantix {
+
+/// What stands in the log for a value that is kept out of it.
+inline constexpr std::string_view kMask = "***";
+
+/// Whether a parameter's value is kept out of the log ("appKey", "accessToken", "sessionId"; exact case).
+bool IsSecretParameter(std::string_view key);
+
+/// Whether a header's value is kept out of the log ("accessToken", "sessionId"; exact case).
+bool IsSecretHeader(std::string_view key);
+
+/// A copy of a JSON text in which the string values of secret parameters are masked. Works on any text: it need not
+/// be well-formed.
+std::string MaskedJson(const std::string& text);
+
+}  // namespace vantix
