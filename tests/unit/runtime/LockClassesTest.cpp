@@ -1,0 +1,281 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <new>
+#include <thread>
+#include <type_traits>
+#include <vector>
+
+#include "tvl/tvl.h"
+
+// The linker leads calls of an entry point here and keeps the original as "real" (options.cmake).
+// NOLINTBEGIN(bugprone-reserved-identifier)
+extern "C" {
+void* __real_TVL_MutexCreate(int recursive);
+int __real_TVL_MutexLock(void* mutex);
+int __real_TVL_MutexUnlock(void* mutex);
+void* __wrap_TVL_MutexCreate(int recursive);
+int __wrap_TVL_MutexLock(void* mutex);
+int __wrap_TVL_MutexUnlock(void* mutex);
+}
+
+namespace {
+
+/// What this thread did to mutexes.
+struct Calls {
+    int locks = 0;
+    int unlocks = 0;
+    bool failCreate = false;
+    int lockStatus = 0;
+    int unlockStatus = 0;
+};
+thread_local Calls t_calls;
+
+}  // namespace
+
+void* __wrap_TVL_MutexCreate(int recursive) { return t_calls.failCreate ? nullptr : __real_TVL_MutexCreate(recursive); }
+
+int __wrap_TVL_MutexLock(void* mutex) {
+    ++t_calls.locks;
+    return t_calls.lockStatus != 0 ? t_calls.lockStatus : __real_TVL_MutexLock(mutex);
+}
+
+int __wrap_TVL_MutexUnlock(void* mutex) {
+    ++t_calls.unlocks;
+    return t_calls.unlockStatus != 0 ? t_calls.unlockStatus : __real_TVL_MutexUnlock(mutex);
+}
+// NOLINTEND(bugprone-reserved-identifier)
+
+namespace {
+
+class LockClasses : public testing::Test {
+protected:
+    LockClasses() { t_calls = Calls(); }
+    ~LockClasses() override { t_calls = Calls(); }
+    LockClasses(const LockClasses&) = delete;
+    LockClasses& operator=(const LockClasses&) = delete;
+};
+
+using Mutex = LockClasses;
+using Guard = LockClasses;
+using RecursiveMutex = LockClasses;
+
+void OnAnotherThread(const std::function<void()>& work) { std::thread(work).join(); }
+
+/// Ends only when nobody holds the lock: another thread takes it and gives it back.
+template <class Lockable>
+void ExpectFree(Lockable& mutex) {
+    OnAnotherThread([&] {
+        EXPECT_EQ(mutex.Lock(), 0);
+        EXPECT_EQ(mutex.Unlock(), 0);
+    });
+}
+
+TEST_F(Mutex, LockAndUnlockReturnZero) {
+    TVL_Mutex mutex;
+    EXPECT_EQ(mutex.Lock(), 0);
+    EXPECT_EQ(mutex.Unlock(), 0);
+    ExpectFree(mutex);
+}
+
+TEST_F(Mutex, LockAndUnlockReturnTheRuntimesStatus) {
+    TVL_Mutex mutex;
+    t_calls.lockStatus = 35;
+    t_calls.unlockStatus = 1;
+    EXPECT_EQ(mutex.Lock(), 35);
+    EXPECT_EQ(mutex.Unlock(), 1);
+}
+
+TEST_F(Mutex, KeepsThreadsApart) {
+    constexpr int kThreads = 4;
+    constexpr int kRounds = 5000;
+    TVL_Mutex mutex;
+    int counter = 0;
+    std::vector<std::thread> threads;
+    for (int i = 0; i < kThreads; ++i) {
+        threads.emplace_back([&] {
+            for (int round = 0; round < kRounds; ++round) {
+                const TVL_Guard guard(&mutex);
+                ++counter;
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(counter, kThreads * kRounds);
+}
+
+TEST_F(Mutex, IsNeverCopied) {
+    EXPECT_FALSE(std::is_copy_constructible_v<TVL_Mutex>);
+    EXPECT_TRUE(std::is_copy_assignable_v<TVL_Mutex>);
+}
+
+TEST_F(Mutex, AssignmentReturnsTheObjectAndLeavesBothAsTheyAre) {
+    TVL_Mutex held;
+    TVL_Mutex free;
+    held.Lock();
+    EXPECT_EQ(&(free = held), &free);
+    EXPECT_EQ(t_calls.locks, 1);
+    EXPECT_EQ(t_calls.unlocks, 0);
+    ExpectFree(free);
+    EXPECT_EQ(held.Unlock(), 0);
+
+    free.Lock();
+    EXPECT_EQ(&(free = held), &free);
+    ExpectFree(held);
+    EXPECT_EQ(free.Unlock(), 0);
+    ExpectFree(free);
+}
+
+TEST_F(Mutex, ThrowsWhenThereIsNoMemory) {
+    t_calls.failCreate = true;
+    EXPECT_THROW(TVL_Mutex(), std::bad_alloc);
+    EXPECT_THROW(tvl::tvl_recursive_mutex(), std::bad_alloc);
+}
+
+TEST_F(Guard, LocksOnConstructionAndUnlocksOnDestruction) {
+    TVL_Mutex mutex;
+    {
+        const TVL_Guard guard(&mutex);
+        EXPECT_EQ(t_calls.locks, 1);
+        EXPECT_EQ(t_calls.unlocks, 0);
+    }
+    EXPECT_EQ(t_calls.locks, 1);
+    EXPECT_EQ(t_calls.unlocks, 1);
+    ExpectFree(mutex);
+}
+
+TEST_F(Guard, ReleaseUnlocksAtOnce) {
+    TVL_Mutex mutex;
+    TVL_Guard guard(&mutex);
+    guard.Release();
+    EXPECT_EQ(t_calls.unlocks, 1);
+    ExpectFree(mutex);
+}
+
+TEST_F(Guard, SecondReleaseAndDestructorDoNothing) {
+    TVL_Mutex mutex;
+    {
+        TVL_Guard guard(&mutex);
+        guard.Release();
+        guard.Release();
+        EXPECT_EQ(t_calls.unlocks, 1);
+    }
+    EXPECT_EQ(t_calls.locks, 1);
+    EXPECT_EQ(t_calls.unlocks, 1);
+}
+
+TEST_F(Guard, ReleasedGuardLeavesALaterOwnerAlone) {
+    TVL_Mutex mutex;
+    {
+        TVL_Guard first(&mutex);
+        first.Release();
+        mutex.Lock();
+    }
+    EXPECT_EQ(t_calls.locks, 2);
+    EXPECT_EQ(t_calls.unlocks, 1);
+    EXPECT_EQ(mutex.Unlock(), 0);
+    ExpectFree(mutex);
+}
+
+TEST_F(Guard, WithoutAMutexDoesNothing) {
+    {
+        TVL_Guard guard(nullptr);
+        guard.Release();
+    }
+    EXPECT_EQ(t_calls.locks, 0);
+    EXPECT_EQ(t_calls.unlocks, 0);
+}
+
+TEST_F(Guard, IsNeverCopied) {
+    EXPECT_FALSE(std::is_copy_constructible_v<TVL_Guard>);
+    EXPECT_TRUE(std::is_copy_assignable_v<TVL_Guard>);
+}
+
+TEST_F(Guard, AssignmentReturnsTheObjectAndEachKeepsItsMutex) {
+    TVL_Mutex first;
+    TVL_Mutex second;
+    {
+        TVL_Guard one(&first);
+        TVL_Guard two(&second);
+        EXPECT_EQ(&(one = two), &one);
+        EXPECT_EQ(t_calls.unlocks, 0);
+        one.Release();
+        ExpectFree(first);
+        two.Release();
+        ExpectFree(second);
+    }
+    EXPECT_EQ(t_calls.locks, 2);
+    EXPECT_EQ(t_calls.unlocks, 2);
+}
+
+TEST_F(RecursiveMutex, ItsOwnerMayLockItAgain) {
+    tvl::tvl_recursive_mutex mutex;
+    EXPECT_EQ(mutex.Lock(), 0);
+    EXPECT_EQ(mutex.Lock(), 0);
+    EXPECT_EQ(mutex.Lock(), 0);
+    EXPECT_EQ(mutex.Unlock(), 0);
+    EXPECT_EQ(mutex.Unlock(), 0);
+    EXPECT_EQ(mutex.Unlock(), 0);
+    ExpectFree(mutex);
+}
+
+TEST_F(RecursiveMutex, HasAVirtualTable) {
+    EXPECT_TRUE(std::is_polymorphic_v<tvl::tvl_recursive_mutex>);
+    EXPECT_TRUE(std::has_virtual_destructor_v<tvl::tvl_recursive_mutex>);
+    EXPECT_FALSE(std::is_polymorphic_v<TVL_Mutex>);
+    EXPECT_FALSE(std::is_polymorphic_v<TVL_Guard>);
+}
+
+TEST_F(RecursiveMutex, ACopyIsANewUnlockedMutex) {
+    tvl::tvl_recursive_mutex source;
+    source.Lock();
+    source.Lock();
+    tvl::tvl_recursive_mutex copy(source);
+    ExpectFree(copy);
+
+    copy.Lock();
+    EXPECT_EQ(source.Unlock(), 0);
+    EXPECT_EQ(source.Unlock(), 0);
+    ExpectFree(source);
+    EXPECT_EQ(copy.Unlock(), 0);
+    ExpectFree(copy);
+}
+
+TEST_F(RecursiveMutex, AssignmentReturnsTheObjectAndLeavesBothAsTheyAre) {
+    tvl::tvl_recursive_mutex held;
+    tvl::tvl_recursive_mutex free;
+    held.Lock();
+    EXPECT_EQ(&(free = held), &free);
+    EXPECT_EQ(t_calls.locks, 1);
+    EXPECT_EQ(t_calls.unlocks, 0);
+    ExpectFree(free);
+    EXPECT_EQ(held.Unlock(), 0);
+    ExpectFree(held);
+}
+
+#if !defined(_WIN32)
+// Windows' critical sections have no status to tell it by.
+TEST_F(RecursiveMutex, AnUnlockWithoutALockIsAnError) {
+    tvl::tvl_recursive_mutex mutex;
+    mutex.Lock();
+    mutex.Lock();
+    EXPECT_EQ(mutex.Unlock(), 0);
+    OnAnotherThread([&] { EXPECT_NE(mutex.Unlock(), 0) << "held by another thread"; });
+    EXPECT_EQ(mutex.Unlock(), 0);
+    EXPECT_NE(mutex.Unlock(), 0) << "held by nobody";
+}
+
+TEST_F(RecursiveMutex, ACopyOfAHeldMutexIsNotHeldByItsMaker) {
+    tvl::tvl_recursive_mutex source;
+    source.Lock();
+    tvl::tvl_recursive_mutex copy(source);
+    EXPECT_NE(copy.Unlock(), 0);
+    EXPECT_EQ(source.Unlock(), 0);
+}
+#endif
+
+TEST(MutexEntryPoints, DestroyIgnoresNothing) { TVL_MutexDestroy(nullptr); }
+
+}  // namespace
