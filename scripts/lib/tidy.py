@@ -72,6 +72,11 @@ class Linter:
         return (run.stdout.strip() or run.stderr.strip() or f"{entry['file']}: clang-tidy ended with {run.returncode}"), True
 
 
+def findings(text):
+    """A complaint with all its notes, one by one: a header's own come back with every file that includes it."""
+    return [f.rstrip() for f in re.split(r"(?m)^(?=\S+:\d+:\d+: (?:error|warning):)", text) if f.strip()]
+
+
 def main(tree, root, memory, jobs, *only):
     tree, root = pathlib.Path(tree).resolve(), pathlib.Path(root).resolve()
     wanted = {(root / name).resolve() if not name.startswith("/") else pathlib.Path(name).resolve() for name in only}
@@ -82,13 +87,17 @@ def main(tree, root, memory, jobs, *only):
         if inside and (not wanted or path in wanted):
             entries.setdefault(path, entry)
     linter = Linter(tree, root, pathlib.Path(memory))
-    looked, bad = 0, 0
+    looked, bad, shown = 0, 0, set()
     with concurrent.futures.ThreadPoolExecutor(int(jobs)) as pool:
         for complaint, now in pool.map(linter.lint, [entries[p] for p in sorted(entries)]):
             looked += now
             if complaint:
                 bad += 1
-                print(complaint, flush=True)
+                for finding in findings(complaint):
+                    title = finding.splitlines()[0]
+                    if title not in shown:
+                        shown.add(title)
+                        print(finding, flush=True)
     print(f"clang-tidy: {len(entries)} files, {looked} of them new or changed, {bad} with complaints")
     return 1 if bad else 0
 
