@@ -11,7 +11,6 @@
 #include "core/Guarded.h"
 #include "core/Settings.h"
 #include "core/TokenRecords.h"
-#include "platform/PlatformCall.h"
 #include "records/BWCheckInfo.h"
 #include "records/CloudFileQuery.h"
 #include "records/ConfigInfo.h"
@@ -23,6 +22,7 @@
 #include "records/RecordFileList.h"
 #include "records/ServerInfo.h"
 #include "records/TransparentMsgDetail.h"
+#include "transport/RequestCall.h"
 
 namespace vantix {
 
@@ -206,7 +206,7 @@ private:
     /// The credential that requests for a channel carry in the current mode. `tkType` is the Tk token asked for in the
     /// small-permission mode. When it is empty, the line and the thread's last error have been written.
     std::string deviceCredential(const CallSite& site, const std::string& serial, int ch, int tkType);
-    PlatformAccount platformAccount(const std::string& domain, const std::string& token);
+    Caller callerFor(const std::string& domain, const std::string& token);
     /// Renews the access token; the new one, or empty.
     std::string refreshedToken();
 

@@ -82,7 +82,7 @@ std::string CVantixDataCenter::deviceCredential(const CallSite& site, const std:
     return token;
 }
 
-PlatformAccount CVantixDataCenter::platformAccount(const std::string& domain, const std::string& token) {
+Caller CVantixDataCenter::callerFor(const std::string& domain, const std::string& token) {
     return {domain, token, getAppId()};
 }
 

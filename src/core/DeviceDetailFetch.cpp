@@ -22,8 +22,8 @@ int CVantixDataCenter::fetchDevDetailInfo(const std::string& serial, int ch, Dev
     if (token.empty()) {
         return VANTIX_ERROR;
     }
-    const PlatformAccount account = platformAccount(getDomain(serial, ch).Copy(), token);
-    return GetDevDetailInfoFromPlatformBySerial(account, serial, ch, channelInfo, detail, parent);
+    const Caller caller = callerFor(getDomain(serial, ch).Copy(), token);
+    return GetDevDetailInfoFromPlatformBySerial(caller, serial, ch, channelInfo, detail, parent);
 }
 
 void CVantixDataCenter::storeDevDetailInfo(const std::string& key, const DevChannelInfo& channelInfo,

@@ -2,41 +2,50 @@
 
 #include "base/Clock.h"
 #include "platform/DeviceDetailParser.h"
-#include "transport/EndpointTable.h"
+#include "platform/RequestTable.h"
+#include "platform/ResponseChecks.h"
 
 namespace vantix {
 namespace {
 
-constexpr RequestRow kDevDetailInfo{
-    .way = Way::Form,
-    .endpoint = endpoint::kDeviceDetail,
-    .carried = carries::kAccessToken | carries::kClientSet | carries::kAppKey,
-    .fixed = {{"version", "4.0"}, {"isNewVersion", "true"}},
-    .transportFailure = "SyncRequest error:%d",
-    .parserFailure = "ParseDevDetailInfoFromPlatform:%s error:%d",
-    .cost = "/api/device/detail CostTime: = %ld milliseconds",
-};
-
 /// Notes that the record was just fetched.
-void Stamp(DevDetailInfo& device) {
-    device.tCacheTime = WallSeconds();
-    device.isUpdate = false;
-    device.isFromCache = false;
+int Stamped(int result, DevDetailInfo& device) {
+    if (result == 0) {
+        device.tCacheTime = WallSeconds();
+        device.isUpdate = false;
+        device.isFromCache = false;
+    }
+    return result;
 }
 
 }  // namespace
 
-int GetDevDetailInfoFromPlatformBySerial(const PlatformAccount& account, const std::string& deviceSerial, int cameraNo,
+int GetDevDetailInfoFromPlatformBySerial(const Caller& caller, const std::string& deviceSerial, int cameraNo,
                                          DevChannelInfo& channel, DevDetailInfo& device,
                                          std::optional<BelongDevInfo>& parent) {
-    PlatformCall call(VANTIX_HERE, kDevDetailInfo, account);
-    call.Param("deviceSerial", deviceSerial).Param("cameraNo", cameraNo).CostInto(device.iRequestCost);
-    const int result = call.Run(
-        [&](const std::string& body) { return ParseDevDetailInfoFromPlatform(body, channel, device, parent); });
-    if (result == 0) {
-        Stamp(device);
-    }
-    return result;
+    RequestCall call(VANTIX_HERE, platform_requests::kDevDetailInfo, caller);
+    call.With(deviceSerial, cameraNo).CostInto(device.iRequestCost);
+    return Stamped(call.Run([&](const std::string& body) {
+        return ParseDevDetailInfoFromPlatform(body, channel, device, parent);
+    }),
+                   device);
+}
+
+int GetDeviceDetailInfoFromPlatformBySerial(const Caller& caller, const std::string& deviceSerial, int cameraNo,
+                                            const std::string& bizType, const std::string& platFormId,
+                                            DevChannelInfo& channel, DevDetailInfo& device) {
+    std::optional<BelongDevInfo> parent;
+    RequestCall call(VANTIX_HERE, platform_requests::kDeviceDetailInfo, caller);
+    call.With(deviceSerial, cameraNo, bizType, platFormId).CostInto(device.iRequestCost);
+    return Stamped(call.Run([&](const std::string& body) {
+        return ParseDeviceDetailInfoFromPlatform(body, channel, device, parent);
+    }),
+                   device);
+}
+
+int GetDeviceInfoBySerialFromPlatform(const Caller& caller, const std::string& deviceSerial, std::string& json) {
+    RequestCall call(VANTIX_HERE, platform_requests::kDeviceInfo, caller);
+    return call.With(deviceSerial).Run(Keeping(CheckResponseInfoFromPlatform, json));
 }
 
 }  // namespace vantix

@@ -1,15 +1,15 @@
 #pragma once
 
 /// @file
-/// The device detail request of the platform.
+/// What the platform knows of one device: the two detail requests, and its device information.
 
 #include <optional>
 #include <string>
 
-#include "platform/PlatformCall.h"
 #include "records/BelongDevInfo.h"
 #include "records/DevChannelInfo.h"
 #include "records/DevDetailInfo.h"
+#include "transport/RequestCall.h"
 
 namespace vantix {
 
@@ -17,8 +17,16 @@ namespace vantix {
 /// of the fetch; `parent` is filled when the answer carries the device's parent.
 ///
 /// Returns 0, 100000 + the transport's code, or 300000 + the response code.
-int GetDevDetailInfoFromPlatformBySerial(const PlatformAccount& account, const std::string& deviceSerial, int cameraNo,
+int GetDevDetailInfoFromPlatformBySerial(const Caller& caller, const std::string& deviceSerial, int cameraNo,
                                          DevChannelInfo& channel, DevDetailInfo& device,
                                          std::optional<BelongDevInfo>& parent);
+
+/// The same for a device of another business platform.
+int GetDeviceDetailInfoFromPlatformBySerial(const Caller& caller, const std::string& deviceSerial, int cameraNo,
+                                            const std::string& bizType, const std::string& platFormId,
+                                            DevChannelInfo& channel, DevDetailInfo& device);
+
+/// Fetches the device information as the platform words it.
+int GetDeviceInfoBySerialFromPlatform(const Caller& caller, const std::string& deviceSerial, std::string& json);
 
 }  // namespace vantix

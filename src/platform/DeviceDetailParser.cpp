@@ -135,32 +135,42 @@ void KeepBookkeeping(const DevDetailInfo& from, DevDetailInfo& to) {
     to.isFromCache = from.isFromCache;
 }
 
-}  // namespace
-
-int ParseDevDetailInfoFromPlatform(const std::string& body, DevChannelInfo& channel, DevDetailInfo& device,
-                                   std::optional<BelongDevInfo>& parent) {
+int ParseDetail(const CallSite& site, const std::string& body, DevChannelInfo& channel, DevDetailInfo& device,
+                std::optional<BelongDevInfo>& parent) {
     json::Json11Document document;
     if (!document.Parse(body)) {
-        VANTIX_LOG_ERROR(level::kError, "platform response bad, szInfo = %s", body.c_str());
+        LogErrorAt(site, level::kError, "platform response bad, szInfo = %s", body.c_str());
         return VANTIX_RESP_NOT_JSON;
     }
     if (const int code = json::EnvelopeCode(document.Root()); code != 0) {
-        VANTIX_LOG_INFO(level::kInfo, "Platform Response Error:%d, Resp:%s", code, body.c_str());
+        LogInfoAt(site, level::kInfo, "Platform Response Error:%d, Resp:%s", code, body.c_str());
         return code;
     }
     const Json11View data = document.Root().Member("result").Member("data");
     if (!data.IsObject()) {
-        VANTIX_LOG_ERROR(level::kError, "platform response invalid, szInfo = %s", body.c_str());
+        LogErrorAt(site, level::kError, "platform response invalid, szInfo = %s", body.c_str());
         return VANTIX_RESP_BAD_FORMAT;
     }
     channel = ReadChannel(data.Member("camera"));
     const Json11View object = data.Member("device");
     DevDetailInfo fresh;
     ReadDevice(object, fresh);
-    ReadNested(VANTIX_HERE, body, object, fresh, parent);
+    ReadNested(site, body, object, fresh, parent);
     KeepBookkeeping(device, fresh);
     device = std::move(fresh);
     return VANTIX_NOERROR;
+}
+
+}  // namespace
+
+int ParseDevDetailInfoFromPlatform(const std::string& body, DevChannelInfo& channel, DevDetailInfo& device,
+                                   std::optional<BelongDevInfo>& parent) {
+    return ParseDetail(VANTIX_HERE, body, channel, device, parent);
+}
+
+int ParseDeviceDetailInfoFromPlatform(const std::string& body, DevChannelInfo& channel, DevDetailInfo& device,
+                                      std::optional<BelongDevInfo>& parent) {
+    return ParseDetail(VANTIX_HERE, body, channel, device, parent);
 }
 
 }  // namespace vantix

@@ -18,4 +18,8 @@ namespace vantix {
 int ParseDevDetailInfoFromPlatform(const std::string& body, DevChannelInfo& channel, DevDetailInfo& device,
                                    std::optional<BelongDevInfo>& parent);
 
+/// The same for the answer about a device of another business platform.
+int ParseDeviceDetailInfoFromPlatform(const std::string& body, DevChannelInfo& channel, DevDetailInfo& device,
+                                      std::optional<BelongDevInfo>& parent);
+
 }  // namespace vantix

@@ -2,31 +2,20 @@
 
 #include "base/NumberText.h"
 #include "boundary/Logger.h"
+#include "json/Answer.h"
 #include "json/Envelope.h"
 #include "json/JsonCppReader.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {
-namespace {
-
-bool ParseOrLog(const CallSite& site, const std::string& body, json::JsonCppDocument& document) {
-    if (document.Parse(body)) {
-        return true;
-    }
-    LogErrorAt(site, level::kError, "platform response bad, szInfo = %s", body.c_str());
-    return false;
-}
-
-}  // namespace
-
 int CheckResponseInfoFromPlatform(const std::string& body) {
     json::JsonCppDocument document;
-    return ParseOrLog(VANTIX_HERE, body, document) ? json::EnvelopeCode(document.Root()) : VANTIX_RESP_NOT_JSON;
+    return json::ParseBody(VANTIX_HERE, body, document) ? json::EnvelopeCode(document.Root()) : VANTIX_RESP_NOT_JSON;
 }
 
 int CheckResponseAuthInfoFromPlatform(const std::string& body) {
     json::JsonCppDocument document;
-    if (!ParseOrLog(VANTIX_HERE, body, document)) {
+    if (!json::ParseBody(VANTIX_HERE, body, document)) {
         return VANTIX_RESP_NOT_JSON;
     }
     std::string code;
@@ -38,7 +27,7 @@ int CheckResponseAuthInfoFromPlatform(const std::string& body) {
 
 int CheckCloudResponseInfoFromPlatform(const std::string& body) {
     json::JsonCppDocument document;
-    if (!ParseOrLog(VANTIX_HERE, body, document)) {
+    if (!json::ParseBody(VANTIX_HERE, body, document)) {
         return VANTIX_RESP_NOT_JSON;
     }
     if (!document.Root().Member("meta").IsObject()) {
@@ -47,6 +36,16 @@ int CheckCloudResponseInfoFromPlatform(const std::string& body) {
         return VANTIX_RESP_BAD_FORMAT;
     }
     return json::StrictMetaCode(document.Root());
+}
+
+std::function<int(const std::string& body)> Keeping(int (*check)(const std::string& body), std::string& answer) {
+    return [check, &answer](const std::string& body) {
+        const int code = check(body);
+        if (code == 0) {
+            answer = body;
+        }
+        return code;
+    };
 }
 
 int ConvertVerifyErrorCode(int code) {
