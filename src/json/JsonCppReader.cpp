@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "base/NumberText.h"
 #include "json/JsonCppInclude.h"
 
 #if defined(__GNUC__)
@@ -72,6 +73,26 @@ bool JsonCppView::ReadNumber(int64_t& number) const {
     }
     number = m_value->asInt64();
     return true;
+}
+
+bool JsonCppView::ReadText(std::string& text) const {
+    if (Read(text)) {
+        return true;
+    }
+    if (m_value == nullptr || !m_value->isInt64()) {
+        return false;
+    }
+    text = std::to_string(m_value->asInt64());
+    return true;
+}
+
+bool JsonCppView::ReadIntOrText(int32_t& number) const {
+    std::string text;
+    if (Read(text)) {
+        number = DecimalPrefix(text);
+        return true;
+    }
+    return Read(number);
 }
 
 std::string JsonCppView::Compact() const {

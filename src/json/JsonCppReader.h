@@ -40,6 +40,11 @@ public:
     /// Any number, truncated toward zero; not one outside 64 bits.
     bool ReadNumber(int64_t& number) const;
 
+    /// A string as it is, an integer as decimal text.
+    bool ReadText(std::string& text) const;
+    /// An integer within 32 bits, or a text that holds a number.
+    bool ReadIntOrText(int32_t& number) const;
+
     /// The value as one line without blanks; empty when there is none.
     std::string Compact() const;
 

@@ -10,9 +10,9 @@ namespace vantix {
 struct RecordFile {
     std::string startTime;  ///< As the server writes it.
     std::string endTime;
-    int32_t type = 0;      ///< Kind of recording.
-    int64_t fileSize = 0;  ///< Bytes.
-    std::string fileName;
+    int32_t type = 0;    ///< Kind of recording.
+    int64_t size = 0;    ///< Bytes.
+    std::string fileId;  ///< The server's name of the recording.
 };
 
 /// The recordings that a query found.

@@ -1,0 +1,59 @@
+#pragma once
+
+/// @file
+/// The account and its settings on the platform.
+///
+/// Requests return 0, 100000 + the transport's code or 300000 + the response code; parsers return response codes.
+
+#include <string>
+
+#include "records/BWCheckInfo.h"
+#include "records/ConfigInfo.h"
+#include "records/TransparentMsgDetail.h"
+#include "transport/RequestCall.h"
+
+namespace vantix {
+
+/// The platform's configuration. Needs no credential.
+int GetConfigInfoFromPlatform(const Caller& caller, ConfigInfo& config);
+
+int GetUsernameFromPlatform(const Caller& caller, std::string& userName);
+
+int GetUserIdFromPlatform(const Caller& caller, std::string& userId);
+
+/// Registers this client for pushes.
+int getPushSessionIdFromPlatform(const Caller& caller, std::string& pushSessionId);
+
+/// Where this client may measure its bandwidth.
+int getBWCheckInfoFromPlatform(const Caller& caller, int type, const std::string& checkTime, int localIndex,
+                               BWCheckInfo& info);
+
+/// A message that the platform passed through from a device.
+int GetTransparentMsgDetailFromPlatform(const Caller& caller, const std::string& msgSeq, TransparentMsgDetail& detail);
+
+/// Sets a channel's picture quality level; the answer as it came.
+int SetVideoDefinitionOnPlatform(const Caller& caller, const std::string& deviceSerial, int cameraNo, int videoLevel,
+                                 std::string& answer);
+
+int SetAlarmReadOnPlatform(const Caller& caller, const std::string& alarmId);
+
+/// Has a code rule of its own: the "code" of "result", textual or a number. "data" stands inside "result" or at the
+/// root.
+int ParseConfigInfoFromPlatform(const std::string& body, ConfigInfo& config);
+
+/// "userName" must be a string.
+int ParseUsernameFromPlatform(const std::string& body, std::string& userName);
+
+/// "result"."data"."userId" must be a string.
+int ParseUserIdFromPlatform(const std::string& body, std::string& userId);
+
+/// "pushSessionId" must be a string; the envelope's code must be there.
+int ParsePushSessionIdFromPlatform(const std::string& body, std::string& pushSessionId);
+
+/// All members of "data" must be there, and the envelope's code.
+int ParseBWCheckInfoFromPlatform(const std::string& body, BWCheckInfo& info);
+
+/// "result"."msgData" must be an object; each of its members is a text or a number, and optional.
+int ParseTransparentMsgDetailFromPlatform(const std::string& body, TransparentMsgDetail& detail);
+
+}  // namespace vantix

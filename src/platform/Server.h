@@ -1,0 +1,33 @@
+#pragma once
+
+/// @file
+/// The servers that the platform tells about: media servers of the user's area, and relay servers.
+///
+/// Requests return 0, 100000 + the transport's code or 300000 + the response code; parsers return response codes.
+
+#include <string>
+
+#include "records/RelayServerInfo.h"
+#include "records/ServerInfo.h"
+#include "transport/RequestCall.h"
+
+namespace vantix {
+
+/// Fetches the media servers. The elapsed milliseconds are stored whatever the outcome.
+int GetServerInfoFromPlatform(const Caller& caller, ServerInfo& serverInfo);
+
+/// Fetches the media servers of one device, with the video relays that serve it.
+int GetServerInfoFromPlatform(const Caller& caller, const std::string& deviceSerial, int localIndex,
+                              ServerInfo& serverInfo);
+
+/// Fetches the relay server of a channel.
+int GetRelayServerInfoFromPlatform(const Caller& caller, const std::string& deviceSerial, int channelNo,
+                                   RelayServerInfo& relay);
+
+/// Reads "serverResp". Every member is optional; video relays are appended.
+int ParseServerInfoFromPlatform(const std::string& body, ServerInfo& serverInfo);
+
+/// Reads "data", which must be an object.
+int ParseRealyInfoFromPlatform(const std::string& body, RelayServerInfo& relay);
+
+}  // namespace vantix

@@ -1,0 +1,59 @@
+#pragma once
+
+/// @file
+/// Tickets, permissions and tokens of the platform.
+///
+/// Requests return 0, 100000 + the transport's code or 300000 + the response code; parsers return response codes.
+
+#include <deque>
+#include <string>
+
+#include "records/RefreshTokenInfo.h"
+#include "transport/RequestCall.h"
+
+namespace vantix {
+
+/// The ticket that opens a stream of a channel.
+int GetTicketInfoBySerial(const Caller& caller, const std::string& deviceSerial, int channelNo, std::string& ticket);
+
+/// The ticket that opens cloud recordings in a storage space.
+int GetCloudTicketInfoBySerial(const Caller& caller, const std::string& deviceSerial, int localIndex, int spaceId,
+                               std::string& ticket);
+
+/// The ticket that a relay server asks for.
+int GetRelayTicketInfoBySerial(const Caller& caller, const std::string& deviceSerial, int channelNo,
+                               std::string& ticket);
+
+/// Whether a channel may be viewed live, or its recordings.
+int GetAuthInfoFromPlatform(const Caller& caller, const std::string& deviceSerial, int cameraNo, bool playback);
+
+/// A batch of stream tokens, as the platform answers it.
+int GetStreamTokensFromPlatform(const Caller& caller, int count, std::string& answer);
+
+/// A batch of stream tokens, appended in order.
+int GetStreamTokensFromPlatform(const Caller& caller, int count, std::deque<std::string>& tokens);
+
+/// What a refresh of the access token sends.
+struct RefreshCredentials {
+    std::string refreshToken;
+    std::string openId;
+    std::string scope;
+    std::string state;
+};
+
+/// Renews the access token. The caller's address is the authorisation service's, its app key goes as "client_id".
+int RefreshTokenFromPlatform(const Caller& caller, const RefreshCredentials& credentials, RefreshTokenInfo& info);
+
+/// Reads "ticketInfo"."ticket"; an answer without it succeeds and copies nothing.
+int ParseTicketInfoFromPlatform(const std::string& body, std::string& ticket);
+
+/// Reads "data"."ticket"; "data" must be an object, the ticket need not be there.
+int ParseRealyTicketInfoFromPlatform(const std::string& body, std::string& ticket);
+
+/// Appends the texts of "tokenArray", which must be there.
+int ParseTokensFromPlatform(const std::string& body, std::deque<std::string>& tokens);
+
+/// Reads "data" (inside "result", or at the root). All its members must be there.
+int ParseRefreshTokenFromPlatform(const std::string& body, RefreshTokenInfo& info);
+
+}  // namespace vantix
