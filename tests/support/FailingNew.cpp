@@ -1,0 +1,35 @@
+#include "support/FailingNew.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace vantix::test {
+namespace {
+
+thread_local size_t t_countdown = 0;  // 0: none fails
+thread_local bool t_fired = false;
+
+}  // namespace
+
+FailingNew::FailingNew(size_t n) {
+    t_fired = false;
+    t_countdown = n;
+}
+
+FailingNew::~FailingNew() { t_countdown = 0; }
+
+bool FailingNew::Fired() { return t_fired; }
+
+void* FailingNew::Allocate(size_t size) {
+    if (t_countdown != 0 && --t_countdown == 0) {
+        t_fired = true;
+        throw std::bad_alloc();
+    }
+    void* block = std::malloc(size == 0 ? 1 : size);  // NOLINT(cppcoreguidelines-no-malloc): this is operator new
+    if (block == nullptr) {
+        throw std::bad_alloc();
+    }
+    return block;
+}
+
+}  // namespace vantix::test

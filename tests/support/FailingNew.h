@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstddef>
+
+namespace vantix::test {
+
+/// While it lives, one allocation of this thread by `operator new` fails: number `n` from now on, counted from 1. One
+/// at a time in a thread. One file of the program includes support/FailingNewOperators.inc.
+class FailingNew {
+public:
+    explicit FailingNew(size_t n);
+    ~FailingNew();
+    FailingNew(const FailingNew&) = delete;
+    FailingNew& operator=(const FailingNew&) = delete;
+
+    /// Whether the allocation has failed.
+    static bool Fired();
+    /// What `operator new` does.
+    static void* Allocate(size_t size);
+};
+
+/// Runs `step` with the first, second, … allocation failing, until it makes fewer. Returns how many it makes.
+/// `check` is called with the number after each run, with no failure pending.
+template <class Step, class Check>
+size_t WithEveryAllocationFailing(Step step, Check check) {
+    constexpr size_t kMost = 100'000;
+    for (size_t n = 1; n < kMost; ++n) {
+        bool fired = false;
+        {
+            const FailingNew failing(n);
+            step();
+            fired = FailingNew::Fired();
+        }
+        check(n);
+        if (!fired) {
+            return n - 1;
+        }
+    }
+    return kMost;
+}
+
+}  // namespace vantix::test

@@ -1,0 +1,206 @@
+// Takes the place of libcurl by the linker's --wrap=curl_easy_setopt --wrap=curl_easy_perform --wrap=curl_easy_cleanup
+
+#include "support/ScriptedTransport.h"
+
+#include <curl/curl.h>
+
+#include <cstdarg>
+#include <deque>
+#include <map>
+#include <mutex>
+
+namespace vantix::test {
+namespace {
+
+/// What was set on a handle.
+struct Pending {
+    SentRequest request;
+    bool hasBody = false;
+    std::string customMethod;
+    curl_write_callback write = nullptr;
+    void* writeData = nullptr;
+};
+
+std::mutex g_mutex;
+bool g_active = false;
+std::map<CURL*, Pending> g_pending;
+std::deque<ScriptedTransport::Maker> g_script;
+ScriptedTransport::Maker g_always;
+std::vector<SentRequest> g_sent;
+
+std::string TextOrNone(const void* text) { return text == nullptr ? "" : static_cast<const char*>(text); }
+
+void NotePointer(Pending& pending, CURLoption option, void* value) {
+    switch (option) {
+        case CURLOPT_URL: pending.request.url = TextOrNone(value); break;
+        case CURLOPT_CUSTOMREQUEST: pending.customMethod = TextOrNone(value); break;
+        case CURLOPT_POSTFIELDS:
+            pending.request.body = TextOrNone(value);
+            pending.hasBody = true;
+            break;
+        case CURLOPT_HTTPHEADER:
+            for (auto* line = static_cast<curl_slist*>(value); line != nullptr; line = line->next) {
+                pending.request.headers.emplace_back(line->data);
+            }
+            break;
+        case CURLOPT_WRITEDATA: pending.writeData = value; break;
+        default: break;
+    }
+}
+
+void NoteFunction(Pending& pending, CURLoption option, curl_write_callback function) {
+    if (option == CURLOPT_WRITEFUNCTION) {
+        pending.write = function;
+    }
+}
+
+/// The next answer's maker, and the request noted as sent.
+ScriptedTransport::Maker TakeMaker(const SentRequest& request) {
+    const std::lock_guard<std::mutex> guard(g_mutex);
+    g_sent.push_back(request);
+    if (g_script.empty()) {
+        return g_always;
+    }
+    ScriptedTransport::Maker maker = g_script.front();
+    g_script.pop_front();
+    return maker;
+}
+
+CURLcode Play(Pending pending) {
+    pending.request.method = pending.hasBody ? "POST" : "GET";
+    if (!pending.customMethod.empty()) {
+        pending.request.method = pending.customMethod;
+    }
+    const ScriptedTransport::Maker maker = TakeMaker(pending.request);
+    ScriptedAnswer answer = maker ? maker(pending.request) : ScriptedAnswer{CURLE_COULDNT_CONNECT, ""};
+    if (pending.write != nullptr && !answer.body.empty()) {
+        pending.write(answer.body.data(), 1, answer.body.size(), pending.writeData);
+    }
+    return static_cast<CURLcode>(answer.code);
+}
+
+/// The parameters, as pairs of key and value.
+std::vector<std::pair<std::string, std::string>> Pairs(const SentRequest& request) {
+    const size_t mark = request.url.find('?');
+    std::string text = mark == std::string::npos ? request.body : request.url.substr(mark + 1);
+    std::vector<std::pair<std::string, std::string>> pairs;
+    while (!text.empty()) {
+        const std::string pair = text.substr(0, text.find('&'));
+        const size_t sign = pair.find('=');
+        pairs.emplace_back(pair.substr(0, sign), sign == std::string::npos ? "" : pair.substr(sign + 1));
+        text.erase(0, pair.size() + 1);
+    }
+    return pairs;
+}
+
+}  // namespace
+
+std::string SentRequest::Param(const std::string& key) const {
+    for (const auto& [name, value] : Pairs(*this)) {
+        if (name == key) {
+            return value;
+        }
+    }
+    return "<none>";
+}
+
+std::vector<std::string> SentRequest::Keys() const {
+    std::vector<std::string> keys;
+    for (const auto& [name, value] : Pairs(*this)) {
+        keys.push_back(name);
+    }
+    return keys;
+}
+
+ScriptedTransport::ScriptedTransport() {
+    const std::lock_guard<std::mutex> guard(g_mutex);
+    g_active = true;
+    g_script.clear();
+    g_always = nullptr;
+    g_sent.clear();
+}
+
+ScriptedTransport::~ScriptedTransport() {
+    const std::lock_guard<std::mutex> guard(g_mutex);
+    g_active = false;
+}
+
+void ScriptedTransport::Answer(const std::string& body, int times) {
+    for (int i = 0; i < times; ++i) {
+        Make([body](const SentRequest&) { return ScriptedAnswer{CURLE_OK, body}; });
+    }
+}
+
+void ScriptedTransport::Fail(int code) {
+    Make([code](const SentRequest&) { return ScriptedAnswer{code, ""}; });
+}
+
+void ScriptedTransport::Make(const Maker& maker) {
+    const std::lock_guard<std::mutex> guard(g_mutex);
+    g_script.push_back(maker);
+}
+
+void ScriptedTransport::Always(const Maker& maker) {
+    const std::lock_guard<std::mutex> guard(g_mutex);
+    g_always = maker;
+}
+
+std::vector<SentRequest> ScriptedTransport::Sent() const {
+    const std::lock_guard<std::mutex> guard(g_mutex);
+    return g_sent;
+}
+
+}  // namespace vantix::test
+
+// NOLINTBEGIN(bugprone-reserved-identifier): the names are the linker's
+extern "C" {
+CURLcode __real_curl_easy_setopt(CURL* handle, CURLoption option, ...);
+CURLcode __real_curl_easy_perform(CURL* handle);
+void __real_curl_easy_cleanup(CURL* handle);
+
+CURLcode __wrap_curl_easy_setopt(CURL* handle, CURLoption option, ...) {
+    using namespace vantix::test;
+    va_list values;
+    va_start(values, option);
+    CURLcode result = CURLE_UNKNOWN_OPTION;
+    if (option < CURLOPTTYPE_OBJECTPOINT) {
+        const long value = va_arg(values, long);
+        result = __real_curl_easy_setopt(handle, option, value);
+    } else if (option < CURLOPTTYPE_FUNCTIONPOINT) {
+        void* value = va_arg(values, void*);
+        const std::lock_guard<std::mutex> guard(g_mutex);
+        NotePointer(g_pending[handle], option, value);
+        result = __real_curl_easy_setopt(handle, option, value);
+    } else if (option < CURLOPTTYPE_OFF_T) {
+        auto* value = va_arg(values, curl_write_callback);
+        const std::lock_guard<std::mutex> guard(g_mutex);
+        NoteFunction(g_pending[handle], option, value);
+        result = __real_curl_easy_setopt(handle, option, value);
+    } else {
+        result = __real_curl_easy_setopt(handle, option, va_arg(values, curl_off_t));
+    }
+    va_end(values);
+    return result;
+}
+
+CURLcode __wrap_curl_easy_perform(CURL* handle) {
+    using namespace vantix::test;
+    Pending pending;
+    bool scripted = false;
+    {
+        const std::lock_guard<std::mutex> guard(g_mutex);
+        pending = g_pending[handle];
+        scripted = g_active;
+    }
+    return scripted ? Play(std::move(pending)) : __real_curl_easy_perform(handle);
+}
+
+void __wrap_curl_easy_cleanup(CURL* handle) {
+    {
+        const std::lock_guard<std::mutex> guard(vantix::test::g_mutex);
+        vantix::test::g_pending.erase(handle);
+    }
+    __real_curl_easy_cleanup(handle);
+}
+}
+// NOLINTEND(bugprone-reserved-identifier)

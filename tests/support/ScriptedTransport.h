@@ -1,0 +1,54 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace vantix::test {
+
+/// A request as it was handed to libcurl.
+struct SentRequest {
+    std::string method;  ///< "GET", "POST" or "PUT".
+    std::string url;
+    std::string body;
+    std::vector<std::string> headers;  ///< As given, "key: value".
+
+    /// The value of a parameter, from the body or else from the query; "<none>" when it is not there.
+    std::string Param(const std::string& key) const;
+    /// The keys of all parameters, in the order sent.
+    std::vector<std::string> Keys() const;
+};
+
+/// What a request gets: libcurl's code, and a body.
+struct ScriptedAnswer {
+    int code = 0;
+    std::string body;
+};
+
+/// While it lives, no transfer leaves the process: each gets the next answer of a script, and code 7 (nothing there)
+/// when the script is at its end. One at a time; requests may come from any thread. The program is linked with the
+/// options that support/ScriptedTransport.cpp names.
+class ScriptedTransport {
+public:
+    ScriptedTransport();
+    ~ScriptedTransport();
+    ScriptedTransport(const ScriptedTransport&) = delete;
+    ScriptedTransport& operator=(const ScriptedTransport&) = delete;
+
+    using Maker = std::function<ScriptedAnswer(const SentRequest&)>;
+
+    /// Adds an answer with this body.
+    void Answer(const std::string& body, int times = 1);
+    /// Adds a transfer that fails with a code of libcurl.
+    void Fail(int code);
+    /// Adds an answer that is made when the request comes, on its thread and under no lock.
+    void Make(const Maker& maker);
+    /// Answers all requests beyond the script.
+    void Always(const Maker& maker);
+
+    /// What was sent so far, in order.
+    std::vector<SentRequest> Sent() const;
+    size_t Count() const { return Sent().size(); }
+};
+
+}  // namespace vantix::test

@@ -1,0 +1,134 @@
+// The line buffer of 40,960 bytes, and what becomes of texts that fill it or do not fit.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "boundary/Logger.h"
+#include "support/CleanSwitches.h"
+#include "support/FailingNew.h"
+#include "unit/boundary/Sinks.h"
+
+namespace vantix::test {
+namespace {
+
+constexpr CallSite kSite{"void vantix::Function()", 1};
+
+/// The length of a line's prefix when it is written in the name of kSite.
+size_t PrefixLength() {
+    return std::string("[] VX   INFO \t<Function>\t<1>,").size() + std::to_string(ProcessId()).size();
+}
+
+/// The roads that a text of exactly this many characters can take to the buffer.
+void WriteText(size_t length) { log(5, "%s", std::string(length, 'x').c_str()); }
+void WriteTextAt(size_t length) { LogInfoAt(kSite, 5, "%s", std::string(length - PrefixLength(), 'x').c_str()); }
+
+using Road = void (*)(size_t length);
+
+class LoggerBufferTest : public testing::TestWithParam<Road> {
+protected:
+    /// What each sink received as its only text.
+    void ExpectBothReceived(const std::string& sizeName, size_t length, bool empty) {
+        SCOPED_TRACE(sizeName);
+        const auto all = sinks.All();
+        ASSERT_EQ(all.size(), 2U);
+        for (const Emitted& emitted : all) {
+            EXPECT_EQ(emitted.text.size(), empty ? 0 : length + 1) << emitted.sink;
+            EXPECT_EQ(emitted.text.find('\n'), empty ? std::string::npos : length) << emitted.sink;
+        }
+        EXPECT_EQ(all[0].sink, "debugger");
+    }
+
+    CleanSwitches clean;
+    Sinks sinks;
+};
+
+TEST_P(LoggerBufferTest, TextThatLeavesRoomArrivesWhole) {
+    for (const size_t length : {100U, 40'957U, 40'958U}) {
+        sinks.Clear();
+        GetParam()(length);
+        ExpectBothReceived(std::to_string(length), length, false);
+    }
+}
+
+TEST_P(LoggerBufferTest, TextThatDoesNotFitBecomesEmpty) {
+    for (const size_t length : {40'961U, 40'962U, 100'000U, 1'000'000U}) {
+        sinks.Clear();
+        GetParam()(length);
+        ExpectBothReceived(std::to_string(length), length, true);
+    }
+}
+
+TEST_P(LoggerBufferTest, TextThatFillsTheBufferEndsTheProcessAndIsNotEmitted) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    for (const size_t length : {40'959U, 40'960U}) {
+        SCOPED_TRACE(length);
+        EXPECT_DEATH_IF_SUPPORTED(
+            {
+                sinks.OnLine([] { fputs("emitted", stderr); });
+                GetParam()(length);
+            },
+            testing::Not(testing::HasSubstr("emitted")));
+    }
+}
+
+TEST_P(LoggerBufferTest, FilteredTextOfAnyLengthDoesNothing) {
+    iLogLevel = 6;
+    for (const size_t length : {40'959U, 40'960U, 40'961U}) {
+        GetParam()(length);
+    }
+    EXPECT_TRUE(sinks.All().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Roads, LoggerBufferTest, testing::Values(WriteText, WriteTextAt),
+                         [](const auto& road) { return road.index == 0 ? "Log" : "LogAt"; });
+
+TEST(LoggerBuffer, EmptyTextIsANewline) {
+    const CleanSwitches clean;
+    const Sinks sinks;
+    log(5, "%s", "");
+    ASSERT_EQ(sinks.All().size(), 2U);
+    EXPECT_EQ(sinks.All()[0].text, "\n");
+    EXPECT_EQ(sinks.All()[1].text, "\n");
+}
+
+TEST(LoggerBuffer, LineAfterALongOneShowsNothingOfIt) {
+    const CleanSwitches clean;
+    Sinks sinks;
+    WriteText(40'000);
+    sinks.Clear();
+    WriteText(3);
+    ASSERT_EQ(sinks.All().size(), 2U);
+    EXPECT_EQ(sinks.All()[1].text, "xxx\n");
+}
+
+TEST(LoggerBuffer, LoggingAllocatesNothing) {
+    const CleanSwitches clean;
+    log(5, "%s", "the first line builds the core");
+    const std::string text(30'000, 'x');
+    const FailingNew failing(1);
+    VANTIX_LOG_ERROR(5, "%d %s", 5, text.c_str());
+    LogErrorAt(kSite, 5, "%d %s", 5, text.c_str());
+    EXPECT_FALSE(FailingNew::Fired());
+}
+
+TEST(LoggerBuffer, LineIsDroppedWhenTheCoreCannotBeBuilt) {
+    const CleanSwitches clean;
+    const size_t before = Sinks::DebuggerTexts();
+    bool fired = false;
+    {
+        const FailingNew failing(1);
+        VANTIX_LOG_ERROR(5, "first of the process");
+        fired = FailingNew::Fired();
+    }
+    if (!fired) {
+        GTEST_SKIP() << "an earlier case of this process has built the core";
+    }
+    EXPECT_EQ(Sinks::DebuggerTexts(), before);
+    VANTIX_LOG_ERROR(5, "second");
+    EXPECT_EQ(Sinks::DebuggerTexts(), before + 1);
+}
+
+}  // namespace
+}  // namespace vantix::test

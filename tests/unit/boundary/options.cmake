@@ -1,0 +1,4 @@
+# The sinks and the transfers of these tests are scripted: the linker sends the calls to the tests' own functions.
+target_link_options(${VANTIX_TEST} PRIVATE
+    "LINKER:--wrap=TVL_OutputDebugString"
+    "LINKER:--wrap=curl_easy_setopt" "LINKER:--wrap=curl_easy_perform" "LINKER:--wrap=curl_easy_cleanup")
