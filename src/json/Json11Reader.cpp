@@ -4,6 +4,8 @@
 #include <json11.hpp>
 #include <limits>
 
+#include "json/DecimalPoint.h"
+
 namespace vantix::json {
 
 bool Json11View::IsNull() const { return m_value == nullptr || m_value->is_null(); }
@@ -68,7 +70,9 @@ bool Json11Document::Parse(const std::string& text) {
     m_root.reset();
     m_error.clear();
     try {
-        auto root = std::make_unique<json11::Json>(json11::Json::parse(text, m_error));
+        auto root = std::make_unique<json11::Json>(CLocaleHasOtherPoint()
+                                                       ? json11::Json::parse(WithoutDecimalPoints(text), m_error)
+                                                       : json11::Json::parse(text, m_error));
         if (!m_error.empty()) {
             return false;
         }

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "base/NumberText.h"
+#include "json/DecimalPoint.h"
 #include "json/JsonCppInclude.h"
 
 #if defined(__GNUC__)
@@ -116,7 +117,9 @@ bool JsonCppDocument::Parse(const std::string& text) {
     try {
         auto root = std::make_unique<Json::Value>();
         Json::Reader reader;
-        if (!reader.parse(text, *root, false)) {
+        const bool parsed = CppLocaleHasOtherPoint() ? reader.parse(WithoutDecimalPoints(text), *root, false)
+                                                     : reader.parse(text, *root, false);
+        if (!parsed) {
             return false;
         }
         m_root = std::move(root);
