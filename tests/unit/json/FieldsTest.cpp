@@ -1,0 +1,101 @@
+#include "json/Fields.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+
+#include "unit/json/Readers.h"
+
+namespace vantix::test {
+namespace {
+
+struct Record {
+    std::string name = "old name";
+    std::string serial = "old serial";
+    int32_t status = -5;
+    bool online = true;
+
+    friend bool operator==(const Record&, const Record&) = default;
+};
+
+constexpr json::Field<Record> kFields[] = {
+    {"name", &Record::name},
+    {"deviceSerial", &Record::serial},
+    {"status", &Record::status},
+    {"online", &Record::online},
+};
+
+template <class Reader>
+class Fields : public testing::Test {
+protected:
+    static Record ReadInto(Record record, const std::string& text) {
+        typename Reader::Document document;
+        EXPECT_TRUE(document.Parse(text)) << text;
+        json::ReadFields(document.Root(), kFields, record);
+        return record;
+    }
+    static Record Read(const std::string& text) { return ReadInto(Record(), text); }
+};
+TYPED_TEST_SUITE(Fields, BothReaders, ReaderName);
+
+TYPED_TEST(Fields, PresentMembersOfTheRightTypeAreCopied) {
+    EXPECT_EQ(this->Read(R"({"name": "Door", "deviceSerial": "D1", "status": 1, "online": false, "more": [1]})"),
+              (Record{"Door", "D1", 1, false}));
+}
+
+TYPED_TEST(Fields, AbsentMembersLeaveTheirField) {
+    EXPECT_EQ(this->Read("{}"), Record());
+    EXPECT_EQ(this->Read(R"({"status": 7})"), (Record{"old name", "old serial", 7, true}));
+}
+
+TYPED_TEST(Fields, EmptyTextsZeroAndFalseAreValues) {
+    EXPECT_EQ(this->Read(R"({"name": "", "deviceSerial": "", "status": 0, "online": false})"),
+              (Record{"", "", 0, false}));
+}
+
+TYPED_TEST(Fields, EveryWrongTypeLeavesEveryField) {
+    struct Row {
+        const char* value;
+        Record expected;
+    };
+    const Record old;
+    const Row rows[] = {
+        {"null", old},
+        {"[]", old},
+        {R"(["text"])", old},
+        {"{}", old},
+        {R"({"name": "inner"})", old},
+        {R"("text")", {"text", "text", old.status, old.online}},
+        {"1", {old.name, old.serial, 1, old.online}},
+        {"2147483648", old},
+        {"1e20", old},
+        {"false", {old.name, old.serial, old.status, false}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.value);
+        std::string text = "{";
+        for (const auto& field : kFields) {
+            text += (text.size() == 1 ? "\"" : ", \"") + std::string(field.key) + "\": " + row.value;
+        }
+        EXPECT_EQ(this->Read(text + "}"), row.expected);
+    }
+}
+
+TYPED_TEST(Fields, SomethingThatIsNoObjectHasNoMembers) {
+    for (const char* text : {"null", "[]", R"([{"name": "x"}])", R"("name")", "1", "true"}) {
+        SCOPED_TRACE(text);
+        EXPECT_EQ(this->Read(text), Record());
+    }
+    Record record;
+    json::ReadFields(typename TypeParam::View(), kFields, record);
+    EXPECT_EQ(record, Record());
+}
+
+TYPED_TEST(Fields, ALaterAnswerOverwritesOnlyWhatItCarries) {
+    const Record first = this->Read(R"({"name": "Door", "status": 1})");
+    EXPECT_EQ(this->ReadInto(first, R"({"name": 5, "status": 2})"), (Record{"Door", "old serial", 2, true}));
+}
+
+}  // namespace
+}  // namespace vantix::test

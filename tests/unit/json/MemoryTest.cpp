@@ -1,0 +1,56 @@
+// Memory may run out at any allocation of a parse. The document then says that there is nothing; it does not throw.
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+
+#include "support/FailingNew.h"
+#include "support/FailingNewOperators.inc"  // NOLINT(bugprone-suspicious-include): the one file that does
+#include "unit/json/Readers.h"
+
+namespace vantix::test {
+namespace {
+
+constexpr const char* kAnswer =
+    R"({"resultCode": "200", "result": {"code": 200, "list": [1, -2.5e3, true, null, {"deep": [[], {}]}],)"
+    R"( "text": "long enough not to fit into a small string \u20ac"}})";
+
+template <class Reader>
+class OutOfMemory : public testing::Test {};
+TYPED_TEST_SUITE(OutOfMemory, BothReaders, ReaderName);
+
+TYPED_TEST(OutOfMemory, AtAnyAllocationAParseAnswersFalse) {
+    const std::string answer = kAnswer;
+    typename TypeParam::Document document;
+    ASSERT_TRUE(document.Parse(answer)) << "and what the parser keeps for ever is made";
+    bool parsed = false;
+    const size_t allocations = WithEveryAllocationFailing([&] { EXPECT_NO_THROW(parsed = document.Parse(answer)); },
+                                                          [&](size_t n) {
+                                                              SCOPED_TRACE(n);
+                                                              EXPECT_EQ(parsed, !FailingNew::Fired());
+                                                              EXPECT_EQ(document.Root().IsNull(), FailingNew::Fired())
+                                                                  << "nor what was before";
+                                                          });
+    EXPECT_GT(allocations, 10U);
+    EXPECT_TRUE(parsed) << "the last run had memory enough";
+    int32_t code = 0;
+    EXPECT_TRUE(document.Root().Member("result").Member("code").Read(code));
+    EXPECT_EQ(code, 200);
+}
+
+TEST(OutOfMemoryCompact, AtAnyAllocationTheTextIsEmptyOrWhole) {
+    json::JsonCppDocument document;
+    ASSERT_TRUE(document.Parse(kAnswer));
+    const std::string whole = document.Root().Compact();
+    std::string text;
+    const size_t allocations = WithEveryAllocationFailing([&] { EXPECT_NO_THROW(text = document.Root().Compact()); },
+                                                          [&](size_t n) {
+                                                              SCOPED_TRACE(n);
+                                                              EXPECT_EQ(text, FailingNew::Fired() ? "" : whole);
+                                                          });
+    EXPECT_GT(allocations, 1U);
+}
+
+}  // namespace
+}  // namespace vantix::test
