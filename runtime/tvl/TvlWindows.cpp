@@ -1,33 +1,54 @@
 #include <windows.h>
 
-#include <memory>
+#include <new>
 
 #include "tvl/tvl.h"
 
-void* TVL_MutexCreate(int recursive) {
-    // A critical section lets its owner in again, which a caller of the plain kind must not rely on.
-    static_cast<void>(recursive);
-    auto* section = new (std::nothrow) CRITICAL_SECTION;
-    if (section != nullptr) {
-        InitializeCriticalSection(section);
-    }
-    return section;
-}
+namespace {
 
-void TVL_MutexDestroy(void* mutex) {
-    if (mutex != nullptr) {
-        const std::unique_ptr<CRITICAL_SECTION> owned(static_cast<CRITICAL_SECTION*>(mutex));
-        DeleteCriticalSection(owned.get());
+/// Either kind of mutex: a critical section lets its owner in again, a slim lock does not.
+struct Mutex {
+    explicit Mutex(bool isRecursive) : recursive(isRecursive) {
+        if (recursive) {
+            InitializeCriticalSection(&section);
+        }
     }
-}
+    ~Mutex() {
+        if (recursive) {
+            DeleteCriticalSection(&section);
+        }
+    }
+    Mutex(const Mutex&) = delete;
+    Mutex& operator=(const Mutex&) = delete;
+
+    const bool recursive;
+    SRWLOCK slim = SRWLOCK_INIT;
+    CRITICAL_SECTION section{};
+};
+
+}  // namespace
+
+void* TVL_MutexCreate(int recursive) { return new (std::nothrow) Mutex(recursive != 0); }
+
+void TVL_MutexDestroy(void* mutex) { delete static_cast<Mutex*>(mutex); }
 
 int TVL_MutexLock(void* mutex) {
-    EnterCriticalSection(static_cast<CRITICAL_SECTION*>(mutex));
+    auto* locked = static_cast<Mutex*>(mutex);
+    if (locked->recursive) {
+        EnterCriticalSection(&locked->section);
+    } else {
+        AcquireSRWLockExclusive(&locked->slim);
+    }
     return 0;
 }
 
 int TVL_MutexUnlock(void* mutex) {
-    LeaveCriticalSection(static_cast<CRITICAL_SECTION*>(mutex));
+    auto* locked = static_cast<Mutex*>(mutex);
+    if (locked->recursive) {
+        LeaveCriticalSection(&locked->section);
+    } else {
+        ReleaseSRWLockExclusive(&locked->slim);
+    }
     return 0;
 }
 
