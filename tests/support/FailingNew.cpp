@@ -18,6 +18,10 @@ FailingNew::FailingNew(size_t n) {
 
 FailingNew::~FailingNew() { t_countdown = 0; }
 
+FailingNew::Suspended::Suspended() : m_countdown(t_countdown) { t_countdown = 0; }
+
+FailingNew::Suspended::~Suspended() { t_countdown = m_countdown; }
+
 bool FailingNew::Fired() { return t_fired; }
 
 void* FailingNew::Allocate(size_t size) {

@@ -17,6 +17,19 @@ public:
     static bool Fired();
     /// What `operator new` does.
     static void* Allocate(size_t size);
+
+    /// While it lives, the allocations of this thread neither fail nor count: those of test code that the library
+    /// calls.
+    class Suspended {
+    public:
+        Suspended();
+        ~Suspended();
+        Suspended(const Suspended&) = delete;
+        Suspended& operator=(const Suspended&) = delete;
+
+    private:
+        size_t m_countdown;
+    };
 };
 
 /// Runs `step` with the first, second, … allocation failing, until it makes fewer. Returns how many it makes.

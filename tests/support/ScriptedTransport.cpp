@@ -9,6 +9,8 @@
 #include <map>
 #include <mutex>
 
+#include "support/FailingNew.h"
+
 namespace vantix::test {
 namespace {
 
@@ -66,17 +68,45 @@ ScriptedTransport::Maker TakeMaker(const SentRequest& request) {
     return maker;
 }
 
-CURLcode Play(Pending pending) {
+ScriptedAnswer NextAnswer(Pending& pending) {
+    const FailingNew::Suspended suspended;
     pending.request.method = pending.hasBody ? "POST" : "GET";
     if (!pending.customMethod.empty()) {
         pending.request.method = pending.customMethod;
     }
     const ScriptedTransport::Maker maker = TakeMaker(pending.request);
-    ScriptedAnswer answer = maker ? maker(pending.request) : ScriptedAnswer{CURLE_COULDNT_CONNECT, ""};
-    if (pending.write != nullptr && !answer.body.empty()) {
-        pending.write(answer.body.data(), 1, answer.body.size(), pending.writeData);
+    return maker ? maker(pending.request) : ScriptedAnswer{CURLE_COULDNT_CONNECT, ""};
+}
+
+/// Delivers the next answer through the library's own callback.
+CURLcode Play(Pending& pending) {
+    ScriptedAnswer answer = NextAnswer(pending);
+    const size_t size = answer.body.size();
+    if (pending.write != nullptr && size != 0 &&
+        pending.write(answer.body.data(), 1, size, pending.writeData) != size) {
+        return CURLE_WRITE_ERROR;
     }
     return static_cast<CURLcode>(answer.code);
+}
+
+/// Copies what was set on a handle so far; false when transfers are not scripted.
+bool TakePending(CURL* handle, Pending& pending) {
+    const FailingNew::Suspended suspended;
+    const std::lock_guard<std::mutex> guard(g_mutex);
+    pending = g_pending[handle];
+    return g_active;
+}
+
+void NotePointer(CURL* handle, CURLoption option, void* value) {
+    const FailingNew::Suspended suspended;
+    const std::lock_guard<std::mutex> guard(g_mutex);
+    NotePointer(g_pending[handle], option, value);
+}
+
+void NoteFunction(CURL* handle, CURLoption option, curl_write_callback function) {
+    const FailingNew::Suspended suspended;
+    const std::lock_guard<std::mutex> guard(g_mutex);
+    NoteFunction(g_pending[handle], option, function);
 }
 
 /// The parameters, as pairs of key and value.
@@ -140,6 +170,11 @@ void ScriptedTransport::Make(const Maker& maker) {
     g_script.push_back(maker);
 }
 
+void ScriptedTransport::DropScript() {
+    const std::lock_guard<std::mutex> guard(g_mutex);
+    g_script.clear();
+}
+
 void ScriptedTransport::Always(const Maker& maker) {
     const std::lock_guard<std::mutex> guard(g_mutex);
     g_always = maker;
@@ -168,13 +203,11 @@ CURLcode __wrap_curl_easy_setopt(CURL* handle, CURLoption option, ...) {
         result = __real_curl_easy_setopt(handle, option, value);
     } else if (option < CURLOPTTYPE_FUNCTIONPOINT) {
         void* value = va_arg(values, void*);
-        const std::lock_guard<std::mutex> guard(g_mutex);
-        NotePointer(g_pending[handle], option, value);
+        NotePointer(handle, option, value);
         result = __real_curl_easy_setopt(handle, option, value);
     } else if (option < CURLOPTTYPE_OFF_T) {
         auto* value = va_arg(values, curl_write_callback);
-        const std::lock_guard<std::mutex> guard(g_mutex);
-        NoteFunction(g_pending[handle], option, value);
+        NoteFunction(handle, option, value);
         result = __real_curl_easy_setopt(handle, option, value);
     } else {
         result = __real_curl_easy_setopt(handle, option, va_arg(values, curl_off_t));
@@ -186,13 +219,7 @@ CURLcode __wrap_curl_easy_setopt(CURL* handle, CURLoption option, ...) {
 CURLcode __wrap_curl_easy_perform(CURL* handle) {
     using namespace vantix::test;
     Pending pending;
-    bool scripted = false;
-    {
-        const std::lock_guard<std::mutex> guard(g_mutex);
-        pending = g_pending[handle];
-        scripted = g_active;
-    }
-    return scripted ? Play(std::move(pending)) : __real_curl_easy_perform(handle);
+    return TakePending(handle, pending) ? Play(pending) : __real_curl_easy_perform(handle);
 }
 
 void __wrap_curl_easy_cleanup(CURL* handle) {

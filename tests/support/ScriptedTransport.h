@@ -43,6 +43,8 @@ public:
     void Fail(int code);
     /// Adds an answer that is made when the request comes, on its thread and under no lock.
     void Make(const Maker& maker);
+    /// Forgets what is left of the script.
+    void DropScript();
     /// Answers all requests beyond the script.
     void Always(const Maker& maker);
 

@@ -1,0 +1,151 @@
+// The two exported functions, and what handles have in common.
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <fstream>
+#include <set>
+#include <thread>
+#include <vector>
+
+#include "records/DevChannelInfo.h"
+#include "records/DevDetailInfo.h"
+#include "support/DetailAnswer.h"
+#include "support/FailingNew.h"
+#include "unit/boundary/HandleTest.h"
+#include "unit/boundary/Operations.h"
+
+namespace vantix::test {
+namespace {
+
+using ExportsTest = HandleTest;
+
+TEST_F(ExportsTest, EveryCallHandsOutAnotherHandle) {
+    std::set<IVantixDataCenter*> handles;
+    for (int i = 0; i < 16; ++i) {
+        handles.insert(CreateVantixDataCenterInstance());
+    }
+    EXPECT_EQ(handles.size(), 16U);
+    for (IVantixDataCenter* each : handles) {
+        EXPECT_NE(each, nullptr);
+        DestroyVantixDataCenterInstance(each);
+    }
+}
+
+TEST_F(ExportsTest, CreatingAndDestroyingWritesNoLine) {
+    DestroyVantixDataCenterInstance(CreateVantixDataCenterInstance());
+    EXPECT_TRUE(lines.Lines().empty());
+}
+
+TEST_F(ExportsTest, DestroyingNullDoesNothing) {
+    handle->setAppId("kept");
+    DestroyVantixDataCenterInstance(nullptr);
+    std::string appId;
+    EXPECT_EQ(handle->getAppId(appId), "kept");
+    EXPECT_TRUE(lines.Lines().empty());
+}
+
+TEST_F(ExportsTest, ThousandHandlesComeAndGo) {
+    handle->setAppId("kept");
+    for (int i = 0; i < 1000; ++i) {
+        IVantixDataCenter* other = CreateVantixDataCenterInstance();
+        std::string appId;
+        ASSERT_EQ(other->getAppId(appId), "kept");
+        DestroyVantixDataCenterInstance(other);
+    }
+}
+
+TEST_F(ExportsTest, HandlesSeeTheSameCore) {
+    IVantixDataCenter* first = CreateVantixDataCenterInstance();
+    IVantixDataCenter* second = CreateVantixDataCenterInstance();
+    first->setDomain("https://b.example", "https://c.example");
+    first->setAccessToken("token-of-first");
+    first->setLogLevel(5);
+    EXPECT_EQ(second->getDomain("S", 1), "https://b.example");
+    EXPECT_EQ(second->getAccessToken(), "token-of-first");
+    EXPECT_EQ(second->getLogLevel(), 5);
+    DestroyVantixDataCenterInstance(first);
+    EXPECT_EQ(second->getDomain("S", 1), "https://b.example");
+    EXPECT_EQ(second->getAccessToken(), "token-of-first");
+    EXPECT_EQ(second->getLogLevel(), 5);
+    DestroyVantixDataCenterInstance(second);
+}
+
+TEST_F(ExportsTest, EverythingOutlivesTheLastHandle) {
+    handle->setDomain("https://outlives.example", "");
+    handle->setAccessToken("outlives");
+    handle->SetB2CTokens(R"([{"token":"t","deviceSerial":"B","channelNo":"1","isShared":1}])");
+    transport.Answer(DetailAnswer("C1", 1).dump());
+    DevChannelInfo channelInfo;
+    DevDetailInfo detail;
+    ASSERT_EQ(handle->getDevDetailInfoSync("C1", 1, true, channelInfo, detail), 0);
+
+    DestroyVantixDataCenterInstance(handle);
+    handle = CreateVantixDataCenterInstance();
+
+    EXPECT_EQ(handle->getDomain("C1", 1), "https://outlives.example");
+    EXPECT_EQ(handle->getAccessToken(), "outlives");
+    std::string token;
+    EXPECT_EQ(handle->getB2CTokens("B", 1, token), "t");
+    DevDetailInfo cached;
+    EXPECT_EQ(handle->getDevInfoCache("C1", 1, channelInfo, cached), 0);
+    EXPECT_EQ(cached.deviceSerial, "C1");
+    EXPECT_EQ(transport.Count(), 1U);
+}
+
+TEST_F(ExportsTest, OnlyTheAllocatorsExceptionLeavesTheFactory) {
+    WithEveryAllocationFailing(
+        [] {
+            try {
+                DestroyVantixDataCenterInstance(CreateVantixDataCenterInstance());
+            } catch (const std::bad_alloc&) {
+                EXPECT_TRUE(FailingNew::Fired());
+            }
+        },
+        [](size_t /*n*/) {});
+    IVantixDataCenter* after = CreateVantixDataCenterInstance();
+    EXPECT_NE(after, nullptr);
+    DestroyVantixDataCenterInstance(after);
+}
+
+TEST_F(ExportsTest, HandlesAreMadeOnManyThreadsAtOnce) {
+    std::atomic<int> wrong{0};
+    handle->setAppId("shared");
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 16; ++i) {
+        threads.emplace_back([&] {
+            for (int k = 0; k < 50; ++k) {
+                IVantixDataCenter* own = CreateVantixDataCenterInstance();
+                std::string appId;
+                wrong += own->getAppId(appId) == "shared" ? 0 : 1;
+                DestroyVantixDataCenterInstance(own);
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(wrong, 0);
+}
+
+TEST_F(ExportsTest, TestsKnowEverySlot) {
+    std::set<std::string> known;
+    for (const auto* operations : {&OperationsWithCode(), &OperationsWithoutCode()}) {
+        for (const Operation& operation : *operations) {
+            known.insert(operation.name);
+        }
+    }
+    std::set<std::string> slots;
+    std::ifstream file(VANTIX_TEST_DATA "/slots.txt");
+    for (std::string line; std::getline(file, line);) {
+        const std::string name = line.substr(line.find(' ') + 1);
+        if (!line.empty() && line[0] != '#' && name[0] != '~') {
+            slots.insert(name);
+        }
+    }
+    EXPECT_EQ(slots.size(), 108U);
+    EXPECT_EQ(known, slots);
+}
+
+}  // namespace
+}  // namespace vantix::test
