@@ -149,9 +149,6 @@ int CopyOut(const std::string& text, char* buffer, size_t size) {
 
 }  // namespace
 
-int HWP_GetDiskSerial(char* serial, char* second) {
-    static_cast<void>(second);
-    return CopyOut(hwprint::ReadDiskSerial("/"), serial, 64);
-}
+int HWP_GetDiskSerial(char* serial, char* /*second*/) { return CopyOut(hwprint::ReadDiskSerial("/"), serial, 64); }
 
 int HWP_GetMacAddr(char* mac) { return CopyOut(hwprint::ReadMacAddress("/"), mac, 48); }

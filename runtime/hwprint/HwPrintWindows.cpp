@@ -57,8 +57,7 @@ void CopyTrimmed(const char* from, const char* end, char* to, size_t size) {
 
 }  // namespace
 
-int HWP_GetDiskSerial(char* serial, char* second) {
-    static_cast<void>(second);
+int HWP_GetDiskSerial(char* serial, char* /*second*/) {
     if (serial == nullptr) {
         return -1;
     }

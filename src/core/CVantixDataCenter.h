@@ -33,6 +33,7 @@ namespace vantix {
 class CVantixDataCenter {
 public:
     CVantixDataCenter() = default;
+    ~CVantixDataCenter() = default;
     CVantixDataCenter(const CVantixDataCenter&) = delete;
     CVantixDataCenter& operator=(const CVantixDataCenter&) = delete;
 
@@ -129,12 +130,12 @@ public:
 
     // ---- Tk and B2C tokens
 
-    void SetDeviceTkTokens(const std::string& json);
-    std::string getDeviceTkTokens(int tkType, const std::string& serial, const std::string& ch);
-    std::string getDeviceTkTokens(int tkType, const std::string& serial, int ch);
+    void SetDeviceTkTokens(const std::string& szDeviceTkTokens);
+    std::string getDeviceTkTokens(int tkType, const std::string& strSerial, const std::string& strChannelNo);
+    std::string getDeviceTkTokens(int tkType, const std::string& strSerial, int iChannelNo);
     void setGlobalTkToken(const std::string& token);
     const std::string& getGlobalTkToken();
-    void SetB2CTokens(const std::string& json);
+    void SetB2CTokens(const std::string& text);
     std::string getB2CTokens(const std::string& serial, int ch);
     std::string getB2CTokens(const std::string& serial, const std::string& ch);
     bool isB2CSharedDevice(const std::string& token);

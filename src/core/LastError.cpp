@@ -24,6 +24,7 @@ const Slot& LastErrorSlot() {
 
 void SetThreadLastError(int code) {
     if (const Slot& slot = LastErrorSlot(); slot.isThere) {
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): a slot holds pointers
         TVL_ThreadTls_SetValue(slot.number, reinterpret_cast<void*>(static_cast<intptr_t>(code)));
     }
 }

@@ -31,6 +31,7 @@ bool HandOut(const std::string& body, char** response, uint32_t* length) {
     if (response == nullptr) {
         return true;
     }
+    // NOLINTNEXTLINE(cppcoreguidelines-no-malloc): callers release it with free
     *response = static_cast<char*>(std::malloc(body.size() + 1));
     if (*response == nullptr) {
         return false;

@@ -34,7 +34,8 @@ void CurlTransfer::AddHeader(const std::string& line) {
 void CurlTransfer::AddHeaders(const ParamMap& headers) {
     for (const auto& [key, value] : headers.All()) {
         // libcurl drops "key:" with nothing behind it, and sends "key;" as an empty header.
-        AddHeader(value.empty() ? key + ";" : key + ": " + value);
+        std::string line = key;
+        AddHeader(value.empty() ? line.append(";") : line.append(": ").append(value));
     }
 }
 

@@ -63,7 +63,7 @@ std::string MaskedJson(const std::string& text) {
         }
         quote = text.find('"', next);
     }
-    return masked.append(text, copied, std::string::npos);
+    return masked.append(text.substr(copied));
 }
 
 }  // namespace vantix

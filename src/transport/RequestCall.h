@@ -53,9 +53,9 @@ struct FixedParameter {
 struct RequestRow {
     static constexpr size_t kMostParameters = 9;
 
-    const char* name;  ///< The request function's.
-    Way way;
-    uint32_t endpoint;
+    const char* name = nullptr;  ///< The request function's.
+    Way way = Way::Form;
+    uint32_t endpoint = 0;
     unsigned carried = 0;                   ///< Of `carries`.
     const char* own[kMostParameters] = {};  ///< Keys of the request's own parameters, in the order of its values.
     FixedParameter fixed[2] = {};           ///< Those without a key are none.

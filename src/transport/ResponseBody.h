@@ -10,7 +10,7 @@ namespace vantix {
 class ResponseBody {
 public:
     ResponseBody() = default;
-    ~ResponseBody() { std::free(m_data); }
+    ~ResponseBody() { std::free(m_data); }  // NOLINT(cppcoreguidelines-no-malloc): the transport's contract
     ResponseBody(const ResponseBody&) = delete;
     ResponseBody& operator=(const ResponseBody&) = delete;
 
