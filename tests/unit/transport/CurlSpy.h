@@ -1,0 +1,59 @@
+#pragma once
+
+/// @file
+/// Watches every call of libcurl that the transport makes, and lets any of them fail (options.cmake).
+
+#include <curl/curl.h>
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace vantix::test {
+
+/// While it lives, no transfer leaves the process: calls are noted and handed on to libcurl, but for `perform`, which
+/// delivers an answer. One at a time, on one thread.
+///
+/// Calls are noted as texts: "init"; an option by its name and value ("NOSIGNAL 1", "URL https://…"); "header LINE";
+/// "form", "part", "part name N", "part data D", "part file PATH"; "perform"; "free headers", "free form", "cleanup".
+class CurlSpy {
+public:
+    CurlSpy();
+    ~CurlSpy();
+    CurlSpy(const CurlSpy&) = delete;
+    CurlSpy& operator=(const CurlSpy&) = delete;
+
+    /// Forgets all calls, faults and the answer.
+    void Clear();
+    /// What each transfer gets: libcurl's code, and a body in pieces.
+    void Answer(CURLcode code, const std::vector<std::string>& pieces = {});
+
+    /// From now on there is no handle to be had.
+    void FailInit();
+    /// Of the calls of one kind the n-th, counted from 1, fails.
+    void FailOption(size_t n, CURLcode code);
+    void FailHeader(size_t n);
+    /// Forms and parts fail as null, names and data with a code.
+    void FailFormCall(size_t n, CURLcode code);
+    /// The next block of exactly this size is not there.
+    void FailMalloc(size_t size);
+
+    /// All calls so far, in order.
+    std::vector<std::string> Calls() const;
+    /// How many calls begin with this text.
+    size_t Count(const std::string& start) const;
+    /// How many options were set, or tried to.
+    size_t OptionCount() const;
+    /// How many calls built a form.
+    size_t FormCallCount() const;
+
+    /// What the last transfer would have sent, read when it was performed.
+    std::string Url() const;
+    std::string Method() const;
+    std::string Body() const;
+    std::vector<std::string> Headers() const;
+    /// Handles, header lists and forms that were made and not yet released.
+    int Unreleased() const;
+};
+
+}  // namespace vantix::test
