@@ -88,14 +88,18 @@ fetch_source() {
 }
 
 # from_source NAME PACKAGE BUILDER [ARGS]: makes $CACHE/NAME-VERSION from a Debian source package, once for each version
-# and recipe (the text of BUILDER), and points the link $CACHE/NAME at it. BUILDER SOURCE_FOLDER OUT_FOLDER [ARGS] fills
-# the folder; an interrupted run leaves nothing that a later one would take for complete.
+# and recipe (the text of BUILDER, ARGS, the files in RECIPE_INPUTS), and points the link $CACHE/NAME at it. BUILDER
+# SOURCE_FOLDER OUT_FOLDER [ARGS] fills the folder; an interrupted run leaves nothing that a later one takes for complete.
 from_source() {
     is_made "$CACHE/$1" "${@:3}" || locked "source-$(basename "$1")" from_source_locked "$@"
 }
 
 recipe_of() {
-    { declare -f "$1" && printf '%s\n' "$@"; } | sha256sum | cut -d' ' -f1
+    {
+        declare -f "$1"
+        printf '%s\n' "$@"
+        [ -z "${RECIPE_INPUTS+set}" ] || cat "${RECIPE_INPUTS[@]}"
+    } | sha256sum | cut -d' ' -f1
 }
 
 # is_made FOLDER BUILDER [ARGS]
