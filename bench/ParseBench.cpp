@@ -1,0 +1,103 @@
+// A device detail answer read into records, and what the JSON libraries alone cost for the same texts.
+
+#include <json/json.h>
+
+#include <json11.hpp>
+#include <optional>
+#include <string>
+
+#include "Cases.h"
+#include "DetailAnswer.h"
+#include "boundary/Logger.h"
+#include "platform/CapabilityByNumber.h"
+#include "platform/DeviceDetailParser.h"
+
+#if defined(__GNUC__)
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+#endif
+
+namespace vantix::bench {
+namespace {
+
+const std::string& Answer() {
+    static const std::string answer = DetailAnswer("C10000001");
+    return answer;
+}
+
+const std::string& Nested() {
+    static const std::string nested = NestedText();
+    return nested;
+}
+
+template <int LogLevel>
+void Prepare() {
+    Answer();
+    Nested();
+    iLogLevel = LogLevel;
+}
+
+void Json11(const std::string& text) {
+    std::string error;
+    benchmark::DoNotOptimize(json11::Json::parse(text, error));
+}
+
+void Json11Dom() { Json11(Answer()); }
+
+void Json11Doms() {
+    Json11(Answer());
+    Json11(Nested());
+}
+
+void JsonCpp(const std::string& text) {
+    Json::Value root;
+    Json::Reader reader;
+    benchmark::DoNotOptimize(reader.parse(text, root, false));
+}
+
+void JsonCppDom() { JsonCpp(Answer()); }
+
+void JsonCppDoms() {
+    JsonCpp(Answer());
+    JsonCpp(Nested());
+}
+
+const std::string& ShortList() {
+    static const std::string list = [] {
+        std::string error;
+        return json11::Json::parse(Answer(), error)["result"]["data"]["device"]["supportExtShort"].string_value();
+    }();
+    return list;
+}
+
+/// As many look-ups as one answer takes.
+void ShortCapabilities() {
+    for (const unsigned number : {257U, 836U, 149U, 585U}) {
+        benchmark::DoNotOptimize(CapabilityByNumber(ShortList(), number));
+    }
+}
+
+void DetailIntoRecords() {
+    DevChannelInfo channel;
+    DevDetailInfo device;
+    std::optional<BelongDevInfo> parent;
+    benchmark::DoNotOptimize(ParseDevDetailInfoFromPlatform(Answer(), channel, device, parent));
+}
+
+constexpr int kQuiet = 6;
+constexpr int kUsual = 3;
+
+}  // namespace
+
+std::vector<Case> ParseCases() {
+    return {
+        MakeCase<Prepare<kQuiet>, Json11Dom>("Parse/dom/json11/answer"),
+        MakeCase<Prepare<kQuiet>, Json11Doms>("Parse/dom/json11/answer_and_nested"),
+        MakeCase<Prepare<kQuiet>, JsonCppDom>("Parse/dom/JsonCpp/answer"),
+        MakeCase<Prepare<kQuiet>, JsonCppDoms>("Parse/dom/JsonCpp/answer_and_nested"),
+        MakeCase<Prepare<kQuiet>, ShortCapabilities>("Parse/short_capabilities"),
+        MakeCase<Prepare<kQuiet>, DetailIntoRecords>("Parse/detail/quiet"),
+        MakeCase<Prepare<kUsual>, DetailIntoRecords>("Parse/detail/logged"),
+    };
+}
+
+}  // namespace vantix::bench
