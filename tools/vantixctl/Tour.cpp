@@ -1,0 +1,132 @@
+#include "Tour.h"
+
+#include <vantix/records/DevChannelInfo.h>
+#include <vantix/records/DevDetailInfo.h>
+
+#include <algorithm>
+
+#include "DetailCard.h"
+#include "records/RecordJson.h"
+
+namespace vantix::ctl {
+namespace {
+
+constexpr const char* kCamera = "C10000001";
+constexpr const char* kOldCamera = "V40000004";
+constexpr const char* kNobodysCamera = "X99999999";
+constexpr const char* kDeadServer = "https://127.0.0.1:1";
+constexpr int kChannel = 1;
+constexpr int kFastForward = 4;
+constexpr int32_t kNoSuchDevice = 320002;
+constexpr int32_t kConnectionRefused = 100007;
+
+SessionChoice OnThisMachine(SessionChoice choice) {
+    choice.configuration = {};
+    return choice;
+}
+
+std::string CallText(const std::string& operation, const std::string& serial) {
+    return operation + "(" + serial + ", " + std::to_string(kChannel) + ")";
+}
+
+std::string Mark(bool yes) { return yes ? "✓\u00A0" : "✗\u00A0"; }
+
+}  // namespace
+
+Tour::Tour(const SessionChoice& choice) : m_session(OnThisMachine(choice)) {}
+
+bool Tour::WentWell() const {
+    return std::all_of(m_steps.begin(), m_steps.end(), [](const Step& step) { return step.asExpected; });
+}
+
+void Tour::Take() {
+    BeginChapter("set up");
+    Configure();
+    BeginChapter("fetch and cache");
+    Fetch("Fetch the detail of a channel", kCamera, {VANTIX_ERROR, 0}, "nothing cached yet, so a fetch runs");
+    Fetch("Ask for it again", kCamera, {0, std::nullopt}, "fresh in the cache; no request, no future");
+    Mark();
+    Fetch("Ask for it once more", kCamera, {0, 0}, "the cached copy at once, a new one behind the future");
+    ReadCapabilities();
+    Clear();
+    ReadCache("Look into the empty cache", kCamera, VANTIX_ERROR, "a miss; this operation never asks the cloud");
+    BeginChapter("when it fails");
+    Fetch("Ask for a device that is not there", kNobodysCamera, {VANTIX_ERROR, kNoSuchDevice}, "the platform refuses");
+    Fetch("Ask for a camera of an old release", kOldCamera, {VANTIX_ERROR, 0}, "it can be fetched");
+    ReadCache("Read that camera from the cache", kOldCamera, VANTIX_DEV_RELEASE_MISMATCH,
+              "but is not served from there");
+    LoseServer();
+}
+
+Step& Tour::Add(std::string title, std::string call, std::string remark) {
+    Step step;
+    step.chapter = m_chapter;
+    step.title = std::move(title);
+    step.call = std::move(call);
+    step.remark = std::move(remark);
+    return m_steps.emplace_back(std::move(step));
+}
+
+void Tour::Configure() {
+    const std::string& platform = m_session.Told().Get("b-domain");
+    Step& step = Add("Configure the data center", "setDomain, setAppId, setAccessToken", "the cloud is at " + platform);
+    step.asExpected = !platform.empty() && m_session.Center().getDomain(kCamera, kChannel) == platform;
+}
+
+void Tour::Fetch(const std::string& title, const std::string& serial, const Expected& expected,
+                 const std::string& remark) {
+    DevChannelInfo channel;
+    DevDetailInfo device;
+    std::future<int32_t> future;
+    Step& step = Add(title, CallText("getDevDetailInfo", serial), remark);
+    step.takesFuture = true;
+    step.returned = m_session.Center().getDevDetailInfo(serial, kChannel, channel, device, future);
+    if (future.valid()) {
+        step.future = future.get();
+    }
+    step.cost = device.iRequestCost;
+    step.asExpected = step.returned == expected.returned && step.future == expected.future;
+    if (step.future == VANTIX_NOERROR) {
+        bool filled = false;
+        const Json detail = {{"channel", ToJson(channel)}, {"device", ToJson(device)}};
+        step.remark += FilledIn("; it is {device.deviceStatus:online} at {device.deviceIP}, {device.releaseVersion}",
+                                detail, false, filled);
+    }
+}
+
+void Tour::ReadCache(const std::string& title, const std::string& serial, int32_t expected, const std::string& remark) {
+    DevChannelInfo channel;
+    DevDetailInfo device;
+    Step& step = Add(title, CallText("getDevInfoCache", serial), remark);
+    step.returned = m_session.Center().getDevInfoCache(serial, kChannel, channel, device);
+    step.asExpected = step.returned == expected;
+}
+
+void Tour::Mark() {
+    Step& step = Add("Mark it for update", CallText("SetDevInfoCache", kCamera), "stale from now on");
+    step.returned = m_session.Center().SetDevInfoCache(kCamera, kChannel);
+    step.asExpected = step.returned == VANTIX_NOERROR;
+}
+
+void Tour::ReadCapabilities() {
+    const bool seeks = m_session.Center().IsSupportSeekPlayback(kCamera) == 1;
+    const bool isFast = m_session.Center().IsSupportPlaybackSpeed(kCamera, kFastForward) == 1;
+    Step& step = Add("Read its capabilities", "IsSupportSeekPlayback, IsSupportPlaybackSpeed",
+                     ctl::Mark(seeks) + "seeks in recordings  " + ctl::Mark(isFast) + "plays them fast");
+    step.asExpected = seeks && isFast;
+}
+
+void Tour::Clear() {
+    Step& step = Add("Clear", "ClearAllCache()", "all caches are empty, the settings stay");
+    step.returned = m_session.Center().ClearAllCache();
+    step.asExpected = step.returned == VANTIX_NOERROR;
+}
+
+void Tour::LoseServer() {
+    m_session.Center().setDomain(kDeadServer, {});
+    Fetch("Ask a server that is not there", kCamera, {VANTIX_ERROR, kConnectionRefused},
+          "nobody listens at that address");
+    m_session.Center().setDomain(m_session.Told().Get("b-domain"), {});
+}
+
+}  // namespace vantix::ctl

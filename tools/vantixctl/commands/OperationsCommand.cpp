@@ -1,0 +1,51 @@
+#include "Report.h"
+#include "commands/Commands.h"
+#include "text/Table.h"
+
+namespace vantix::ctl {
+namespace {
+
+std::string ArgumentList(const Command& command) {
+    std::string text;
+    for (const Use& use : command.uses.All()) {
+        text += (text.empty() ? "" : " ") + std::string(use.fallback ? "[" : "") + std::string(use.name) +
+                (use.fallback ? "]" : "");
+    }
+    return text;
+}
+
+Json AsJson(const Command& command, std::string_view family) {
+    Json arguments = Json::array();
+    for (const Use& use : command.uses.All()) {
+        Json argument = {{"name", use.name}, {"required", !use.fallback}, {"help", FindParameter(use.name).help}};
+        if (use.fallback) {
+            argument["default"] = *use.fallback;
+        }
+        arguments.push_back(std::move(argument));
+    }
+    return {{"slot", command.slot},
+            {"name", command.name},
+            {"family", family},
+            {"arguments", std::move(arguments)},
+            {"help", command.help}};
+}
+
+}  // namespace
+
+int RunOperations(Context& context, const Arguments& /*arguments*/) {
+    Json list = Json::array();
+    Table table({{"slot", Align::Right}, {"operation"}, {"arguments", Align::Left, true}, {"", Align::Left, true}});
+    for (const Family& family : Families().subspan(1)) {
+        table.AddRule();
+        table.Add({"", Cell(std::string(family.title), Style::Strong)});
+        for (const Command& command : family.commands) {
+            list.push_back(AsJson(command, family.title));
+            table.Add({std::to_string(command.slot), Cell(std::string(command.name), Style::Accent),
+                       ArgumentList(command), Cell(std::string(command.help))});
+        }
+    }
+    Print(context.json ? Dumped(list) + "\n" : table.Drawn(context.paint, context.width));
+    return kSuccess;
+}
+
+}  // namespace vantix::ctl

@@ -1,0 +1,52 @@
+#include "commands/Commands.h"
+
+namespace vantix::ctl {
+namespace {
+
+constexpr Use kSerial{"serial"};
+constexpr Use kChannel{"channel", "1"};
+
+constexpr std::array kRows = {
+    Command{"tour",
+            kNoSlot,
+            {},
+            "shows what the data center does, against the loopback cloud",
+            nullptr,
+            &RunTour,
+            {},
+            "Fetches a detail, serves it from the cache, marks, clears, misses and fails; then prints what the cloud\n"
+            "received, secrets masked. Needs no account and no network."},
+    Command{"detail",
+            kNoSlot,
+            {kSerial, kChannel},
+            "prints a channel's detail",
+            nullptr,
+            &RunDetail,
+            "encryptPwd",
+            "Without a domain it asks the loopback cloud, whose sample account has the devices C10000001 (a camera),\n"
+            "R20000016 (a recorder with 16 channels), B30000003 (a camera behind it) and some more."},
+    Command{"explain",
+            kNoSlot,
+            {{"code"}},
+            "says a return code in words",
+            nullptr,
+            &RunExplain,
+            {},
+            "vantixctl explain 310002"},
+    Command{"operations", kNoSlot, {}, "lists the operations of the interface by slot", nullptr, &RunOperations},
+    Command{"completion",
+            kNoSlot,
+            {{"shell", "bash"}},
+            "prints completion for a shell",
+            nullptr,
+            &RunCompletion,
+            {},
+            "source <(vantixctl completion bash)"},
+    Command{"help", kNoSlot, {{"command", ""}}, "explains the tool or a command", nullptr, &RunHelp},
+};
+
+}  // namespace
+
+std::span<const Command> ToolCommands() { return kRows; }
+
+}  // namespace vantix::ctl

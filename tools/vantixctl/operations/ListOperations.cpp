@@ -1,0 +1,154 @@
+#include <vantix/records/BWCheckInfo.h>
+#include <vantix/records/ConfigInfo.h>
+#include <vantix/records/DeviceList.h>
+#include <vantix/records/TransparentMsgDetail.h>
+
+#include "operations/Answers.h"
+#include "operations/Operations.h"
+
+namespace vantix::ctl {
+namespace {
+
+constexpr Use kSerial{"serial"};
+constexpr Use kChannel{"channel", "1"};
+constexpr Use kPageStart{"page-start", "0"};
+constexpr Use kPageSize{"page-size", "50"};
+
+Outcome AlarmList(const Call& call) {
+    return answers::JsonText([&](std::string& json) {
+        return call.center.getAlarmList(call.Serial(), call.Channel(), call.Number("page-start"),
+                                        call.Number("page-size"), call.Text("start"), call.Text("end"),
+                                        call.Number("alarm-type"), call.Number("status"), json);
+    });
+}
+
+constexpr std::array kRows = {
+    Command{"getDeviceInfoBySerial",
+            14,
+            {kSerial, kChannel},
+            "what the platform says about a device",
+            [](const Call& call) {
+                return answers::JsonText([&](std::string& json) {
+                    return call.center.getDeviceInfoBySerial(call.Serial(), call.Channel(), json);
+                });
+            }},
+    Command{"getDevList",
+            15,
+            {kPageStart, kPageSize},
+            "one page of the account's devices",
+            [](const Call& call) {
+                return answers::Filled<DeviceList>([&](DeviceList& list) {
+                    return call.center.getDevList(call.Number("page-start"), call.Number("page-size"), list);
+                });
+            }},
+    Command{"getDeviceList",
+            16,
+            {kPageStart, kPageSize, {"biz-type", ""}},
+            "one page of the devices of a business type",
+            [](const Call& call) {
+                return answers::Filled<DeviceList>([&](DeviceList& list) {
+                    return call.center.getDeviceList(call.Number("page-start"), call.Number("page-size"),
+                                                     call.Text("biz-type"), list);
+                });
+            }},
+    Command{"getShareDevList",
+            17,
+            {kPageStart, kPageSize},
+            "one page of the devices that others share",
+            [](const Call& call) {
+                return answers::Filled<DeviceList>([&](DeviceList& list) {
+                    return call.center.getShareDevList(call.Number("page-start"), call.Number("page-size"), list);
+                });
+            }},
+    Command{"getB2CSharedDevList",
+            18,
+            {{"offset", "0"}, {"limit", "50"}},
+            "devices shared on the consumer servers",
+            [](const Call& call) {
+                return answers::JsonText([&](std::string& json) {
+                    return call.center.getB2CSharedDevList(call.Number("offset"), call.Number("limit"), json);
+                });
+            }},
+    Command{"getAlarmList",
+            19,
+            {kSerial,
+             kChannel,
+             {"start", ""},
+             {"end", ""},
+             {"alarm-type", "-1"},
+             {"status", "2"},
+             kPageStart,
+             {"page-size", "20"}},
+            "one page of a channel's alarms",
+            &AlarmList},
+    Command{"getUsername",
+            20,
+            {},
+            "the account's user name",
+            [](const Call& call) {
+                return answers::Text([&](std::string& name) { return call.center.getUsername(name); });
+            }},
+    Command{"getConfigInfo",
+            21,
+            {},
+            "the platform's configuration",
+            [](const Call& call) {
+                return answers::Filled<ConfigInfo>(
+                    [&](ConfigInfo& config) { return call.center.getConfigInfo(config); });
+            }},
+    Command{"getTransparentMsgDetail",
+            22,
+            {kSerial, {"msg-seq"}},
+            "a message that a device sent through the platform",
+            [](const Call& call) {
+                return answers::Filled<TransparentMsgDetail>([&](TransparentMsgDetail& detail) {
+                    return call.center.getTransparentMsgDetail(call.Serial(), call.Text("msg-seq"), detail);
+                });
+            }},
+    Command{"setVideoDefinition",
+            32,
+            {kSerial, kChannel, {"level"}},
+            "sets a channel's picture quality",
+            [](const Call& call) {
+                return answers::JsonText([&](std::string& answer) {
+                    return call.center.setVideoDefinition(call.Serial(), answer, call.Channel(), call.Number("level"));
+                });
+            }},
+    Command{"setAlarmRead",
+            33,
+            {{"alarm-id"}},
+            "marks an alarm as read",
+            [](const Call& call) {
+                return answers::Code([&] { return call.center.setAlarmRead(call.Text("alarm-id")); });
+            }},
+    Command{"getUserId",
+            57,
+            {},
+            "the account's user id",
+            [](const Call& call) {
+                return answers::Text([&](std::string& userId) { return call.center.getUserId(userId); });
+            }},
+    Command{"getPushSessionId",
+            58,
+            {},
+            "registers for pushes; the push session",
+            [](const Call& call) {
+                return answers::Text([&](std::string& sessionId) { return call.center.getPushSessionId(sessionId); });
+            }},
+    Command{"getBWCheckInfo",
+            59,
+            {{"check-type", "0"}, {"check-time", ""}, {"local-index", "1"}},
+            "where the bandwidth may be measured",
+            [](const Call& call) {
+                return answers::Filled<BWCheckInfo>([&](BWCheckInfo& info) {
+                    return call.center.getBWCheckInfo(call.Number("check-type"), call.Text("check-time"),
+                                                      call.Number("local-index"), info);
+                });
+            }},
+};
+
+}  // namespace
+
+std::span<const Command> ListOperations() { return kRows; }
+
+}  // namespace vantix::ctl
