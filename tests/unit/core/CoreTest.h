@@ -1,0 +1,54 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "core/CVantixDataCenter.h"
+#include "support/CleanSwitches.h"
+#include "support/DetailAnswer.h"
+#include "support/FakeClock.h"
+#include "support/LogCapture.h"
+#include "support/ScriptedTransport.h"
+
+namespace vantix::test {
+
+/// A core of its own, fresh, with a clock to set, scripted transfers and its log lines.
+class CoreTest : public testing::Test {
+protected:
+    /// Gives the core what a request needs.
+    void Configure() {
+        core.setDomain("https://b.example", "https://c.example");
+        core.setAppId("app-id");
+        core.setAccessToken("access-token");
+        lines.Clear();
+    }
+    /// Puts a detail answer into the caches by a forced fetch.
+    void Cache(const std::string& serial, int ch, const nlohmann::json& answer) {
+        transport.Answer(answer.dump());
+        DevChannelInfo channel;
+        DevDetailInfo device;
+        ASSERT_EQ(core.getDevDetailInfoSync(serial, ch, true, channel, device, false), 0);
+        lines.Clear();
+    }
+    /// The line with this message: asserts that there is exactly one.
+    LogLine OnlyLine(const std::string& message) const {
+        EXPECT_EQ(lines.Count(message), 1U) << message;
+        return lines.Find(message);
+    }
+    void ExpectLine(const std::string& message, const std::string& word, unsigned level, const std::string& tag) const {
+        const LogLine line = OnlyLine(message);
+        EXPECT_EQ(line.Word(), word) << message;
+        EXPECT_EQ(line.level, level) << message;
+        EXPECT_EQ(line.Tag(), tag) << message;
+    }
+    void ExpectNoLine(const std::string& part) const { EXPECT_FALSE(lines.Contains(part)) << part; }
+
+    CleanSwitches clean;
+    FakeClock clock;
+    ScriptedTransport transport;
+    LogCapture lines;
+    CVantixDataCenter core;
+};
+
+}  // namespace vantix::test
