@@ -118,10 +118,8 @@ int Start(const Arguments& arguments) {
     if (arguments.run) {
         return simulator::RunChild(arguments.command, cloud.ControlAddress(), signals, before);
     }
-    std::printf("{\"bDomain\":\"%s\",\"cDomain\":\"%s\",\"control\":\"%s\"}\n",
-                cloud.BDomain().c_str(),
-                cloud.CDomain().c_str(),
-                cloud.ControlAddress().c_str());
+    std::printf("{\"bDomain\":\"%s\",\"cDomain\":\"%s\",\"control\":\"%s\"}\n", cloud.BDomain().c_str(),
+                cloud.CDomain().c_str(), cloud.ControlAddress().c_str());
     std::fflush(stdout);
     return ServeUntilTold(signals, arguments.untilEof);
 }

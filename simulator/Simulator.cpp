@@ -33,6 +33,8 @@ struct Simulator::Parts {
 
     Parts(const Parts&) = delete;
     Parts& operator=(const Parts&) = delete;
+    Parts(Parts&&) = delete;
+    Parts& operator=(Parts&&) = delete;
 
     void PassDoor() { const std::lock_guard wait(door); }
 

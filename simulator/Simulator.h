@@ -40,19 +40,21 @@ public:
 
     Simulator(const Simulator&) = delete;
     Simulator& operator=(const Simulator&) = delete;
+    Simulator(Simulator&&) = delete;
+    Simulator& operator=(Simulator&&) = delete;
 
     /// Base addresses without a trailing slash, such as "https://127.0.0.1:40001".
-    std::string BDomain() const;
-    std::string CDomain() const;
+    [[nodiscard]] std::string BDomain() const;
+    [[nodiscard]] std::string CDomain() const;
 
     /// Base address of the control interface, such as "http://127.0.0.1:40003".
-    std::string ControlAddress() const;
+    [[nodiscard]] std::string ControlAddress() const;
 
     /// What the control interface answers to GET /info: the addresses and the account, as JSON text.
-    std::string InfoJson() const;
+    [[nodiscard]] std::string InfoJson() const;
 
     /// Everything received since the start or the last clearing, in order.
-    std::vector<Exchange> Journal() const;
+    [[nodiscard]] std::vector<Exchange> Journal() const;
     void ClearJournal();
 
     /// Back to the sample data, without plans and with an empty journal.

@@ -34,18 +34,10 @@ Reply Data(Json data) {
 }
 
 const Endpoint* FindEndpoint(std::string_view path) {
-    static const std::array families = {DeviceEndpoints(),
-                                        ServerEndpoints(),
-                                        P2pEndpoints(),
-                                        TokenEndpoints(),
-                                        ListEndpoints(),
-                                        RecordEndpoints(),
-                                        CloudUploadEndpoints(),
-                                        AccountEndpoints(),
-                                        SessionEndpoints(),
-                                        PageListEndpoints(),
-                                        ConsumerRecordEndpoints(),
-                                        SharedListEndpoints()};
+    static const std::array families = {DeviceEndpoints(),      ServerEndpoints(),         P2pEndpoints(),
+                                        TokenEndpoints(),       ListEndpoints(),           RecordEndpoints(),
+                                        CloudUploadEndpoints(), AccountEndpoints(),        SessionEndpoints(),
+                                        PageListEndpoints(),    ConsumerRecordEndpoints(), SharedListEndpoints()};
     for (const auto& family : families) {
         const auto found =
             std::find_if(family.begin(), family.end(), [path](const Endpoint& row) { return row.path == path; });

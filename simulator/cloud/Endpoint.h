@@ -17,11 +17,11 @@ struct Call {
     const Request& request;
     const Parameters& parameters;
 
-    Json* Device() const { return FindDevice(state, parameters.Text("deviceSerial")); }
+    [[nodiscard]] Json* Device() const { return FindDevice(state, parameters.Text("deviceSerial")); }
     /// The channel that the request names: "cameraNo", "channelNo" or "localIndex", else 1.
-    long long Channel() const;
+    [[nodiscard]] long long Channel() const;
     /// That channel of that device, null when there is none.
-    Json* Camera() const;
+    [[nodiscard]] Json* Camera() const;
 };
 
 /// What a handler answers: a code and, with success, the members that stand beside or inside the envelope.

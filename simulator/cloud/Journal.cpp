@@ -15,9 +15,8 @@ void AddBytes(Json& entry, const char* key, const char* hexKey, const std::strin
 }
 
 bool AllUtf8(const HeaderList& headers) {
-    return std::all_of(headers.begin(), headers.end(), [](const auto& header) {
-        return IsUtf8(header.first) && IsUtf8(header.second);
-    });
+    return std::all_of(headers.begin(), headers.end(),
+                       [](const auto& header) { return IsUtf8(header.first) && IsUtf8(header.second); });
 }
 
 }  // namespace

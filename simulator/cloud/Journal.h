@@ -18,11 +18,11 @@ public:
     static constexpr std::size_t capacity = 100000;
 
     void Add(Domain domain, const Request& request);
-    std::vector<Exchange> Entries() const;
+    [[nodiscard]] std::vector<Exchange> Entries() const;
     void Clear();
 
     /// How many entries went because the journal was full, since it was cleared.
-    std::uint64_t Dropped() const;
+    [[nodiscard]] std::uint64_t Dropped() const;
 
 private:
     mutable std::mutex m_mutex;

@@ -15,11 +15,11 @@ public:
     Parameters() = default;
     explicit Parameters(const Request& request);
 
-    bool Has(std::string_view name) const;
+    [[nodiscard]] bool Has(std::string_view name) const;
     /// Empty when absent.
-    std::string Text(std::string_view name) const;
+    [[nodiscard]] std::string Text(std::string_view name) const;
     /// The fallback when absent, empty or no number.
-    long long Number(std::string_view name, long long fallback) const;
+    [[nodiscard]] long long Number(std::string_view name, long long fallback) const;
 
 private:
     void AddForm(std::string_view form);

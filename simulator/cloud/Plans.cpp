@@ -14,8 +14,8 @@ constexpr std::array<std::string_view, 20> knownMembers = {
     "body",  "bodyHex",   "json",  "delayMs", "hold", "headers",           "malformed",
     "reset", "truncated", "raw",   "rawHex",  "drip", "closeWithoutAnswer"};
 
-constexpr std::array<std::string_view, 8> effects = {
-    "code", "status", "delayMs", "hold", "malformed", "reset", "truncated", "closeWithoutAnswer"};
+constexpr std::array<std::string_view, 8> effects = {"code",      "status", "delayMs",   "hold",
+                                                     "malformed", "reset",  "truncated", "closeWithoutAnswer"};
 constexpr std::array<std::string_view, 7> contents = {"body", "bodyHex", "json", "raw", "rawHex", "drip", "headers"};
 
 template <std::size_t count>
@@ -88,8 +88,8 @@ std::string Plans::Add(const Json& plan) {
 
 std::optional<Json> Plans::Take(Domain domain, const std::string& path, const Parameters& parameters) {
     const std::lock_guard lock(m_mutex);
-    const auto found = std::find_if(
-        m_plans.begin(), m_plans.end(), [&](const Plan& plan) { return Fits(plan.content, domain, path, parameters); });
+    const auto found = std::find_if(m_plans.begin(), m_plans.end(),
+                                    [&](const Plan& plan) { return Fits(plan.content, domain, path, parameters); });
     if (found == m_plans.end()) {
         return std::nullopt;
     }

@@ -21,7 +21,7 @@ public:
     std::optional<Json> Take(Domain domain, const std::string& path, const Parameters& parameters);
 
     /// What is still to come.
-    Json List() const;
+    [[nodiscard]] Json List() const;
     void Clear();
 
 private:

@@ -6,12 +6,12 @@
 namespace vantix::simulator {
 namespace {
 
-constexpr std::array<std::string_view, 6> tokenMembers = {
-    "deviceTkToken", "deviceVideoTkToken", "previewTkToken", "playTackTkToken", "talkTkToken", "token"};
+constexpr std::array<std::string_view, 6> tokenMembers = {"deviceTkToken",   "deviceVideoTkToken", "previewTkToken",
+                                                          "playTackTkToken", "talkTkToken",        "token"};
 
 bool Carries(const Json& entry, const std::string& token) {
-    return std::any_of(
-        tokenMembers.begin(), tokenMembers.end(), [&](std::string_view key) { return TextOf(entry, key) == token; });
+    return std::any_of(tokenMembers.begin(), tokenMembers.end(),
+                       [&](std::string_view key) { return TextOf(entry, key) == token; });
 }
 
 bool IsAccountToken(const CloudState& state, const std::string& token) {

@@ -26,12 +26,9 @@ Json Servers() {
 
 Json TkEntry(const std::string& serial, int channel) {
     const std::string tail = serial + "-" + std::to_string(channel);
-    return {{"deviceTkToken", "tk.device-" + tail},
-            {"deviceVideoTkToken", "tk.video-" + tail},
-            {"previewTkToken", "tk.preview-" + tail},
-            {"playTackTkToken", "tk.playback-" + tail},
-            {"talkTkToken", "tk.talk-" + tail},
-            {"deviceSerial", serial},
+    return {{"deviceTkToken", "tk.device-" + tail},   {"deviceVideoTkToken", "tk.video-" + tail},
+            {"previewTkToken", "tk.preview-" + tail}, {"playTackTkToken", "tk.playback-" + tail},
+            {"talkTkToken", "tk.talk-" + tail},       {"deviceSerial", serial},
             {"channelNo", std::to_string(channel)}};
 }
 
@@ -54,17 +51,15 @@ Json Alarm(int number, const std::string& serial, int channel, int type, bool re
 }
 
 Json Alarms() {
-    return {Alarm(1, "C10000001", 1, 10002, false),
-            Alarm(2, "C10000001", 1, 10000, true),
-            Alarm(3, "R20000016", 3, 10002, false),
-            Alarm(4, "R20000016", 7, 10000, false),
+    return {Alarm(1, "C10000001", 1, 10002, false), Alarm(2, "C10000001", 1, 10000, true),
+            Alarm(3, "R20000016", 3, 10002, false), Alarm(4, "R20000016", 7, 10000, false),
             Alarm(5, "S60000006", 1, 10002, false)};
 }
 
 Json Messages() {
     return Json::array({{{"msgSeq", "M0000001"},
                          {"msgType", "transparent"},
-                         {"data", "{\"door\":\"open\"}"},
+                         {"data", R"({"door":"open"})"},
                          {"destination", "C10000001"},
                          {"sn", "SN-0001"},
                          {"createDate", "2024-01-02 03:04:05"}}});
@@ -91,8 +86,8 @@ void AddSecrets(Json& account, const std::string& bDomain) {
     account["sessionId"] = "se.sample.e2b85d0f974c13a6";
     account["refreshSessionId"] = "rs.sample.93c7f1d06be8254a";
     account["globalTkToken"] = "tk.global-77";
-    account["tkTokens"] = {
-        TkEntry("C10000001", 1), TkEntry("R20000016", 1), TkEntry("R20000016", 2), TkEntry("B30000003", 1)};
+    account["tkTokens"] = {TkEntry("C10000001", 1), TkEntry("R20000016", 1), TkEntry("R20000016", 2),
+                           TkEntry("B30000003", 1)};
     account["b2cTokens"] = {B2cEntry("C10000001", 0), B2cEntry("S60000006", 1)};
 }
 

@@ -184,7 +184,7 @@ Json P2pPart(const Row& row) {
 
 Json Recording(const Row& row, int channel, int hour, std::string_view place) {
     const std::string day = "2024-01-02 ";
-    const std::string clock = (hour < 10 ? "0" : "") + std::to_string(hour);
+    const std::string clock{'0', static_cast<char>('0' + hour % 10)};
     return {{"channelNo", channel},
             {"startTime", day + clock + ":00:00"},
             {"endTime", day + clock + ":10:00"},

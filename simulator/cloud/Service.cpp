@@ -103,6 +103,7 @@ Answer Service::Handle(Domain domain, const Request& request) {
 
 void Service::Reset() {
     m_plans.Clear();
+    m_traps.Clear();
     m_pause.ReleaseAll();
     m_cloud->Reset();
     m_journal.Clear();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../http/Pause.h"
+#include "../http/Traps.h"
 #include "Cloud.h"
 #include "Journal.h"
 #include "Plans.h"
@@ -22,12 +23,14 @@ public:
     Journal& JournalOf() { return m_journal; }
     Plans& PlansOf() { return m_plans; }
     Pause& PauseOf() { return m_pause; }
+    Traps& TrapsOf() { return m_traps; }
 
 private:
     Pause& m_pause;
     std::unique_ptr<Cloud> m_cloud;
     Journal m_journal;
     Plans m_plans;
+    Traps m_traps;
 };
 
 }  // namespace vantix::simulator

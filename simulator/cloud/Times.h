@@ -10,7 +10,7 @@ struct TimeSpan {
     std::string from;
     std::string to;
 
-    bool Overlaps(const TimeSpan& other) const;
+    [[nodiscard]] bool Overlaps(const TimeSpan& other) const;
 };
 
 /// The span of two texts in any form that has year, month, day and, optionally, hour, minute and second in this

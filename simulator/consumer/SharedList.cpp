@@ -5,12 +5,9 @@ namespace vantix::simulator {
 namespace {
 
 Json Camera(const Json& camera) {
-    return {{"channelNo", Member(camera, "cameraNo")},
-            {"cameraNo", Member(camera, "cameraNo")},
-            {"cameraId", Member(camera, "cameraId")},
-            {"isShared", NumberOf(camera, "isShared")},
-            {"permission", Member(camera, "permission")},
-            {"videoQualityInfos", Member(camera, "videoQualityInfos")}};
+    return {{"channelNo", Member(camera, "cameraNo")},    {"cameraNo", Member(camera, "cameraNo")},
+            {"cameraId", Member(camera, "cameraId")},     {"isShared", NumberOf(camera, "isShared")},
+            {"permission", Member(camera, "permission")}, {"videoQualityInfos", Member(camera, "videoQualityInfos")}};
 }
 
 /// "deviceVesion" is how these servers spell it.

@@ -31,10 +31,7 @@ std::vector<std::string> Names(std::string_view path) {
 
 bool Fits(const Route& route, const std::string& method, const std::vector<std::string>& names) {
     const auto wanted = Names(route.path);
-    return route.method == method && std::equal(wanted.begin(),
-                                                wanted.end(),
-                                                names.begin(),
-                                                names.end(),
+    return route.method == method && std::equal(wanted.begin(), wanted.end(), names.begin(), names.end(),
                                                 [](const std::string& pattern, const std::string& name) {
                                                     return pattern == "*" ? !name.empty() : pattern == name;
                                                 });

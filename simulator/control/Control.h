@@ -21,7 +21,7 @@ public:
     void SetAddress(std::string address) { m_address = std::move(address); }
 
     Service& ServiceOf() { return m_service; }
-    Json Statistics() const { return m_statistics(); }
+    [[nodiscard]] Json Statistics() const { return m_statistics(); }
 
 private:
     Service& m_service;

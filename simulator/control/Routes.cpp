@@ -1,9 +1,12 @@
 #include "Routes.h"
 
+#include "../Bytes.h"
 #include "../cloud/Sample.h"
 #include "../cloud/Uploads.h"
 
+#include <algorithm>
 #include <array>
+#include <optional>
 
 namespace vantix::simulator {
 namespace {
@@ -133,6 +136,31 @@ ControlReply Release(ControlCall& call) {
     return Done();
 }
 
+std::optional<TrapConduct::End> EndOf(const std::string& then) {
+    if (then.empty() || then == "close") {
+        return TrapConduct::End::close;
+    }
+    if (then == "reset") {
+        return TrapConduct::End::reset;
+    }
+    return then == "hold" ? std::optional(TrapConduct::End::hold) : std::nullopt;
+}
+
+ControlReply OpenTrap(ControlCall& call) {
+    const auto bytes = FromHex(TextOf(call.content, "sendHex"));
+    const auto end = EndOf(TextOf(call.content, "then"));
+    if (!bytes || !end) {
+        return Problem(400, "sendHex is hexadecimal, then is close, reset or hold");
+    }
+    const std::string text = TextOf(call.content, "send");
+    return Done({{"address", call.control.ServiceOf().TrapsOf().Open({text + *bytes, *end})}});
+}
+
+ControlReply CloseTraps(ControlCall& call) {
+    call.control.ServiceOf().TrapsOf().Clear();
+    return Done();
+}
+
 ControlReply GetJournal(ControlCall& call) {
     Json list = Json::array();
     for (const Exchange& entry : call.control.ServiceOf().JournalOf().Entries()) {
@@ -174,6 +202,8 @@ constexpr std::array routes = {
     Route{"DELETE", "/plans", DeletePlans},
     Route{"GET", "/holds", GetHolds},
     Route{"POST", "/release", Release},
+    Route{"POST", "/traps", OpenTrap},
+    Route{"DELETE", "/traps", CloseTraps},
     Route{"GET", "/journal", GetJournal},
     Route{"DELETE", "/journal", DeleteJournal},
     Route{"GET", "/uploads", GetUploads},

@@ -41,14 +41,14 @@ KeyOwner MakeKey() {
 void NameLoopback(gnutls_x509_crt_t crt) {
     static constexpr std::string_view name = "localhost";
     static constexpr std::array<unsigned char, 4> address = {127, 0, 0, 1};
-    Check(gnutls_x509_crt_set_dn_by_oid(
-              crt, GNUTLS_OID_X520_COMMON_NAME, 0, name.data(), static_cast<unsigned>(name.size())),
+    Check(gnutls_x509_crt_set_dn_by_oid(crt, GNUTLS_OID_X520_COMMON_NAME, 0, name.data(),
+                                        static_cast<unsigned>(name.size())),
           "common name");
-    Check(gnutls_x509_crt_set_subject_alt_name(
-              crt, GNUTLS_SAN_DNSNAME, name.data(), static_cast<unsigned>(name.size()), GNUTLS_FSAN_SET),
+    Check(gnutls_x509_crt_set_subject_alt_name(crt, GNUTLS_SAN_DNSNAME, name.data(), static_cast<unsigned>(name.size()),
+                                               GNUTLS_FSAN_SET),
           "host name");
-    Check(gnutls_x509_crt_set_subject_alt_name(
-              crt, GNUTLS_SAN_IPADDRESS, address.data(), address.size(), GNUTLS_FSAN_APPEND),
+    Check(gnutls_x509_crt_set_subject_alt_name(crt, GNUTLS_SAN_IPADDRESS, address.data(), address.size(),
+                                               GNUTLS_FSAN_APPEND),
           "host address");
 }
 

@@ -6,8 +6,10 @@
 #include <sys/socket.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <memory>
+#include <string_view>
 
 namespace vantix::simulator {
 namespace {
@@ -28,7 +30,7 @@ void ResetConnection(int socket) {
     setsockopt(socket, SOL_SOCKET, SO_LINGER, &abort, sizeof abort);
     sockaddr nobody{};
     nobody.sa_family = AF_UNSPEC;
-    connect(socket, &nobody, sizeof nobody);
+    (void)connect(socket, &nobody, sizeof nobody);
 }
 
 bool WaitWritable(int socket) {
@@ -36,30 +38,43 @@ bool WaitWritable(int socket) {
     return poll(&waited, 1, 10000) == 1;
 }
 
-ssize_t WriteSome(int socket, gnutls_session_t session, const std::string& bytes, std::size_t from) {
-    const char* start = bytes.data() + from;
-    const std::size_t count = bytes.size() - from;
+ssize_t WriteSome(int socket, gnutls_session_t session, std::string_view bytes) {
     if (session == nullptr) {
-        return send(socket, start, count, MSG_NOSIGNAL);
+        return send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL);
     }
-    return gnutls_record_send(session, start, count);
+    return gnutls_record_send(session, bytes.data(), bytes.size());
 }
 
-/// Past the HTTP library: for answers that no sane server would write.
-void WriteRaw(MHD_Connection* connection, const std::string& bytes) {
+/// False when the client has gone.
+bool WriteAll(MHD_Connection* connection, std::string_view bytes) {
     const int socket = SocketOf(connection);
     gnutls_session_t session = SessionOf(connection);
-    std::size_t done = 0;
-    while (done < bytes.size()) {
-        const ssize_t written = WriteSome(socket, session, bytes, done);
+    while (!bytes.empty()) {
+        const ssize_t written = WriteSome(socket, session, bytes);
         if (written > 0) {
-            done += static_cast<std::size_t>(written);
+            bytes.remove_prefix(static_cast<std::size_t>(written));
             continue;
         }
         const bool later = session == nullptr ? errno == EAGAIN : gnutls_error_is_fatal(static_cast<int>(written)) == 0;
         if (!later || !WaitWritable(socket)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Past the HTTP library: for answers that no sane server would write.
+void WriteRaw(MHD_Connection* connection, const Answer& answer, Pause& pause) {
+    std::string_view rest = answer.body;
+    while (!rest.empty()) {
+        const std::string_view piece = rest.substr(0, answer.dripBytes > 0 ? answer.dripBytes : rest.size());
+        if (answer.dripMs > 0) {
+            pause.For(std::chrono::milliseconds(answer.dripMs));
+        }
+        if (!WriteAll(connection, piece)) {
             return;
         }
+        rest.remove_prefix(piece.size());
     }
 }
 
@@ -136,7 +151,7 @@ MHD_Result Deliver(MHD_Connection* connection, Answer answer, Pause& pause) {
     switch (answer.delivery) {
         case Delivery::reset: ResetConnection(SocketOf(connection)); return MHD_NO;
         case Delivery::raw:
-            WriteRaw(connection, answer.body);
+            WriteRaw(connection, answer, pause);
             SayGoodbye(connection);
             return MHD_NO;
         case Delivery::close: SayGoodbye(connection); return MHD_NO;

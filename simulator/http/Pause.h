@@ -24,7 +24,7 @@ public:
     void ReleaseAll();
 
     /// Number of callers that wait at each gate (gates that were never used are absent).
-    std::map<std::string, int> Waiting() const;
+    [[nodiscard]] std::map<std::string, int> Waiting() const;
 
     /// Ends every wait, now and from now on.
     void Stop();

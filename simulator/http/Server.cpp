@@ -40,11 +40,7 @@ void EndRequest(void* /*context*/, MHD_Connection* /*connection*/, void** state,
     *state = nullptr;
 }
 
-MHD_Result AddHeader(void* context,
-                     MHD_ValueKind /*kind*/,
-                     const char* name,
-                     std::size_t nameSize,
-                     const char* value,
+MHD_Result AddHeader(void* context, MHD_ValueKind /*kind*/, const char* name, std::size_t nameSize, const char* value,
                      std::size_t valueSize) noexcept {
     try {
         static_cast<HeaderList*>(context)->emplace_back(
@@ -66,12 +62,8 @@ Answer AnswerSafely(const Server& server, const Request& request) {
     }
 }
 
-MHD_Result Proceed(Server& server,
-                   MHD_Connection* connection,
-                   Request& request,
-                   const char* method,
-                   const char* received,
-                   std::size_t* size) {
+MHD_Result Proceed(Server& server, MHD_Connection* connection, Request& request, const char* method,
+                   const char* received, std::size_t* size) {
     if (request.method.empty()) {
         request.method = method;
         MHD_get_connection_values_n(connection, MHD_HEADER_KIND, AddHeader, &request.headers);
@@ -88,14 +80,8 @@ MHD_Result Proceed(Server& server,
     return Deliver(connection, AnswerSafely(server, request), server.PauseOf());
 }
 
-MHD_Result OnAccess(void* context,
-                    MHD_Connection* connection,
-                    const char* /*url*/,
-                    const char* method,
-                    const char* /*version*/,
-                    const char* received,
-                    std::size_t* size,
-                    void** state) noexcept {
+MHD_Result OnAccess(void* context, MHD_Connection* connection, const char* /*url*/, const char* method,
+                    const char* /*version*/, const char* received, std::size_t* size, void** state) noexcept {
     auto* request = static_cast<Request*>(*state);
     if (request == nullptr) {
         return MHD_NO;
@@ -157,8 +143,8 @@ Server::Server(std::uint16_t port, std::optional<Certificate> certificate, Handl
     if (m_certificate) {
         flags |= MHD_USE_TLS;
     }
-    m_daemon = MHD_start_daemon(
-        flags, port, nullptr, nullptr, OnAccess, this, MHD_OPTION_ARRAY, options.data(), MHD_OPTION_END);
+    m_daemon = MHD_start_daemon(flags, port, nullptr, nullptr, OnAccess, this, MHD_OPTION_ARRAY, options.data(),
+                                MHD_OPTION_END);
     if (m_daemon == nullptr) {
         throw std::runtime_error("cannot listen on 127.0.0.1:" + std::to_string(port));
     }

@@ -25,19 +25,21 @@ public:
     ~Server();
     Server(const Server&) = delete;
     Server& operator=(const Server&) = delete;
+    Server(Server&&) = delete;
+    Server& operator=(Server&&) = delete;
 
     /// "https://127.0.0.1:PORT" or "http://127.0.0.1:PORT".
-    std::string Address() const;
+    [[nodiscard]] std::string Address() const;
 
     /// Ends all connections and joins their threads. Call `Pause::Stop` before, or it waits for those who pause.
     void Stop();
 
-    std::uint64_t ConnectionsOpened() const { return m_opened.load(); }
-    std::uint64_t ConnectionsOpen() const { return m_opened.load() - m_closed.load(); }
+    [[nodiscard]] std::uint64_t ConnectionsOpened() const { return m_opened.load(); }
+    [[nodiscard]] std::uint64_t ConnectionsOpen() const { return m_opened.load() - m_closed.load(); }
 
     /// For the daemon's callbacks.
-    const Handler& HandlerOf() const { return m_handler; }
-    Pause& PauseOf() const { return m_pause; }
+    [[nodiscard]] const Handler& HandlerOf() const { return m_handler; }
+    [[nodiscard]] Pause& PauseOf() const { return m_pause; }
     void CountOpened() { ++m_opened; }
     void CountClosed() { ++m_closed; }
 

@@ -21,15 +21,8 @@ Json CameraEntry(const Json& camera) {
 
 Json DeviceEntry(const Json& device) {
     Json entry;
-    for (const char* name : {"deviceSerial",
-                             "deviceName",
-                             "deviceType",
-                             "category",
-                             "addTime",
-                             "defence",
-                             "alarmSoundMode",
-                             "offlineNotify",
-                             "deviceVersion"}) {
+    for (const char* name : {"deviceSerial", "deviceName", "deviceType", "category", "addTime", "defence",
+                             "alarmSoundMode", "offlineNotify", "deviceVersion"}) {
         entry[name] = Member(device, name);
     }
     const Json& part = Member(device, "device");
