@@ -56,7 +56,7 @@ TYPED_TEST(Fields, EmptyTextsZeroAndFalseAreValues) {
 
 TYPED_TEST(Fields, EveryWrongTypeLeavesEveryField) {
     struct Row {
-        const char* value;
+        const char* value = nullptr;
         Record expected;
     };
     const Record old;

@@ -20,7 +20,7 @@ constexpr int64_t kMin64 = std::numeric_limits<int64_t>::min();
 constexpr auto kNo = std::nullopt;
 
 struct Row {
-    const char* json;
+    const char* json = nullptr;
     std::optional<int32_t> json11;
     std::optional<int32_t> jsonCpp;
     std::optional<int64_t> wide;

@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 
 /// A temporary folder that plays the root of a file system; it is gone with its test.
 class HwPrintLinux : public testing::Test {
-protected:
+public:
     HwPrintLinux() {
         std::string pattern = (fs::temp_directory_path() / "hwprint-XXXXXX").string();
         if (mkdtemp(pattern.data()) == nullptr) {
@@ -34,6 +34,7 @@ protected:
     HwPrintLinux(const HwPrintLinux&) = delete;
     HwPrintLinux& operator=(const HwPrintLinux&) = delete;
 
+protected:
     void Write(const std::string& path, const std::string& text) const {
         fs::create_directories((m_root / path).parent_path());
         std::ofstream(m_root / path, std::ios::binary) << text;

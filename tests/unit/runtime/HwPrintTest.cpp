@@ -19,7 +19,7 @@ struct Buffer {
     }
 
     char text[Size] = {};
-    char behind[16];
+    char behind[16] = {};
 };
 
 // What this machine has is not known, but the status must tell whether there is a text.
@@ -57,10 +57,10 @@ TEST(HardwarePrint, MacAddressIsSixUpperCasePairsWithDashes) {
 
 TEST(HardwarePrint, ReadsTheSameEveryTime) {
     char first[64] = {};
-    char second[64] = {};
+    char again[64] = {};
     char companion[64] = {};
-    EXPECT_EQ(HWP_GetDiskSerial(first, companion), HWP_GetDiskSerial(second, companion));
-    EXPECT_STREQ(first, second);
+    EXPECT_EQ(HWP_GetDiskSerial(first, companion), HWP_GetDiskSerial(again, companion));
+    EXPECT_STREQ(first, again);
     char firstMac[48] = {};
     char secondMac[48] = {};
     EXPECT_EQ(HWP_GetMacAddr(firstMac), HWP_GetMacAddr(secondMac));

@@ -49,7 +49,7 @@ int __wrap_TVL_MutexUnlock(void* mutex) {
 namespace {
 
 class LockClasses : public testing::Test {
-protected:
+public:
     LockClasses() { t_calls = Calls(); }
     ~LockClasses() override { t_calls = Calls(); }
     LockClasses(const LockClasses&) = delete;
@@ -92,6 +92,7 @@ TEST_F(Mutex, KeepsThreadsApart) {
     TVL_Mutex mutex;
     int counter = 0;
     std::vector<std::thread> threads;
+    threads.reserve(kThreads);
     for (int i = 0; i < kThreads; ++i) {
         threads.emplace_back([&] {
             for (int round = 0; round < kRounds; ++round) {

@@ -33,7 +33,7 @@ void WriteAnother(unsigned level, const char* moduleName, const char* text) {
 }
 
 class TvlLog : public testing::Test {
-protected:
+public:
     TvlLog() {
         g_lines.clear();
         g_count = 0;
@@ -81,6 +81,7 @@ TEST_F(TvlLog, TakesLinesFromManyThreadsAtOnce) {
     constexpr int kLines = 500;
     TVLLOG_SetCallback(Count);
     std::vector<std::thread> threads;
+    threads.reserve(kThreads);
     for (int i = 0; i < kThreads; ++i) {
         threads.emplace_back([] {
             for (int line = 0; line < kLines; ++line) {

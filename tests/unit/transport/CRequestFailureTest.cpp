@@ -124,7 +124,7 @@ TEST_F(CRequestFailure, AFormThatCannotBeBuiltStopsTheUpload) {
     const size_t formCalls = m_spy.FormCallCount();
     EXPECT_EQ(formCalls, 10U);
     for (size_t n = 1; n <= formCalls; ++n) {
-        const std::string failing = calls[n];
+        const std::string& failing = calls[n];
         SCOPED_TRACE(failing);
         m_spy.Clear();
         m_spy.FailFormCall(n, CURLE_BAD_FUNCTION_ARGUMENT);

@@ -19,7 +19,7 @@ int FixedDigest(const void* /*data*/, unsigned /*length*/, char* digestText, uns
 }
 
 class Client : public testing::Test {
-protected:
+public:
     Client() {
         ForgetFeatureCode();
         PublicGetHDSign({Nothing, NoAddress, FixedDigest});
@@ -28,6 +28,7 @@ protected:
     Client(const Client&) = delete;
     Client& operator=(const Client&) = delete;
 
+protected:
     test::CleanSwitches m_switches;
 };
 

@@ -17,7 +17,6 @@ namespace vantix {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 /// A machine that is made up.
 struct Machine {
@@ -68,7 +67,7 @@ constexpr const char* kCode = "a3d4512a48b1908a15222e4f630a88e6";
 constexpr const char* kGbkText = "\xBB\xF1\xC8\xA1\xCC\xD8\xD5\xF7\xC2\xEB\xCA\xA7\xB0\xDC";
 
 class FeatureCode : public testing::Test {
-protected:
+public:
     FeatureCode() {
         g_machine = Machine();
         ForgetFeatureCode();
@@ -77,6 +76,7 @@ protected:
     FeatureCode(const FeatureCode&) = delete;
     FeatureCode& operator=(const FeatureCode&) = delete;
 
+protected:
     void ExpectLine(size_t index, const char* word, unsigned lineLevel, const char* tag) const {
         ASSERT_LT(index, m_log.Lines().size());
         EXPECT_EQ(m_log.Lines()[index].Word(), word);
@@ -199,6 +199,7 @@ TEST_F(FeatureCode, IsTheSameForThreadsThatAskAtOnce) {
     ForgetFeatureCode();
     std::vector<std::string> codes(8);
     std::vector<std::thread> threads;
+    threads.reserve(codes.size());
     for (std::string& code : codes) {
         threads.emplace_back([&code] { code = PublicGetHDSign(); });
     }

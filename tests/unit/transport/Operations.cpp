@@ -45,7 +45,7 @@ std::vector<Operation> Operations(const ParamMap& entries) {
 }
 
 std::string ExistingFile() {
-    const std::string path = testing::TempDir() + "vantix-upload-test.txt";
+    std::string path = testing::TempDir() + "vantix-upload-test.txt";
     std::ofstream(path, std::ios::binary) << "picture";
     return path;
 }

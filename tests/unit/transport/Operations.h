@@ -42,7 +42,7 @@ std::string ExistingFile();
 class Outcome {
 public:
     /// Runs an operation against an address with a parameter string (or with an existing file).
-    Outcome(const Operation& operation, const CRequest& request = CRequest());
+    explicit Outcome(const Operation& operation, const CRequest& request = CRequest());
     ~Outcome();
     Outcome(const Outcome&) = delete;
     Outcome& operator=(const Outcome&) = delete;

@@ -42,7 +42,7 @@ RequestRow Row(Way way = Way::Form, unsigned carried = 0) {
 }
 
 class Requests : public testing::Test {
-protected:
+public:
     Requests() {
         ForgetFeatureCode();
         PublicGetHDSign({NoSerial, NoAddress, FixedDigest});
@@ -54,6 +54,7 @@ protected:
     Requests(const Requests&) = delete;
     Requests& operator=(const Requests&) = delete;
 
+protected:
     RequestCall::Reader Says(int code) {
         return [this, code](const std::string& body) {
             m_read.push_back(body);
