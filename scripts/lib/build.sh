@@ -21,8 +21,12 @@ locked_tree() {
     locked "build-$(printf '%s' "$tree" | sha256sum | cut -c1-16)" "$@"
 }
 
+# CMake reads a preset's and a toolchain's values only into a fresh tree, so a change of those makes one.
 configure_preset_locked() {
-    local settings=(-DVANTIX_JSON11_DIR="$CACHE/json11")
+    local settings=(-DVANTIX_JSON11_DIR="$CACHE/json11") cache=$ROOT/build/$1/CMakeCache.txt
+    if [ -e "$cache" ] && [ -n "$(find "$ROOT/CMakePresets.json" "$ROOT/cmake/toolchains" -type f -newer "$cache")" ]; then
+        settings+=(--fresh)
+    fi
     command -v ccache >/dev/null && settings+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
     quietly "$ROOT/build/$1/log/configure.log" "configuring build/$1" \
         cmake -S "$ROOT" --preset "$1" "${settings[@]}"
