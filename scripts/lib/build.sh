@@ -23,13 +23,14 @@ locked_tree() {
 
 # CMake reads a preset's and a toolchain's values only into a fresh tree, so a change of those makes one.
 configure_preset_locked() {
-    local settings=(-DVANTIX_JSON11_DIR="$CACHE/json11") cache=$ROOT/build/$1/CMakeCache.txt
-    if [ -e "$cache" ] && [ -n "$(find "$ROOT/CMakePresets.json" "$ROOT/cmake/toolchains" -type f -newer "$cache")" ]; then
+    local tree=$ROOT/build/$1 settings=(-DVANTIX_JSON11_DIR="$CACHE/json11") origin
+    origin=$(cat "$ROOT/CMakePresets.json" "$ROOT"/cmake/toolchains/* | sha256sum)
+    if [ "$(cat "$tree/.origin" 2>/dev/null)" != "$origin" ]; then
         settings+=(--fresh)
     fi
     command -v ccache >/dev/null && settings+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
-    quietly "$ROOT/build/$1/log/configure.log" "configuring build/$1" \
-        cmake -S "$ROOT" --preset "$1" "${settings[@]}"
+    quietly "$tree/log/configure.log" "configuring build/$1" cmake -S "$ROOT" --preset "$1" "${settings[@]}" || return 1
+    printf '%s\n' "$origin" >"$tree/.origin"
 }
 
 build_preset_locked() {
