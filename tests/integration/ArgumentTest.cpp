@@ -1,0 +1,189 @@
+// Arguments that no sane host would hand in: each call ends with a code, and what is cached stays.
+
+#include <climits>
+
+#include "SurvivalFixture.h"
+#include "support/LogCapture.h"
+
+namespace vantix::test {
+namespace {
+
+/// Two characters that mean "any byte" spelled out, so that a NUL survives.
+std::string WithNul() { return std::string("AB\0CD", 5); }
+
+class ArgumentTest : public SurvivalFixture {
+protected:
+    /// The body of the only request since the last call.
+    std::string OnlyBody() const {
+        const auto requests = Cloud().Requests();
+        EXPECT_EQ(requests.size(), 1U);
+        Cloud().ForgetRequests();
+        return requests.empty() ? "" : requests[0].body;
+    }
+};
+
+constexpr char kBadSerial[] = "设备序列号参数错误, Serial:";
+
+TEST_F(ArgumentTest, EmptySerialIsLoggedSentAndRefused) {
+    const LogCapture log;
+    EXPECT_EQ(Fetch("", 1), 310001);
+    EXPECT_NE(OnlyBody().find("&deviceSerial=&"), std::string::npos);
+    Detail detail;
+    EXPECT_EQ(ReadCache("", 7, detail), -1);
+    const LogLine line = log.Find(std::string(kBadSerial) + " Channel:7");
+    EXPECT_EQ(line.level, 5U);
+    EXPECT_EQ(line.Word(), "ERROR");
+    EXPECT_EQ(line.Tag(), "getDevDetailInfoMapKey");
+    EXPECT_EQ(log.Count("m_mapDevDetailInfo not exist key = "), 1U);
+    const Asked asked = Ask("", 1);
+    EXPECT_EQ(asked.returned, -1);
+    EXPECT_EQ(asked.fetched, 310001);
+    EXPECT_EQ(Center().SetDevInfoCache("", 1), -1);
+    EXPECT_EQ(Center().getChannelCacheValue("", 1), -1);
+    Center().setChannelCacheValue("", 1, 5);
+    EXPECT_EQ(Center().getDevDetailInfoByRelation("", 1, detail.channel, detail.device), 310001);
+    ExpectCachesUnchanged();
+    ExpectGoodCall();
+}
+
+TEST_F(ArgumentTest, SerialOf128CharactersHasAChannelInItsKey) {
+    const std::string serial(128, 'S');
+    Cloud().Put("/devices/" + serial, {{"nestedAsText", Json::array()}});
+    const LogCapture log;
+    ASSERT_EQ(Fetch(serial, 1), 0);
+    Detail detail;
+    EXPECT_EQ(ReadCache(serial, 1, detail), 0);
+    EXPECT_EQ(ReadCache(serial, 2, detail), -1);
+    EXPECT_FALSE(log.Contains(kBadSerial));
+    EXPECT_EQ(log.Count("m_mapDevDetailInfo not exist key = " + serial + "_2"), 1U);
+    ExpectCachesUnchanged();
+}
+
+TEST_F(ArgumentTest, SerialOf129CharactersIsItsOwnKeyForEveryChannel) {
+    const std::string serial(129, 'S');
+    Cloud().Put("/devices/" + serial, {{"nestedAsText", Json::array()}});
+    const LogCapture log;
+    ASSERT_EQ(Fetch(serial, 1), 0);
+    EXPECT_NE(OnlyBody().find("&deviceSerial=" + serial + "&"), std::string::npos);
+    Detail detail;
+    EXPECT_EQ(ReadCache(serial, 2, detail), 0);
+    EXPECT_EQ(detail.device.deviceSerial, serial);
+    EXPECT_EQ(log.Find(kBadSerial + serial + " Channel:2").level, 5U);
+    EXPECT_EQ(Center().SetDevInfoCache(serial, 3), 0);
+    ExpectCachesUnchanged();
+}
+
+TEST_F(ArgumentTest, SerialOfAMillionCharactersIsSentWhole) {
+    const std::string serial(1'000'000, 'S');
+    const LogCapture log;
+    EXPECT_EQ(Fetch(serial, 1), 320002);
+    EXPECT_NE(OnlyBody().find("&deviceSerial=" + serial + "&"), std::string::npos);
+    EXPECT_EQ(Ask(serial, 1).fetched, 320002);
+    EXPECT_EQ(Center().IsSupportSeekPlayback(serial), 0);
+    EXPECT_FALSE(log.Contains("SSSS")) << "a text that fits no line is logged as an empty one";
+    ExpectCachesUnchanged();
+    ExpectGoodCall();
+}
+
+TEST_F(ArgumentTest, OddCharactersOfASerialGoAsTheyAre) {
+    for (const std::string odd : {"A\r\nB", "A\nB", "A#B", "A%B", "A%41B", "A+B", "A B", "A=B", "A?B", "A\"B\\",
+                                  "A\xFF\xC3(B", "\xE6\xA8\x99", "%s%n%s%n", "..", "/"}) {
+        SCOPED_TRACE(odd);
+        Cloud().ForgetRequests();
+        EXPECT_EQ(Fetch(odd, 1), 320002);
+        EXPECT_NE(OnlyBody().find("&deviceSerial=" + odd + "&"), std::string::npos);
+        EXPECT_EQ(Ask(odd, 1).fetched, 320002);
+    }
+    ExpectCachesUnchanged();
+    ExpectGoodCall();
+}
+
+TEST_F(ArgumentTest, AmpersandInASerialBeginsAnotherParameter) {
+    // Values are not escaped: the server sees two parameters.
+    EXPECT_EQ(Fetch("C10000001&cameraNo=1", 1), 0);
+    EXPECT_NE(OnlyBody().find("&deviceSerial=C10000001&cameraNo=1&"), std::string::npos);
+    ExpectGoodCall();
+}
+
+TEST_F(ArgumentTest, NulInASerialEndsTheRequestThere) {
+    EXPECT_EQ(Fetch(WithNul(), 1), 320002);
+    const std::string body = OnlyBody();
+    const std::string end = "&deviceSerial=AB";
+    ASSERT_GE(body.size(), end.size());
+    EXPECT_EQ(body.substr(body.size() - end.size()), end);
+    ExpectCachesUnchanged();
+    ExpectGoodCall();
+}
+
+TEST_F(ArgumentTest, OddCharactersOfATokenGoAsTheyAre) {
+    for (const std::string odd : {"A\r\nX-Injected: 1", "A#B", "A%B", "A+B", "A B", "A=B", "A\xFF\xC3(B", "%s%n%s%n"}) {
+        SCOPED_TRACE(odd);
+        Cloud().ForgetRequests();
+        Center().setAccessToken(odd);
+        EXPECT_EQ(Fetch(kCamera, 1), 310002);
+        const auto requests = Cloud().Requests();
+        ASSERT_EQ(requests.size(), 1U);
+        EXPECT_EQ(requests[0].body.rfind("accessToken=" + odd + "&appKey=", 0), 0U);
+        EXPECT_EQ(requests[0].Header("X-Injected"), "<none>");
+    }
+    Center().setAccessToken(WithNul());
+    Cloud().ForgetRequests();
+    EXPECT_EQ(Fetch(kCamera, 1), 310002);
+    EXPECT_EQ(OnlyBody(), "accessToken=AB");
+    Center().setAccessToken(Account("accessToken"));
+    ExpectCachesUnchanged();
+    ExpectGoodCall();
+}
+
+TEST_F(ArgumentTest, TokenOfAMegabyteIsSentAndNotLogged) {
+    const std::string token(1024 * 1024, 't');
+    Center().setAccessToken(token);
+    const LogCapture log;
+    EXPECT_EQ(Fetch(kCamera, 1), 310002);
+    EXPECT_EQ(OnlyBody().rfind("accessToken=" + token + "&", 0), 0U);
+    EXPECT_TRUE(log.Contains("?accessToken=***&"));
+    Center().setAccessToken(Account("accessToken"));
+    ExpectGoodCall();
+}
+
+TEST_F(ArgumentTest, ChannelsAtTheEndsOfTheirRange) {
+    const std::pair<int, const char*> channels[] = {
+        {0, "0"}, {-1, "-1"}, {INT_MAX, "2147483647"}, {INT_MIN, "-2147483648"}};
+    for (const auto& [channel, text] : channels) {
+        SCOPED_TRACE(text);
+        Cloud().ForgetRequests();
+        EXPECT_EQ(Fetch(kCamera, channel), 320032);
+        EXPECT_NE(OnlyBody().find(std::string("&cameraNo=") + text + "&"), std::string::npos);
+        const LogCapture log;
+        Detail detail;
+        EXPECT_EQ(ReadCache(kCamera, channel, detail), -1);
+        EXPECT_EQ(log.Count(std::string("m_mapDevDetailInfo not exist key = C10000001_") + text), 1U);
+    }
+    ExpectCachesUnchanged();
+    ExpectGoodCall();
+}
+
+TEST_F(ArgumentTest, BrokenTokenListsKeepTheOldOnes) {
+    SetDeviceTokens();
+    for (const std::string text : {"", "no json", "[{", "\xEF\xBB\xBF[]"}) {
+        Center().SetDeviceTkTokens(text);
+        Center().SetB2CTokens(text);
+    }
+    std::string token;
+    EXPECT_EQ(Center().getDeviceTkTokens(token, 3, kCamera, 1), "tk.video-C10000001-1");
+    EXPECT_EQ(Center().getB2CTokens(kCamera, 1, token), "b2c.C10000001");
+    Center().SetDeviceTkTokens(R"([1,"x",null,{"deviceSerial":5,"channelNo":{}},{}])");
+    Center().SetB2CTokens(R"({"not":"an array"})");
+    EXPECT_EQ(Center().getDeviceTkTokens(token, 3, kCamera, 1), "");
+    EXPECT_EQ(Center().getB2CTokens(kCamera, 1, token), "");
+    ExpectCachesUnchanged();
+}
+
+TEST_F(ArgumentTest, NullHandleIsNotDestroyed) { DestroyVantixDataCenterInstance(nullptr); }
+
+TEST_F(ArgumentTest, NullTokenBufferIsRefused) {
+    EXPECT_EQ(Center().GetStreamTokenFromQueue(Account("accessToken"), nullptr), -1);
+}
+
+}  // namespace
+}  // namespace vantix::test

@@ -1,0 +1,99 @@
+// A host at the end of its means: no descriptors left, and the default reaction to a broken pipe. Linux only.
+
+#if defined(__linux__)
+
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <csignal>
+#include <thread>
+#include <vector>
+
+#include "SurvivalFixture.h"
+
+namespace vantix::test {
+namespace {
+
+class HostLimitsTest : public SurvivalFixture {};
+
+/// Leaves the process so many descriptors while it lives.
+class DescriptorsLeft {
+public:
+    explicit DescriptorsLeft(size_t left) {
+        getrlimit(RLIMIT_NOFILE, &m_before);
+        rlimit lowered = m_before;
+        lowered.rlim_cur = ProcessUsage::Now().descriptors - 1 + left;  // counting took one
+        setrlimit(RLIMIT_NOFILE, &lowered);
+    }
+    ~DescriptorsLeft() { setrlimit(RLIMIT_NOFILE, &m_before); }
+    DescriptorsLeft(const DescriptorsLeft&) = delete;
+    DescriptorsLeft& operator=(const DescriptorsLeft&) = delete;
+
+private:
+    rlimit m_before{};
+};
+
+TEST_F(HostLimitsTest, CallersWithoutADescriptorFailAndTheOthersDoNot) {
+    // Those who get through wait at the gate and keep what they have, until somebody found nothing left.
+    Cloud().Plan({{"path", kDetailPath}, {"hold", "gate"}, {"times", 0}});
+    std::vector<int> results(64, -1);
+    std::atomic<int> finished{0};
+    std::vector<std::thread> callers;
+    {
+        const DescriptorsLeft few(40);
+        for (int& result : results) {
+            callers.emplace_back([this, &result, &finished] {
+                result = Fetch(kCamera, 1);
+                ++finished;
+            });
+        }
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+        while (finished == 0 && std::chrono::steady_clock::now() < deadline) {
+            std::this_thread::yield();
+        }
+    }
+    Cloud().Delete("/plans");
+    for (std::thread& caller : callers) {
+        caller.join();
+    }
+    const auto failed = std::count(results.begin(), results.end(), 100007);
+    const auto passed = std::count(results.begin(), results.end(), 0);
+    EXPECT_GT(failed, 0);
+    EXPECT_GT(passed, 0);
+    EXPECT_EQ(failed + passed, 64);
+    EXPECT_EQ(Cloud().RequestCount(), static_cast<size_t>(passed));
+    ExpectGoodCall();
+}
+
+TEST_F(HostLimitsTest, NoDescriptorAtAll) {
+    int result = 0;
+    {
+        const DescriptorsLeft none(0);
+        result = Fetch(kCamera, 1);
+    }
+    EXPECT_EQ(result, 100007);
+    EXPECT_EQ(Cloud().RequestCount(), 0U);
+    ExpectCachesUnchanged();
+    ExpectGoodCall();
+}
+
+TEST_F(HostLimitsTest, BrokenPipeDoesNotEndTheProcess) {
+    using Handler = void (*)(int);
+    const Handler before = std::signal(SIGPIPE, SIG_DFL);
+    // More than the buffers of a connection that nobody reads and that ends soon.
+    const std::string serial(8'000'000, 'S');
+    for (const char* end : {"reset", "close"}) {
+        Center().setDomain(Cloud().Trap({{"then", end}}), "");
+        ExpectResult(Fetch(serial, 1), kSomeTransportFailure);
+    }
+    std::signal(SIGPIPE, before);
+    ExpectCachesUnchanged();
+    ExpectGoodCall();
+}
+
+}  // namespace
+}  // namespace vantix::test
+
+#endif

@@ -1,0 +1,120 @@
+// Operations that are called before the host has set anything.
+
+#include <functional>
+
+#include "RecordJson.h"
+#include "records/BWCheckInfo.h"
+#include "records/CloudFileQuery.h"
+#include "records/DeviceList.h"
+#include "records/P2PDevInfo.h"
+#include "records/P2PUserInfo.h"
+#include "records/RecordFileList.h"
+#include "records/ServerInfo.h"
+#include "records/TransparentMsgDetail.h"
+#include "support/CoreFixture.h"
+
+namespace vantix::test {
+namespace {
+
+/// Everything that an operation may write into.
+struct Outputs : Detail {
+    std::string text;
+    ServerInfo servers;
+    P2PUserInfo user;
+    P2PDevInfo p2p;
+    std::vector<P2PServerAddr> addresses;
+    DeviceList devices;
+    RecordFileList files;
+    TransparentMsgDetail message;
+    BWCheckInfo bandwidth;
+};
+
+struct UnsetRow {
+    const char* name;
+    std::function<int(IVantixDataCenter&, Outputs&)> call;
+};
+
+void PrintTo(const UnsetRow& row, std::ostream* out) { *out << row.name; }
+
+/// The core as the process starts it: where another case of the same process has run, as near to it as setters go.
+class UnsetTest : public CoreFixture, public ::testing::WithParamInterface<UnsetRow> {
+protected:
+    void SetUp() override {
+        m_handle = NewHandle();
+        m_handle->setAccessToken("");
+        m_handle->setAppId("");
+        m_cloud.Reset();
+    }
+    void TearDown() override {}
+
+    Handle m_handle;
+    SimulatorClient m_cloud;
+};
+
+TEST_P(UnsetTest, FailsWithoutARequest) {
+    Outputs outputs;
+    EXPECT_EQ(GetParam().call(*m_handle, outputs), -1);
+    EXPECT_EQ(outputs.text, "");
+    EXPECT_EQ(m_cloud.RequestCount(), 0U);
+}
+
+/// The operations that need a credential or a cached entry.
+const UnsetRow kUnsetRows[] = {
+    {"getTicketInfo", [](auto& c, auto& o) { return c.getTicketInfo("S", 1, o.text); }},
+    {"getCloudTicketInfo", [](auto& c, auto& o) { return c.getCloudTicketInfo("S", 1, 1, o.text); }},
+    {"getRelayTicket", [](auto& c, auto& o) { return c.getRelayTicket("S", 1, o.text); }},
+    {"getDevDetailInfo",
+     [](auto& c, auto& o) {
+         std::future<int32_t> future;
+         const int returned = c.getDevDetailInfo("S", 1, o.channel, o.device, future);
+         EXPECT_TRUE(future.valid());
+         return future.get() == -1 ? returned : 0;
+     }},
+    {"getDevDetailInfoSync",
+     [](auto& c, auto& o) { return c.getDevDetailInfoSync("S", 1, true, o.channel, o.device); }},
+    {"getDeviceDetailInfo",
+     [](auto& c, auto& o) { return c.getDeviceDetailInfo("S", 1, "biz", "platform", o.channel, o.device); }},
+    {"getDevDetailInfoByRelation",
+     [](auto& c, auto& o) { return c.getDevDetailInfoByRelation("S", 1, o.channel, o.device); }},
+    {"getVideoVtmAddr", [](auto& c, auto& o) { return c.getVideoVtmAddr("S", 1, o.text); }},
+    {"getRelayServerInfo", [](auto& c, auto& o) { return c.getRelayServerInfo("S", 1, o.text); }},
+    {"getDeviceInfoBySerial", [](auto& c, auto& o) { return c.getDeviceInfoBySerial("S", 1, o.text); }},
+    {"getDevList", [](auto& c, auto& o) { return c.getDevList(0, 10, o.devices); }},
+    {"getDeviceList", [](auto& c, auto& o) { return c.getDeviceList(0, 10, "biz", o.devices); }},
+    {"getShareDevList", [](auto& c, auto& o) { return c.getShareDevList(0, 10, o.devices); }},
+    {"getAlarmList", [](auto& c, auto& o) { return c.getAlarmList("S", 1, 0, 10, "", "", 0, 0, o.text); }},
+    {"getUsername", [](auto& c, auto& o) { return c.getUsername(o.text); }},
+    {"getTransparentMsgDetail", [](auto& c, auto& o) { return c.getTransparentMsgDetail("S", "1", o.message); }},
+    {"getChannelCacheValue", [](auto& c, auto& /*o*/) { return c.getChannelCacheValue("S", 1); }},
+    {"setVideoDefinition", [](auto& c, auto& o) { return c.setVideoDefinition("S", o.text, 1, 1); }},
+    {"setAlarmRead", [](auto& c, auto& /*o*/) { return c.setAlarmRead("AL1"); }},
+    {"getAuthInfo", [](auto& c, auto& /*o*/) { return c.getAuthInfo("S", 1, false); }},
+    {"RefreshToken", [](auto& c, auto& o) { return c.RefreshToken(o.text); }},
+    {"getRecordByAlarmID", [](auto& c, auto& o) { return c.getRecordByAlarmID("S", 1, "AL1", o.text); }},
+    {"getDeviceFileBySerial",
+     [](auto& c, auto& o) { return c.getDeviceFileBySerial("S", 1, "", "", 0, 0, o.files, false); }},
+    {"getDeviceFileBySerialEx",
+     [](auto& c, auto& o) { return c.getDeviceFileBySerialEx("S", 1, "", "", 0, false, o.files); }},
+    {"getCloudFileBySerial", [](auto& c, auto& o) { return c.getCloudFileBySerial("S", 1, TimeSpan(), 0, o.text); }},
+    {"getLocalFileBySerial",
+     [](auto& c, auto& o) { return c.getLocalFileBySerial("S", 1, "", "", "biz", "platform", o.text); }},
+    {"getCloudFileBySerialEX",
+     [](auto& c, auto& o) { return c.getCloudFileBySerialEX("S", 1, 0, CloudFileQuery(), o.text); }},
+    {"getCloudFileInfoBySerialEX", [](auto& c, auto& o) { return c.getCloudFileInfoBySerialEX("S", 1, "{}", o.text); }},
+    {"GetCloudRecordFile", [](auto& c, auto& o) { return c.GetCloudRecordFile("S", 1, 1, "", "", o.files); }},
+    {"GetClouduploadUrl", [](auto& c, auto& o) { return c.GetClouduploadUrl("S", 1, "f", 0, 1, 1, "biz", o.text); }},
+    {"getDeviceRecord", [](auto& c, auto& o) { return c.getDeviceRecord("S", 1, o.device); }},
+    {"getDeviceRecordAlt", [](auto& c, auto& o) { return c.getDeviceRecordAlt("S", 1, o.device); }},
+    {"getUserId", [](auto& c, auto& o) { return c.getUserId(o.text); }},
+    {"getPushSessionId", [](auto& c, auto& o) { return c.getPushSessionId(o.text); }},
+    {"getBWCheckInfo", [](auto& c, auto& o) { return c.getBWCheckInfo(1, "", 1, o.bandwidth); }},
+    {"SetDevInfoCache", [](auto& c, auto& /*o*/) { return c.SetDevInfoCache("S", 1); }},
+    {"getDevInfoCache", [](auto& c, auto& o) { return c.getDevInfoCache("S", 1, o.channel, o.device); }},
+    {"RefreshSession", [](auto& c, auto& o) { return c.RefreshSession("", o.text); }},
+};
+
+INSTANTIATE_TEST_SUITE_P(Slots, UnsetTest, ::testing::ValuesIn(kUnsetRows),
+                         [](const auto& row) { return row.param.name; });
+
+}  // namespace
+}  // namespace vantix::test
