@@ -1,0 +1,66 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+
+#include "platform/DeviceDetailParser.h"
+#include "support/CleanSwitches.h"
+#include "support/LogCapture.h"
+#include "unit/platform/DetailRecords.h"
+
+namespace vantix::test {
+
+/// Parses detail answers into records that hold the golden answer before.
+class HostileDetail : public testing::Test {
+protected:
+    HostileDetail() {
+        ParseDevDetailInfoFromPlatform(GoldenDetailText(), channel, device, parent);
+        goldenChannel = channel;
+        goldenDevice = device;
+        goldenParent = *parent;
+        lines.Clear();
+    }
+
+    int Parse(const std::string& body) {
+        lines.Clear();
+        return ParseDevDetailInfoFromPlatform(body, channel, device, parent);
+    }
+    int Parse(const nlohmann::json& answer) { return Parse(answer.dump()); }
+
+    void ExpectUntouched() {
+        EXPECT_TRUE(Same(channel, goldenChannel));
+        EXPECT_TRUE(Same(device, goldenDevice));
+        EXPECT_TRUE(parent.has_value() && Same(*parent, goldenParent));
+    }
+    void ExpectOnlyLine(const std::string& message, const std::string& word, unsigned level) {
+        ASSERT_EQ(lines.Lines().size(), 1U) << message;
+        const LogLine line = lines.Lines()[0];
+        EXPECT_EQ(line.Message(), message);
+        EXPECT_EQ(line.Word(), word);
+        EXPECT_EQ(line.level, level);
+        EXPECT_EQ(line.Tag(), "ParseDevDetailInfoFromPlatform");
+    }
+
+    CleanSwitches clean;
+    LogCapture lines;
+    DevChannelInfo channel;
+    DevDetailInfo device;
+    std::optional<BelongDevInfo> parent;
+    DevChannelInfo goldenChannel;
+    DevDetailInfo goldenDevice;
+    BelongDevInfo goldenParent;
+};
+
+/// The golden answer as text, with one value put in place of another.
+inline std::string WithValue(const nlohmann::json& answer, const nlohmann::json::json_pointer& place,
+                             const std::string& value) {
+    nlohmann::json changed = answer;
+    changed[place] = "the place of the value";
+    std::string text = changed.dump();
+    const std::string mark = "\"the place of the value\"";
+    return text.replace(text.find(mark), mark.size(), value);
+}
+
+}  // namespace vantix::test
