@@ -9,6 +9,7 @@
 #include <string>
 
 #include "base/NumberText.h"
+#include "json/DecimalPoint.h"
 #include "json/Envelope.h"
 #include "unit/json/Readers.h"
 
@@ -106,6 +107,7 @@ TYPED_TEST(CommaLocale, OfCLeavesTheAnswer) {
     if (!locale.IsSet()) {
         GTEST_SKIP() << "this machine has no locale with a decimal comma";
     }
+    EXPECT_TRUE(json::CLocaleHasOtherPoint());
     ExpectTheAnswer<TypeParam>();
 }
 
