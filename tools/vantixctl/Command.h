@@ -76,6 +76,7 @@ private:
 struct Outcome {
     int32_t code = 0;
     Json value = nullptr;
+    bool isDetail = false;  ///< the value is a channel's detail, {"channel": …, "device": …}
 };
 
 /// One call of an operation of the interface.

@@ -89,10 +89,15 @@ std::string Relay(const Json& relay) {
     return relay["strVtmAddr"].get<std::string>() + ":" + Dumped(relay["iVtmPort"]);
 }
 
+/// "2 Full HD (main)", kept together on a line.
 std::string Quality(const Json& quality) {
-    const auto name = quality["videoQualityName"].get<std::string>();
-    return Dumped(quality["videoLevel"]) + (name.empty() ? "" : " " + name) +
-           (quality["streamType"] == 1 ? " (main)" : " (sub)");
+    std::string text = Dumped(quality["videoLevel"]) + " " + quality["videoQualityName"].get<std::string>() +
+                       (quality["streamType"] == 1 ? " (main)" : " (sub)");
+    constexpr std::string_view kNoBreak = "\u00A0";
+    for (size_t at = text.find(' '); at != std::string::npos; at = text.find(' ', at)) {
+        text.replace(at, 1, kNoBreak);
+    }
+    return text;
 }
 
 std::string Count(const Json& value) {

@@ -18,7 +18,7 @@ struct Known {
 
 constexpr std::array kKnown = {
     Known{VANTIX_NOERROR, "success", "success", ""},
-    Known{VANTIX_ERROR, "core", "the data center could not even ask, or has nothing cached",
+    Known{VANTIX_ERROR, "core", "nothing is cached, or the data center could not even ask",
           "Look for an empty credential, a bad argument, something that was never fetched, or an operation that this "
           "library does not have. The log says which."},
     Known{VANTIX_VERIFY_CODE_10001, "core", "the authentication server refused a stream token (its code 10001)", ""},

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdio>
 
+#include "DetailCard.h"
 #include "Explain.h"
 #include "commands/Commands.h"
 #include "session/StandardError.h"
@@ -77,6 +78,15 @@ std::string ObjectTable(const Context& context, const Json& object, std::string_
     return (table.Empty() ? "" : table.Drawn(context.paint, context.width)) + below;
 }
 
+/// An operation's success for people.
+std::string Shown(const Context& context, const Command& command, const Outcome& outcome) {
+    if (outcome.value.is_null()) {
+        return context.paint(Style::Good, "done") + "\n";
+    }
+    return outcome.isDetail ? DetailCard(context, outcome.value)
+                            : Readable(context, outcome.value, context.showSecrets ? "" : command.secret);
+}
+
 }  // namespace
 
 void Print(std::string_view text) {
@@ -132,8 +142,7 @@ int RunOperation(const Context& context, const Session& session, const Command& 
     if (!context.json && outcome.code != VANTIX_NOERROR) {
         ComplainAbout(command.name, outcome.code);
     } else if (!context.json) {
-        Print(outcome.value.is_null() ? context.paint(Style::Good, "done") + "\n"
-                                      : Readable(context, outcome.value, context.showSecrets ? "" : command.secret));
+        Print(Shown(context, command, outcome));
     }
     return outcome.code == VANTIX_NOERROR ? kSuccess : kFailure;
 }

@@ -1,5 +1,8 @@
 // Help, for the tool and for each command, from the same rows that the command line is read with.
 
+#include <algorithm>
+#include <cctype>
+
 #include "CommandLine.h"
 #include "Help.h"
 #include "Report.h"
@@ -33,13 +36,19 @@ std::string OptionName(std::string_view name, std::string_view placeholder) {
     return "--" + std::string(name) + (placeholder.empty() ? "" : " " + std::string(placeholder));
 }
 
-/// "SERIAL [CHANNEL]": what may be given without names.
+std::string Capitals(std::string_view name) {
+    std::string text(name);
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
+    return text;
+}
+
+/// "serial [channel]" in capitals: what may be given without names.
 std::string Usage(const Command& command) {
     std::string usage = "vantixctl " + std::string(command.name);
     for (const Use& use : command.uses.All()) {
-        const Parameter& parameter = FindParameter(use.name);
-        const std::string shown =
-            parameter.kind == Kind::Flag ? OptionName(use.name, {}) : std::string(parameter.placeholder);
+        const bool isFlag = FindParameter(use.name).kind == Kind::Flag;
+        const std::string shown = isFlag ? OptionName(use.name, {}) : Capitals(use.name);
         usage += use.fallback ? " [" + shown + "]" : " " + shown;
     }
     return usage;

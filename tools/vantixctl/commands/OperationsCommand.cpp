@@ -5,15 +5,6 @@
 namespace vantix::ctl {
 namespace {
 
-std::string ArgumentList(const Command& command) {
-    std::string text;
-    for (const Use& use : command.uses.All()) {
-        text += (text.empty() ? "" : " ") + std::string(use.fallback ? "[" : "") + std::string(use.name) +
-                (use.fallback ? "]" : "");
-    }
-    return text;
-}
-
 Json AsJson(const Command& command, std::string_view family) {
     Json arguments = Json::array();
     for (const Use& use : command.uses.All()) {
@@ -34,17 +25,21 @@ Json AsJson(const Command& command, std::string_view family) {
 
 int RunOperations(Context& context, const Arguments& /*arguments*/) {
     Json list = Json::array();
-    Table table({{"slot", Align::Right}, {"operation"}, {"arguments", Align::Left, true}, {"", Align::Left, true}});
+    Table table({{"slot", Align::Right}, {"operation"}, {"", Align::Left, true}});
     for (const Family& family : Families().subspan(1)) {
-        table.AddRule();
+        if (!table.Empty()) {
+            table.AddRule();
+        }
         table.Add({"", Cell(std::string(family.title), Style::Strong)});
         for (const Command& command : family.commands) {
             list.push_back(AsJson(command, family.title));
             table.Add({std::to_string(command.slot), Cell(std::string(command.name), Style::Accent),
-                       ArgumentList(command), Cell(std::string(command.help))});
+                       Cell(std::string(command.help))});
         }
     }
-    Print(context.json ? Dumped(list) + "\n" : table.Drawn(context.paint, context.width));
+    Print(context.json ? Dumped(list) + "\n"
+                       : table.Drawn(context.paint, context.width) +
+                             "  \"vantixctl help NAME\" tells the arguments of an operation.\n");
     return kSuccess;
 }
 

@@ -17,7 +17,9 @@ Outcome Pair(const Function& call) {
     DevChannelInfo channel;
     DevDetailInfo device;
     const int code = call(channel, device);
-    return answers::WithValue(code, {{"channel", ToJson(channel)}, {"device", ToJson(device)}});
+    Outcome outcome = answers::WithValue(code, {{"channel", ToJson(channel)}, {"device", ToJson(device)}});
+    outcome.isDetail = code == VANTIX_NOERROR;
+    return outcome;
 }
 
 Outcome AwaitedPair(const Call& call) {
@@ -87,7 +89,7 @@ constexpr std::array kRows = {
             }},
     Command{"setChannelCacheValue",
             31,
-            {kSerial, kChannel, {"value"}},
+            {kSerial, {"channel"}, {"value"}},
             "overwrites it",
             [](const Call& call) {
                 return answers::Done(

@@ -107,7 +107,7 @@ constexpr std::array kRows = {
             }},
     Command{"setVideoDefinition",
             32,
-            {kSerial, kChannel, {"level"}},
+            {kSerial, {"channel"}, {"level"}},
             "sets a channel's picture quality",
             [](const Call& call) {
                 return answers::JsonText([&](std::string& answer) {

@@ -1,0 +1,116 @@
+#include "Prefetch.h"
+
+#include <algorithm>
+
+#include "Explain.h"
+#include "Report.h"
+#include "commands/Commands.h"
+#include "session/StandardError.h"
+#include "text/Table.h"
+
+namespace vantix::ctl {
+namespace {
+
+constexpr int kMostTasks = 32;
+
+/// A bar on standard error, where a terminal shows it.
+class ProgressBar {
+public:
+    explicit ProgressBar(size_t total) : m_total(total), m_shown(IsTerminal(StandardError::Stream())) {}
+
+    void Show(size_t done) const {
+        constexpr size_t kWidth = 32;
+        if (!m_shown || m_total == 0) {
+            return;
+        }
+        const size_t filled = kWidth * done / m_total;
+        std::string line = "\r  ";
+        for (size_t index = 0; index < kWidth; ++index) {
+            line += index < filled ? "█" : "░";
+        }
+        line += "  " + std::to_string(done) + " of " + std::to_string(m_total);
+        std::fputs(line.c_str(), StandardError::Stream());
+        std::fflush(StandardError::Stream());
+    }
+
+    void Clear() const {
+        if (m_shown) {
+            std::fputs("\r\033[K", StandardError::Stream());
+            std::fflush(StandardError::Stream());
+        }
+    }
+
+private:
+    size_t m_total;
+    bool m_shown;
+};
+
+bool IsGood(const Fetched& fetched) { return fetched.code == VANTIX_NOERROR; }
+
+std::string AsTable(const Context& context, const std::vector<Fetched>& channels) {
+    Table table({{"serial"},
+                 {"channel", Align::Right},
+                 {"name", Align::Left, true},
+                 {"state"},
+                 {"release"},
+                 {"cost", Align::Right},
+                 {"", Align::Left, true}});
+    for (const Fetched& fetched : channels) {
+        const Cell state = fetched.isOnline ? Cell("● online", Style::Good) : Cell("○ offline", Style::Faint);
+        table.Add({Cell(fetched.serial), std::to_string(fetched.channel), Cell(fetched.name),
+                   IsGood(fetched) ? state : Cell(std::to_string(fetched.code), Style::Bad), Cell(fetched.release),
+                   std::to_string(fetched.cost) + " ms",
+                   IsGood(fetched) ? Cell("") : Cell(Explain(fetched.code).meaning, Style::Bad)});
+    }
+    return table.Drawn(context.paint, context.width);
+}
+
+Json AsJson(const std::vector<Fetched>& channels) {
+    Json list = Json::array();
+    for (const Fetched& fetched : channels) {
+        list.push_back({{"serial", fetched.serial},
+                        {"channel", fetched.channel},
+                        {"name", fetched.name},
+                        {"code", fetched.code},
+                        {"meaning", Explain(fetched.code).meaning},
+                        {"online", fetched.isOnline},
+                        {"release", fetched.release},
+                        {"cost", fetched.cost}});
+    }
+    return list;
+}
+
+int NumberWithin(const Arguments& arguments, std::string_view name, int least, int most) {
+    const int number = arguments.Number(name);
+    if (number < least || number > most) {
+        throw UsageError("--" + std::string(name) + " takes a number from " + std::to_string(least) + " to " +
+                         std::to_string(most));
+    }
+    return number;
+}
+
+}  // namespace
+
+int RunPrefetch(Context& context, const Arguments& arguments) {
+    constexpr int kLargestPage = 1000;
+    const int tasks = NumberWithin(arguments, "tasks", 1, kMostTasks);
+    const int pageSize = NumberWithin(arguments, "page-size", 1, kLargestPage);
+    const Session session(context.session);
+    std::vector<Fetched> channels;
+    const int32_t listed = ListChannels(session.Center(), pageSize, channels);
+    if (listed != VANTIX_NOERROR) {
+        ComplainAbout("prefetch: getDevList", listed);
+        return kFailure;
+    }
+    const ProgressBar bar(channels.size());
+    bar.Show(0);
+    FetchAll(session.Center(), tasks, channels, [&](size_t done) { bar.Show(done); });
+    bar.Clear();
+    const auto good = static_cast<size_t>(std::count_if(channels.begin(), channels.end(), IsGood));
+    Print(context.json ? Dumped(AsJson(channels)) + "\n"
+                       : AsTable(context, channels) + "  " + std::to_string(good) + " of " +
+                             std::to_string(channels.size()) + " details are in the cache\n");
+    return good == channels.size() ? kSuccess : kFailure;
+}
+
+}  // namespace vantix::ctl
