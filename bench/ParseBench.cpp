@@ -9,7 +9,7 @@
 #include "Cases.h"
 #include "DetailAnswer.h"
 #include "boundary/Logger.h"
-#include "platform/CapabilityByNumber.h"
+#include "base/CapabilityByNumber.h"
 #include "platform/DeviceDetailParser.h"
 
 #if defined(__GNUC__)

@@ -4,9 +4,9 @@
 
 #include "base/NumberText.h"
 #include "boundary/Logger.h"
+#include "json/DeviceCapabilities.h"
 #include "json/Envelope.h"
 #include "json/Json11Reader.h"
-#include "platform/CapabilityByNumber.h"
 #include "platform/DeviceDetailFields.h"
 #include "vantix/ReturnCodes.h"
 
@@ -69,24 +69,12 @@ void ReadShareVerification(const CallSite& site, const Json11View& extension, De
     }
 }
 
-void ReadCapability(const Json11View& extension, const detail_fields::Capability& capability, DevDetailInfo& device) {
-    int32_t& field = device.*capability.field;
-    if (capability.shortListNumber != 0) {
-        field = CapabilityByNumber(device.supportExtShort, capability.shortListNumber);
-    }
-    const std::string* text = extension.Member(capability.key).Text();
-    const int32_t value = text == nullptr ? 0 : DecimalPrefix(*text);
-    if (value != 0) {
-        field = value;
-    }
-}
-
 void ReadCapabilities(const CallSite& site, const Json11View& extension, DevDetailInfo& device) {
-    using namespace detail_fields;
+    using namespace capabilities;
     for (const Capability& control : kControls) {
         ReadCapability(extension, control, device);
     }
-    extension.Member("support_ecdh_v2").Read(device.support_ecdh_v2);
+    extension.Member(kEncryption).Read(device.support_ecdh_v2);
     LogInfoAt(site, level::kInfo, "support_ecdh_v2:%s", device.support_ecdh_v2.c_str());
     ReadCapability(extension, kReplayDownload, device);
     ReadCapability(extension, kVideoCover, device);

@@ -1,4 +1,4 @@
-#include "platform/CapabilityByNumber.h"
+#include "base/CapabilityByNumber.h"
 
 #include <algorithm>
 #include <string>

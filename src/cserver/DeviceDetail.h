@@ -1,0 +1,33 @@
+#pragma once
+
+/// @file
+/// One device's page of the consumer servers: the same records as the platform's detail.
+
+#include <string>
+#include <vector>
+
+#include "records/DevChannelInfo.h"
+#include "records/DevDetailInfo.h"
+#include "transport/RequestCall.h"
+
+namespace vantix {
+
+/// Fetches one channel's detail. `device` gets the elapsed milliseconds whatever the outcome, and on success the time
+/// of the fetch. A page without the channel is malformed (300002).
+///
+/// Returns 0, 100000 + the transport's code, or 300000 + the response code. "releaseVersion" is not told by these
+/// servers, so such a record is never served from a cache.
+int GetDevDetailInfoFromCServerBySerial(const Caller& caller, const std::string& deviceSerial, int channelNo,
+                                        DevChannelInfo& channel, DevDetailInfo& device);
+
+/// A camera of the page, and the device as it is for that camera.
+struct ConsumerChannel {
+    DevChannelInfo channel;
+    DevDetailInfo device;
+};
+
+/// Reads the page of a device: one record pair for each of its cameras. "cameraInfos" and "deviceInfos" must be there.
+int ParseDevDetailInfoFromCServer(const std::string& body, const std::string& deviceSerial,
+                                  std::vector<ConsumerChannel>& channels);
+
+}  // namespace vantix

@@ -1,0 +1,131 @@
+#include "cserver/DeviceDetailReader.h"
+
+#include "base/NumberText.h"
+#include "cserver/ConsumerEnvelope.h"
+#include "json/DeviceCapabilities.h"
+#include "json/Fields.h"
+
+namespace vantix::consumer {
+namespace {
+
+using json::JsonCppView;
+
+constexpr json::Field<DevChannelInfo> kCameraFields[] = {
+    {"channelNo", &DevChannelInfo::cameraNo},        {"cameraId", &DevChannelInfo::cameraId},
+    {"deviceSerial", &DevChannelInfo::deviceSerial}, {"videoLevel", &DevChannelInfo::videoLevel},
+    {"permission", &DevChannelInfo::permission},     {"streamBizUrl", &DevChannelInfo::streamBizUrl},
+};
+constexpr json::Field<BelongDevInfo> kVtmFields[] = {
+    {"externalIp", &BelongDevInfo::vtmIp},
+    {"port", &BelongDevInfo::vtmPort},
+};
+constexpr json::Field<VideoQualityInfo> kQualityFields[] = {
+    {"videoLevel", &VideoQualityInfo::videoLevel},
+    {"streamType", &VideoQualityInfo::streamType},
+};
+constexpr json::Field<BelongDevInfo> kDeviceFields[] = {
+    {"deviceSerial", &BelongDevInfo::deviceSerial},
+    {"channelNumber", &BelongDevInfo::supportChannelNums},
+    {"isOwner", &BelongDevInfo::isOwner},
+};
+constexpr json::Field<BelongDevInfo> kConnectionFields[] = {
+    {"netIp", &BelongDevInfo::deviceIP},
+    {"netCmdPort", &BelongDevInfo::cmdPort},
+    {"netHttpPort", &BelongDevInfo::httpPort},
+    {"localIp", &BelongDevInfo::localIp},
+    {"localCmdPort", &BelongDevInfo::localCmdPort},
+    {"localHttpPort", &BelongDevInfo::localHttpPort},
+    {"localStreamPort", &BelongDevInfo::localStreamPort},
+    {"netType", &BelongDevInfo::netType},
+    {"upnp", &BelongDevInfo::upnp},
+    {"casIp", &BelongDevInfo::casIp},
+    {"casPort", &BelongDevInfo::casPort},
+};
+constexpr json::Field<BelongDevInfo> kCloudFields[] = {
+    {"status", &BelongDevInfo::cloudServiceStatus},
+};
+constexpr json::Field<BelongDevInfo> kStatusFields[] = {
+    {"isEncrypt", &BelongDevInfo::isEncrypt},
+    {"encryptPwd", &BelongDevInfo::encryptPwd},
+};
+constexpr json::Field<BelongDevInfo> kTtsFields[] = {
+    {"externalIp", &BelongDevInfo::ttsIp},
+    {"port", &BelongDevInfo::ttsPort},
+};
+constexpr json::Field<BelongDevInfo> kKeyFields[] = {
+    {"publicKey", &BelongDevInfo::publicKey},
+    {"key", &BelongDevInfo::publicKey},
+    {"version", &BelongDevInfo::version},
+};
+
+/// Reads the device's public key: members of the group's entry, or of an object "publicKey" in it.
+void ReadKey(const JsonCppView& entry, DevDetailInfo& device) {
+    json::ReadFields<JsonCppView, BelongDevInfo>(entry, kKeyFields, device);
+    json::ReadFields<JsonCppView, BelongDevInfo>(entry.Member("publicKey"), kKeyFields, device);
+}
+
+void ReadGroups(const JsonCppView& root, const std::string& serial, DevDetailInfo& device) {
+    const auto entry = [&](const char* group) { return EntryOf(Find(root, group), serial); };
+    BelongDevInfo& fields = device;
+    json::ReadFields(entry("connectionInfos"), kConnectionFields, fields);
+    std::string mask;
+    if (entry("wifiInfos").Member("mask").Read(mask)) {
+        device.maskIp = DecimalPrefix(mask);
+    }
+    json::ReadFields(entry("cloudInfos"), kCloudFields, fields);
+    json::ReadFields(entry("statusInfos"), kStatusFields, fields);
+    json::ReadFields(entry("ttsInfos"), kTtsFields, fields);
+    ReadKey(entry("kmsInfos"), device);
+    ReadKey(entry("ttsInfos"), device);
+}
+
+/// The extension is one JSON text with capabilities by name and by number, so it is the short list as well.
+void ReadCapabilities(const JsonCppView& supportExt, DevDetailInfo& device) {
+    json::JsonCppDocument document;
+    if (!supportExt.Read(device.supportExtShort)) {
+        device.supportExtShort = supportExt.IsObject() ? supportExt.Compact() : std::string();
+    }
+    document.Parse(device.supportExtShort);
+    const JsonCppView extension = document.Root();
+    using namespace capabilities;
+    for (const Capability& control : kControls) {
+        ReadCapability(extension, control, device);
+    }
+    extension.Member(kEncryption).Read(device.support_ecdh_v2);
+    for (const Capability* capability : {&kReplayDownload, &kVideoCover, &kSeekPlayback, &kSeekV2}) {
+        ReadCapability(extension, *capability, device);
+    }
+    for (const Capability& speed : kSpeeds) {
+        ReadCapability(extension, speed, device);
+    }
+}
+
+}  // namespace
+
+bool ReadCamera(const JsonCppView& camera, const std::string& deviceSerial, ConsumerChannel& entry) {
+    json::ReadFields(camera, kCameraFields, entry.channel);
+    if (!camera.IsObject() || entry.channel.deviceSerial != deviceSerial) {
+        return false;
+    }
+    int32_t isShared = 0;
+    if (camera.Member("isShared").Read(isShared)) {
+        entry.channel.isShared = std::to_string(isShared);
+    }
+    const JsonCppView vtm = camera.Member("vtmInfo");
+    vtm.Member("forceStreamType").Read(entry.channel.forceStreamType);
+    json::ReadFields<JsonCppView, BelongDevInfo>(vtm, kVtmFields, entry.device);
+    const JsonCppView qualities = camera.Member("videoQualityInfos");
+    for (size_t i = 0; i < qualities.Size(); ++i) {
+        json::ReadFields(qualities.Element(i), kQualityFields, entry.channel.videoQualityInfos.emplace_back());
+    }
+    return true;
+}
+
+void ReadDevice(const JsonCppView& root, const std::string& deviceSerial, DevDetailInfo& device) {
+    const JsonCppView entry = EntryOf(Find(root, "deviceInfos"), deviceSerial);
+    json::ReadFields<JsonCppView, BelongDevInfo>(entry, kDeviceFields, device);
+    ReadGroups(root, deviceSerial, device);
+    ReadCapabilities(entry.Member("supportExt"), device);
+}
+
+}  // namespace vantix::consumer

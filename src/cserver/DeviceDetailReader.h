@@ -1,0 +1,19 @@
+#pragma once
+
+/// @file
+/// Which member of a consumer server's device page fills which field.
+
+#include <string>
+
+#include "cserver/DeviceDetail.h"
+#include "json/JsonCppReader.h"
+
+namespace vantix::consumer {
+
+/// Reads a camera and what it says of its device; false when it belongs to another device.
+bool ReadCamera(const json::JsonCppView& camera, const std::string& deviceSerial, ConsumerChannel& entry);
+
+/// Reads the device's entry, its capabilities and its groups.
+void ReadDevice(const json::JsonCppView& root, const std::string& deviceSerial, DevDetailInfo& device);
+
+}  // namespace vantix::consumer

@@ -1,0 +1,126 @@
+#include "cserver/Lists.h"
+
+#include "cserver/ConsumerEnvelope.h"
+#include "cserver/RequestTable.h"
+#include "cserver/Thumbnails.h"
+#include "json/Answer.h"
+#include "json/JsonText.h"
+#include "vantix/ReturnCodes.h"
+
+namespace vantix {
+namespace {
+
+using json::JsonBuilder;
+using json::JsonCppView;
+
+/// A member of a shared device, and what it is called in the platform's list.
+struct Renamed {
+    const char* platform;
+    const char* consumer;
+};
+constexpr Renamed kDeviceMembers[] = {
+    {"deviceSerial", "deviceSerial"},
+    {"deviceName", "deviceName"},
+    {"category", "category"},
+    {"addTime", "addTime"},
+    {"status", "status"},
+    {"isEncrypt", "isEncrypted"},
+    {"defence", "isDefence"},
+    {"alarmSoundMode", "alarmSoundMode"},
+    {"offlineNotify", "offlineNotify"},
+    {"supportExtShort", "supportExtShort"},
+    {"deviceVersion", "deviceVesion"},  // misspelled by these servers
+};
+
+JsonBuilder Qualities(const JsonCppView& qualities) {
+    JsonBuilder list = JsonBuilder::Array();
+    for (size_t i = 0; i < qualities.Size(); ++i) {
+        JsonBuilder quality = JsonBuilder::Object();
+        for (const char* key : {"videoQualityName", "streamType"}) {
+            quality.SetIfThere(key, qualities.Element(i).Member(key));
+        }
+        list.Append(quality);
+    }
+    return list;
+}
+
+/// The number of a camera: "cameraNo", or "channelNo" where that is its name.
+int32_t NumberOf(const JsonCppView& camera) {
+    int32_t number = 0;
+    if (!camera.Member("cameraNo").Read(number)) {
+        camera.Member("channelNo").Read(number);
+    }
+    return number;
+}
+
+JsonBuilder Camera(const JsonCppView& camera, const std::string& device) {
+    const int32_t number = NumberOf(camera);
+    JsonBuilder entry = JsonBuilder::Object();
+    entry.Set("cameraNo", number)
+        .Set("cameraName", "camera " + std::to_string(number) + "@" + device)
+        .SetIfThere("isShared", camera.Member("isShared"))
+        .Set("cameraCover", kDefaultCameraCover)
+        .SetIfThere("permission", camera.Member("permission"))
+        .Set("videoQualityInfos", Qualities(camera.Member("videoQualityInfos")));
+    return entry;
+}
+
+JsonBuilder Device(const JsonCppView& resource) {
+    JsonBuilder device = JsonBuilder::Object();
+    for (const Renamed& member : kDeviceMembers) {
+        device.SetIfThere(member.platform, resource.Member(member.consumer));
+    }
+    std::string type = "UNKNOWN";
+    resource.Member("deviceType").Read(type);
+    std::string serial;
+    resource.Member("deviceSerial").Read(serial);
+    const JsonCppView cameras = consumer::Find(resource, "cameraInfos");
+    JsonBuilder cameraInfo = JsonBuilder::Array();
+    for (size_t i = 0; i < cameras.Size(); ++i) {
+        cameraInfo.Append(Camera(cameras.Element(i), serial));
+    }
+    device.Set("deviceType", type)
+        .Set("deviceCover", kDefaultDeviceCover)
+        .Set("cameraNum", static_cast<int32_t>(cameras.Size()))
+        .Set("detectorNum", static_cast<int32_t>(consumer::Find(resource, "detectorInfos").Size()))
+        .Set("cameraInfo", cameraInfo);
+    return device;
+}
+
+/// The list in the platform's shape: {"result":{"code":"200","data":{"deviceInfos":[…]},"page":{…}}}.
+std::string Translated(const JsonCppView& data) {
+    const JsonCppView resources = data.Member("resourceInfos");
+    JsonBuilder devices = JsonBuilder::Array();
+    for (size_t i = 0; i < resources.Size(); ++i) {
+        if (resources.Element(i).IsObject()) {
+            devices.Append(Device(resources.Element(i)));
+        }
+    }
+    JsonBuilder page = JsonBuilder::Object();
+    page.SetIfThere("size", data.Member("size")).SetIfThere("total", data.Member("total"));
+    JsonBuilder result = JsonBuilder::Object();
+    result.Set("code", "200").Set("data", JsonBuilder::Object().Set("deviceInfos", devices)).Set("page", page);
+    return JsonBuilder::Object().Set("result", result).Compact();
+}
+
+}  // namespace
+
+int GetB2CSharedDevListFromPlatform(const Caller& caller, int offset, int limit, std::string& deviceList) {
+    return RequestCall(VANTIX_HERE, cserver_requests::kSharedDevices, caller)
+        .With(offset, limit)
+        .Run([&](const std::string& body) { return ParseB2CDeviceListFromPlatform(body, deviceList); });
+}
+
+int ParseB2CDeviceListFromPlatform(const std::string& body, std::string& deviceList) {
+    const CallSite site = VANTIX_HERE;
+    return json::ReadAnswer(site, body, consumer::Code, [&](const JsonCppView& root) -> int {
+        const JsonCppView data = root.Member("data");
+        if (!data.Member("resourceInfos").IsArray()) {
+            return json::Malformed(site, body, data.IsObject() ? "resourceInfos" : "data");
+        }
+        deviceList = Translated(data);
+        return VANTIX_NOERROR;
+    });
+}
+
+}  // namespace vantix

@@ -1,0 +1,187 @@
+#include "cserver/P2P.h"
+
+#include "boundary/Logger.h"
+#include "cserver/ConsumerEnvelope.h"
+#include "cserver/RequestTable.h"
+#include "json/Answer.h"
+#include "json/Envelope.h"
+#include "json/Fields.h"
+#include "json/JsonText.h"
+#include "vantix/ReturnCodes.h"
+
+namespace vantix {
+namespace {
+
+using json::JsonCppView;
+namespace requests = cserver_requests;
+
+constexpr json::Field<P2PServerAddr> kServerFields[] = {
+    {"ip", &P2PServerAddr::ip},
+    {"port", &P2PServerAddr::port},
+};
+/// The servers' numbers of the capabilities.
+constexpr json::Field<P2PDevInfo> kCapabilityFields[] = {
+    {"263", &P2PDevInfo::strV3},
+    {"264", &P2PDevInfo::strV3Sec},
+    {"267", &P2PDevInfo::strDirectPlayback_EndFlag},
+    {"289", &P2PDevInfo::strV3Download},
+    {"265", &P2PDevInfo::strV3Playback},
+    {"266", &P2PDevInfo::strV3Talk},
+};
+constexpr json::Field<P2PUserInfo> kUserFields[] = {
+    {"version", &P2PUserInfo::version},
+    {"saltIndex", &P2PUserInfo::saltIndex},
+};
+
+/// The joined answers for the log: the user's secret stands masked.
+std::string Masked(const JsonCppView& first, const json::JsonCppView& second) {
+    json::JsonBuilder answer = json::JsonBuilder::CopyOf(second);
+    if (!second.Member("secret").IsNull()) {
+        answer.Set("secret", "***");
+    }
+    if (!second.Member("data").Member("secret").IsNull()) {
+        answer.Set("data", json::JsonBuilder::CopyOf(second.Member("data")).Set("secret", "***"));
+    }
+    return json::JsonBuilder::Object()
+        .Set("response1", json::JsonBuilder::CopyOf(first))
+        .Set("response2", answer)
+        .Compact();
+}
+
+/// Sends the first request. `goOn` is false when the second must not follow.
+int FetchUser(const CallSite& site, const Caller& caller, int32_t& cost, json::JsonCppDocument& document, bool& goOn) {
+    std::string body;
+    goOn = false;
+    const int fetched = RequestCall(site, requests::kUserInfo, caller).CostInto(cost).Fetch(body);
+    if (fetched != VANTIX_NOERROR) {
+        return fetched;
+    }
+    if (!document.Parse(body)) {
+        LogErrorAt(site, level::kError, "ZQR TEST QX_API_B2C_GET_P2P_USER_INFO platform response bad, szInfo = %s",
+                   body.c_str());
+        return VANTIX_RESP_NOT_JSON;
+    }
+    const bool hasMeta = document.Root().Member("meta").IsObject();
+    const int code = hasMeta ? consumer::Code(document.Root()) : VANTIX_RESP_BAD_FORMAT;
+    if (code != 0) {
+        // A success in spite of the failure: callers see it by the unfilled record.
+        LogError(site, level::kError, requests::kUserInfo.parserFailure, body, code);
+        return VANTIX_NOERROR;
+    }
+    goOn = true;
+    return VANTIX_NOERROR;
+}
+
+int FetchConfiguration(const CallSite& site, const Caller& caller, int32_t& cost, json::JsonCppDocument& document) {
+    std::string body;
+    const int fetched = RequestCall(site, requests::kP2PConfiguration, caller).CostInto(cost).Fetch(body);
+    if (fetched != VANTIX_NOERROR) {
+        return fetched;
+    }
+    return json::ParseBody(site, body, document) ? VANTIX_NOERROR : VANTIX_RESP_NOT_JSON;
+}
+
+int ReadUser(const CallSite& site, const std::string& forLog, const JsonCppView& first, const JsonCppView& second,
+             P2PUserInfo& userInfo) {
+    const struct {
+        const char* name;
+        JsonCppView value;
+    } required[] = {{"response1", first},
+                    {"response2", second},
+                    {"userInfo", first.Member("userInfo")},
+                    {"data", second.Member("data")}};
+    for (const auto& member : required) {
+        if (!member.value.IsObject()) {
+            return json::Malformed(site, forLog, member.name);
+        }
+    }
+    first.Member("userInfo").Member("userId").Read(userInfo.userId);
+    consumer::Find(second, "secret").Read(userInfo.data);
+    json::ReadFields(second.Member("data"), kUserFields, userInfo);
+    return VANTIX_NOERROR;
+}
+
+}  // namespace
+
+int GetP2PUserInfoFromCServer(const Caller& caller, P2PUserInfo& userInfo) {
+    const CallSite site = VANTIX_HERE;
+    json::JsonCppDocument user;
+    json::JsonCppDocument configuration;
+    int32_t userCost = 0;
+    int32_t configurationCost = 0;
+    bool goOn = false;
+    int result = FetchUser(site, caller, userCost, user, goOn);
+    if (goOn) {
+        result = FetchConfiguration(site, caller, configurationCost, configuration);
+        goOn = result == VANTIX_NOERROR;
+    }
+    userInfo.iRequestCost = userCost + configurationCost;
+    if (!goOn) {
+        return result;
+    }
+    const std::string joined = json::JsonBuilder::Object()
+                                   .Set("response1", json::JsonBuilder::CopyOf(user.Root()))
+                                   .Set("response2", json::JsonBuilder::CopyOf(configuration.Root()))
+                                   .Compact();
+    const int parsed = ParseP2PUserInfoFromCServer(joined, userInfo);
+    if (parsed != VANTIX_NOERROR) {
+        LogError(site, level::kError, requests::kP2PConfiguration.parserFailure,
+                 Masked(user.Root(), configuration.Root()), parsed);
+        return VANTIX_PLATFORM_ERROR_BASE + parsed;
+    }
+    return VANTIX_NOERROR;
+}
+
+int ParseP2PUserInfoFromCServer(const std::string& joined, P2PUserInfo& userInfo) {
+    const CallSite site = VANTIX_HERE;
+    json::JsonCppDocument document;
+    if (!json::ParseBody(site, joined, document)) {
+        return VANTIX_RESP_NOT_JSON;
+    }
+    const JsonCppView first = document.Root().Member("response1");
+    const JsonCppView second = document.Root().Member("response2");
+    return ReadUser(site, Masked(first, second), first, second, userInfo);
+}
+
+int GetP2PDevInfoFromCServer(const Caller& caller, const std::string& deviceSerial, P2PDevInfo& devInfo) {
+    return RequestCall(VANTIX_HERE, requests::kP2PDevInfo, caller)
+        .With(deviceSerial)
+        .CostInto(devInfo.iRequestCost)
+        .Run([&](const std::string& body) { return ParseP2PDevInfoFromCServer(body, deviceSerial, devInfo); });
+}
+
+int ParseP2PDevInfoFromCServer(const std::string& body, const std::string& deviceSerial, P2PDevInfo& devInfo) {
+    const CallSite site = VANTIX_HERE;
+    // The line says the detail parser's name on purpose.
+    LogInfoAt(site, level::kInfo, "ParseDevDetailInfoFromCServer = %s", body.c_str());
+    return json::ReadAnswer(site, body, consumer::Code, [&](const JsonCppView& root) -> int {
+        const JsonCppView servers = consumer::Find(root, "p2pInfos");
+        const JsonCppView devices = consumer::Find(root, "deviceInfos");
+        if (!servers.IsArray() || !devices.IsArray()) {
+            return json::Malformed(site, body, servers.IsArray() ? "deviceInfos" : "p2pInfos");
+        }
+        for (size_t i = 0; i < servers.Size(); ++i) {
+            json::ReadFields(servers.Element(i), kServerFields, devInfo.serverInfos.emplace_back());
+        }
+        const JsonCppView device = consumer::EntryOf(devices, deviceSerial);
+        device.Member("deviceSerial").Read(devInfo.deviceSerial);
+        std::string capability;
+        if (device.Member("qxDeviceCapability").Read(capability)) {
+            ParseP2PQXDevCapFromCServer(capability, devInfo);
+        }
+        device.Member("kmsInfos").Member("secretKey").Read(devInfo.defaultKey);
+        device.Member("kmsInfos").Member("version").ReadIntOrText(devInfo.defaultKeyVer);
+        return VANTIX_NOERROR;
+    });
+}
+
+int ParseP2PQXDevCapFromCServer(const std::string& text, P2PDevInfo& devInfo) {
+    json::JsonCppDocument document;
+    if (!json::ParseBody(VANTIX_HERE, text, document)) {
+        return VANTIX_RESP_NOT_JSON;
+    }
+    json::ReadFields(document.Root(), kCapabilityFields, devInfo);
+    return VANTIX_NOERROR;
+}
+
+}  // namespace vantix

@@ -1,0 +1,55 @@
+#include "cserver/Recordings.h"
+
+#include "boundary/Logger.h"
+#include "cserver/ConsumerEnvelope.h"
+#include "cserver/RequestTable.h"
+#include "json/Answer.h"
+#include "json/JsonText.h"
+#include "transport/TimeText.h"
+#include "vantix/ReturnCodes.h"
+
+namespace vantix {
+namespace {
+
+/// The request's own look at the envelope, before the parser.
+int CheckRecords(const CallSite& site, const std::string& body) {
+    LogInfoAt(site, level::kInfo, "ZQR TEST GetDeviceFileBySerialFromCServer:%s", body.c_str());
+    json::JsonCppDocument document;
+    if (!json::ParseBody(site, body, document)) {
+        return VANTIX_RESP_NOT_JSON;
+    }
+    return document.Root().Member("meta").IsObject() ? consumer::Code(document.Root()) : VANTIX_RESP_BAD_FORMAT;
+}
+
+}  // namespace
+
+int GetDeviceFileBySerialFromCServer(const Caller& caller, const std::string& deviceSerial, int channelNo,
+                                     const TimeSpan& span, int recordType, std::string& records) {
+    const CallSite site = VANTIX_HERE;
+    return RequestCall(site, cserver_requests::kDeviceFiles, caller)
+        .With(deviceSerial, channelNo, WithFirstBlankEscaped(span.startTime), WithFirstBlankEscaped(span.endTime),
+              recordType)
+        .Run([&](const std::string& body) { return CheckRecords(site, body); },
+             [&](const std::string& body) { return ParseDeviceRecordFileFromCServer(body, records); });
+}
+
+int ParseDeviceRecordFileFromCServer(const std::string& body, std::string& records) {
+    const CallSite site = VANTIX_HERE;
+    json::JsonCppDocument document;
+    if (!json::ParseBody(site, body, document)) {
+        return VANTIX_RESP_NOT_JSON;
+    }
+    const json::JsonCppView root = document.Root();
+    if (const int code = consumer::Code(root); code != 0) {
+        LogInfoAt(site, level::kInfo, "ParseDeviceRecordFileFromCServer Response Error:%d, Resp:%s", code,
+                  body.c_str());
+        return code;
+    }
+    if (!root.Member("records").IsArray()) {
+        return json::Malformed(site, body);
+    }
+    records = json::JsonBuilder::Object().Set("data", json::JsonBuilder::CopyOf(root.Member("records"))).Compact();
+    return VANTIX_NOERROR;
+}
+
+}  // namespace vantix

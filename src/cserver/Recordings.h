@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "records/CloudFileQuery.h"
+#include "transport/RequestCall.h"
+
+namespace vantix {
+
+/// Recordings on a device, as the compact text {"data":[…]}, at most 100. Returns 0, 100000 + the transport's code or
+/// 300000 + the response code.
+int GetDeviceFileBySerialFromCServer(const Caller& caller, const std::string& deviceSerial, int channelNo,
+                                     const TimeSpan& span, int recordType, std::string& records);
+
+/// Turns "records" into the compact text {"data":[…]}, unread.
+int ParseDeviceRecordFileFromCServer(const std::string& body, std::string& records);
+
+}  // namespace vantix

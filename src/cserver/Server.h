@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "records/ServerInfo.h"
+#include "transport/RequestCall.h"
+
+namespace vantix {
+
+/// Fetches the media servers from the consumer servers. The elapsed milliseconds are stored whatever the outcome.
+/// Returns 0, 100000 + the transport's code or 300000 + the response code.
+int GetServerInfoFromCServer(const Caller& caller, ServerInfo& serverInfo);
+
+/// Reads "systemConfigInfo", which must be there; each of its members is optional.
+int ParseServerInfoFromCServer(const std::string& body, ServerInfo& serverInfo);
+
+}  // namespace vantix

@@ -1,0 +1,74 @@
+#include "cserver/Tokens.h"
+
+#include "boundary/Logger.h"
+#include "cserver/ConsumerEnvelope.h"
+#include "cserver/RequestTable.h"
+#include "json/Answer.h"
+#include "transport/ClientInfo.h"
+#include "vantix/ReturnCodes.h"
+
+namespace vantix {
+namespace {
+
+using json::JsonCppView;
+namespace requests = cserver_requests;
+
+/// The refresh's own check, whose code is returned bare.
+int CheckRefresh(const CallSite& site, const std::string& body) {
+    json::JsonCppDocument document;
+    if (!document.Parse(body)) {
+        LogErrorAt(site, level::kError, "ZQR TEST QX_API_B2C_REFRESH_SESSION platform response bad, szInfo = %s",
+                   body.c_str());
+        return VANTIX_RESP_NOT_JSON;
+    }
+    const int code = consumer::Code(document.Root());
+    if (code != 0) {
+        LogInfoAt(site, level::kInfo, "ZQR TEST QX_API_B2C_REFRESH_SESSION Platform Response Error:%d, Resp:%s", code,
+                  body.c_str());
+    }
+    return code;
+}
+
+}  // namespace
+
+int GetStreamTokensFromCServer(const Caller& caller, std::string& answer) {
+    return RequestCall(VANTIX_HERE, requests::kStreamTokens, caller).With(caller.credential).Fetch(answer);
+}
+
+int RefreshSessionFromCServer(const Caller& caller, SessionInfo& session) {
+    const CallSite site = VANTIX_HERE;
+    std::string body;
+    int result = RequestCall(site, requests::kRefreshSession, caller)
+                     .With(session.refreshSessionId, ClientInfo().featureCode)
+                     .Fetch(body);
+    if (result == VANTIX_NOERROR) {
+        result = CheckRefresh(site, body);
+    }
+    if (result != VANTIX_NOERROR) {
+        return result;
+    }
+    const int parsed = ParseRefreshSessionnFromCServer(body, session);
+    if (parsed != VANTIX_NOERROR) {
+        LogError(site, level::kError, requests::kRefreshSession.parserFailure, body, parsed);
+        return VANTIX_PLATFORM_ERROR_BASE + parsed;
+    }
+    return VANTIX_NOERROR;
+}
+
+int ParseRefreshSessionnFromCServer(const std::string& body, SessionInfo& session) {
+    const CallSite site = VANTIX_HERE;
+    return json::ReadAnswer(site, body, consumer::Code, [&](const JsonCppView& root) -> int {
+        const JsonCppView info = root.Member("sessionInfo");
+        SessionInfo fresh;
+        if (!info.Member("sessionId").Read(fresh.sessionId)) {
+            return json::Malformed(site, body, info.IsObject() ? "sessionId" : "sessionInfo");
+        }
+        if (!info.Member("refreshSessionId").Read(fresh.refreshSessionId)) {
+            return json::Malformed(site, body, "refreshSessionId");
+        }
+        session = std::move(fresh);
+        return VANTIX_NOERROR;
+    });
+}
+
+}  // namespace vantix

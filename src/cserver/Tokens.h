@@ -1,0 +1,29 @@
+#pragma once
+
+/// @file
+/// Stream tokens and the session of the consumer servers.
+
+#include <string>
+
+#include "transport/RequestCall.h"
+
+namespace vantix {
+
+/// A batch of stream tokens, as the server answers it; the envelope is not looked at. 0, or 100000 + the transport's
+/// code.
+int GetStreamTokensFromCServer(const Caller& caller, std::string& answer);
+
+/// A session, and what renews it.
+struct SessionInfo {
+    std::string sessionId;
+    std::string refreshSessionId;
+};
+
+/// Renews the session; `session` holds the refresh session id and gets both new ones. Returns 0, 100000 + the
+/// transport's code, 1 when the answer is not JSON, the server's own bare code, or 300000 + the parser's code.
+int RefreshSessionFromCServer(const Caller& caller, SessionInfo& session);
+
+/// Reads "sessionInfo", which must hold both ids.
+int ParseRefreshSessionnFromCServer(const std::string& body, SessionInfo& session);
+
+}  // namespace vantix
