@@ -1,6 +1,6 @@
 // One capability read from a device's short list.
 
-#include "platform/CapabilityByNumber.h"
+#include "base/CapabilityByNumber.h"
 
 #include <gtest/gtest.h>
 
