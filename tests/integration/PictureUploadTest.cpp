@@ -1,0 +1,145 @@
+// A picture travels to the address that was handed out for it.
+
+#include <filesystem>
+#include <fstream>
+
+#include "platform/Recordings.h"
+#include "support/CoreFixture.h"
+#include "support/LogCapture.h"
+
+namespace vantix::test {
+namespace {
+
+/// A file with these bytes that goes away again.
+class LocalFile {
+public:
+    LocalFile(const std::u8string& name, const std::string& content)
+        : m_path(std::filesystem::temp_directory_path() / name) {
+        std::ofstream(m_path, std::ios::binary) << content;
+    }
+    ~LocalFile() {
+        std::error_code ignored;
+        std::filesystem::remove(m_path, ignored);
+    }
+    LocalFile(const LocalFile&) = delete;
+    LocalFile& operator=(const LocalFile&) = delete;
+
+    /// In UTF-8, as the interface takes it.
+    std::string Path() const {
+        const std::u8string text = m_path.u8string();
+        return {text.begin(), text.end()};
+    }
+
+private:
+    std::filesystem::path m_path;
+};
+
+std::string Hex(const std::string& bytes) {
+    std::string hex;
+    for (const char c : bytes) {
+        constexpr char kDigits[] = "0123456789abcdef";
+        hex += kDigits[static_cast<unsigned char>(c) >> 4U];
+        hex += kDigits[static_cast<unsigned char>(c) & 15U];
+    }
+    return hex;
+}
+
+class PictureUploadTest : public CoreFixture {
+protected:
+    /// Asks for an address to upload to.
+    std::string AskForAddress() const {
+        RecordFileList list;
+        const Caller caller{BDomain(), Account("accessToken"), Account("appKey")};
+        EXPECT_EQ(GetClouduploadUrlPlatform(caller, {"gate.jpg", 1, 7, 3600, "alarm"}, list), 0);
+        Cloud().ForgetRequests();
+        return Json::parse(list.strDeviceRecordList).at("url");
+    }
+    Json OnlyUpload() const {
+        const Json uploads = Cloud().Get("/uploads");
+        EXPECT_EQ(uploads.size(), 1U);
+        return uploads.at(0);
+    }
+};
+
+constexpr char kPictureBytes[] = "\xFF\xD8\xFF\xE0\0\x10JFIF\0 --boundary\r\n\xFF\xD9";
+const std::string kPicture(kPictureBytes, sizeof(kPictureBytes) - 1);
+
+TEST_F(PictureUploadTest, PictureArrivesWhole) {
+    const std::string url = AskForAddress();
+    const LocalFile file(u8"vantix-upload-whole.jpg", kPicture);
+    const LogCapture log;
+    EXPECT_EQ(UploadCloudPicFile(url, file.Path()), 0);
+    const Json upload = OnlyUpload();
+    EXPECT_EQ(upload.at("received"), true);
+    EXPECT_EQ(upload.at("contentHex"), Hex(kPicture));
+    EXPECT_EQ(upload.at("fields").at("url"), url);
+    EXPECT_EQ(upload.at("fileName"), "gate.jpg");
+    const LogLine line = log.Lines().back();
+    EXPECT_EQ(line.Message().rfind("[test] pOutBuffer = [{", 0), 0U);
+    EXPECT_EQ(line.level, 5U);
+    EXPECT_EQ(line.Word(), "ERROR");
+    EXPECT_EQ(line.Tag(), "UploadCloudPicFile");
+}
+
+TEST_F(PictureUploadTest, FormHasTheAddressAndThenTheFile) {
+    const std::string url = AskForAddress();
+    const LocalFile file(u8"vantix-upload-form.jpg", kPicture);
+    ASSERT_EQ(UploadCloudPicFile(url, file.Path()), 0);
+    const auto requests = Cloud().Requests();
+    ASSERT_EQ(requests.size(), 1U);
+    EXPECT_EQ(requests[0].method, "POST");
+    EXPECT_EQ(BDomain() + requests[0].path, url);
+    EXPECT_EQ(requests[0].query, "");
+    const std::string type = requests[0].Header("Content-Type");
+    EXPECT_EQ(type.rfind("multipart/form-data; boundary=", 0), 0U);
+    const std::string start = "--" + type.substr(type.find('=') + 1) + "\r\nContent-Disposition: form-data; ";
+    const std::string& body = requests[0].body;
+    EXPECT_EQ(body.rfind(start + "name=\"url\"\r\n\r\n" + url + "\r\n" + start +
+                             "name=\"file\"; filename=\"vantix-upload-form.jpg\"\r\n",
+                         0),
+              0U);
+    EXPECT_NE(body.find("\r\n\r\n" + kPicture + "\r\n--"), std::string::npos);
+}
+
+TEST_F(PictureUploadTest, MegabytesArriveToo) {
+    const std::string url = AskForAddress();
+    std::string content(3'000'000, 'p');
+    content[1'500'000] = '\0';
+    const LocalFile file(u8"vantix-upload-large.jpg", content);
+    EXPECT_EQ(UploadCloudPicFile(url, file.Path()), 0);
+    EXPECT_EQ(OnlyUpload().at("size"), content.size());
+    EXPECT_EQ(OnlyUpload().at("contentHex"), Hex(content));
+}
+
+TEST_F(PictureUploadTest, NameBeyondAsciiArrivesOrGivesACode) {
+    const std::string url = AskForAddress();
+    const LocalFile file(u8"vantix-upload-Tür-門.jpg", kPicture);
+    const int result = UploadCloudPicFile(url, file.Path());
+#if defined(_WIN32)
+    EXPECT_TRUE(result == 0 || result == 100026) << result;
+#else
+    EXPECT_EQ(result, 0);
+#endif
+    EXPECT_EQ(OnlyUpload().at("received"), result == 0);
+}
+
+TEST_F(PictureUploadTest, FileThatIsNotThereGivesACode) {
+    const std::string url = AskForAddress();
+    const LogCapture log;
+    EXPECT_EQ(UploadCloudPicFile(url, "no-such-folder/no-such-picture.jpg"), 100026);
+    EXPECT_EQ(OnlyUpload().at("received"), false);
+    EXPECT_EQ(log.Count("SyncRequestHeader error:26"), 1U);
+    EXPECT_EQ(log.Find("SyncRequestHeader error:26").level, 5U);
+    EXPECT_EQ(log.Find("SyncRequestHeader error:26").Tag(), "UploadCloudPicFile");
+}
+
+TEST_F(PictureUploadTest, OnlyTheTransferCanFail) {
+    const LocalFile file(u8"vantix-upload-fail.jpg", kPicture);
+    EXPECT_EQ(UploadCloudPicFile(Cloud().ClosedPort() + "/upload/x", file.Path()), 100007);
+    // The server's refusal is an answer like any other.
+    EXPECT_EQ(UploadCloudPicFile(BDomain() + "/upload/unknown", file.Path()), 0);
+    EXPECT_EQ(UploadCloudPicFile("", file.Path()), 100003);
+}
+
+}  // namespace
+}  // namespace vantix::test
