@@ -166,12 +166,16 @@ TEST_F(CRequestFailure, TheTransfersCodeIsReturnedAsItIs) {
 }
 
 TEST_F(CRequestFailure, WithoutMemoryForTheBlockNothingIsHandedOut) {
-    const std::string body(54320, 'x');
+    // The body comes in pieces, and is not converted, so that only the block has exactly this size.
+    const std::string piece(20'000, 'x');
+    const std::string rest(14'320, 'x');
+    constexpr size_t kBlock = 54'321;
+    bUtf8 = true;
     for (const Operation& operation : Operations()) {
         SCOPED_TRACE(operation.name);
         m_spy.Clear();
-        m_spy.Answer(CURLE_OK, {body});
-        m_spy.FailMalloc(body.size() + 1);
+        m_spy.Answer(CURLE_OK, {piece, piece, rest});
+        m_spy.FailMalloc(kBlock);
         const Outcome outcome(operation);
         EXPECT_EQ(outcome.result, 27);
         EXPECT_EQ(outcome.response, nullptr);
