@@ -11,7 +11,7 @@ namespace vantix::ctl {
 
 /// A command and what it was given.
 struct Invocation {
-    const Command* command;
+    const Command* command = nullptr;
     Arguments arguments;
     bool help = false;  ///< its help was asked for
 };

@@ -10,7 +10,7 @@ struct Context {
     SessionChoice session;
     bool json = false;         ///< for machines
     bool showSecrets = false;  ///< do not mask them for people
-    Painter paint;             ///< for standard output
+    Painter paint{false};      ///< for standard output
     int width = 100;           ///< of the screen
 };
 

@@ -64,7 +64,11 @@ bool IsYes(const Json& value) { return value == true || (value.is_number() && va
 
 /// Whether a capability, a number or decimal text, says yes.
 bool IsThere(const Json& value) {
-    return IsYes(value) || (value.is_string() && value != "" && value != "0" && value != "-1");
+    if (!value.is_string()) {
+        return IsYes(value);
+    }
+    const auto& text = value.get_ref<const std::string&>();
+    return !text.empty() && text != "0" && text != "-1";
 }
 
 std::string LocalTime(int64_t seconds) {
@@ -163,7 +167,8 @@ std::string FilledIn(std::string_view pattern, const Json& detail, bool showSecr
         std::string_view form = colon < inside.size() ? inside.substr(colon + 1) : std::string_view();
         form = showSecrets && form == "masked" ? std::string_view() : form;
         const Json& value = Member(detail, inside.substr(0, colon));
-        const bool isNothing = (value.is_string() && value == "") || (value.is_array() && value.empty());
+        const bool isNothing =
+            (value.is_string() && value.get_ref<const std::string&>().empty()) || (value.is_array() && value.empty());
         filled = filled || (isFirst && !isNothing);
         isFirst = false;
         text += Shown(value, form);

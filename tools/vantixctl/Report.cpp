@@ -57,6 +57,7 @@ std::string ListTable(const Context& context, const Json& list, std::string_view
     Table table(columns);
     for (const Json& item : list) {
         std::vector<Cell> cells;
+        cells.reserve(keys.size());
         for (const std::string& key : keys) {
             cells.push_back(ScalarCell(item.contains(key) ? item[key] : Json(nullptr), key == secret));
         }

@@ -40,7 +40,7 @@ public:
 
 private:
     struct Expected {
-        int32_t returned;
+        int32_t returned = 0;
         std::optional<int32_t> future;
     };
 

@@ -34,7 +34,7 @@ std::vector<Change> Changes(const Json& before, const Json& after) {
         for (const auto& [key, value] : record.items()) {
             const bool isRestless = std::find(kRestless.begin(), kRestless.end(), key) != kRestless.end();
             if (!isRestless && before[part][key] != value) {
-                changes.push_back({part + "." + key, before[part][key], value});
+                changes.push_back({std::string(part).append(".").append(key), before[part][key], value});
             }
         }
     }

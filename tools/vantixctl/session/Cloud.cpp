@@ -1,7 +1,9 @@
 #include "session/Cloud.h"
 
 #include <algorithm>
+#include <cctype>
 #include <stdexcept>
+#include <string_view>
 
 #if defined(VANTIX_WITH_SIMULATOR)
 #include "simulator/Simulator.h"
@@ -25,14 +27,16 @@ void AddPairs(const std::string& text, PairList& pairs) {
     }
 }
 
+bool Same(char left, char right) {
+    return std::tolower(static_cast<unsigned char>(left)) == std::tolower(static_cast<unsigned char>(right));
+}
+
 bool IsForm(const simulator::Exchange& exchange) {
-    for (const auto& [name, value] : exchange.headers) {
-        const bool namesType = name.size() == 12 && (name[0] == 'C' || name[0] == 'c');
-        if (namesType && value.starts_with("application/x-www-form-urlencoded")) {
-            return true;
-        }
-    }
-    return false;
+    constexpr std::string_view kName = "content-type";
+    return std::any_of(exchange.headers.begin(), exchange.headers.end(), [&](const auto& header) {
+        return std::equal(header.first.begin(), header.first.end(), kName.begin(), kName.end(), &Same) &&
+               header.second.starts_with("application/x-www-form-urlencoded");
+    });
 }
 
 }  // namespace

@@ -47,10 +47,9 @@ void TellSanitizer([[maybe_unused]] int descriptor) {
 
 }  // namespace
 
-StandardError::StandardError() {
+StandardError::StandardError() : m_kept(Duplicate(DescriptorOf(stderr))) {
     std::fflush(stderr);
     const int nowhere = OpenNowhere();
-    m_kept = Duplicate(DescriptorOf(stderr));
     if (m_kept >= 0 && nowhere >= 0) {
         g_messages = OpenStream(m_kept);
         TellSanitizer(m_kept);

@@ -21,7 +21,7 @@ public:
     static std::FILE* Stream();
 
 private:
-    int m_kept = -1;
+    int m_kept;
 };
 
 /// Writes one line, "vantixctl: …", for the person at the terminal.
