@@ -74,6 +74,9 @@ fs::path WholeDisk(fs::path device) {
             break;
         }
         device = fs::canonical(slaves.front(), error);
+        if (error) {
+            return {};
+        }
     }
     return fs::exists(device / "partition", error) ? device.parent_path() : device;
 }

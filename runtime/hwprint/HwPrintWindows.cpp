@@ -83,7 +83,13 @@ int HWP_GetMacAddr(char* mac) {
     ULONG size = 64 * 1024;
     std::vector<char> buffer(size);
     auto* adapter = reinterpret_cast<IP_ADAPTER_ADDRESSES*>(buffer.data());  // the system's own layout
-    if (GetAdaptersAddresses(AF_UNSPEC, GAA_FLAG_SKIP_UNICAST, nullptr, adapter, &size) != ERROR_SUCCESS) {
+    ULONG status = GetAdaptersAddresses(AF_UNSPEC, GAA_FLAG_SKIP_UNICAST, nullptr, adapter, &size);
+    if (status == ERROR_BUFFER_OVERFLOW) {
+        buffer.resize(size);
+        adapter = reinterpret_cast<IP_ADAPTER_ADDRESSES*>(buffer.data());
+        status = GetAdaptersAddresses(AF_UNSPEC, GAA_FLAG_SKIP_UNICAST, nullptr, adapter, &size);
+    }
+    if (status != ERROR_SUCCESS) {
         return -1;
     }
     for (; adapter != nullptr; adapter = adapter->Next) {

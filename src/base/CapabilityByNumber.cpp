@@ -27,13 +27,14 @@ std::string_view ValueInObject(std::string_view text, unsigned number) {
 }
 
 std::string_view ValueInList(std::string_view text, unsigned number) {
-    for (unsigned i = 1; i < number; ++i) {
-        const size_t bar = text.find('|');
-        if (bar == std::string_view::npos) {
+    size_t at = 0;
+    for (unsigned left = number; left > 1; ++at) {  // byte by byte: the values are one or two characters long
+        if (at == text.size()) {
             return {};
         }
-        text.remove_prefix(bar + 1);
+        left -= text[at] == '|' ? 1U : 0U;
     }
+    text.remove_prefix(at);
     return text.substr(0, text.find('|'));
 }
 

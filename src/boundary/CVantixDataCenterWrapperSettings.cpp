@@ -7,11 +7,8 @@
 namespace vantix {
 namespace {
 
-/// What a getter refers to when the core could not choose. Never destroyed.
-const std::string& NoText() {
-    static const auto* const text = new std::string;
-    return *text;
-}
+/// What a getter refers to when the core could not choose. Empty texts own no memory, so nothing is left at exit.
+const std::string kNoText;
 
 }  // namespace
 
@@ -73,11 +70,11 @@ void CVantixDataCenterWrapper::setDomain(const std::string& bDomain, const std::
 }
 
 const std::string& CVantixDataCenterWrapper::getDomain(const std::string& serial, int ch) {
-    return *Shielded([&] { return &core->getDomain(serial, ch).Live(); }, &NoText());
+    return *Shielded([&] { return &core->getDomain(serial, ch).Live(); }, &kNoText);
 }
 
 const std::string& CVantixDataCenterWrapper::getDomainByToken(const std::string& token) {
-    return *Shielded([&] { return &core->getDomainByToken(token).Live(); }, &NoText());
+    return *Shielded([&] { return &core->getDomainByToken(token).Live(); }, &kNoText);
 }
 
 void CVantixDataCenterWrapper::setAuthAddr(const std::string& addr) {

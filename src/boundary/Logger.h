@@ -65,11 +65,18 @@ constexpr bool StartsWith(const char* text, const char* start) {
 
 /// The first parenthesis that opens an argument list: not that of an unnamed namespace.
 constexpr size_t ArgumentsBegin(const char* name, size_t from) {
-    size_t i = from;
-    while (name[i] != '\0' && (name[i] != '(' || StartsWith(name + i, "(anonymous"))) {
-        ++i;
+    size_t depth = 0;  // inside template arguments, which may hold lists of their own
+    for (size_t i = from;; ++i) {
+        const char c = name[i];
+        if (c == '\0' || (c == '(' && depth == 0 && !StartsWith(name + i, "(anonymous"))) {
+            return i;
+        }
+        if (c == '<') {
+            ++depth;
+        } else if (c == '>' && depth > 0) {
+            --depth;
+        }
     }
-    return i;
 }
 
 /// One past the parenthesis that closes the one at `open`.
@@ -86,6 +93,12 @@ constexpr size_t ArgumentsEnd(const char* name, size_t open) {
     return i;
 }
 
+/// Whether the text before `end` ends with the word of an operator's name, as in "operator ()".
+constexpr bool EndsWithOperator(const char* name, size_t end) {
+    constexpr size_t kLength = 8;
+    return end >= kLength && StartsWith(name + end - kLength, "operator");
+}
+
 /// Where the qualified name that ends at `end` begins: after the return type.
 constexpr size_t NameBegin(const char* name, size_t end) {
     size_t depth = 0;
@@ -96,7 +109,7 @@ constexpr size_t NameBegin(const char* name, size_t end) {
             ++depth;
         } else if (c == '<' || c == '(' || c == '{') {
             --depth;
-        } else if (depth == 0 && (c == ' ' || c == '*' || c == '&')) {
+        } else if (depth == 0 && (c == ' ' || c == '*' || c == '&') && !EndsWithOperator(name, begin - 1)) {
             break;
         }
         --begin;

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <future>
-#include <system_error>
 #include <utility>
 
 #include "vantix/ReturnCodes.h"
@@ -21,7 +21,7 @@ std::future<int32_t> StartTask(Task task) {
                 return VANTIX_ERROR;
             }
         });
-    } catch (const std::system_error&) {
+    } catch (const std::exception&) {
         std::promise<int32_t> notStarted;
         notStarted.set_value(VANTIX_ERROR);
         return notStarted.get_future();

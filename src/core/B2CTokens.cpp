@@ -30,7 +30,7 @@ void CVantixDataCenter::SetB2CTokens(const std::string& text) {
     B2CTokenMap tokens(8);
     json::Json11Document document;
     if (!document.Parse(text)) {
-        // The text names the other kind of tokens; support knows it so.
+        // The text names the other kind of tokens, and is kept so.
         VANTIX_LOG_ERROR(level::kError, "szDeviceTkTokens parse error %s", document.Error().c_str());
         return;
     }

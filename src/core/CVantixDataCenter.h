@@ -192,8 +192,8 @@ private:
     int getDevDetailInfoFromLocalByRelation(const std::string& serial, int ch, DevChannelInfo& channelInfo,
                                             DevDetailInfo& detail);
     int updateDevDetailInfo(const std::string& serial, int ch, DevChannelInfo& channelInfo, DevDetailInfo& detail);
-    int fetchDevDetailInfo(const std::string& serial, int ch, DevChannelInfo& channelInfo, DevDetailInfo& detail,
-                           std::optional<BelongDevInfo>& parent);
+    int fetchDevDetailInfo(const CallSite& site, const std::string& serial, int ch, DevChannelInfo& channelInfo,
+                           DevDetailInfo& detail, std::optional<BelongDevInfo>& parent);
     void storeDevDetailInfo(const std::string& key, const DevChannelInfo& channelInfo, const DevDetailInfo& detail,
                             const std::optional<BelongDevInfo>& parent);
     /// Copies a channel's record out; false when it is not cached.

@@ -3,6 +3,7 @@
 #include "boundary/Logger.h"
 #include "core/AsyncTask.h"
 #include "core/CVantixDataCenter.h"
+#include "cserver/DeviceDetail.h"
 #include "platform/DeviceDetail.h"
 #include "vantix/ReturnCodes.h"
 
@@ -14,28 +15,62 @@ constexpr int kMostAttempts = 3;
 
 bool IsTransient(int result) { return result == VANTIX_PLATFORM_CODE_49999 || result == VANTIX_PLATFORM_CODE_50000; }
 
+/// An entry of a cache, made outside of it.
+template <class Map>
+typename Map::node_type EntryFor(const std::string& key, typename Map::mapped_type value) {
+    Map one;
+    one.emplace(key, std::move(value));
+    return one.extract(one.begin());
+}
+
+/// Puts an entry in the place of the one with its key, if there is one.
+template <class Map>
+void Put(Map& map, typename Map::node_type entry) {
+    const auto present = map.find(entry.key());
+    if (present != map.end()) {
+        present->second = std::move(entry.mapped());
+    } else {
+        map.insert(std::move(entry));
+    }
+}
+
 }  // namespace
 
-int CVantixDataCenter::fetchDevDetailInfo(const std::string& serial, int ch, DevChannelInfo& channelInfo,
-                                          DevDetailInfo& detail, std::optional<BelongDevInfo>& parent) {
-    const std::string token = deviceCredential(VANTIX_HERE, serial, ch, kVideoTkType);
+int CVantixDataCenter::fetchDevDetailInfo(const CallSite& site, const std::string& serial, int ch,
+                                          DevChannelInfo& channelInfo, DevDetailInfo& detail,
+                                          std::optional<BelongDevInfo>& parent) {
+    const std::string token = deviceCredential(site, serial, ch, kVideoTkType);
     if (token.empty()) {
         return VANTIX_ERROR;
     }
-    const Caller caller = callerFor(getDomain(serial, ch).Copy(), token);
+    const std::string domain = getDomain(serial, ch).Copy();
+    if (m_settings.permissionMode.Copy() == permission_mode::kB2C && isB2CSharedDevice(serial, ch)) {
+        const Caller session = callerFor(domain, m_settings.sessionId.Copy());
+        return GetDevDetailInfoFromCServerBySerial(session, serial, ch, channelInfo, detail);
+    }
+    const Caller caller = callerFor(domain, token);
     return GetDevDetailInfoFromPlatformBySerial(caller, serial, ch, channelInfo, detail, parent);
 }
 
 void CVantixDataCenter::storeDevDetailInfo(const std::string& key, const DevChannelInfo& channelInfo,
                                            const DevDetailInfo& detail, const std::optional<BelongDevInfo>& parent) {
-    m_mapDevDetailInfo.With([&](ChannelMap& map) { map.insert_or_assign(key, channelInfo); });
-    m_mapDeviceInfoCache.With([&](DeviceMap& map) { map.insert_or_assign(key, detail); });
+    // Everything that needs memory is made before the first cache changes: a refill takes place whole or not at all.
+    // Only the channels' table may still have to grow, so it comes first.
+    auto channelEntry = EntryFor<ChannelMap>(key, channelInfo);
+    auto deviceEntry = EntryFor<DeviceMap>(key, detail);
+    auto serialEntry = EntryFor<DeviceMap>(detail.deviceSerial, detail);
+    DeviceMap::node_type parentEntry;
+    if (!detail.belongSerial.empty() && parent) {
+        DevDetailInfo record;
+        static_cast<BelongDevInfo&>(record) = *parent;
+        parentEntry = EntryFor<DeviceMap>(detail.belongSerial, std::move(record));
+    }
+    m_mapDevDetailInfo.With([&](ChannelMap& map) { Put(map, std::move(channelEntry)); });
+    m_mapDeviceInfoCache.With([&](DeviceMap& map) { Put(map, std::move(deviceEntry)); });
     m_mapSerialDetailInfo.With([&](DeviceMap& map) {
-        map.insert_or_assign(detail.deviceSerial, detail);
-        if (!detail.belongSerial.empty() && parent) {
-            DevDetailInfo record;
-            static_cast<BelongDevInfo&>(record) = *parent;
-            map.insert_or_assign(detail.belongSerial, std::move(record));
+        Put(map, std::move(serialEntry));
+        if (!parentEntry.empty()) {
+            Put(map, std::move(parentEntry));
         }
     });
 }
@@ -46,7 +81,7 @@ int CVantixDataCenter::updateDevDetailInfo(const std::string& serial, int ch, De
     int result = VANTIX_ERROR;
     for (int attempts = 0; attempts < kMostAttempts; ++attempts) {
         parent.reset();
-        result = fetchDevDetailInfo(serial, ch, channelInfo, detail, parent);
+        result = fetchDevDetailInfo(VANTIX_HERE, serial, ch, channelInfo, detail, parent);
         if (!IsTransient(result)) {
             break;
         }
@@ -61,7 +96,7 @@ int CVantixDataCenter::getDevDetailInfo(const std::string& serial, int ch, DevCh
                                         DevDetailInfo& detail, std::future<int32_t>& future, bool retried) {
     const int result = getDevInfoCache(serial, ch, channelInfo, detail);
     if (result == VANTIX_NOERROR && !isExpired(detail.tCacheTime) && !detail.isUpdate) {
-        // A success worded and levelled as an error: support looks for it so.
+        // A success worded and levelled as an error, and kept so.
         VANTIX_LOG_ERROR(level::kError, "getDevDetailInfo FromLocal SUCCESS  isUpdate = %d", result);
         return VANTIX_NOERROR;
     }

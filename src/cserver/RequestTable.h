@@ -2,7 +2,7 @@
 
 /// @file
 /// Every request of the consumer servers, as a row. They authenticate by the session id, in a header. Some labels name
-/// a platform parser or carry a tester's mark; support knows them so, and they stay.
+/// a platform parser or carry a tester's mark; they are kept as they stand.
 
 #include "transport/EndpointTable.h"
 #include "transport/RequestCall.h"

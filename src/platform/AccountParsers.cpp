@@ -85,7 +85,7 @@ int ParsePushSessionIdFromPlatform(const std::string& body, std::string& pushSes
     LogInfoAt(site, level::kInfo, "ParsePushSessionId = %s", body.c_str());
     return json::ReadAnswer(site, body, json::StrictMetaCode<JsonCppView>, [&](const JsonCppView& root) -> int {
         if (!root.Member("pushSessionId").Read(pushSessionId)) {
-            // The text names another key than the one that is read; support knows it so.
+            // The text names another key than the one that is read, and is kept so.
             LogErrorAt(site, level::kError, "platform response invalid, [userId] not exist or not string, szInfo = %s",
                        body.c_str());
             return VANTIX_RESP_BAD_FORMAT;

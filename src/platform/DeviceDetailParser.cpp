@@ -102,8 +102,8 @@ void ReadNested(const CallSite& site, const std::string& body, const Json11View&
     const NestedObject extension(object.Member("supportExt"));
     if (extension.Failed()) {
         LogErrorAt(site, level::kError, "platform response invalid, szInfo = %s", body.c_str());
-    } else if (extension.Object().IsObject()) {
-        ReadCapabilities(site, extension.Object(), device);
+    } else {
+        ReadCapabilities(site, extension.Object(), device);  // without the member, the short list alone tells
     }
 
     const NestedObject belong(object.Member("belongDevice"));

@@ -2,7 +2,7 @@
 
 /// @file
 /// Every request of the open platform, as a row: how it travels, where to, with what, and what its log lines say. Some
-/// labels name another function than the one that is called; support knows them so, and they stay.
+/// labels name another function than the one that is called; they are kept as they stand.
 
 #include "transport/EndpointTable.h"
 #include "transport/RequestCall.h"

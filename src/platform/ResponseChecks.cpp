@@ -31,7 +31,7 @@ int CheckCloudResponseInfoFromPlatform(const std::string& body) {
         return VANTIX_RESP_NOT_JSON;
     }
     if (!document.Root().Member("meta").IsObject()) {
-        // The text names another key than the one that is tested; support knows it so.
+        // The text names another key than the one that is tested, and is kept so.
         VANTIX_LOG_INFO(level::kInfo, "platform response bad, [result] is not object, Resp:%s", body.c_str());
         return VANTIX_RESP_BAD_FORMAT;
     }

@@ -1,10 +1,7 @@
 #include "transport/CurlCallbacks.h"
 
-#include <algorithm>
 #include <cstdio>
-#include <limits>
-#include <new>
-#include <stdexcept>
+#include <exception>
 #include <string>
 
 #include "tvl/tvl.h"
@@ -12,12 +9,12 @@
 namespace vantix {
 namespace {
 
-void PrintPiece(curl_infotype type, int length, const char* data) {
+void PrintPiece(curl_infotype type, const char* data) {
     switch (type) {
-        case CURLINFO_HEADER_IN: std::printf("[HEADER_IN]%.*s\n", length, data); break;
-        case CURLINFO_HEADER_OUT: std::printf("[HEADER_OUT]%.*s\n", length, data); break;
-        case CURLINFO_DATA_IN: std::printf("[DATA_IN]%.*s\n", length, data); break;
-        case CURLINFO_DATA_OUT: std::printf("[DATA_OUT]%.*s\n", length, data); break;
+        case CURLINFO_HEADER_IN: std::printf("[HEADER_IN]%s\n", data); break;
+        case CURLINFO_HEADER_OUT: std::printf("[HEADER_OUT]%s\n", data); break;
+        case CURLINFO_DATA_IN: std::printf("[DATA_IN]%s\n", data); break;
+        case CURLINFO_DATA_OUT: std::printf("[DATA_OUT]%s\n", data); break;
         default: break;
     }
 }
@@ -38,11 +35,14 @@ size_t AppendToBody(char* data, size_t size, size_t count, void* body) {
 }
 
 int PrintTrace(CURL* /*handle*/, curl_infotype type, char* data, size_t size, void* /*user*/) {
-    const int length = static_cast<int>(std::min<size_t>(size, std::numeric_limits<int>::max()));
-    PrintPiece(type, length, data);
-    char text[1024] = {};
-    std::snprintf(text, sizeof(text), "libcurl  infotype:%d info:%.*s \n", static_cast<int>(type), length, data);
-    TVL_OutputDebugString(text);
+    try {
+        const std::string piece(data, size);  // libcurl's pieces have no terminating zero
+        PrintPiece(type, piece.c_str());
+        char text[1024] = {};
+        std::snprintf(text, sizeof(text), "libcurl  infotype:%d info:%s \n", static_cast<int>(type), piece.c_str());
+        TVL_OutputDebugString(text);
+    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): a trace that has no memory is left out
+    }
     return 0;
 }
 

@@ -10,7 +10,7 @@ namespace vantix {
 
 /// One transfer: a curl handle with everything that it owns. It is made, told its options, performed once and gone.
 ///
-/// The first thing that fails decides the result, and nothing is sent then. No member throws.
+/// The first thing that fails decides the result, and nothing is sent then.
 class CurlTransfer {
 public:
     explicit CurlTransfer(bool verbose);

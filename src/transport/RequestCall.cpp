@@ -1,5 +1,7 @@
 #include "transport/RequestCall.h"
 
+#include <limits>
+
 #include "base/Clock.h"
 #include "transport/ClientInfo.h"
 #include "transport/RequestFunctions.h"
@@ -100,13 +102,25 @@ int RequestCall::Fetch(std::string& body) {
     return VANTIX_NOERROR;
 }
 
+namespace {
+
+/// Adds the base to a response code. A code that a server cannot have meant, such as a negative one, counts as
+/// malformed: the sum must neither leave its range nor look like a success.
+int Composed(int code) {
+    constexpr int kLargest = std::numeric_limits<int32_t>::max() - VANTIX_PLATFORM_ERROR_BASE;
+    const bool possible = code > 0 && code <= kLargest;
+    return VANTIX_PLATFORM_ERROR_BASE + (possible ? code : static_cast<int>(VANTIX_RESP_BAD_FORMAT));
+}
+
+}  // namespace
+
 int RequestCall::Judge(const Reader& reader, BodyCodeText failure, const std::string& body) const {
     const int code = reader(body);
     if (code == 0) {
         return VANTIX_NOERROR;
     }
     LogError(m_site, level::kError, failure, body, code);
-    return VANTIX_PLATFORM_ERROR_BASE + code;
+    return Composed(code);
 }
 
 int RequestCall::Run(const Reader& parse) {

@@ -28,12 +28,19 @@ private:
     std::optional<std::string> m_text;
 };
 
-void LogStart(const CallSite& site, const Address& address, const std::string& maskedParameters) {
-    const std::string text = address.ForLog() + "?" + maskedParameters;
-    LogInfoAt(site, level::kInfo, "start Posts url and Param = %s", text.c_str());
+/// `masked` yields the parameters as they may be shown; it is not asked when the line is filtered out.
+template <class Masked>
+void LogStart(const CallSite& site, const Address& address, Masked masked) {
+    if (LogPasses(level::kInfo)) {
+        const std::string text = address.ForLog() + "?" + masked();
+        LogInfoAt(site, level::kInfo, "start Posts url and Param = %s", text.c_str());
+    }
 }
 
 void LogHeaders(const CallSite& site, const ParamMap& headers) {
+    if (!LogPasses(level::kInfo)) {
+        return;
+    }
     for (const auto& [key, value] : headers.All()) {
         const std::string line = (key + ": ").append(IsSecretHeader(key) ? kMask : std::string_view(value));
         LogInfoAt(site, level::kInfo, "heads = %s", line.c_str());
@@ -53,7 +60,7 @@ int SendParameters(const CallSite& site, uint32_t endpoint, const ParamMap& para
         return CURLE_COULDNT_CONNECT;
     }
     const Address address(base, endpoint);
-    LogStart(site, address, params.SerializeMasked());
+    LogStart(site, address, [&] { return params.SerializeMasked(); });
     if (headers != nullptr) {
         LogHeaders(site, *headers);
     }
@@ -75,7 +82,7 @@ int SyncRequestjson(const char* json, const char* base, char** response, uint32_
         return CURLE_COULDNT_CONNECT;
     }
     const Address address(base, endpoint::kCloudFileDetails);
-    LogStart(site, address, json == nullptr ? std::string() : MaskedJson(json));
+    LogStart(site, address, [&] { return json == nullptr ? std::string() : MaskedJson(json); });
     return LogEnd(site, CRequest().SyncRequest(address.Get(), json, RequestMode::JsonPost, response, length));
 }
 
