@@ -24,12 +24,16 @@ FailingNew::Suspended::~Suspended() { t_countdown = m_countdown; }
 
 bool FailingNew::Fired() { return t_fired; }
 
-void* FailingNew::Allocate(size_t size) {
+void* FailingNew::AllocateOrNull(size_t size) noexcept {
     if (t_countdown != 0 && --t_countdown == 0) {
         t_fired = true;
-        throw std::bad_alloc();
+        return nullptr;
     }
-    void* block = std::malloc(size == 0 ? 1 : size);  // NOLINT(cppcoreguidelines-no-malloc): this is operator new
+    return std::malloc(size == 0 ? 1 : size);  // NOLINT(cppcoreguidelines-no-malloc): this is operator new
+}
+
+void* FailingNew::Allocate(size_t size) {
+    void* block = AllocateOrNull(size);
     if (block == nullptr) {
         throw std::bad_alloc();
     }

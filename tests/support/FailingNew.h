@@ -15,8 +15,9 @@ public:
 
     /// Whether the allocation has failed.
     static bool Fired();
-    /// What `operator new` does.
+    /// What `operator new` does, and the kind of it that does not throw.
     static void* Allocate(size_t size);
+    static void* AllocateOrNull(size_t size) noexcept;
 
     /// While it lives, the allocations of this thread neither fail nor count: those of test code that the library
     /// calls.

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 
 #include "boundary/Logger.h"
@@ -24,7 +25,13 @@ size_t PrefixLength() {
 void WriteText(size_t length) { log(5, "%s", std::string(length, 'x').c_str()); }
 void WriteTextAt(size_t length) { LogInfoAt(kSite, 5, "%s", std::string(length - PrefixLength(), 'x').c_str()); }
 
-using Road = void (*)(size_t length);
+struct Road {
+    const char* name;
+    void (*write)(size_t length);
+};
+
+/// How the test's name tells the road.
+void PrintTo(const Road& road, std::ostream* stream) { *stream << road.name; }
 
 class LoggerBufferTest : public testing::TestWithParam<Road> {
 protected:
@@ -47,7 +54,7 @@ protected:
 TEST_P(LoggerBufferTest, TextThatLeavesRoomArrivesWhole) {
     for (const size_t length : {100U, 40'957U, 40'958U}) {
         sinks.Clear();
-        GetParam()(length);
+        GetParam().write(length);
         ExpectBothReceived(std::to_string(length), length, false);
     }
 }
@@ -55,7 +62,7 @@ TEST_P(LoggerBufferTest, TextThatLeavesRoomArrivesWhole) {
 TEST_P(LoggerBufferTest, TextThatDoesNotFitBecomesEmpty) {
     for (const size_t length : {40'961U, 40'962U, 100'000U, 1'000'000U}) {
         sinks.Clear();
-        GetParam()(length);
+        GetParam().write(length);
         ExpectBothReceived(std::to_string(length), length, true);
     }
 }
@@ -67,7 +74,7 @@ TEST_P(LoggerBufferTest, TextThatFillsTheBufferEndsTheProcessAndIsNotEmitted) {
         EXPECT_DEATH_IF_SUPPORTED(
             {
                 sinks.OnLine([] { fputs("emitted", stderr); });
-                GetParam()(length);
+                GetParam().write(length);
             },
             testing::Not(testing::HasSubstr("emitted")));
     }
@@ -76,13 +83,13 @@ TEST_P(LoggerBufferTest, TextThatFillsTheBufferEndsTheProcessAndIsNotEmitted) {
 TEST_P(LoggerBufferTest, FilteredTextOfAnyLengthDoesNothing) {
     iLogLevel = 6;
     for (const size_t length : {40'959U, 40'960U, 40'961U}) {
-        GetParam()(length);
+        GetParam().write(length);
     }
     EXPECT_TRUE(sinks.All().empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Roads, LoggerBufferTest, testing::Values(WriteText, WriteTextAt),
-                         [](const auto& road) { return road.index == 0 ? "Log" : "LogAt"; });
+INSTANTIATE_TEST_SUITE_P(Roads, LoggerBufferTest, testing::Values(Road{"Log", WriteText}, Road{"LogAt", WriteTextAt}),
+                         [](const auto& road) { return road.param.name; });
 
 TEST(LoggerBuffer, EmptyTextIsANewline) {
     const CleanSwitches clean;
