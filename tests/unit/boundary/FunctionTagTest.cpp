@@ -144,8 +144,9 @@ TEST(FunctionTag, ReturnTypeIsNoPartOfIt) {
 
 TEST(FunctionTag, ReturnTypeWithParenthesesIsNoPartOfIt) {
     EXPECT_EQ(FreeReturningFunction()(0), "FreeReturningFunction");
-    EXPECT_EQ(FreeReturningDeduced(), "FreeReturningDeduced");
 }
+
+TEST(FunctionTag, DeducedReturnTypeIsNoPartOfIt) { EXPECT_EQ(FreeReturningDeduced(), "FreeReturningDeduced"); }
 
 TEST(FunctionTag, UnnamedNamespaceIsNoPartOfIt) {
     EXPECT_EQ(Unnamed(), "Unnamed");

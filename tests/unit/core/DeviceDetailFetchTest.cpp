@@ -1,5 +1,6 @@
 // Fetching a device detail: credential and domain, attempts, what is stored, the synchronous front.
 
+#include <algorithm>
 #include <thread>
 
 #include "core/LastError.h"
@@ -137,6 +138,17 @@ TEST_F(DetailFetch, B2CModeUsesTheDevicesTokenAtTheBDomainForAnOwnDevice) {
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(transport.Sent()[0].Param("accessToken"), "own");
     EXPECT_EQ(transport.Sent()[0].url, "https://b.example/api/device/detail");
+}
+
+TEST_F(DetailFetch, B2CModeAsksTheConsumerServerForASharedDevice) {
+    core.setPermissionMode(2);
+    core.setSessionId("the-session");
+    core.SetB2CTokens(R"([{"token":"shared","deviceSerial":"C1","channelNo":"1","isShared":1}])");
+    EXPECT_EQ(Fetch(), 100007) << "nothing answers";
+    ASSERT_EQ(transport.Count(), 1U);
+    const SentRequest sent = transport.Sent()[0];
+    EXPECT_EQ(sent.url.find("https://c.example/v3/userdevices/v1/devices/pagelist?"), 0U) << sent.url;
+    EXPECT_NE(std::find(sent.headers.begin(), sent.headers.end(), "sessionId: the-session"), sent.headers.end());
 }
 
 TEST_F(DetailFetch, OtherModesUseTheAccessToken) {
@@ -277,7 +289,7 @@ TEST_F(DetailFetch, RefusedAnswerIsNeverASuccess) {
     for (const char* code : {"-300000", "2147183648", "2147483647", "-2147483648", "99999999999", "-99999999999"}) {
         Cache("C1", 1, WithIP("C1", "old"));
         transport.Answer(CodeAnswer(code));
-        EXPECT_NE(Fetch(), 0) << code;
+        EXPECT_EQ(Fetch(), 300002) << code;
         EXPECT_EQ(CachedIP(), "old") << code;
     }
 }

@@ -162,7 +162,7 @@ TEST_F(DetailParser, RecordsAreResetBeforeTheyAreFilled) {
     EXPECT_TRUE(Same(channel, DevChannelInfo()));
     EXPECT_TRUE(Same(device, DevDetailInfo()));
     EXPECT_EQ(parent->deviceSerial, "P-serial-201") << "an answer without a parent leaves the caller's";
-    EXPECT_TRUE(lines.Lines().empty());
+    EXPECT_FALSE(lines.Contains("platform response"));
 }
 
 TEST_F(DetailParser, MissingParentLeavesTheRecordEmpty) {
@@ -370,6 +370,18 @@ TEST_F(DetailParser, CapabilitiesWithoutANumberIgnoreTheShortList) {
             numbered = numbered || std::string(row.key) == member.key;
         }
         EXPECT_EQ(member.Of(device), numbered ? 1 : 0) << member.key;
+    }
+}
+
+TEST_F(DetailParser, WithoutTheMemberTheShortListAloneTells) {
+    for (const FromShortList& row : kFromShortList) {
+        json answer = WithShortList(ListOf(row.number, "3"));
+        Device(answer).erase("supportExt");
+        EXPECT_EQ(Parse(answer), 0);
+        for (const auto& member : CapabilityMembers()) {
+            EXPECT_EQ(member.Of(device), std::string(member.key) == row.key ? 3 : 0) << member.key;
+        }
+        EXPECT_FALSE(lines.Contains("platform response"));
     }
 }
 

@@ -102,18 +102,23 @@ TEST_F(DetailRequest, RefusedAnswerIsLoggedWithBodyAndCode) {
     const struct {
         std::string body;
         int parsed;
-    } rows[] = {{"", 1},
-                {"<html>%s%n</html>", 1},
-                {"[]", 2},
-                {R"({"result":{"code":200}})", 2},
-                {CodeAnswer("10002"), 10002},
-                {CodeAnswer("49999"), 49999},
-                {CodeAnswer("-5"), -5}};
+        int result;
+    } rows[] = {{"", 1, 300001},
+                {"<html>%s%n</html>", 1, 300001},
+                {"[]", 2, 300002},
+                {R"({"result":{"code":200}})", 2, 300002},
+                {CodeAnswer("10002"), 10002, 310002},
+                {CodeAnswer("49999"), 49999, 349999},
+                {CodeAnswer("2147183647"), 2147183647, 2147483647},
+                // Codes that no platform means count as malformed.
+                {CodeAnswer("2147183648"), 2147183648, 300002},
+                {CodeAnswer("-5"), -5, 300002},
+                {CodeAnswer("-300000"), -300000, 300002}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.body);
         device.deviceIP = "mine";
         transport.Answer(row.body);
-        EXPECT_EQ(Fetch(), 300000 + row.parsed);
+        EXPECT_EQ(Fetch(), row.result);
         ExpectLine("ParseDevDetailInfoFromPlatform:" + row.body + " error:" + std::to_string(row.parsed), "ERROR", 5);
         EXPECT_EQ(device.deviceIP, "mine");
         EXPECT_EQ(device.tCacheTime, 0);
