@@ -63,12 +63,17 @@ constexpr bool StartsWith(const char* text, const char* start) {
     return *start == '\0';
 }
 
-/// The first parenthesis that opens an argument list: not that of an unnamed namespace.
+/// Whether a parenthesis belongs to an unnamed namespace or a deduced return type ("decltype(auto)").
+constexpr bool OpensNoArguments(const char* parenthesis) {
+    return StartsWith(parenthesis, "(anonymous") || StartsWith(parenthesis, "(auto)");
+}
+
+/// The first parenthesis that opens an argument list.
 constexpr size_t ArgumentsBegin(const char* name, size_t from) {
     size_t depth = 0;  // inside template arguments, which may hold lists of their own
     for (size_t i = from;; ++i) {
         const char c = name[i];
-        if (c == '\0' || (c == '(' && depth == 0 && !StartsWith(name + i, "(anonymous"))) {
+        if (c == '\0' || (c == '(' && depth == 0 && !OpensNoArguments(name + i))) {
             return i;
         }
         if (c == '<') {

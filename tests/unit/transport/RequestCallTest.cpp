@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <limits>
 
 #include <cstdint>
 #include <cstdio>
@@ -212,7 +213,7 @@ TEST_F(Requests, AFetchThatFailsLeavesTheBody) {
 }
 
 TEST_F(Requests, AParsersCodeIsComposedAndLoggedWithTheBody) {
-    for (const int code : {1, 2, 10002, 49999, -6}) {
+    for (const int code : {1, 2, 10002, 49999}) {
         SCOPED_TRACE(code);
         m_log.Clear();
         const RequestRow row = Row();
@@ -220,6 +221,19 @@ TEST_F(Requests, AParsersCodeIsComposedAndLoggedWithTheBody) {
         EXPECT_THAT(OwnLines(), ElementsAre("INFO 3 /api CostTime: = 12 milliseconds",
                                             "ERROR5 ParseIt:the body error:" + std::to_string(code)));
     }
+}
+
+TEST_F(Requests, ACodeThatNoServerCanMeanCountsAsMalformedAndIsLoggedAsItCame) {
+    constexpr int kLargest = std::numeric_limits<int>::max();
+    for (const int code : {-6, -300000, kLargest - 299999, kLargest}) {
+        SCOPED_TRACE(code);
+        m_log.Clear();
+        const RequestRow row = Row();
+        EXPECT_EQ(RequestCall(m_site, row, kCaller).With("D1").Run(Says(code)), 300002);
+        EXPECT_EQ(OwnLines().back(), "ERROR5 ParseIt:the body error:" + std::to_string(code));
+    }
+    const RequestRow row = Row();
+    EXPECT_EQ(RequestCall(m_site, row, kCaller).With("D1").Run(Says(kLargest - 300000)), kLargest);
 }
 
 TEST_F(Requests, ACheckComesBeforeTheParser) {
