@@ -8,8 +8,8 @@
 
 #include "Cases.h"
 #include "DetailAnswer.h"
-#include "boundary/Logger.h"
 #include "base/CapabilityByNumber.h"
+#include "boundary/Logger.h"
 #include "platform/DeviceDetailParser.h"
 
 #if defined(__GNUC__)
