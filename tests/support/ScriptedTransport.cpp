@@ -193,19 +193,20 @@ CURLcode __real_curl_easy_setopt(CURL* handle, CURLoption option, ...);
 CURLcode __real_curl_easy_perform(CURL* handle);
 void __real_curl_easy_cleanup(CURL* handle);
 
-CURLcode __wrap_curl_easy_setopt(CURL* handle, CURLoption option, ...) {
+CURLcode __wrap_curl_easy_setopt(CURL* handle, unsigned number, ...) {  // an enumeration cannot precede the values
     using namespace vantix::test;
+    const auto option = static_cast<CURLoption>(number);
     va_list values;
-    va_start(values, option);
+    va_start(values, number);
     CURLcode result = CURLE_UNKNOWN_OPTION;
-    if (option < CURLOPTTYPE_OBJECTPOINT) {
+    if (number < CURLOPTTYPE_OBJECTPOINT) {
         const long value = va_arg(values, long);
         result = __real_curl_easy_setopt(handle, option, value);
-    } else if (option < CURLOPTTYPE_FUNCTIONPOINT) {
+    } else if (number < CURLOPTTYPE_FUNCTIONPOINT) {
         void* value = va_arg(values, void*);
         NotePointer(handle, option, value);
         result = __real_curl_easy_setopt(handle, option, value);
-    } else if (option < CURLOPTTYPE_OFF_T) {
+    } else if (number < CURLOPTTYPE_OFF_T) {
         auto* value = va_arg(values, curl_write_callback);
         NoteFunction(handle, option, value);
         result = __real_curl_easy_setopt(handle, option, value);
