@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 namespace vantix::json {
@@ -69,6 +71,79 @@ TEST(JsonCppCompact, InvalidUtf8BecomesTheReplacementCharacter) {
     JsonCppDocument document;
     ASSERT_TRUE(document.Parse("[\"\xFF\"]"));
     EXPECT_EQ(document.Root().Compact(), "[\"\\ufffd\"]");
+}
+
+struct TextRow {
+    const char* json;
+    std::optional<std::string> text;
+};
+
+TEST(JsonCppReader, ReadTextTakesTextsAndIntegers) {
+    const TextRow rows[] = {
+        {R"("text")", "text"},
+        {R"("")", ""},
+        {R"("0012")", "0012"},
+        {"0", "0"},
+        {"-7", "-7"},
+        {"2147483648", "2147483648"},
+        {"9223372036854775807", "9223372036854775807"},
+        {"-9223372036854775808", "-9223372036854775808"},
+        {"9223372036854775808", std::nullopt},
+        {"1.5", std::nullopt},
+        {"1e20", std::nullopt},
+        {"true", std::nullopt},
+        {"null", std::nullopt},
+        {"[]", std::nullopt},
+        {R"(["text"])", std::nullopt},
+        {"{}", std::nullopt},
+    };
+    for (const TextRow& row : rows) {
+        SCOPED_TRACE(row.json);
+        JsonCppDocument document;
+        ASSERT_TRUE(document.Parse(row.json));
+        std::string text = "before";
+        EXPECT_EQ(document.Root().ReadText(text), row.text.has_value());
+        EXPECT_EQ(text, row.text.value_or("before"));
+    }
+    std::string text = "before";
+    EXPECT_FALSE(JsonCppView().ReadText(text));
+    EXPECT_EQ(text, "before");
+}
+
+struct NumberRow {
+    const char* json;
+    std::optional<int32_t> number;
+};
+
+TEST(JsonCppReader, ReadIntOrTextTakesIntegersAndTextsOfNumbers) {
+    const NumberRow rows[] = {
+        {"0", 0},
+        {"8443", 8443},
+        {"-1", -1},
+        {"2147483647", 2147483647},
+        {"2147483648", std::nullopt},
+        {"3.0", 3},
+        {"3.5", std::nullopt},
+        {R"("8443")", 8443},
+        {R"("-1")", -1},
+        {R"(" 5 ")", 5},
+        {R"("99999999999")", 2147483647},
+        {"true", std::nullopt},
+        {"null", std::nullopt},
+        {"[5]", std::nullopt},
+        {"{}", std::nullopt},
+    };
+    for (const NumberRow& row : rows) {
+        SCOPED_TRACE(row.json);
+        JsonCppDocument document;
+        ASSERT_TRUE(document.Parse(row.json));
+        int32_t number = 4711;
+        EXPECT_EQ(document.Root().ReadIntOrText(number), row.number.has_value());
+        EXPECT_EQ(number, row.number.value_or(4711));
+    }
+    int32_t number = 4711;
+    EXPECT_FALSE(JsonCppView().ReadIntOrText(number));
+    EXPECT_EQ(number, 4711);
 }
 
 TEST(JsonCppReader, MinusWithoutDigitsIsZero) {

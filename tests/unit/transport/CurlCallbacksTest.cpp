@@ -117,6 +117,14 @@ TEST(TraceCallback, CutsTheDebuggersTextToItsBuffer) {
 #endif
 }
 
+TEST(TraceCallback, DataIsPrintedAsTextThatEndsAtAZero) {
+    const Printed printed = Trace(CURLINFO_DATA_IN, std::string("a\0b", 3));
+    EXPECT_EQ(printed.out, "[DATA_IN]a\n");
+#if !defined(_WIN32)
+    EXPECT_EQ(printed.debugger, "libcurl  infotype:3 info:a \n");
+#endif
+}
+
 TEST(TraceCallback, EmptyDataIsPrintedToo) {
     const Printed printed = Trace(CURLINFO_HEADER_IN, "");
     EXPECT_EQ(printed.result, 0);

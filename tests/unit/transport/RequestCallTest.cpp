@@ -236,16 +236,6 @@ TEST_F(Requests, ACodeThatNoServerCanMeanCountsAsMalformedAndIsLoggedAsItCame) {
     EXPECT_EQ(RequestCall(m_site, row, kCaller).With("D1").Run(Says(kLargest - 300000)), kLargest);
 }
 
-TEST_F(Requests, ACodeThatNoServerCanMeanIsMalformed) {
-    for (const int code :
-         {-1, -6, -300000, std::numeric_limits<int>::min(), 2147483647 - 299999, std::numeric_limits<int>::max()}) {
-        SCOPED_TRACE(code);
-        const RequestRow row = Row();
-        EXPECT_EQ(RequestCall(m_site, row, kCaller).With("D1").Run(Says(code)), 300002);
-        EXPECT_EQ(OwnLines().back(), "ERROR5 ParseIt:the body error:" + std::to_string(code)) << "as it came";
-    }
-}
-
 TEST_F(Requests, ACheckComesBeforeTheParser) {
     const RequestRow row = Row();
     EXPECT_EQ(RequestCall(m_site, row, kCaller).With("D1").Run(Says(10002), Says(2)), 310002);
