@@ -5,7 +5,7 @@ if(NOT MSVC)
     file(GLOB _interface RELATIVE "${PROJECT_SOURCE_DIR}/include" CONFIGURE_DEPENDS
         "${PROJECT_SOURCE_DIR}/include/vantix/*.h")
     list(TRANSFORM _records PREPEND "vantix/")
-    add_test(NAME public_headers COMMAND Python3::Interpreter "${CMAKE_CURRENT_SOURCE_DIR}/checks/public-headers.py"
+    add_test(NAME public_headers COMMAND "${Python3_EXECUTABLE}" "${CMAKE_CURRENT_SOURCE_DIR}/checks/public-headers.py"
         "${CMAKE_CXX_COMPILER}" "${PROJECT_SOURCE_DIR}/include" "${PROJECT_BINARY_DIR}/include"
         -- ${_interface} ${_records})
 endif()

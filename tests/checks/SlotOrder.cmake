@@ -4,13 +4,13 @@
 set(_slots "${CMAKE_CURRENT_SOURCE_DIR}/data/slots.txt")
 
 if(UNIX AND NOT CMAKE_CROSSCOMPILING)
-    add_test(NAME slot_order_library COMMAND Python3::Interpreter "${CMAKE_CURRENT_SOURCE_DIR}/checks/slots.py"
+    add_test(NAME slot_order_library COMMAND "${Python3_EXECUTABLE}" "${CMAKE_CURRENT_SOURCE_DIR}/checks/slots.py"
         library "${CMAKE_NM}" "${CMAKE_READELF}" "$<TARGET_FILE:vantixdatacenter>" "${_slots}")
 endif()
 
 find_program(VANTIX_CLANG NAMES clang++ DOC "A clang that can lay tables out for other systems")
 if(VANTIX_CLANG)
-    add_test(NAME slot_order_msvc COMMAND Python3::Interpreter "${CMAKE_CURRENT_SOURCE_DIR}/checks/slots.py"
+    add_test(NAME slot_order_msvc COMMAND "${Python3_EXECUTABLE}" "${CMAKE_CURRENT_SOURCE_DIR}/checks/slots.py"
         msvc "${VANTIX_CLANG}" "${CMAKE_CURRENT_SOURCE_DIR}/checks/msvc-abi/Interface.cpp"
         "${CMAKE_CURRENT_SOURCE_DIR}/checks/msvc-abi/stand-in" "${PROJECT_SOURCE_DIR}/include" "${_slots}")
 else()

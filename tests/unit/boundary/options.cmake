@@ -1,4 +1,5 @@
-# The sinks and the transfers of these tests are scripted: the linker sends the calls to the tests' own functions.
+# The sinks and the transfers of these tests are scripted, and the end of the process can be caught: the linker sends the
+# calls to the tests' own functions.
 target_link_options(${VANTIX_TEST} PRIVATE
-    "LINKER:--wrap=TVL_OutputDebugString"
+    "LINKER:--wrap=TVL_OutputDebugString" "LINKER:--wrap=abort"
     "LINKER:--wrap=curl_easy_setopt" "LINKER:--wrap=curl_easy_perform" "LINKER:--wrap=curl_easy_cleanup")
