@@ -1,16 +1,18 @@
 """What the tests of the command-line tool share: starting it, and a loopback cloud that is a real one to it.
 
-The programs to test come from the environment: VANTIXCTL_UNDER_TEST, VANTIX_SIMULATOR_PROGRAM, VANTIX_HOST_EXAMPLE;
-VANTIX_RECORDS and VANTIX_INTERFACE name the headers that the tool's output is held against.
+The programs to test come from the environment: VANTIXCTL_UNDER_TEST (with its launcher), VANTIX_SIMULATOR_PROGRAM,
+VANTIX_HOST_EXAMPLE; VANTIX_RECORDS and VANTIX_INTERFACE name the headers that the tool's output is held against.
 """
 
 import json
 import os
+import shlex
 import subprocess
 import unittest
 import urllib.request
 
-TOOL = os.environ["VANTIXCTL_UNDER_TEST"]
+# The program, and what starts it where it does not run by itself.
+TOOL = shlex.split(os.environ["VANTIXCTL_UNDER_TEST"])
 CAMERA = "C10000001"
 
 
@@ -21,10 +23,9 @@ def environment(extra=None):
 
 
 def run(*arguments, env=None, timeout=120):
-    done = subprocess.run([TOOL, *arguments], capture_output=True, env=environment(env), timeout=timeout,
+    done = subprocess.run([*TOOL, *arguments], capture_output=True, env=environment(env), timeout=timeout,
                           stdin=subprocess.DEVNULL, check=False)
-    done.out = done.stdout.decode()
-    done.err = done.stderr.decode()
+    done.out, done.err = (text.decode().replace("\r\n", "\n") for text in (done.stdout, done.stderr))
     return done
 
 

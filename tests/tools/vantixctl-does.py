@@ -3,6 +3,7 @@
 import json
 import os
 import re
+import shlex
 import signal
 import subprocess
 import tempfile
@@ -195,13 +196,13 @@ class Prefetch(Case):
 
     def test_for_people(self):
         text = self.succeeds("prefetch")
-        for words in ("C10000001", "Gate camera", "● online", "○ offline", "VERSION_16", "details are in the cache"):
+        for words in ("C10000001", "Gate camera", "● online", "○ offline", "VERSION_16", "24 of 24 details fetched"):
             self.assertIn(words, text)
 
     def test_tasks_are_bounded(self):
         with Cloud() as cloud:
             cloud.control("POST", "/plans", {"path": "/api/device/detail", "times": 0, "hold": "gate"})
-            process = subprocess.Popen([TOOL, "prefetch", "--tasks", "3", "--b-domain", cloud.b_domain,
+            process = subprocess.Popen([*TOOL, "prefetch", "--tasks", "3", "--b-domain", cloud.b_domain,
                                         "--access-token", cloud.account["accessToken"]],
                                        stdout=subprocess.PIPE, stderr=subprocess.PIPE, env=environment())
             most = 0
@@ -229,7 +230,7 @@ class Prefetch(Case):
 
 class Watch(Case):
     def start(self, cloud, *arguments):
-        return subprocess.Popen([TOOL, "watch", CAMERA, "--interval", "0", "--b-domain", cloud.b_domain,
+        return subprocess.Popen([*TOOL, "watch", CAMERA, "--interval", "0", "--b-domain", cloud.b_domain,
                                  "--access-token", cloud.account["accessToken"], *arguments],
                                 stdout=subprocess.PIPE, stderr=subprocess.PIPE, env=environment())
 
@@ -270,9 +271,33 @@ class Watch(Case):
         self.assertEqual(run("watch", "X99999999", "--times", "1").returncode, 1)
 
 
+class Remote(Case):
+    """What also holds where the tool has no loopback cloud of its own."""
+
+    def setUp(self):
+        self.cloud = self.enterContext(Cloud())
+        self.whom = ["--b-domain", self.cloud.b_domain, "--access-token", self.cloud.account["accessToken"]]
+
+    def test_a_detail(self):
+        device = self.document("detail", CAMERA, *self.whom)["result"]["device"]
+        self.assertEqual((device["deviceSerial"], device["deviceIP"]), (CAMERA, "198.51.100.21"))
+        self.assertIn("● online", self.succeeds("detail", CAMERA, *self.whom))
+
+    def test_a_failure(self):
+        self.assertIn("320002", self.fails(1, "detail", "X99999999", *self.whom))
+
+    def test_a_chain(self):
+        self.assertEqual(self.succeeds("setCacheTime", "5", "then", "getCacheTime", *self.whom), "done\n300\n")
+
+    def test_logs(self):
+        done = run("detail", CAMERA, "--log", "-", *self.whom)
+        self.assertEqual((done.returncode, done.err.count("start Posts url and Param")), (0, 1))
+        self.assertNotIn(self.cloud.account["accessToken"], done.err)
+
+
 class Completion(Case):
     def complete(self, *words):
-        script = (f'source <("{TOOL}" completion bash)\n'
+        script = (f'source <({shlex.join(TOOL)} completion bash)\n'
                   'COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _vantixctl; printf "%s\\n" "${COMPREPLY[@]}"')
         done = subprocess.run(["bash", "-c", script, "bash", "vantixctl", *words], capture_output=True, text=True,
                               env=environment(), timeout=60, check=True)

@@ -47,20 +47,23 @@ private:
 
 bool IsGood(const Fetched& fetched) { return fetched.code == VANTIX_NOERROR; }
 
+Cell StateCell(const Fetched& fetched) {
+    if (!IsGood(fetched)) {
+        return {std::to_string(fetched.code) + ": " + Explain(fetched.code).meaning, Style::Bad};
+    }
+    return fetched.isOnline ? Cell("● online", Style::Good) : Cell("○ offline", Style::Faint);
+}
+
 std::string AsTable(const Context& context, const std::vector<Fetched>& channels) {
     Table table({{"serial"},
                  {"channel", Align::Right},
                  {"name", Align::Left, true},
-                 {"state"},
+                 {"state", Align::Left, true},
                  {"release"},
-                 {"cost", Align::Right},
-                 {"", Align::Left, true}});
+                 {"cost", Align::Right}});
     for (const Fetched& fetched : channels) {
-        const Cell state = fetched.isOnline ? Cell("● online", Style::Good) : Cell("○ offline", Style::Faint);
-        table.Add({Cell(fetched.serial), std::to_string(fetched.channel), Cell(fetched.name),
-                   IsGood(fetched) ? state : Cell(std::to_string(fetched.code), Style::Bad), Cell(fetched.release),
-                   std::to_string(fetched.cost) + " ms",
-                   IsGood(fetched) ? Cell("") : Cell(Explain(fetched.code).meaning, Style::Bad)});
+        table.Add({Cell(fetched.serial), std::to_string(fetched.channel), Cell(fetched.name), StateCell(fetched),
+                   Cell(fetched.release), std::to_string(fetched.cost) + " ms"});
     }
     return table.Drawn(context.paint, context.width);
 }
@@ -109,7 +112,7 @@ int RunPrefetch(Context& context, const Arguments& arguments) {
     const auto good = static_cast<size_t>(std::count_if(channels.begin(), channels.end(), IsGood));
     Print(context.json ? Dumped(AsJson(channels)) + "\n"
                        : AsTable(context, channels) + "  " + std::to_string(good) + " of " +
-                             std::to_string(channels.size()) + " details are in the cache\n");
+                             std::to_string(channels.size()) + " details fetched\n");
     return good == channels.size() ? kSuccess : kFailure;
 }
 
