@@ -74,7 +74,7 @@ TEST(JsonCppCompact, InvalidUtf8BecomesTheReplacementCharacter) {
 }
 
 struct TextRow {
-    const char* json;
+    const char* json = nullptr;
     std::optional<std::string> text;
 };
 
@@ -111,7 +111,7 @@ TEST(JsonCppReader, ReadTextTakesTextsAndIntegers) {
 }
 
 struct NumberRow {
-    const char* json;
+    const char* json = nullptr;
     std::optional<int32_t> number;
 };
 
