@@ -15,6 +15,8 @@ constexpr int kThreads = 32;
 constexpr int kRounds = 24;
 constexpr int kChannels = 16;
 
+std::string Version(int number) { return std::string("v").append(std::to_string(number)); }
+
 class ConcurrencyTest : public DetailFixture {
 protected:
     /// Runs `work(thread)` on all threads and waits for them.
@@ -69,7 +71,7 @@ protected:
     void ChangeSettings(int round) const {
         Center().setCacheTime(1 + round % 3);
         Center().setDomain(BDomain(), CDomain());
-        Center().setAppId("app-" + std::to_string(round));
+        Center().setAppId(std::string("app-").append(std::to_string(round)));
         Center().setAccessToken(Account("accessToken"));
         Center().setCloseBelongSerial(round % 2);
         Center().setCloseP2P(round % 2);
@@ -121,7 +123,7 @@ TEST_F(ConcurrencyTest, RecordsAreNeverMixturesOfTwoAnswers) {
     std::atomic<bool> done{false};
     std::thread changer([&] {
         for (int version = 1; !done; ++version) {
-            const std::string text = "v" + std::to_string(version);
+            const std::string text = Version(version);
             Cloud().Put("/devices/C10000001", {{"device",
                                                 {{"version", version},
                                                  {"devicePort", version},
@@ -137,7 +139,7 @@ TEST_F(ConcurrencyTest, RecordsAreNeverMixturesOfTwoAnswers) {
             CheckCode(code, {0});
             const DevDetailInfo& device = detail.device;
             const bool isOriginal = device.publicKey == "device-public-key-C10000001" && device.version == 2;
-            const std::string text = "v" + std::to_string(device.version);
+            const std::string text = Version(device.version);
             const bool isWhole = device.devicePort == device.version && device.publicKey == text &&
                                  device.vtmIp == text && device.vtmBackups.size() == 1 &&
                                  device.vtmBackups[0].strVtmAddr == text &&

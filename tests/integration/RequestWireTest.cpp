@@ -103,7 +103,8 @@ protected:
         }
         EXPECT_EQ(output, untouched);
         ExpectLogged(GetParam().label + ":" + body + " error:" + std::to_string(code), 5, "ERROR", GetParam().function);
-        const std::string refusal = "Platform Response Error:" + std::to_string(code) + ", Resp:" + body;
+        const std::string refusal =
+            std::string("Platform Response Error:").append(std::to_string(code)) + ", Resp:" + body;
         if (code > 2 && GetParam().parserLogsCode) {
             ExpectLogged(refusal, 3, "INFO ", GetParam().parser);
         } else if (code > 2) {
