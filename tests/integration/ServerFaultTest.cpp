@@ -108,7 +108,7 @@ constexpr int kFileRefused = 100001;
 #endif
 
 const FaultRow kRedirectRows[] = {
-    {"ToAFile", RedirectTo("file:///c:/answer.json"), kFileRefused},
+    {"ToAFile", RedirectTo("file:///etc/hostname"), kFileRefused},
     {"ToGopher", RedirectTo("gopher://127.0.0.1/"), 100001},
     {"ToScp", RedirectTo("scp://127.0.0.1/answer"), 100001},
     {"ToSmb", RedirectTo("smb://127.0.0.1/share/answer"), 100001},
