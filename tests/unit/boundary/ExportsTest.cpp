@@ -111,8 +111,10 @@ TEST_F(ExportsTest, OnlyTheAllocatorsExceptionLeavesTheFactory) {
 TEST_F(ExportsTest, HandlesAreMadeOnManyThreadsAtOnce) {
     std::atomic<int> wrong{0};
     handle->setAppId("shared");
+    constexpr int kThreads = 16;
     std::vector<std::thread> threads;
-    for (int i = 0; i < 16; ++i) {
+    threads.reserve(kThreads);
+    for (int i = 0; i < kThreads; ++i) {
         threads.emplace_back([&] {
             for (int k = 0; k < 50; ++k) {
                 IVantixDataCenter* own = CreateVantixDataCenterInstance();

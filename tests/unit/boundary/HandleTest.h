@@ -15,13 +15,16 @@ namespace vantix::test {
 /// A handle on the process-wide core, put back to what it is at the start of a process as far as setters can: a domain
 /// cannot be emptied. No request leaves the process.
 class HandleTest : public testing::Test {
-protected:
+public:
     HandleTest() : handle(CreateVantixDataCenterInstance()) { Reset(); }
     ~HandleTest() override {
         Reset();
         DestroyVantixDataCenterInstance(handle);
     }
+    HandleTest(const HandleTest&) = delete;
+    HandleTest& operator=(const HandleTest&) = delete;
 
+protected:
     void Reset() {
         using Setter = void (IVantixDataCenter::*)(const std::string&);
         constexpr Setter kTexts[] = {

@@ -10,7 +10,7 @@ namespace {
 
 /// A slot, and the core's operation where its name is another. A row goes when its operation comes.
 struct Later {
-    const char* slot;
+    const char* slot = nullptr;
     const char* core = nullptr;
 };
 

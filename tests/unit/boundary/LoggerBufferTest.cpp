@@ -37,7 +37,11 @@ const Road kLogAt{"LogAt", [](const char* message) { LogInfoAt(kSite, 5, "%s", m
 class LoggerBufferTest : public testing::TestWithParam<Road> {
 protected:
     /// A message that makes a text of this many characters.
-    static std::string Message(size_t length) { return std::string(length - GetParam().before, 'x'); }
+    static std::string Message(size_t length) {
+        std::string message;
+        message.resize(length - GetParam().before, 'x');
+        return message;
+    }
     static void Write(size_t length) { GetParam().write(Message(length).c_str()); }
 
     /// What each sink received as its only text.

@@ -212,7 +212,7 @@ TEST_F(LoggerTest, LinesOfManyThreadsArriveWhole) {
     EXPECT_EQ(texts.size(), static_cast<size_t>(kThreads * kLines));
     for (const std::string& text : texts) {
         const std::string name = text.substr(0, text.find(' '));
-        EXPECT_EQ(text, name + " " + filling + "|" + name + "\n");
+        EXPECT_EQ(text, std::string(name).append(" ").append(filling).append("|").append(name).append("\n"));
     }
 }
 

@@ -172,8 +172,10 @@ TEST_F(Credentials, LiveReferencesFollowTheSetter) {
 TEST_F(Credentials, SettersAndDomainChoiceRunSideBySide) {
     Configure();
     iLogLevel = 6;
+    constexpr int kThreads = 4;
     std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i) {
+    threads.reserve(kThreads);
+    for (int i = 0; i < kThreads; ++i) {
         threads.emplace_back([this, i] {
             const std::string text(static_cast<size_t>(40 + i), static_cast<char>('a' + i));
             for (int k = 0; k < 300; ++k) {

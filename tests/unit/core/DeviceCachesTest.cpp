@@ -218,7 +218,7 @@ TEST_F(DeviceCaches, SmallSpeedsNeedExactlyOneAndAllOthersMerelyNotZero) {
         const bool isNotZero = std::string(value) != "0";
         for (const int speed : {INT_MIN, -1, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 34, 37, INT_MAX}) {
             SCOPED_TRACE(std::string(value) + " at speed " + std::to_string(speed));
-            const bool isSmall = small.count(speed) != 0;
+            const bool isSmall = small.contains(speed);
             EXPECT_EQ(core.IsSupportPlaybackSpeed("SMALL", speed), isSmall && isOne ? 1 : 0);
             EXPECT_EQ(core.IsSupportPlaybackSpeed("QUICK", speed), !isSmall && isNotZero ? 1 : 0);
         }

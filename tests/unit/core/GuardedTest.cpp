@@ -86,8 +86,10 @@ TEST(Guarded, OldValueIsDestroyedAfterTheLockWasGivenUp) {
 
 TEST(Guarded, OnlyOneAtATimeIsInside) {
     Guarded<int> number;
+    constexpr int kThreads = 8;
     std::vector<std::thread> threads;
-    for (int i = 0; i < 8; ++i) {
+    threads.reserve(kThreads);
+    for (int i = 0; i < kThreads; ++i) {
         threads.emplace_back([&] {
             for (int k = 0; k < 2000; ++k) {
                 number.With([](int& value) { value = value + 1; });
