@@ -132,7 +132,7 @@ void ExpectEveryMemberOnItsOwn(const std::vector<Member<Record>>& members, const
         const std::string mark = "the place of the value";
         const std::string text = WithValue(golden, json::json_pointer(place + member.key), mark);
         for (const std::string& value : OddValues()) {
-            SCOPED_TRACE(place + member.key + " = " + value);
+            SCOPED_TRACE(std::string(place).append(member.key).append(" = ").append(value));
             Record expected = goldenRecord;
             member.Set(expected, Expected(member, value));
             const Record record = get(std::string(text).replace(text.find(mark), mark.size(), value));
@@ -172,7 +172,7 @@ TEST_F(HostileDetail, MembersOfTheChannelAreReadOnlyWithTheirType) {
 
 TEST_F(HostileDetail, MembersOfTheDeviceAreReadOnlyWithTheirType) {
     iLogLevel = 6;
-    const auto read = [this](const std::string& body) -> BelongDevInfo {
+    const auto read = [this](const std::string& body) -> const BelongDevInfo& {
         EXPECT_EQ(Parse(body), 0);
         return device;
     };
