@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <future>
 #include <optional>
@@ -9,7 +10,11 @@
 
 #include "core/DeviceCaches.h"
 #include "core/Guarded.h"
+#include "core/Query.h"
 #include "core/Settings.h"
+#include "core/SingleRecordCache.h"
+#include "core/Source.h"
+#include "core/StreamTokens.h"
 #include "core/TokenRecords.h"
 #include "records/BWCheckInfo.h"
 #include "records/CloudFileQuery.h"
@@ -204,12 +209,51 @@ private:
 
     // ---- Credentials
     std::string tkToken(const CallSite& site, int tkType, const std::string& key);
-    /// The credential that requests for a channel carry in the current mode. `tkType` is the Tk token asked for in the
-    /// small-permission mode. When it is empty, the line and the thread's last error have been written.
-    std::string deviceCredential(const CallSite& site, const std::string& serial, int ch, int tkType);
+    /// The device's Tk token of this type in the small-permission mode, the access token in every other.
+    std::string ownCredential(const std::string& serial, int ch, int tkType);
+    /// The same, but in B2C mode the channel's B2C token.
+    std::string detailCredential(const std::string& serial, int ch);
+    /// Whether there is one; when not, the line and the thread's last error have been written.
+    bool hasCredential(const CallSite& site, const std::string& credential);
+    /// Whether the consumer servers answer for this token, or for this channel.
+    bool isServedByConsumer(const std::string& token);
+    bool isServedByConsumer(const std::string& serial, int ch);
     Caller callerFor(const std::string& domain, const std::string& token);
-    /// Renews the access token; the new one, or empty.
+    /// Renew the access token or the session: the new one, or empty.
     std::string refreshedToken();
+    std::string refreshedSession();
+
+    // ---- Fetches that either server family may answer
+    FetchTokens tokensOf(const std::string& token);
+    FetchTokens tokensOf(const std::string& serial, int ch, int tkType);
+    /// Family and credential, still without a domain; nothing when the credential is empty.
+    std::optional<Source> sourceOf(const CallSite& site, const FetchTokens& tokens);
+    /// Renews the credential when the result says that it has expired. Nothing when the fetch is not to be repeated,
+    /// else the token to repeat it with.
+    std::optional<std::string> tokenForRepeat(const Source& source, int result, const std::string& token, bool retried);
+    int refillServerInfo(const CallSite& site, const std::string& token, ServerInfo& serverInfo, bool retried);
+    int videoRelays(const CallSite& site, const std::string& token, const std::string& serial, int ch,
+                    std::string& json, bool retried);
+    int refillP2PUserInfo(const CallSite& site, const FetchTokens& tokens, P2PUserInfo& userInfo, bool retried);
+    int getP2PDevInfoFromLocal(const std::string& serial, P2PDevInfo& devInfo);
+    /// Serves a cached record that is not marked; `result` is that of the read in any case.
+    bool serveP2PDevInfo(const CallSite& site, const std::string& serial, P2PDevInfo& devInfo, int& result);
+    int updateP2PDevInfo(const CallSite& site, const std::string& serial, int ch, const FetchTokens& tokens,
+                         P2PDevInfo& devInfo, bool retried);
+
+    // ---- Stream tokens
+    /// Takes a queued token of this access token. Another access token empties the queue.
+    bool takeQueuedToken(const std::string& accessToken, std::string& token);
+    void prefetchStreamToken(const CallSite& site);
+
+    // ---- Queries
+    int query(const CallSite& site, const QueryRow& row, const Subject& subject, bool retried, const SendQuery& send);
+    std::string queryDomain(const CallSite& site, const QueryRow& row, const Subject& subject,
+                            const std::string& token);
+    /// One of the two domains, told in the name of the call site.
+    std::string domainInPlace(const CallSite& site, bool isShared);
+    int consumerDeviceFiles(const Caller& caller, const std::string& serial, int ch, const TimeSpan& span,
+                            int recordType, RecordFileList& list);
 
     Settings m_settings;
     Guarded<DeviceTkTokenMap> m_mapDeviceTkTokens;
@@ -217,6 +261,11 @@ private:
     Guarded<ChannelMap> m_mapDevDetailInfo;
     Guarded<DeviceMap> m_mapDeviceInfoCache;   ///< By channel key.
     Guarded<DeviceMap> m_mapSerialDetailInfo;  ///< By serial; parents too.
+    SingleRecordCache<ServerInfo> m_serverInfo;
+    SingleRecordCache<P2PUserInfo> m_p2pUserInfo;
+    Guarded<P2PDevMap> m_mapP2PDevInfo;               ///< By serial.
+    Guarded<std::deque<std::string>> m_streamTokens;  ///< Of the current access token.
+    Guarded<FirstToken> m_firstToken;
 };
 
 }  // namespace vantix

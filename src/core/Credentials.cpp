@@ -1,9 +1,7 @@
-// Domains, credentials and which of them a request uses.
+// Domains and credentials that the host hands in.
 
 #include "boundary/Logger.h"
 #include "core/CVantixDataCenter.h"
-#include "core/LastError.h"
-#include "vantix/ReturnCodes.h"
 
 namespace vantix {
 
@@ -19,7 +17,7 @@ void CVantixDataCenter::setDomain(const std::string& szBDomain, const std::strin
 }
 
 const GuardedText& CVantixDataCenter::getDomain(const std::string& serial, int ch) {
-    if (m_settings.permissionMode.Copy() == permission_mode::kB2C && isB2CSharedDevice(serial, ch)) {
+    if (isServedByConsumer(serial, ch)) {
         VANTIX_LOG_INFO(level::kInfo, "Returning C domain for shared device");
         return m_settings.CDomain;
     }
@@ -29,7 +27,7 @@ const GuardedText& CVantixDataCenter::getDomain(const std::string& serial, int c
 
 const GuardedText& CVantixDataCenter::getDomainByToken(const std::string& token) {
     VANTIX_LOG_INFO(level::kInfo, "Getting domain for token (first 10 chars): %.10s...", token.c_str());
-    if (m_settings.permissionMode.Copy() == permission_mode::kB2C && isB2CSharedDevice(token)) {
+    if (isServedByConsumer(token)) {
         VANTIX_LOG_INFO(level::kInfo, "Returning C domain for shared device");
         return m_settings.CDomain;
     }
@@ -64,38 +62,5 @@ void CVantixDataCenter::setState(const std::string& state) { m_settings.State.As
 const std::string& CVantixDataCenter::getState() { return m_settings.State.Live(); }
 void CVantixDataCenter::setSessionId(const std::string& sessionId) { m_settings.sessionId.Assign(sessionId); }
 const std::string& CVantixDataCenter::getSessionId() { return m_settings.sessionId.Live(); }
-
-std::string CVantixDataCenter::deviceCredential(const CallSite& site, const std::string& serial, int ch, int tkType) {
-    const int mode = m_settings.permissionMode.Copy();
-    std::string token;
-    if (mode == permission_mode::kSmall) {
-        token = getDeviceTkTokens(tkType, serial, ch);
-    } else if (mode == permission_mode::kB2C) {
-        token = getB2CTokens(serial, ch);
-    } else {
-        token = m_settings.accessToken.Copy();
-    }
-    if (token.empty()) {
-        LogErrorAt(site, level::kError, "get strToken error");
-        SetThreadLastError(VANTIX_ERROR);
-    }
-    return token;
-}
-
-Caller CVantixDataCenter::callerFor(const std::string& domain, const std::string& token) {
-    return {domain, token, getAppId()};
-}
-
-std::string CVantixDataCenter::refreshedToken() {
-    std::string newToken;
-    RefreshToken(newToken);
-    return newToken;
-}
-
-int CVantixDataCenter::RefreshToken(std::string& newToken) {
-    newToken.clear();
-    VANTIX_LOG_ERROR(level::kError, "operation is not available yet");
-    return VANTIX_ERROR;
-}
 
 }  // namespace vantix

@@ -120,8 +120,11 @@ int CVantixDataCenter::ClearDeviceInfoCache() {
 }
 
 int CVantixDataCenter::ClearAllCache() {
+    m_p2pUserInfo.Invalidate();
+    m_serverInfo.Invalidate();
     m_mapDevDetailInfo.Assign({});
     m_mapSerialDetailInfo.Assign({});
+    m_mapP2PDevInfo.Assign({});
     return ClearDeviceInfoCache();
 }
 

@@ -6,11 +6,13 @@
 
 #include "records/DevChannelInfo.h"
 #include "records/DevDetailInfo.h"
+#include "records/P2PDevInfo.h"
 
 namespace vantix {
 
 using ChannelMap = std::unordered_map<std::string, DevChannelInfo>;
 using DeviceMap = std::map<std::string, DevDetailInfo>;
+using P2PDevMap = std::map<std::string, P2PDevInfo>;
 
 /// The key of a channel: serial, "_", channel number. A serial of no or more than 128 characters is logged and is
 /// itself the key.

@@ -10,7 +10,6 @@
 namespace vantix {
 namespace {
 
-constexpr int kVideoTkType = 3;
 constexpr int kMostAttempts = 3;
 
 bool IsTransient(int result) { return result == VANTIX_PLATFORM_CODE_49999 || result == VANTIX_PLATFORM_CODE_50000; }
@@ -39,12 +38,12 @@ void Put(Map& map, typename Map::node_type entry) {
 int CVantixDataCenter::fetchDevDetailInfo(const CallSite& site, const std::string& serial, int ch,
                                           DevChannelInfo& channelInfo, DevDetailInfo& detail,
                                           std::optional<BelongDevInfo>& parent) {
-    const std::string token = deviceCredential(site, serial, ch, kVideoTkType);
-    if (token.empty()) {
+    const std::string token = detailCredential(serial, ch);
+    if (!hasCredential(site, token)) {
         return VANTIX_ERROR;
     }
     const std::string domain = getDomain(serial, ch).Copy();
-    if (m_settings.permissionMode.Copy() == permission_mode::kB2C && isB2CSharedDevice(serial, ch)) {
+    if (isServedByConsumer(serial, ch)) {
         const Caller session = callerFor(domain, m_settings.sessionId.Copy());
         return GetDevDetailInfoFromCServerBySerial(session, serial, ch, channelInfo, detail);
     }

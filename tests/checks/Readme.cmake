@@ -1,5 +1,5 @@
-# What the README and the other documents say of the sources is true of them: the quoted host, the operations that are
-# not available yet, the return codes, and the files that they link to.
+# What the README and the other documents say of the sources is true of them: the quoted host, the return codes, and
+# the files that they link to.
 
 set(_readme "${CMAKE_CURRENT_SOURCE_DIR}/checks/readme.py")
 add_test(NAME readme COMMAND Python3::Interpreter "${_readme}" "${PROJECT_SOURCE_DIR}")

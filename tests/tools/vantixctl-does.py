@@ -181,11 +181,6 @@ class Operations(Case):
 
 
 class Prefetch(Case):
-    def setUp(self):
-        told = run("getDevList", "--log", "-", "--log-level", "5").err
-        if "operation is not available yet" in told and "list_that_fails" not in self.id():
-            self.skipTest("this library has no device list yet")
-
     def test_all_channels_of_the_account(self):
         with Cloud() as cloud:
             devices = [device for device in cloud.control("GET", "/devices") if not device["shared"]]

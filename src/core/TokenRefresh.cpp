@@ -1,0 +1,90 @@
+// Renewing what has expired: the platform's access token and the consumer servers' session.
+
+#include "boundary/Logger.h"
+#include "core/CVantixDataCenter.h"
+#include "cserver/Tokens.h"
+#include "platform/Tokens.h"
+#include "vantix/ReturnCodes.h"
+
+namespace vantix {
+
+std::string CVantixDataCenter::refreshedToken() {
+    std::string newToken;
+    RefreshToken(newToken);
+    return newToken;
+}
+
+std::string CVantixDataCenter::refreshedSession() {
+    std::string newSession;
+    RefreshSession({}, newSession);
+    return newSession;
+}
+
+int CVantixDataCenter::RefreshToken(std::string& newToken) {
+    newToken.clear();
+    if (m_settings.permissionMode.Copy() == permission_mode::kSmall) {
+        VANTIX_LOG_ERROR(level::kError, "Small permissions do not need to use the following logic");
+        return VANTIX_ERROR;
+    }
+    const Caller service = callerFor(m_settings.AuthAddr.Copy(), {});
+    const RefreshCredentials sent{m_settings.RefreshToken.Copy(), m_settings.OpenID.Copy(), m_settings.Scope.Copy(),
+                                  m_settings.State.Copy()};
+    if (service.url.empty() || sent.openId.empty() || sent.refreshToken.empty() || service.appKey.empty()) {
+        VANTIX_LOG_INFO(level::kInfo,
+                        "Refresh Token, params invalid, AuthAddr:%s, OpenID:%s, RefreshToken:%s, appID:%s",
+                        service.url.c_str(), sent.openId.c_str(), sent.refreshToken.c_str(), service.appKey.c_str());
+        return VANTIX_ERROR;
+    }
+    RefreshTokenInfo info;
+    const int result = RefreshTokenFromPlatform(service, sent, info);
+    // An empty token would wipe out the one that is there.
+    if (result != VANTIX_NOERROR || info.access_token.empty()) {
+        VANTIX_LOG_ERROR(level::kError,
+                         "Refresh Token Failed, AuthAddr:%s, OpenID:%s, RefreshToken:%s, appID:%s, Scope:%s, State:%s",
+                         service.url.c_str(), sent.openId.c_str(), sent.refreshToken.c_str(), service.appKey.c_str(),
+                         sent.scope.c_str(), sent.state.c_str());
+        return VANTIX_ERROR;
+    }
+    VANTIX_LOG_INFO(level::kInfo,
+                    "Refresh Token Success, OldAccessToken:%.5s***, NewAccessToken:%.5s***, ExpireTime:%s",
+                    m_settings.accessToken.Copy().c_str(), info.access_token.c_str(), info.expires_in.c_str());
+    setAccessToken(info.access_token);
+    setTokenExpireTime(info.expires_in);
+    newToken = std::move(info.access_token);
+    return VANTIX_NOERROR;
+}
+
+int CVantixDataCenter::RefreshSession(const std::string& refreshSessionId, std::string& newSession) {
+    newSession.clear();
+    if (!refreshSessionId.empty()) {
+        m_settings.refreshSessionId.Assign(refreshSessionId);
+    }
+    VANTIX_LOG_INFO(level::kInfo, "start RefreshSession");
+    if (m_settings.permissionMode.Copy() != permission_mode::kB2C) {
+        VANTIX_LOG_INFO(level::kInfo, "Not 4200 B2C Mode, do not need to use the following logic");
+        return VANTIX_ERROR;
+    }
+    const Caller server = callerFor(m_settings.CDomain.Copy(), m_settings.sessionId.Copy());
+    SessionInfo session{server.credential, m_settings.refreshSessionId.Copy()};
+    const std::string oldRefreshId = session.refreshSessionId;
+    if (server.url.empty() || oldRefreshId.empty()) {
+        VANTIX_LOG_INFO(level::kInfo, "Refresh Session, params invalid, CDomain:%s, SessionID:%s, RefreshSessionID:%s",
+                        server.url.c_str(), server.credential.c_str(), oldRefreshId.c_str());
+        return VANTIX_ERROR;
+    }
+    const int result = RefreshSessionFromCServer(server, session);
+    if (result != VANTIX_NOERROR || session.sessionId.empty()) {
+        VANTIX_LOG_ERROR(level::kError, "Refresh Session Failed, Domain:%s, OldRefreshSessionID:%s", server.url.c_str(),
+                         oldRefreshId.c_str());
+        return VANTIX_ERROR;
+    }
+    // Worded as a token's refresh, and kept so.
+    VANTIX_LOG_INFO(level::kInfo, "Refresh Token Success,  NewSession:%.5s***, RefreshSessionID:%s",
+                    session.sessionId.c_str(), session.refreshSessionId.c_str());
+    m_settings.sessionId.Assign(session.sessionId);
+    m_settings.refreshSessionId.Assign(std::move(session.refreshSessionId));
+    newSession = std::move(session.sessionId);
+    return VANTIX_NOERROR;
+}
+
+}  // namespace vantix
