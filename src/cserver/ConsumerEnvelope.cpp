@@ -17,18 +17,24 @@ JsonCppView Find(const JsonCppView& root, const char* key) {
     return beside.IsNull() ? root.Member("data").Member(key) : beside;
 }
 
+bool NamesAnother(const JsonCppView& entry, const std::string& serial) {
+    std::string named;
+    return entry.Member("deviceSerial").Read(named) && named != serial;
+}
+
 JsonCppView EntryOf(const JsonCppView& group, const std::string& serial) {
+    const JsonCppView keyed = group.Member(serial.c_str());
+    if (keyed.IsObject()) {
+        return keyed;
+    }
     for (size_t i = 0; i < group.Size(); ++i) {
-        std::string named;
-        if (group.Element(i).Member("deviceSerial").Read(named) && named == serial) {
-            return group.Element(i);
+        const JsonCppView element = group.Element(i);
+        if (element.Member("deviceSerial").IsString() && !NamesAnother(element, serial)) {
+            return element;
         }
     }
-    if (group.IsArray()) {
-        return group.Size() == 1 && group.Element(0).Member("deviceSerial").IsNull() ? group.Element(0) : JsonCppView();
-    }
-    const JsonCppView keyed = group.Member(serial.c_str());
-    return keyed.IsObject() ? keyed : group;
+    const JsonCppView single = group.Size() == 1 ? group.Element(0) : group;
+    return single.IsObject() && !NamesAnother(single, serial) ? single : JsonCppView();
 }
 
 }  // namespace vantix::consumer

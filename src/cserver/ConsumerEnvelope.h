@@ -15,8 +15,11 @@ int Code(const json::JsonCppView& root);
 /// A member that stands beside "data" or, failing that, inside it.
 json::JsonCppView Find(const json::JsonCppView& root, const char* key);
 
-/// The entry of a device in a group: under its serial, or the element of a list that names it, or the group itself
-/// when it is a single object without keys by serial.
+/// Whether an entry tells a "deviceSerial" and it is another one.
+bool NamesAnother(const json::JsonCppView& entry, const std::string& serial);
+
+/// The entry of a device in a group: under its serial as a key, else the element of a list that names it, else a single
+/// object (the group itself, or a list's only element) that names no other device. Nothing when there is none.
 json::JsonCppView EntryOf(const json::JsonCppView& group, const std::string& serial);
 
 }  // namespace vantix::consumer

@@ -66,7 +66,7 @@ int ParseDevDetailInfoFromCServer(const std::string& body, const std::string& de
         DevDetailInfo device;
         consumer::ReadDevice(root, deviceSerial, device);
         for (size_t i = 0; i < cameras.Size(); ++i) {
-            ConsumerChannel entry{{}, device};
+            ConsumerChannel entry{{}, device, {}};
             if (consumer::ReadCamera(cameras.Element(i), deviceSerial, entry)) {
                 channels.push_back(std::move(entry));
             }

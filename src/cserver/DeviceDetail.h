@@ -24,9 +24,11 @@ int GetDevDetailInfoFromCServerBySerial(const Caller& caller, const std::string&
 struct ConsumerChannel {
     DevChannelInfo channel;
     DevDetailInfo device;
+    std::string vtmInternalIp;  ///< The media relay as its own network sees it; the records have no place for it.
 };
 
-/// Reads the page of a device: one record pair for each of its cameras. "cameraInfos" and "deviceInfos" must be there.
+/// Reads the page of a device: one record pair for each of its cameras, appended. "cameraInfos" and "deviceInfos" must
+/// be there. Returns 0, 1 when the body is not JSON, 2 when one of them is missing, or the server's code.
 int ParseDevDetailInfoFromCServer(const std::string& body, const std::string& deviceSerial,
                                   std::vector<ConsumerChannel>& channels);
 

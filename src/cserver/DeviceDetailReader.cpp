@@ -103,10 +103,10 @@ void ReadCapabilities(const JsonCppView& supportExt, DevDetailInfo& device) {
 }  // namespace
 
 bool ReadCamera(const JsonCppView& camera, const std::string& deviceSerial, ConsumerChannel& entry) {
-    json::ReadFields(camera, kCameraFields, entry.channel);
-    if (!camera.IsObject() || entry.channel.deviceSerial != deviceSerial) {
+    if (!camera.IsObject() || NamesAnother(camera, deviceSerial)) {
         return false;
     }
+    json::ReadFields(camera, kCameraFields, entry.channel);
     int32_t isShared = 0;
     if (camera.Member("isShared").Read(isShared)) {
         entry.channel.isShared = std::to_string(isShared);
@@ -114,6 +114,7 @@ bool ReadCamera(const JsonCppView& camera, const std::string& deviceSerial, Cons
     const JsonCppView vtm = camera.Member("vtmInfo");
     vtm.Member("forceStreamType").Read(entry.channel.forceStreamType);
     json::ReadFields<JsonCppView, BelongDevInfo>(vtm, kVtmFields, entry.device);
+    vtm.Member("internalIp").Read(entry.vtmInternalIp);
     const JsonCppView qualities = camera.Member("videoQualityInfos");
     for (size_t i = 0; i < qualities.Size(); ++i) {
         json::ReadFields(qualities.Element(i), kQualityFields, entry.channel.videoQualityInfos.emplace_back());

@@ -10,7 +10,7 @@
 
 namespace vantix::consumer {
 
-/// Reads a camera and what it says of its device; false when it belongs to another device.
+/// Reads a camera and what it says of its device; false when it is none, or belongs to another device.
 bool ReadCamera(const json::JsonCppView& camera, const std::string& deviceSerial, ConsumerChannel& entry);
 
 /// Reads the device's entry, its capabilities and its groups.

@@ -88,8 +88,8 @@ JsonBuilder Device(const JsonCppView& resource) {
 }
 
 /// The list in the platform's shape: {"result":{"code":"200","data":{"deviceInfos":[…]},"page":{…}}}.
-std::string Translated(const JsonCppView& data) {
-    const JsonCppView resources = data.Member("resourceInfos");
+std::string Translated(const JsonCppView& root) {
+    const JsonCppView resources = root.Member("data").Member("resourceInfos");
     JsonBuilder devices = JsonBuilder::Array();
     for (size_t i = 0; i < resources.Size(); ++i) {
         if (resources.Element(i).IsObject()) {
@@ -97,7 +97,7 @@ std::string Translated(const JsonCppView& data) {
         }
     }
     JsonBuilder page = JsonBuilder::Object();
-    page.SetIfThere("size", data.Member("size")).SetIfThere("total", data.Member("total"));
+    page.SetIfThere("size", consumer::Find(root, "size")).SetIfThere("total", consumer::Find(root, "total"));
     JsonBuilder result = JsonBuilder::Object();
     result.Set("code", "200").Set("data", JsonBuilder::Object().Set("deviceInfos", devices)).Set("page", page);
     return JsonBuilder::Object().Set("result", result).Compact();
@@ -118,7 +118,7 @@ int ParseB2CDeviceListFromPlatform(const std::string& body, std::string& deviceL
         if (!data.Member("resourceInfos").IsArray()) {
             return json::Malformed(site, body, data.IsObject() ? "resourceInfos" : "data");
         }
-        deviceList = Translated(data);
+        deviceList = Translated(root);
         return VANTIX_NOERROR;
     });
 }

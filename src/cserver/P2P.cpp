@@ -144,10 +144,9 @@ int ParseP2PUserInfoFromCServer(const std::string& joined, P2PUserInfo& userInfo
 }
 
 int GetP2PDevInfoFromCServer(const Caller& caller, const std::string& deviceSerial, P2PDevInfo& devInfo) {
-    return RequestCall(VANTIX_HERE, requests::kP2PDevInfo, caller)
-        .With(deviceSerial)
-        .CostInto(devInfo.iRequestCost)
-        .Run([&](const std::string& body) { return ParseP2PDevInfoFromCServer(body, deviceSerial, devInfo); });
+    return RequestCall(VANTIX_HERE, requests::kP2PDevInfo, caller).With(deviceSerial).Run([&](const std::string& body) {
+        return ParseP2PDevInfoFromCServer(body, deviceSerial, devInfo);
+    });
 }
 
 int ParseP2PDevInfoFromCServer(const std::string& body, const std::string& deviceSerial, P2PDevInfo& devInfo) {

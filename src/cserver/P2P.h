@@ -17,7 +17,8 @@ namespace vantix {
 /// the first answer's envelope is missing or a failure the result is 0 as well, and the record stays unfilled.
 int GetP2PUserInfoFromCServer(const Caller& caller, P2PUserInfo& userInfo);
 
-/// Fetches one device's P2P information. The elapsed milliseconds are stored.
+/// Fetches one device's P2P information. The elapsed milliseconds are logged and, unlike those of the other requests,
+/// not stored. Returns 0, 100000 + the transport's code or 300000 + the response code.
 int GetP2PDevInfoFromCServer(const Caller& caller, const std::string& deviceSerial, P2PDevInfo& devInfo);
 
 /// Reads both answers of the user, joined as {"response1":…,"response2":…}.

@@ -21,6 +21,20 @@ int CheckRecords(const CallSite& site, const std::string& body) {
     return document.Root().Member("meta").IsObject() ? consumer::Code(document.Root()) : VANTIX_RESP_BAD_FORMAT;
 }
 
+/// A page of recordings. Whether it is the last one is read with it and goes no further: the caller's list has no place
+/// for it.
+struct Page {
+    bool isFinished = false;
+    json::JsonCppView records;
+};
+
+Page ReadPage(const json::JsonCppView& root) {
+    Page page;
+    root.Member("isFinished").Read(page.isFinished);
+    page.records = root.Member("records");
+    return page;
+}
+
 }  // namespace
 
 int GetDeviceFileBySerialFromCServer(const Caller& caller, const std::string& deviceSerial, int channelNo,
@@ -40,15 +54,16 @@ int ParseDeviceRecordFileFromCServer(const std::string& body, std::string& recor
         return VANTIX_RESP_NOT_JSON;
     }
     const json::JsonCppView root = document.Root();
+    const Page page = ReadPage(root);
     if (const int code = consumer::Code(root); code != 0) {
         LogInfoAt(site, level::kInfo, "ParseDeviceRecordFileFromCServer Response Error:%d, Resp:%s", code,
                   body.c_str());
         return code;
     }
-    if (!root.Member("records").IsArray()) {
+    if (!page.records.IsArray()) {
         return json::Malformed(site, body);
     }
-    records = json::JsonBuilder::Object().Set("data", json::JsonBuilder::CopyOf(root.Member("records"))).Compact();
+    records = json::JsonBuilder::Object().Set("data", json::JsonBuilder::CopyOf(page.records)).Compact();
     return VANTIX_NOERROR;
 }
 

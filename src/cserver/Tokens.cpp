@@ -13,13 +13,17 @@ namespace {
 using json::JsonCppView;
 namespace requests = cserver_requests;
 
-/// The refresh's own check, whose code is returned bare.
+/// The refresh's own check, whose codes are returned bare; only an answer without an envelope is malformed.
 int CheckRefresh(const CallSite& site, const std::string& body) {
     json::JsonCppDocument document;
     if (!document.Parse(body)) {
         LogErrorAt(site, level::kError, "ZQR TEST QX_API_B2C_REFRESH_SESSION platform response bad, szInfo = %s",
                    body.c_str());
         return VANTIX_RESP_NOT_JSON;
+    }
+    if (!document.Root().Member("meta").IsObject()) {
+        LogError(site, level::kError, requests::kRefreshSession.parserFailure, body, VANTIX_RESP_BAD_FORMAT);
+        return VANTIX_PLATFORM_ERROR_BASE + VANTIX_RESP_BAD_FORMAT;
     }
     const int code = consumer::Code(document.Root());
     if (code != 0) {

@@ -1,0 +1,209 @@
+// Stream tokens, which nobody looks at here, and the renewal of the session with its bare codes.
+
+#include "cserver/Tokens.h"
+
+#include "support/FakeClock.h"
+#include "support/ScriptedTransport.h"
+#include "transport/FeatureCode.h"
+#include "unit/cserver/ConsumerAnswer.h"
+
+namespace vantix::test {
+namespace {
+
+constexpr char kTag[] = "ParseRefreshSessionnFromCServer";
+constexpr char kRequest[] = "RefreshSessionFromCServer";
+constexpr char kGolden[] =
+    R"({"meta":{"code":200},"sessionInfo":{"refreshSessionId":"fresh-refresher","sessionId":"fresh-session"}})";
+
+class ConsumerSession : public ConsumerAnswer {
+protected:
+    int Parse(const std::string& body) {
+        session = {"old-session", "old-refresher"};
+        lines.Clear();
+        return ParseRefreshSessionnFromCServer(body, session);
+    }
+    int Refresh() {
+        session = {"old-session", "old-refresher"};
+        lines.Clear();
+        return RefreshSessionFromCServer({"https://c.example", "the-session", "the-app"}, session);
+    }
+    void ExpectUntouched() const {
+        EXPECT_EQ(session.sessionId, "old-session");
+        EXPECT_EQ(session.refreshSessionId, "old-refresher");
+    }
+    void ExpectFresh() const {
+        EXPECT_EQ(session.sessionId, "fresh-session");
+        EXPECT_EQ(session.refreshSessionId, "fresh-refresher");
+    }
+
+    ScriptedTransport transport;
+    SessionInfo session;
+};
+
+TEST_F(ConsumerSession, BothIdsAreReplaced) {
+    EXPECT_EQ(Parse(kGolden), 0);
+    ExpectFresh();
+    EXPECT_TRUE(lines.Lines().empty());
+}
+
+TEST_F(ConsumerSession, BothIdsMustBeTexts) {
+    for (const char* name : {"sessionId", "refreshSessionId"}) {
+        const std::string place = std::string("/sessionInfo/") + name;
+        std::vector<std::string> bodies = {Without(Json::parse(kGolden), place)};
+        for (const std::string& value : OddValues()) {
+            if (value[0] != '"') {
+                bodies.push_back(WithValue(Json::parse(kGolden), place, value));
+            }
+        }
+        for (const std::string& body : bodies) {
+            EXPECT_EQ(Parse(body), 2) << body;
+            ExpectOnlyLine("platform response invalid, szInfo = " + body + ", " + name + " not exist!", "ERROR", 5,
+                           kTag);
+            ExpectUntouched();
+        }
+    }
+}
+
+TEST_F(ConsumerSession, SessionMustBeAnObject) {
+    std::vector<std::string> bodies = {"{}",
+                                       "[]",
+                                       "5",
+                                       "null",
+                                       "\"x\"",
+                                       Without(Json::parse(kGolden), "/sessionInfo"),
+                                       R"({"data":{"sessionInfo":{"sessionId":"a","refreshSessionId":"b"}}})"};
+    for (const std::string& value : OddValues()) {
+        if (value[0] != '{') {
+            bodies.push_back(WithValue(Json::parse(kGolden), "/sessionInfo", value));
+        }
+    }
+    for (const std::string& body : bodies) {
+        EXPECT_EQ(Parse(body), 2) << body;
+        ExpectOnlyLine("platform response invalid, szInfo = " + body + ", sessionInfo not exist!", "ERROR", 5, kTag);
+        ExpectUntouched();
+    }
+}
+
+TEST_F(ConsumerSession, TextThatIsNoJsonGivesOne) {
+    for (const std::string& body : NoJson()) {
+        EXPECT_EQ(Parse(body), 1);
+        ExpectUntouched();
+        if (body.size() < 1000) {
+            ExpectOnlyLine("platform response bad, szInfo = " + body, "ERROR", 5, kTag);
+        }
+    }
+    ExpectTruncationIsNoJson(kGolden, [this](const std::string& body) { return Parse(body); });
+}
+
+TEST_F(ConsumerSession, CodeOfTheEnvelopeIsReturned) {
+    for (const MetaRow& row : MetaRows()) {
+        const std::string body = WithValue(Json::parse(kGolden), "/meta", row.meta);
+        EXPECT_EQ(Parse(body), row.code) << row.meta;
+        if (row.code != 0) {
+            ExpectOnlyLine("Platform Response Error:" + std::to_string(row.code) + ", Resp:" + body, "INFO ", 3, kTag);
+            ExpectUntouched();
+        }
+    }
+    EXPECT_EQ(Parse(Without(Json::parse(kGolden), "/meta")), 0) << "the parser needs no envelope";
+}
+
+// ---- The request
+
+TEST_F(ConsumerSession, RefreshIsAPutWithoutABody) {
+    transport.Answer(kGolden);
+    EXPECT_EQ(Refresh(), 0);
+    ExpectFresh();
+    ASSERT_EQ(transport.Count(), 1U);
+    const SentRequest sent = transport.Sent()[0];
+    EXPECT_EQ(sent.method, "PUT");
+    EXPECT_EQ(sent.url, "https://c.example/v3/apigateway/login?featureCode=" + PublicGetHDSign() +
+                            "&refreshSessionId=old-refresher");
+    EXPECT_EQ(sent.body, "");
+    EXPECT_FALSE(lines.Contains("CostTime")) << "this request is not timed";
+}
+
+TEST_F(ConsumerSession, RefreshReturnsTheServersOwnCodeBare) {
+    for (const int code : {401, 201, 10002, 1, 2, -5, 2147483647}) {
+        const std::string text = std::to_string(code);
+        const std::string body =
+            R"({"meta":{"code":)" + text + R"(},"sessionInfo":{"sessionId":"a","refreshSessionId":"b"}})";
+        transport.Answer(body);
+        EXPECT_EQ(Refresh(), code);
+        ExpectLine("ZQR TEST QX_API_B2C_REFRESH_SESSION Platform Response Error:" + text + ", Resp:" + body, "INFO ", 3,
+                   kRequest);
+        EXPECT_FALSE(lines.Contains(kTag));
+        ExpectUntouched();
+    }
+}
+
+TEST_F(ConsumerSession, RefreshGivesABareOneForWhatIsNoJson) {
+    for (const char* body : {"", "<html>%s</html>", "{\"meta\":"}) {
+        transport.Answer(body);
+        EXPECT_EQ(Refresh(), 1);
+        ExpectLine(std::string("ZQR TEST QX_API_B2C_REFRESH_SESSION platform response bad, szInfo = ") + body, "ERROR",
+                   5, kRequest);
+        EXPECT_FALSE(lines.Contains(kTag));
+        ExpectUntouched();
+    }
+}
+
+TEST_F(ConsumerSession, RefreshWithoutAnEnvelopeIsMalformed) {
+    for (const std::string& body :
+         {std::string("{}"), std::string("[]"), std::string("5"), Without(Json::parse(kGolden), "/meta"),
+          WithValue(Json::parse(kGolden), "/meta", "401")}) {
+        transport.Answer(body);
+        EXPECT_EQ(Refresh(), 300002) << body;
+        ExpectLine("ZQR TEST RefreshSessionFromCServer:" + body + " error:2", "ERROR", 5, kRequest);
+        ExpectUntouched();
+    }
+}
+
+TEST_F(ConsumerSession, ParsersRefusalOfARefreshHasTheBase) {
+    for (const char* body : {R"({"meta":{"code":200}})", R"({"meta":{"code":0},"sessionInfo":{"sessionId":"a"}})",
+                             R"({"meta":{},"sessionInfo":[]})"}) {
+        transport.Answer(body);
+        EXPECT_EQ(Refresh(), 300002) << body;
+        ExpectLine(std::string("ZQR TEST RefreshSessionFromCServer:") + body + " error:2", "ERROR", 5, kRequest);
+        ExpectUntouched();
+    }
+}
+
+TEST_F(ConsumerSession, FailedTransferOfARefreshIsPassedOn) {
+    transport.Fail(28);
+    EXPECT_EQ(Refresh(), 100028);
+    ExpectLine("ZQR TEST QX_API_B2C_REFRESH_SESSION SyncPutRequestHeader error:28", "ERROR", 5, kRequest);
+    ExpectUntouched();
+}
+
+// ---- Stream tokens
+
+TEST_F(ConsumerSession, StreamTokensAreTheWholeAnswerWhateverItSays) {
+    for (const std::string& body : {std::string(R"({"resultCode":"200","tokenArray":["t"]})"), std::string(),
+                                    std::string("no json"), std::string(R"({"meta":{"code":401}})")}) {
+        std::string answer = "before";
+        lines.Clear();
+        transport.Answer(body);
+        EXPECT_EQ(GetStreamTokensFromCServer({"https://c.example", "the-session", "the-app"}, answer), 0);
+        EXPECT_EQ(answer, body);
+        for (const LogLine& line : lines.Lines()) {
+            EXPECT_NE(line.Tag(), "GetStreamTokensFromCServer") << line.text;
+        }
+    }
+    const SentRequest sent = transport.Sent()[0];
+    EXPECT_EQ(sent.method, "POST");
+    EXPECT_EQ(sent.url, "https://c.example/api/user/token/get?sessionId=the-session");
+    EXPECT_EQ(sent.body, "");
+    EXPECT_EQ(sent.headers, std::vector<std::string>{"sessionId: the-session"});
+    EXPECT_FALSE(lines.Contains("the-session"));
+}
+
+TEST_F(ConsumerSession, StreamTokensOfAFailedTransferStayAsTheyWere) {
+    std::string answer = "before";
+    transport.Fail(35);
+    EXPECT_EQ(GetStreamTokensFromCServer({"https://c.example", "the-session", "the-app"}, answer), 100035);
+    EXPECT_EQ(answer, "before");
+    ExpectLine("SyncRequest error:35", "ERROR", 5, "GetStreamTokensFromCServer");
+}
+
+}  // namespace
+}  // namespace vantix::test
