@@ -1,18 +1,14 @@
 #pragma once
 
 /// @file
-/// What shared devices show instead of pictures of their own. Deployments set their addresses when they build.
+/// What shared devices show instead of pictures of their own. Deployments set the addresses when they configure the
+/// build, as VANTIX_DEVICE_COVER and VANTIX_CAMERA_COVER.
 
 namespace vantix {
 
-#if !defined(VANTIX_DEFAULT_DEVICE_COVER)
-#define VANTIX_DEFAULT_DEVICE_COVER "https://static.vantix.example/covers/device.png"
-#endif
-#if !defined(VANTIX_DEFAULT_CAMERA_COVER)
-#define VANTIX_DEFAULT_CAMERA_COVER "https://static.vantix.example/covers/camera.png"
-#endif
-
-inline constexpr const char* kDefaultDeviceCover = VANTIX_DEFAULT_DEVICE_COVER;
-inline constexpr const char* kDefaultCameraCover = VANTIX_DEFAULT_CAMERA_COVER;
+/// Address of the picture of a device; UTF-8.
+extern const char* const kDefaultDeviceCover;
+/// Address of the picture of a camera; UTF-8.
+extern const char* const kDefaultCameraCover;
 
 }  // namespace vantix
