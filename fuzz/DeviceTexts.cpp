@@ -1,0 +1,24 @@
+// Texts inside of answers, and what the transport does with texts.
+
+#include "Fuzzer.h"
+#include "base/CapabilityByNumber.h"
+#include "platform/P2P.h"
+#include "platform/Recordings.h"
+#include "transport/CodePage.h"
+#include "transport/Masking.h"
+
+namespace vantix::fuzz {
+
+void Try(const std::string& text) {
+    for (const unsigned number : {0U, 1U, 149U, 836U, 4294967295U}) {
+        Promise(CapabilityByNumber(text, number) >= 0);
+    }
+    P2PDevInfo devInfo;
+    ParseP2PQXDevCap(text, devInfo);
+    RecordFileList list;
+    ReadRecordFiles(text, list);
+    MaskedJson(text);
+    Utf8ToAnsi(text);
+}
+
+}  // namespace vantix::fuzz
