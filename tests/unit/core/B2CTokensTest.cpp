@@ -3,6 +3,7 @@
 #include <climits>
 #include <json11.hpp>
 #include <thread>
+#include <vector>
 
 #include "unit/core/CoreTest.h"
 
@@ -231,6 +232,84 @@ TEST_F(B2CTokens, SettingAndReadingRunSideBySide) {
         core.isB2CSharedDevice("t2");
     }
     writer.join();
+}
+
+/// A million bytes and more: read whole when they are an array, and refused when they are no JSON.
+TEST_F(B2CTokens, TextOfAMegabyteIsReadOrRefusedLikeAnyOther) {
+    iLogLevel = 6;
+    const std::string megabyte(1'000'000, 'x');
+    std::string many = "[" + Entry("first", "A", "1", "1");
+    for (int i = 0; many.size() < 1'000'000; ++i) {
+        many += "," + Entry("t" + std::to_string(i), "S" + std::to_string(i), "1", "0");
+    }
+    core.SetB2CTokens(many + "]");
+    EXPECT_EQ(core.getB2CTokens("A", 1), "first");
+    EXPECT_EQ(core.getB2CTokens("S9999", 1), "t9999");
+    core.setAccessToken("mine");
+    EXPECT_FALSE(core.isB2CSharedDevice("t9999"));
+    EXPECT_TRUE(core.isB2CSharedDevice("first"));
+    const std::vector<std::string> noJson = {many,
+                                             megabyte,
+                                             "\"" + megabyte,
+                                             std::string(1'000'000, '['),
+                                             std::string(1'000'000, '{'),
+                                             std::string(1'000'000, ' ')};
+    for (const std::string& text : noJson) {
+        core.SetB2CTokens(text);
+        EXPECT_EQ(core.getB2CTokens("S9999", 1), "t9999") << text.substr(0, 20);
+    }
+    core.SetB2CTokens("[" + Entry(megabyte, megabyte, "1", "1") + "]");
+    EXPECT_EQ(core.getB2CTokens(megabyte, 1), megabyte);
+    EXPECT_TRUE(core.isB2CSharedDevice(megabyte));
+    core.SetB2CTokens("\"" + megabyte + "\"");
+    EXPECT_EQ(core.getB2CTokens(megabyte, 1), "");
+}
+
+/// Longer than any log buffer: the line's text is empty then, and nothing else happens.
+TEST_F(B2CTokens, KeyBeyondTheLogBufferIsFoundAllTheSame) {
+    const std::string serial(100'000, 's');
+    core.SetB2CTokens("[" + Entry("t", serial, "1", "1") + "]");
+    EXPECT_EQ(core.getB2CTokens(serial, 1), "t");
+    EXPECT_EQ(core.getB2CTokens(serial, 2), "");
+}
+
+/// Every set has one mark, and each token, serial by serial, is of one set: a reader never sees half of a replacement.
+TEST_F(B2CTokens, ManyReplaceAndManyLookUpAtOnce) {
+    iLogLevel = 6;
+    constexpr int kRounds = 200;
+    const auto setOf = [](const std::string& mark, const std::string& isShared) {
+        return "[" + Entry(mark, "A", "1", isShared) + "," + Entry(mark, "B", "2", isShared) + "]";
+    };
+    const std::string sets[] = {setOf("zero", "0"), setOf("one", "1"), setOf("two", "1")};
+    core.setAccessToken("mine");
+    core.SetB2CTokens(sets[0]);
+    std::vector<std::thread> threads;
+    for (int writer = 0; writer < 3; ++writer) {
+        threads.emplace_back([this, &sets, writer] {
+            for (int i = 0; i < kRounds; ++i) {
+                core.SetB2CTokens(sets[(writer + i) % 3]);
+                core.SetB2CTokens("no json");
+                core.setAccessToken(i % 2 == 0 ? "mine" : "mine too");
+                core.setSharedAccessToken(i % 2 == 0 ? "shared" : "shared too");
+            }
+        });
+    }
+    for (int reader = 0; reader < 3; ++reader) {
+        threads.emplace_back([this] {
+            for (int i = 0; i < kRounds; ++i) {
+                for (const std::string& token : {core.getB2CTokens("A", 1), core.getB2CTokens("B", "2")}) {
+                    EXPECT_TRUE(token == "zero" || token == "one" || token == "two") << token;
+                }
+                EXPECT_EQ(core.getB2CTokens("C", 1), "");
+                core.isB2CSharedDevice("A", 1);
+                core.isB2CSharedDevice("one");
+                EXPECT_FALSE(core.isB2CSharedDevice("zero")) << "never shared in any set";
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <climits>
 #include <json11.hpp>
 #include <thread>
+#include <vector>
 
 #include "unit/core/CoreTest.h"
 
@@ -244,6 +245,72 @@ TEST_F(TkTokens, SettingAndReadingRunSideBySide) {
         EXPECT_TRUE(token == "d1" || token == "d2") << token;
     }
     writer.join();
+}
+
+/// A million bytes and more: read whole when they are an array, and refused when they are no JSON.
+TEST_F(TkTokens, TextOfAMegabyteIsReadOrRefusedLikeAnyOther) {
+    iLogLevel = 6;
+    const std::string megabyte(1'000'000, 'x');
+    std::string many = "[" + Entry("first", "A", "1");
+    for (int i = 0; many.size() < 1'000'000; ++i) {
+        many += "," + Entry(std::to_string(i), "S" + std::to_string(i), "_");
+    }
+    core.SetDeviceTkTokens(many + "]");
+    EXPECT_EQ(core.getDeviceTkTokens(2, "A", 1), "dfirst");
+    EXPECT_EQ(core.getDeviceTkTokens(6, "S3999", "_"), "t3999");
+    const std::vector<std::string> noJson = {many,
+                                             megabyte,
+                                             "\"" + megabyte,
+                                             std::string(1'000'000, '['),
+                                             std::string(1'000'000, '{'),
+                                             std::string(1'000'000, ' ')};
+    for (const std::string& text : noJson) {
+        core.SetDeviceTkTokens(text);
+        EXPECT_EQ(core.getDeviceTkTokens(6, "S3999", "_"), "t3999") << text.substr(0, 20);
+    }
+    core.SetDeviceTkTokens("[" + Entry(megabyte, megabyte, "1") + "]");
+    EXPECT_EQ(core.getDeviceTkTokens(4, megabyte, 1), "p" + megabyte);
+    core.SetDeviceTkTokens("\"" + megabyte + "\"");
+    EXPECT_EQ(core.getDeviceTkTokens(4, megabyte, 1), "");
+}
+
+/// All five tokens of a channel are of one set, whenever one of them is read.
+TEST_F(TkTokens, ManyReplaceAndManyLookUpAtOnce) {
+    iLogLevel = 6;
+    constexpr int kRounds = 200;
+    const auto setOf = [](const std::string& mark) {
+        return "[" + Entry(mark, "A", "1") + "," + Entry(mark, "B", "2") + "]";
+    };
+    const std::string sets[] = {setOf("0"), setOf("1"), setOf("2")};
+    core.SetDeviceTkTokens(sets[0]);
+    core.setGlobalTkToken("g0");
+    std::vector<std::thread> threads;
+    for (int writer = 0; writer < 3; ++writer) {
+        threads.emplace_back([this, &sets, writer] {
+            for (int i = 0; i < kRounds; ++i) {
+                core.SetDeviceTkTokens(sets[(writer + i) % 3]);
+                core.SetDeviceTkTokens("no json");
+                core.setGlobalTkToken("g" + std::to_string(i % 3));
+            }
+        });
+    }
+    const std::string starts = "gdvpbt";
+    for (int reader = 0; reader < 3; ++reader) {
+        threads.emplace_back([this, &starts] {
+            for (int i = 0; i < kRounds; ++i) {
+                for (int kind = 1; kind <= 6; ++kind) {
+                    const std::string token = core.getDeviceTkTokens(kind, "A", 1);
+                    ASSERT_EQ(token.size(), 2U) << token;
+                    EXPECT_EQ(token[0], starts[static_cast<size_t>(kind) - 1]);
+                    EXPECT_TRUE(token[1] >= '0' && token[1] <= '2') << token;
+                }
+                EXPECT_EQ(core.getDeviceTkTokens(2, "C", "1"), "");
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
 }
 
 }  // namespace
