@@ -4,6 +4,7 @@
 
 #include "PlatformCase.h"
 #include "platform/Account.h"
+#include "support/PlatformRecords.h"
 
 namespace vantix::test {
 namespace {
@@ -41,11 +42,7 @@ PlatformCase Configuration() {
                     ConfigInfo config;
                     config.pushAddr = "before";
                     const int result = GetConfigInfoFromPlatform(caller, config);
-                    output = {{"pushAddr", config.pushAddr},
-                              {"pushAuthAddr", config.pushAuthAddr},
-                              {"streamType", config.streamType},
-                              {"dataCollect", config.dataCollect},
-                              {"openP2P", config.openP2P}};
+                    output = ToJson(config);
                     return result;
                 },
             .expect = IsTheAccounts("config"),
@@ -102,24 +99,23 @@ PlatformCase PushSession() {
 }
 
 PlatformCase Bandwidth() {
-    return {
-        .name = "Bandwidth",
-        .function = "getBWCheckInfoFromPlatform",
-        .transport = "SyncRequestHeader",
-        .path = "/api/service/media/bwc/address",
-        .parameters = {{"type", "1"}, {"checkTime", "1700000000"}, {"accessToken", "$token"}, {"localIndex", "5"}},
-        .call =
-            [](const Caller& caller, Json& output) {
-                BWCheckInfo info;
-                info.id = "before";
-                const int result = getBWCheckInfoFromPlatform(caller, 1, "1700000000", 5, info);
-                output = {{"id", info.id}, {"url", info.url}, {"publicKey", info.publicKey}, {"version", info.version}};
-                return result;
-            },
-        .expect = IsTheAccounts("bandwidth"),
-        .parser = "ParseBWCheckInfoFromPlatform",
-        .label = "ParseBWCheckInfoFromPlatform",
-        .transportFailure = "SyncRequestHeader error:"};
+    return {.name = "Bandwidth",
+            .function = "getBWCheckInfoFromPlatform",
+            .transport = "SyncRequestHeader",
+            .path = "/api/service/media/bwc/address",
+            .parameters = {{"type", "1"}, {"checkTime", "1700000000"}, {"accessToken", "$token"}, {"localIndex", "5"}},
+            .call =
+                [](const Caller& caller, Json& output) {
+                    BWCheckInfo info;
+                    info.id = "before";
+                    const int result = getBWCheckInfoFromPlatform(caller, 1, "1700000000", 5, info);
+                    output = ToJson(info);
+                    return result;
+                },
+            .expect = IsTheAccounts("bandwidth"),
+            .parser = "ParseBWCheckInfoFromPlatform",
+            .label = "ParseBWCheckInfoFromPlatform",
+            .transportFailure = "SyncRequestHeader error:"};
 }
 
 PlatformCase Message() {
@@ -140,9 +136,7 @@ PlatformCase Message() {
                     TransparentMsgDetail detail;
                     detail.data = "before";
                     const int result = GetTransparentMsgDetailFromPlatform(caller, "M0000001", detail);
-                    output = {{"msgSeq", detail.msgSeq}, {"msgType", detail.msgType},
-                              {"data", detail.data},     {"destination", detail.destination},
-                              {"sn", detail.sn},         {"createDate", detail.createDate}};
+                    output = ToJson(detail);
                     return result;
                 },
             .expect = [](const Json& output,

@@ -24,7 +24,8 @@ struct PlatformCase {
     std::string function;   ///< The request function, which is also its log tag.
     std::string transport;  ///< The free function that it goes through.
     std::string path;
-    /// In any order; the wire's order is that of the keys. "$token", "$key" and "$feature" stand for the caller's.
+    /// In any order; the wire's order is that of the keys. "$token", "$key", "$session" and "$feature" stand for the
+    /// caller's.
     Pairs parameters;
     /// Runs the request and writes what it filled, which held something before.
     std::function<int(const Caller& caller, Json& output)> call;
@@ -37,6 +38,7 @@ struct PlatformCase {
     Pairs headers{};             ///< Besides those that every request has.
     std::string body{};          ///< Of a JSON post.
     bool parserLogsCode = true;  ///< A parser shows a platform code, a mere check does not.
+    bool isOnConsumer = false;   ///< Goes to the consumer servers, with the session for a credential.
 
     bool IsForm() const { return transport == "SyncRequest"; }
     bool IsJson() const { return transport == "SyncRequestjson"; }

@@ -3,24 +3,12 @@
 #include <gtest/gtest.h>
 
 #include "PlatformCase.h"
+#include "cserver/Lists.h"
 #include "platform/Lists.h"
+#include "support/PlatformRecords.h"
 
 namespace vantix::test {
 namespace {
-
-Json ToJson(const DeviceList& list) {
-    Json json = {{"total", list.total}, {"devices", Json::array()}};
-    for (const DeviceListItem& item : list.devices) {
-        json["devices"].push_back({{"deviceSerial", item.deviceSerial},
-                                   {"channelNo", item.channelNo},
-                                   {"name", item.name},
-                                   {"deviceName", item.deviceName},
-                                   {"deviceType", item.deviceType},
-                                   {"status", item.status},
-                                   {"isEncrypt", item.isEncrypt}});
-    }
-    return json;
-}
 
 /// The channels of the cloud's devices, own or shared ones, as the list shows them.
 Json StoredList(const SimulatorClient& cloud, bool shared) {
@@ -135,8 +123,44 @@ PlatformCase Alarms() {
             .parserLogsCode = false};
 }
 
+/// What others share on the consumer servers comes as a text in the shape of the platform's own list.
+PlatformCase ConsumerSharedDevices() {
+    return {.name = "ConsumerSharedDevices",
+            .function = "GetB2CSharedDevListFromPlatform",
+            .transport = "SyncRequestHeader",
+            .path = "/v3/hc/userdevice/b2c/shared/resources/devices/pagelist",
+            .parameters = {{"offset", "0"}, {"limit", "20"}},
+            .call =
+                [](const Caller& caller, Json& output) {
+                    std::string text = "before";
+                    const int result = GetB2CSharedDevListFromPlatform(caller, 0, 20, text);
+                    output = text;
+                    return result;
+                },
+            .expect =
+                [](const Json& output, const SimulatorClient& cloud) {
+                    DeviceList list;
+                    ASSERT_EQ(ParseDeviceListFromPlatform(output.get<std::string>(), list), 0) << output;
+                    const Json stored = StoredList(cloud, true).at("devices");
+                    const Json devices = ToJson(list).at("devices");
+                    ASSERT_EQ(devices.size(), stored.size());
+                    for (size_t i = 0; i < stored.size(); ++i) {
+                        for (const char* key : {"deviceSerial", "channelNo", "deviceName", "deviceType"}) {
+                            EXPECT_EQ(devices[i].at(key), stored[i].at(key)) << key;
+                        }
+                    }
+                },
+            .parser = "ParseB2CDeviceListFromPlatform",
+            .label = "ParseB2CDeviceListFromPlatform",
+            .transportFailure = "SyncRequestHeader error:",
+            .headers = {{"Content-Type", "application/x-www-form-urlencoded"}, {"sessionId", "$session"}},
+            .isOnConsumer = true};
+}
+
 }  // namespace
 
-std::vector<PlatformCase> ListCases() { return {OwnDevices(), BusinessDevices(), SharedDevices(), Alarms()}; }
+std::vector<PlatformCase> ListCases() {
+    return {OwnDevices(), BusinessDevices(), SharedDevices(), Alarms(), ConsumerSharedDevices()};
+}
 
 }  // namespace vantix::test

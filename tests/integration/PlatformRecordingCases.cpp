@@ -4,24 +4,12 @@
 
 #include "PlatformCase.h"
 #include "platform/Recordings.h"
+#include "support/PlatformRecords.h"
 
 namespace vantix::test {
 namespace {
 
 const TimeSpan kDay{"2024-01-02 00:00:00", "2024-01-02 23:59:59"};
-
-/// The list's fields, and its text as JSON where it is one.
-Json ToJson(const RecordFileList& list) {
-    Json json = {{"files", Json::array()}, {"data", Json::parse(list.strDeviceRecordList, nullptr, false)}};
-    for (const RecordFile& file : list.files) {
-        json["files"].push_back({{"startTime", file.startTime},
-                                 {"endTime", file.endTime},
-                                 {"type", file.type},
-                                 {"size", file.size},
-                                 {"fileId", file.fileId}});
-    }
-    return json;
-}
 
 template <class Request>
 auto IntoFiles(Request request) {

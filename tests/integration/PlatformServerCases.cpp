@@ -2,37 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "PlatformCase.h"
 #include "platform/P2P.h"
 #include "platform/Server.h"
+#include "support/PlatformRecords.h"
 
 namespace vantix::test {
 namespace {
-
-Json ToJson(const ServerInfo& info) {
-    Json json = {{"stun1Addr", info.stun1Addr},
-                 {"stun1Port", info.stun1Port},
-                 {"stun2Addr", info.stun2Addr},
-                 {"stun2Port", info.stun2Port},
-                 {"ttsAddr", info.ttsAddr},
-                 {"ttsPort", info.ttsPort},
-                 {"vtmAddr", info.vtmAddr},
-                 {"vtmPort", info.vtmPort},
-                 {"authAddr", info.authAddr},
-                 {"nodeJsAddr", info.nodeJsAddr},
-                 {"nodeJsHttpPort", info.nodeJsHttpPort},
-                 {"logAddr", info.logAddr},
-                 {"pushAddr", info.pushAddr},
-                 {"microCloudMode", info.microCloudMode},
-                 {"pushDasDomain", info.pushDasDomain},
-                 {"pushDasPort", info.pushDasPort},
-                 {"iRequestCost", info.iRequestCost}};
-    json["vtmBackups"] = Json::array();
-    for (const VtmAddr& backup : info.vtmBackups) {
-        json["vtmBackups"].push_back({{"addr", backup.strVtmAddr}, {"port", backup.iVtmPort}});
-    }
-    return json;
-}
 
 ServerInfo ServersBefore() {
     ServerInfo info;
@@ -48,32 +26,6 @@ void ExpectServers(const Json& output, Json servers) {
     const Json before = {{"addr", "before"}, {"port", 1}};
     servers["vtmBackups"].insert(servers["vtmBackups"].begin(), before);
     EXPECT_EQ(output, servers);
-}
-
-Json ToJson(const P2PUserInfo& info) {
-    return {{"userId", info.userId},
-            {"data", info.data},
-            {"version", info.version},
-            {"saltIndex", info.saltIndex},
-            {"iRequestCost", info.iRequestCost}};
-}
-
-Json ToJson(const P2PDevInfo& info) {
-    Json json = {{"defaultKey", info.defaultKey},
-                 {"defaultKeyVer", std::to_string(info.defaultKeyVer)},
-                 {"iRequestCost", info.iRequestCost},
-                 {"capability",
-                  {{"V3", info.strV3},
-                   {"V3Sec", info.strV3Sec},
-                   {"DirectPlayback_EndFlag", info.strDirectPlayback_EndFlag},
-                   {"V3Download", info.strV3Download},
-                   {"V3Playback", info.strV3Playback},
-                   {"V3Talk", info.strV3Talk}}}};
-    json["serverInfos"] = Json::array();
-    for (const P2PServerAddr& server : info.serverInfos) {
-        json["serverInfos"].push_back({{"ip", server.ip}, {"port", server.port}});
-    }
-    return json;
 }
 
 PlatformCase ServersOfTheAccount() {
@@ -123,9 +75,7 @@ PlatformCase RelayServer() {
                     RelayServerInfo relay;
                     relay.domain = "before";
                     const int result = GetRelayServerInfoFromPlatform(caller, "R20000016", 2, relay);
-                    output = {{"domain", relay.domain},
-                              {"port", relay.port},
-                              {"publicKey", {{"key", relay.publicKey}, {"version", relay.version}}}};
+                    output = ToJson(relay);
                     return result;
                 },
             .expect = [](const Json& output,
@@ -182,6 +132,7 @@ PlatformCase P2PDevice() {
                     Json p2p = cloud.Device("C10000001").at("p2p");
                     p2p.erase("secretKey");
                     p2p.erase("keyVersion");
+                    p2p["defaultKeyVer"] = std::stoi(p2p.at("defaultKeyVer").get<std::string>());
                     p2p["iRequestCost"] = kCost;
                     EXPECT_EQ(output, p2p);
                 },

@@ -4,6 +4,7 @@
 
 #include "PlatformCase.h"
 #include "platform/Tokens.h"
+#include "support/PlatformRecords.h"
 
 namespace vantix::test {
 namespace {
@@ -151,19 +152,16 @@ PlatformCase Refresh() {
                     info.access_token = "before";
                     const int result = RefreshTokenFromPlatform(
                         caller, {"rt.sample.a1d4e97b20c65f38", "open-7f31c2", "all", ""}, info);
-                    output = {{"accessToken", info.access_token},
-                              {"openId", info.openId},
-                              {"refreshToken", info.refresh_token},
-                              {"expiresIn", info.expires_in}};
+                    output = ToJson(info);
                     return result;
                 },
             .expect =
                 [](const Json& output, const SimulatorClient& cloud) {
                     const Json account = cloud.Get("/account");
-                    EXPECT_EQ(output.at("accessToken"), account.at("accessToken"));
+                    EXPECT_EQ(output.at("access_token"), account.at("accessToken"));
                     EXPECT_EQ(output.at("openId"), account.at("openId"));
-                    EXPECT_EQ(output.at("refreshToken"), account.at("refreshToken"));
-                    EXPECT_EQ(output.at("expiresIn"), account.at("expiresIn").dump());
+                    EXPECT_EQ(output.at("refresh_token"), account.at("refreshToken"));
+                    EXPECT_EQ(output.at("expires_in"), account.at("expiresIn").dump());
                 },
             .parser = "ParseRefreshTokenFromPlatform",
             .label = "ParseRefreshTokenFromPlatform"};

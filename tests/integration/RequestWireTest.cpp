@@ -1,9 +1,10 @@
-// Every request of the open platform over HTTPS: its exact form on the wire, what a good answer fills, what each kind
+// Every request of the platform family over HTTPS: its exact form on the wire, what a good answer fills, what each kind
 // of failure becomes, and its log lines.
 
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cctype>
 
 #include "PlatformCase.h"
 #include "support/CoreFixture.h"
@@ -14,6 +15,12 @@
 namespace vantix::test {
 namespace {
 
+std::string LowerCase(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return text;
+}
+
 class RequestWireTest : public CoreFixture, public ::testing::WithParamInterface<PlatformCase> {
 protected:
     void SetUp() override {
@@ -23,9 +30,11 @@ protected:
         m_log.Clear();
     }
 
-    int Send(Json& output) const { return SendTo(BDomain(), output); }
+    std::string Domain() const { return GetParam().isOnConsumer ? CDomain() : BDomain(); }
+    std::string Credential() const { return Account(GetParam().isOnConsumer ? "sessionId" : "accessToken"); }
+    int Send(Json& output) const { return SendTo(Domain(), output); }
     int SendTo(const std::string& url, Json& output) const {
-        return GetParam().call({url, Account("accessToken"), Account("appKey")}, output);
+        return GetParam().call({url, Credential(), Account("appKey")}, output);
     }
     void Answer(Json plan) const {
         plan["path"] = GetParam().path;
@@ -42,6 +51,7 @@ protected:
     /// The text with the caller's values in their places, or with what the log shows instead.
     std::string Filled(std::string text, bool masked) const {
         const Pairs places = {{"$token", masked ? "***" : Account("accessToken")},
+                              {"$session", masked ? "***" : Account("sessionId")},
                               {"$key", masked ? "***" : Account("appKey")},
                               {"$feature", ExpectedFeatureCode()}};
         for (const auto& [place, value] : places) {
@@ -127,7 +137,7 @@ TEST_P(RequestWireTest, GoesOverTheWireExactlySo) {
     const ReceivedRequest& request = requests[0];
     const PlatformCase& row = GetParam();
     const bool hasBody = row.IsForm() || row.IsJson();
-    EXPECT_EQ(request.domain, "B");
+    EXPECT_EQ(request.domain, row.isOnConsumer ? "C" : "B");
     EXPECT_EQ(request.method, hasBody || row.transport == "SyncRequestHeaderPost" ? "POST" : "GET");
     EXPECT_EQ(request.path, row.path);
     EXPECT_EQ(request.query, hasBody ? "" : Parameters(false));
@@ -138,15 +148,15 @@ TEST_P(RequestWireTest, GoesOverTheWireExactlySo) {
     if (row.IsForm()) {
         headers.emplace_back("Content-Type", "application/x-www-form-urlencoded");
     }
-    if (!headers.empty()) {
-        names.emplace_back("content-type");
+    for (const auto& [name, value] : headers) {
+        names.push_back(LowerCase(name));
     }
     if (hasBody) {
         names.emplace_back("content-length");
     }
     EXPECT_THAT(request.HeaderNames(), ::testing::UnorderedElementsAreArray(names));
     for (const auto& [name, value] : headers) {
-        EXPECT_EQ(request.Header(name), value) << name;
+        EXPECT_EQ(request.Header(name), Filled(value, false)) << name;
     }
 }
 
@@ -163,12 +173,13 @@ TEST_P(RequestWireTest, LogsWhatItSendsAndWhatItTakes) {
     const std::vector<LogLine> lines = m_log.Lines();
     const bool isHeaderStyle = row.transport.rfind("SyncRequestHeader", 0) == 0;
     const bool isTimed = !row.cost.empty();
-    ASSERT_GE(lines.size(), 3U + (row.headers.empty() || !isHeaderStyle ? 0U : 1U) + (isTimed ? 1U : 0U));
+    const Pairs headers = isHeaderStyle ? row.headers : Pairs();
+    ASSERT_GE(lines.size(), 3U + headers.size() + (isTimed ? 1U : 0U));
     size_t at = 0;
-    EXPECT_EQ(lines[at].Message(), "start Posts url and Param = " + BDomain() + row.path + "?" + Parameters(true));
+    EXPECT_EQ(lines[at].Message(), "start Posts url and Param = " + Domain() + row.path + "?" + Parameters(true));
     ExpectLine(lines[at++], 3, "INFO ", row.transport);
-    if (isHeaderStyle && !row.headers.empty()) {
-        EXPECT_EQ(lines[at].Message(), "heads = Content-Type: application/x-www-form-urlencoded");
+    for (const auto& [name, value] : headers) {
+        EXPECT_EQ(lines[at].Message(), "heads = " + name + ": " + Filled(value, true));
         ExpectLine(lines[at++], 3, "INFO ", row.transport);
     }
     const std::string operation = row.transport == "SyncRequestHeader"       ? "SyncRequestHeader"
@@ -184,7 +195,7 @@ TEST_P(RequestWireTest, LogsWhatItSendsAndWhatItTakes) {
     } else {
         EXPECT_FALSE(m_log.Contains("CostTime"));
     }
-    EXPECT_FALSE(m_log.Contains(Account("accessToken")));
+    EXPECT_FALSE(m_log.Contains(Credential()));
 }
 
 TEST_P(RequestWireTest, PassesATransportFailureOn) {
@@ -202,6 +213,11 @@ TEST_P(RequestWireTest, PassesATransportFailureOn) {
     EXPECT_EQ(Cloud().RequestCount(), 1U);
     EXPECT_EQ(output, untouched);
     EXPECT_EQ(m_log.Count(GetParam().transportFailure + "56"), 1U);
+    Answer({{"truncated", true}});
+    EXPECT_EQ(Send(output), 100018);
+    EXPECT_EQ(output, untouched);
+    ExpectLogged(GetParam().transportFailure + "18", 5, "ERROR", GetParam().function);
+    EXPECT_FALSE(m_log.Contains("platform response"));
 }
 
 TEST_P(RequestWireTest, TurnsARefusalIntoItsCode) {
@@ -214,12 +230,33 @@ TEST_P(RequestWireTest, TurnsARefusalIntoItsCode) {
     ExpectRefused({{"body", "null"}}, 2);
     ExpectRefused({{"code", "20002"}}, 20002);
     ExpectRefused({{"code", "10002"}}, 10002);
-    const bool hasNoToken = GetParam().path == "/api/config/info" || GetParam().path == "/oauth/token/refreshToken";
+    const bool hasNoToken = GetParam().isOnConsumer || GetParam().path == "/api/config/info" ||
+                            GetParam().path == "/oauth/token/refreshToken";
     if (!hasNoToken && !GetParam().label.empty()) {
         Cloud().Post("/expire", {{"what", "accessToken"}});
         Json output;
         EXPECT_EQ(Send(output), 310002);
     }
+}
+
+TEST_P(RequestWireTest, HalfOfAGoodAnswerIsNoJson) {
+    const Json untouched = Untouched();
+    Answer({{"malformed", true}});
+    m_log.Clear();
+    Json output;
+    if (GetParam().label.empty()) {
+        EXPECT_EQ(Send(output), 0);
+        EXPECT_EQ(output, LoggedBody());
+        return;
+    }
+    EXPECT_EQ(Send(output), 300001);
+    EXPECT_EQ(output, untouched);
+    const std::vector<LogLine> lines = m_log.Lines();
+    ASSERT_GE(lines.size(), 2U);
+    EXPECT_EQ(lines.back().Message().rfind(GetParam().label + ":{", 0), 0U);
+    EXPECT_TRUE(lines.back().Message().ends_with(" error:1"));
+    ExpectLine(lines.back(), 5, "ERROR", GetParam().function);
+    EXPECT_EQ(Send(output), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Platform, RequestWireTest, ::testing::ValuesIn(PlatformCases()),

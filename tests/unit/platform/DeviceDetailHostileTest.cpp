@@ -77,35 +77,6 @@ TEST_F(HostileDetail, BothSuccessCodesAreOne) {
 
 // ---- Wrong types at every level
 
-/// Values of every kind, and numbers at the borders of the types.
-const std::vector<std::string>& OddValues() {
-    static const std::vector<std::string> values = {"null",
-                                                    "true",
-                                                    "false",
-                                                    "[]",
-                                                    "[1]",
-                                                    "{}",
-                                                    R"({"a":1})",
-                                                    "\"text\"",
-                                                    "\"\"",
-                                                    "\"-1\"",
-                                                    "0",
-                                                    "-1",
-                                                    "1.9",
-                                                    "-1.9",
-                                                    "2147483647",
-                                                    "2147483648",
-                                                    "-2147483648",
-                                                    "-2147483649",
-                                                    "9223372036854775807",
-                                                    "9223372036854775808",
-                                                    "1e20",
-                                                    "-1e20",
-                                                    "1e400",
-                                                    "-1e400"};
-    return values;
-}
-
 /// What a member of this type holds after reading a value; nothing when it keeps its default.
 template <class Record>
 json Expected(const Member<Record>& member, const std::string& value) {

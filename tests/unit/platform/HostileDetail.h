@@ -9,6 +9,7 @@
 #include "support/CleanSwitches.h"
 #include "support/LogCapture.h"
 #include "unit/platform/DetailRecords.h"
+#include "unit/platform/HostileText.h"
 
 namespace vantix::test {
 
@@ -52,15 +53,5 @@ protected:
     DevDetailInfo goldenDevice;
     std::optional<BelongDevInfo> goldenParent;
 };
-
-/// The golden answer as text, with one value put in place of another.
-inline std::string WithValue(const nlohmann::json& answer, const nlohmann::json::json_pointer& place,
-                             const std::string& value) {
-    nlohmann::json changed = answer;
-    changed[place] = "the place of the value";
-    std::string text = changed.dump();
-    const std::string mark = "\"the place of the value\"";
-    return text.replace(text.find(mark), mark.size(), value);
-}
 
 }  // namespace vantix::test

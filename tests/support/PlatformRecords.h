@@ -1,0 +1,34 @@
+#pragma once
+
+/// @file
+/// The platform's records as JSON, every field under the name that it has in the answer or in the record.
+
+#include <nlohmann/json.hpp>
+
+#include "records/BWCheckInfo.h"
+#include "records/ConfigInfo.h"
+#include "records/DeviceList.h"
+#include "records/P2PDevInfo.h"
+#include "records/P2PUserInfo.h"
+#include "records/RecordFileList.h"
+#include "records/RefreshTokenInfo.h"
+#include "records/RelayServerInfo.h"
+#include "records/ServerInfo.h"
+#include "records/TransparentMsgDetail.h"
+
+namespace vantix::test {
+
+nlohmann::json ToJson(const ServerInfo& info);
+nlohmann::json ToJson(const RelayServerInfo& relay);
+nlohmann::json ToJson(const ConfigInfo& config);
+nlohmann::json ToJson(const P2PUserInfo& info);
+/// Without `deviceSerial` and `isUpdate`, which no answer fills.
+nlohmann::json ToJson(const P2PDevInfo& info);
+nlohmann::json ToJson(const RefreshTokenInfo& info);
+nlohmann::json ToJson(const BWCheckInfo& info);
+nlohmann::json ToJson(const TransparentMsgDetail& detail);
+nlohmann::json ToJson(const DeviceList& list);
+/// The files, and the text as JSON under "data".
+nlohmann::json ToJson(const RecordFileList& list);
+
+}  // namespace vantix::test
