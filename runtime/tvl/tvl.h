@@ -17,9 +17,11 @@
 #endif
 
 /// Marks the members: one translation unit of the library must emit them although nothing there calls them, and inline
-/// members do not inherit their class's visibility when inlines are hidden.
+/// members do not inherit their class's visibility when inlines are hidden (nor, with MinGW, its export).
 #if defined(VANTIX_BUILDING_LIBRARY) && !defined(_WIN32) && defined(TVL_EMIT_LOCK_CLASSES)
 #define TVL_LOCK_MEMBER __attribute__((used, visibility("default")))
+#elif defined(VANTIX_BUILDING_LIBRARY) && defined(__MINGW32__) && defined(TVL_EMIT_LOCK_CLASSES)
+#define TVL_LOCK_MEMBER __attribute__((used, dllexport))
 #elif defined(VANTIX_BUILDING_LIBRARY) && !defined(_WIN32)
 #define TVL_LOCK_MEMBER __attribute__((visibility("default")))
 #else

@@ -1,0 +1,14 @@
+# A host ends cleanly, by leaving main or by unloading the library first, also right after requests: 50 times of 50.
+
+add_subdirectory(exits)
+if(TARGET vantix-simulator)
+    set(_cloud "VANTIX_SIMULATOR_PROGRAM=$<TARGET_FILE:vantix-simulator>")
+else()
+    set(_cloud "")  # comes from the environment
+endif()
+foreach(_end exit unload)
+    add_test(NAME clean_exits.${_end}
+        COMMAND Python3::Interpreter -B "${CMAKE_CURRENT_SOURCE_DIR}/checks/clean-exits.py" 50 ${_end}
+            "$<TARGET_FILE:vantixdatacenter>" ${CMAKE_CROSSCOMPILING_EMULATOR} "$<TARGET_FILE:exit_probe>")
+    set_tests_properties(clean_exits.${_end} PROPERTIES TIMEOUT 600 ENVIRONMENT "VANTIX_SIMULATOR=none;${_cloud}")
+endforeach()

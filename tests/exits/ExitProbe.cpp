@@ -1,0 +1,81 @@
+// A host that ends right after its requests:
+//
+//   exit_probe LIBRARY exit|unload DOMAIN TOKEN SERIAL
+//
+// "exit" returns from main with its handle and everything that was fetched still there; "unload" destroys the handle,
+// unloads the library and returns then. Prints the two results; exit status 0 when both are a success.
+
+#include <vantix/IVantixDataCenter.h>
+#include <vantix/records/DevChannelInfo.h>
+#include <vantix/records/DevDetailInfo.h>
+
+#include <cstdio>
+#include <string>
+
+#if defined(_WIN32)
+#include <windows.h>
+#else
+#include <dlfcn.h>
+#endif
+
+namespace {
+
+#if defined(_WIN32)
+using Library = HMODULE;
+Library Load(const char* path) { return LoadLibraryA(path); }
+void* Find(Library library, const char* name) {
+    return reinterpret_cast<void*>(
+        GetProcAddress(library, name));  // NOLINT(cppcoreguidelines-pro-type-reinterpret-cast)
+}
+bool Unload(Library library) { return FreeLibrary(library) != 0; }
+#else
+using Library = void*;
+Library Load(const char* path) { return dlopen(path, RTLD_NOW | RTLD_LOCAL); }
+void* Find(Library library, const char* name) { return dlsym(library, name); }
+bool Unload(Library library) { return dlclose(library) == 0; }
+#endif
+
+using Create = vantix::IVantixDataCenter* (*)();
+using Destroy = void (*)(vantix::IVantixDataCenter*);
+
+/// One fetch in the foreground, and one in the background that is waited for.
+bool Fetches(vantix::IVantixDataCenter& center, const std::string& serial) {
+    vantix::DevChannelInfo channel;
+    vantix::DevDetailInfo device;
+    const int now = center.getDevDetailInfoSync(serial, 1, true, channel, device);
+    center.SetDevInfoCache(serial, 1);
+    std::future<int32_t> fetch;
+    center.getDevDetailInfo(serial, 1, channel, device, fetch);
+    const int later = fetch.valid() ? fetch.get() : -1;
+    std::printf("%d %d\n", now, later);
+    return now == 0 && later == 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 6) {
+        return 2;
+    }
+    const Library library = Load(argv[1]);
+    if (library == nullptr) {
+        return 3;
+    }
+    const auto create = reinterpret_cast<Create>(Find(library, "CreateVantixDataCenterInstance"));
+    const auto destroy = reinterpret_cast<Destroy>(Find(library, "DestroyVantixDataCenterInstance"));
+    if (create == nullptr || destroy == nullptr) {
+        return 4;
+    }
+    vantix::IVantixDataCenter* center = create();
+    center->setDomain(argv[3], "");
+    center->setAppId("exit-probe");
+    center->setAccessToken(argv[4]);
+    const bool isFetched = Fetches(*center, argv[5]);
+    if (std::string(argv[2]) == "unload") {
+        destroy(center);
+        if (!Unload(library)) {
+            return 5;
+        }
+    }
+    return isFetched ? 0 : 1;
+}
