@@ -57,7 +57,7 @@ int main(int argc, char** argv) {
     if (argc != 6) {
         return 2;
     }
-    const Library library = Load(argv[1]);
+    auto* library = Load(argv[1]);
     if (library == nullptr) {
         return 3;
     }
