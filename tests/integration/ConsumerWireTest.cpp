@@ -7,6 +7,7 @@
 #include <cctype>
 
 #include "ConsumerCase.h"
+#include "cserver/Recordings.h"
 #include "support/CoreFixture.h"
 #include "support/FakeClock.h"
 #include "support/LogCapture.h"
@@ -271,6 +272,19 @@ TEST_F(CoreFixture, ConsumerP2PUserIsRefusedWithItsSecretMasked) {
         }
     }
     EXPECT_EQ(shown, 2U) << "the parser's line and the request's";
+}
+
+/// A blank that is left in a time stops the request before it is sent.
+TEST_F(CoreFixture, ConsumerRecordingsKeepTheSecondBlankOfATime) {
+    const Caller caller{CDomain(), Account("sessionId"), Account("appKey")};
+    const LogCapture log;
+    std::string records = "before";
+    EXPECT_EQ(GetDeviceFileBySerialFromCServer(caller, "R20000016", 1, {"2024-01-02 00:00 00", ""}, 0, records),
+              100003);
+    EXPECT_TRUE(log.Contains("&startTime=2024-01-02%2000:00 00&stopTime="));
+    EXPECT_EQ(log.Count("ZQR TEST QX_API_B2C_GET_DEVICE_RECORD SyncRequestHeader error:3"), 1U);
+    EXPECT_EQ(Cloud().RequestCount(), 0U);
+    EXPECT_EQ(records, "before");
 }
 
 }  // namespace
