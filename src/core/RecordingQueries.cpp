@@ -20,11 +20,14 @@ int CVantixDataCenter::getRecordByAlarmID(const std::string& serial, int ch, con
 int CVantixDataCenter::getDeviceFileBySerial(const std::string& serial, int ch, const std::string& startTime,
                                              const std::string& endTime, int recordType, int location,
                                              RecordFileList& list, bool sdkPath, bool retried) {
+    const CallSite site = VANTIX_HERE;
     const TimeSpan span{startTime, endTime};
-    return query(VANTIX_HERE, queries::kDeviceFiles, {serial, ch}, retried, [&](const Caller& caller) {
+    return query(site, queries::kDeviceFiles, {serial, ch}, retried, [&](const Caller& caller) {
         if (isServedByConsumer(serial, ch)) {
-            return consumerDeviceFiles({caller.url, m_settings.sessionId.Copy(), caller.appKey}, serial, ch, span,
-                                       recordType, list);
+            const Caller session = callerFor(caller.url, m_settings.sessionId.Copy());
+            return hasCredential(site, session.credential)
+                       ? consumerDeviceFiles(session, serial, ch, span, recordType, list)
+                       : VANTIX_ERROR;
         }
         return GetDeviceFileBySerialFromPlatform(caller, serial, ch, span, recordType, location, sdkPath, list);
     });
@@ -91,30 +94,32 @@ int CVantixDataCenter::getCloudFileInfoBySerialEX(const std::string& serial, int
 int CVantixDataCenter::GetCloudRecordFile(const std::string& serial, int localIndex, int spaceId,
                                           const std::string& startTime, const std::string& endTime,
                                           RecordFileList& list) {
+    const CallSite site = VANTIX_HERE;
     const TimeSpan span{startTime, endTime};
-    const int result =
-        query(VANTIX_HERE, queries::kCloudRecords, {serial, localIndex}, false, [&](const Caller& caller) {
-            return GetCloudRecordFileFromPlatform(caller, serial, localIndex, spaceId, span, list);
-        });
-    if (result != VANTIX_NOERROR) {
-        VANTIX_LOG_ERROR(level::kWarning, "GetCloudRecordFileFromPlatform error [%d]", result);
-    }
-    return result;
+    return query(site, queries::kCloudRecords, {serial, localIndex}, false, [&](const Caller& caller) {
+        const int result = GetCloudRecordFileFromPlatform(caller, serial, localIndex, spaceId, span, list);
+        if (result != VANTIX_NOERROR) {
+            LogErrorAt(site, level::kWarning, "GetCloudRecordFileFromPlatform error [%d]", result);
+        }
+        return result;
+    });
 }
 
 int CVantixDataCenter::GetClouduploadUrl(const std::string& serial, int ch, const std::string& fileName, int fileType,
                                          int expireDays, int urlExpireTime, const std::string& bizType,
                                          std::string& url) {
+    const CallSite site = VANTIX_HERE;
     const UploadQuery picture{fileName, fileType, expireDays, urlExpireTime, bizType};
-    RecordFileList list;
-    const int result = query(VANTIX_HERE, queries::kUploadAddress, {serial, ch}, false,
-                             [&](const Caller& caller) { return GetClouduploadUrlPlatform(caller, picture, list); });
-    if (result != VANTIX_NOERROR) {
-        VANTIX_LOG_ERROR(level::kWarning, "GetClouduploadUrlPlatform error [%d]", result);
-        return result;
-    }
-    url = std::move(list.strDeviceRecordList);
-    return VANTIX_NOERROR;
+    return query(site, queries::kUploadAddress, {serial, ch}, false, [&](const Caller& caller) {
+        RecordFileList list;
+        const int result = GetClouduploadUrlPlatform(caller, picture, list);
+        if (result != VANTIX_NOERROR) {
+            LogErrorAt(site, level::kWarning, "GetClouduploadUrlPlatform error [%d]", result);
+            return result;
+        }
+        url = std::move(list.strDeviceRecordList);
+        return static_cast<int>(VANTIX_NOERROR);
+    });
 }
 
 int CVantixDataCenter::UploadCloudPicFile(const std::string& url, const std::string& localPath) {

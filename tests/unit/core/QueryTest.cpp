@@ -1,55 +1,33 @@
 // The rows of the one-shot queries against a page that was written by hand, and the road that they share.
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
-#include <sstream>
 #include <vector>
 
 #include "core/LastError.h"
 #include "core/QueryTable.h"
+#include "support/PlainTable.h"
 #include "unit/core/CoreTest.h"
 
 namespace vantix::test {
 namespace {
 
-using Texts = std::vector<std::string>;
-
-std::string Trimmed(const std::string& text) {
-    const size_t begin = text.find_first_not_of(' ');
-    return begin == std::string::npos ? "" : text.substr(begin, text.find_last_not_of(" \r") - begin + 1);
-}
-
-Texts Split(const std::string& text, char separator) {
-    Texts parts;
-    std::istringstream stream(text);
-    for (std::string part; std::getline(stream, part, separator);) {
-        parts.push_back(Trimmed(part));
-    }
-    return parts;
-}
-
 /// One query as both sides can be brought to: slot, name, Tk kind, refresh, domain, repeat.
-Texts FromPage(const Texts& columns) {
-    const Texts deviations = Split(columns[6], ',');
+Cells FromPage(const Cells& columns) {
+    const Cells deviations = SplitCells(columns[6], ',');
     const bool isTransient = std::find(deviations.begin(), deviations.end(), "transient") != deviations.end();
     return {columns[0], columns[1], columns[3], columns[4], columns[5], isTransient ? "repeats" : "-"};
 }
 
-bool HasOwnRoad(const Texts& columns) { return columns[6].find("own road") != std::string::npos; }
+bool HasOwnRoad(const Cells& columns) { return columns[6].find("own road") != std::string::npos; }
 
 /// The rows of the page, without those that are no rows of the code.
-std::vector<Texts> ReadPage() {
-    std::vector<Texts> queries;
-    std::ifstream page(VANTIX_TEST_DATA "/queries.txt");
-    for (std::string line; std::getline(page, line);) {
-        if (Trimmed(line).empty() || line.front() == '#') {
-            continue;
-        }
-        const Texts columns = Split(line, '|');
+std::vector<Cells> ReadPage() {
+    std::vector<Cells> queries;
+    for (const Cells& columns : ReadPlainTable(VANTIX_TEST_DATA "/queries.txt", '|')) {
         if (columns.size() != 7) {
-            ADD_FAILURE() << "not seven columns: " << line;
+            ADD_FAILURE() << "not seven columns: " << columns.front();
         } else if (!HasOwnRoad(columns)) {
             queries.push_back(FromPage(columns));
         }
@@ -67,13 +45,12 @@ const char* WordsOf(DomainRule rule) {
     return "?";
 }
 
-std::vector<Texts> ReadCode() {
-    std::vector<Texts> queries;
+std::vector<Cells> ReadCode() {
+    std::vector<Cells> queries;
     for (const QueryRow* row : queries::kAll) {
-        queries.push_back({std::to_string(row->slot), row->name,
-                           row->tkType == tk::kNone ? "-" : std::to_string(row->tkType),
-                           row->isRefreshed ? "yes" : "no", WordsOf(row->domain),
-                           row->repeatsTransient ? "repeats" : "-"});
+        queries.push_back(
+            {std::to_string(row->slot), row->name, row->tkType == tk::kNone ? "-" : std::to_string(row->tkType),
+             row->isRefreshed ? "yes" : "no", WordsOf(row->domain), row->repeatsTransient ? "repeats" : "-"});
     }
     return queries;
 }

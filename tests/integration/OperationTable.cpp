@@ -1,0 +1,69 @@
+#include "OperationTable.h"
+
+#include <algorithm>
+#include <ostream>
+
+#include "OperationOutput.h"
+#include "cserver/RequestTable.h"
+#include "platform/RequestTable.h"
+#include "support/PlainTable.h"
+
+namespace vantix::test {
+namespace {
+
+constexpr size_t kColumns = 13;
+
+OperationRow FromCells(const Cells& cells) {
+    const size_t slash = cells[5].find(" / ");
+    OperationRow row;
+    row.slot = cells[0];
+    row.name = cells[1];
+    row.arguments = SplitCells(cells[3], ',');
+    row.ownRequest = cells[5].substr(0, slash);
+    row.sharedRequest = slash == std::string::npos ? cells[5] : cells[5].substr(slash + 3);
+    row.cache = cells[6];
+    std::copy(cells.begin() + 7, cells.begin() + 11, row.credentials);
+    row.domain = cells[11];
+    row.renewal = cells[12];
+    return row;
+}
+
+template <class Rows>
+void AddPaths(const Rows& rows, const std::string& requestFunction, std::vector<std::string>& paths) {
+    for (const RequestRow* row : rows) {
+        const std::string path = EndpointPath(row->endpoint);
+        if (row->name == requestFunction && std::find(paths.begin(), paths.end(), path) == paths.end()) {
+            paths.push_back(path);
+        }
+    }
+}
+
+}  // namespace
+
+bool OperationRow::Takes(const std::string& argument) const {
+    return std::find(arguments.begin(), arguments.end(), argument) != arguments.end();
+}
+
+void PrintTo(const OperationRow& row, std::ostream* out) { *out << row.slot << ' ' << row.name; }
+
+std::vector<OperationRow> ReadOperations() {
+    std::vector<OperationRow> rows;
+    for (const Cells& cells : ReadPlainTable(VANTIX_TEST_DATA "/../../docs/operations.tsv", '\t')) {
+        if (cells.size() == kColumns && cells[0] != "slot" && cells[5] != "-") {
+            rows.push_back(FromCells(cells));
+        }
+    }
+    return rows;
+}
+
+std::vector<std::string> PathsOf(const std::string& requestFunction) {
+    std::vector<std::string> paths;
+    AddPaths(platform_requests::kAll, requestFunction, paths);
+    AddPaths(cserver_requests::kAll, requestFunction, paths);
+    if (requestFunction == "UploadCloudPicFile") {
+        paths.emplace_back(kUploadPath);
+    }
+    return paths;
+}
+
+}  // namespace vantix::test
