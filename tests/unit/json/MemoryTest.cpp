@@ -6,7 +6,6 @@
 #include <string>
 
 #include "support/FailingNew.h"
-#include "support/FailingNewOperators.inc"  // NOLINT(bugprone-suspicious-include): the one file that does
 #include "unit/json/Readers.h"
 
 namespace vantix::test {
