@@ -84,7 +84,7 @@ int FetchConfiguration(const CallSite& site, const Caller& caller, int32_t& cost
 int ReadUser(const CallSite& site, const std::string& forLog, const JsonCppView& first, const JsonCppView& second,
              P2PUserInfo& userInfo) {
     const struct {
-        const char* name;
+        const char* name = nullptr;
         JsonCppView value;
     } required[] = {{"response1", first},
                     {"response2", second},
