@@ -120,13 +120,21 @@ int CVantixDataCenter::GetStreamTokenFast() {
 }
 
 void CVantixDataCenter::prefetchStreamToken(const CallSite& site) {
-    const std::string accessToken = m_settings.accessToken.Copy();
-    if (accessToken.empty()) {
+    std::string owner = m_settings.accessToken.Copy();
+    if (owner.empty()) {
         LogInfoAt(site, level::kInfo, "getAccessToken is NULL");
         return;
     }
+    // Repeated here and not by the request: the token that it was renewed to is the owner.
     std::string strTokens;
-    if (getStreamTokens(accessToken, kPrefetched, strTokens, false) != VANTIX_NOERROR) {
+    int result = getStreamTokens(owner, kPrefetched, strTokens, true);
+    if (result == VANTIX_ACCESS_TOKEN_EXPIRED) {
+        if (std::string newToken = refreshedToken(); !newToken.empty()) {
+            owner = std::move(newToken);
+            result = getStreamTokens(owner, kPrefetched, strTokens, true);
+        }
+    }
+    if (result != VANTIX_NOERROR) {
         LogInfoAt(site, level::kInfo, "getStreamToken failed");
         return;
     }
@@ -138,7 +146,7 @@ void CVantixDataCenter::prefetchStreamToken(const CallSite& site) {
                   static_cast<int>(strTokens.size()));
         return;
     }
-    m_firstToken.Assign({std::move(strTokens), accessToken, SecondsNow()});
+    m_firstToken.Assign({std::move(strTokens), std::move(owner), SecondsNow()});
 }
 
 int CVantixDataCenter::GetStreamTokenFromQueue(const std::string& accessToken, char* buffer) {

@@ -2,7 +2,7 @@
 
 #include <thread>
 
-#include "unit/core/CoreTest.h"
+#include "unit/core/FetchTest.h"
 
 namespace vantix::test {
 namespace {
@@ -155,6 +155,38 @@ TEST_F(Credentials, LookedUpTokenIsLoggedByItsFirstTenCharactersOnly) {
                   "Getting domain for token (first 10 chars): " + std::string(shown) + "...");
     }
     EXPECT_FALSE(lines.Contains("SECRET"));
+}
+
+// ---- Renewed credentials
+
+using RenewedCredentials = FetchTest;
+
+TEST_F(RenewedCredentials, LiveReferencesFollowARefresh) {
+    const std::string& token = core.getAccessToken();
+    const std::string& time = core.getTokenExpireTime();
+    const std::string& session = core.getSessionId();
+    std::string renewed;
+    transport.Answer(RefreshAnswer());
+    EXPECT_EQ(core.RefreshToken(renewed), 0);
+    EXPECT_EQ(token, "new-token");
+    EXPECT_EQ(time, "7200");
+    core.setPermissionMode(2);
+    transport.Answer(SessionAnswer());
+    EXPECT_EQ(core.RefreshSession("", renewed), 0);
+    EXPECT_EQ(session, "new-session");
+}
+
+TEST_F(RenewedCredentials, RenewedTokenIsTheAccountsOwnAndTheOldOneIsNoMore) {
+    core.SetB2CTokens(R"([{"token":"new-token","deviceSerial":"A","channelNo":"1","isShared":1},
+                          {"token":"access-token","deviceSerial":"B","channelNo":"1","isShared":1}])");
+    core.setPermissionMode(2);
+    EXPECT_EQ(core.getDomainByToken("new-token").Copy(), "https://c.example");
+    EXPECT_EQ(core.getDomainByToken("access-token").Copy(), "https://b.example");
+    std::string renewed;
+    transport.Answer(RefreshAnswer());
+    EXPECT_EQ(core.RefreshToken(renewed), 0);
+    EXPECT_EQ(core.getDomainByToken("new-token").Copy(), "https://b.example");
+    EXPECT_EQ(core.getDomainByToken("access-token").Copy(), "https://c.example");
 }
 
 // ---- Together

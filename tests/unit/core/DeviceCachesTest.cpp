@@ -5,8 +5,7 @@
 #include <climits>
 #include <set>
 
-#include "unit/core/CoreTest.h"
-#include "vantix/ReturnCodes.h"
+#include "unit/core/FetchTest.h"
 
 namespace vantix::test {
 namespace {
@@ -161,6 +160,54 @@ TEST_F(DeviceCaches, ClearingAllEmptiesAllThree) {
     EXPECT_EQ(core.IsSupportSeekPlayback("C1"), 0);
     EXPECT_EQ(core.getDeviceRecord("C1", 1, device), -1);
     EXPECT_EQ(core.getDevInfoCache("C1", 1, channel, device), -1);
+}
+
+/// The caches of fetches beside the device's, and what is none.
+using AllCaches = FetchTest;
+
+TEST_F(AllCaches, ClearingAllEndsServersUserAndP2PDevices) {
+    ServerInfo servers;
+    P2PUserInfo user;
+    P2PDevInfo device;
+    const auto fetch = [&] {
+        transport.DropScript();
+        for (const char* answer : {kPlatformServers, kPlatformUser, kPlatformDevice}) {
+            transport.Answer(answer);
+        }
+        const size_t before = transport.Count();
+        EXPECT_EQ(core.getServerInfo("own-token", servers, false), 0);
+        EXPECT_EQ(core.getP2PUserInfo("own-token", user, false), 0);
+        EXPECT_EQ(core.getP2PDevInfo(device, "own-token", "OWN", false), 0);
+        return transport.Count() - before;
+    };
+    EXPECT_EQ(fetch(), 3U);
+    EXPECT_EQ(fetch(), 0U);
+    EXPECT_EQ(core.ClearDeviceInfoCache(), 0);
+    EXPECT_EQ(fetch(), 0U) << "that one is another cache";
+    lines.Clear();
+    EXPECT_EQ(core.ClearAllCache(), 0);
+    ExpectLine("m_mapDeviceInfoCache clear", "INFO ", 3, "CVantixDataCenter::ClearDeviceInfoCache");
+    EXPECT_EQ(lines.Lines().size(), 1U);
+    EXPECT_EQ(fetch(), 3U);
+}
+
+TEST_F(AllCaches, ClearingAllKeepsTokensAndSettings) {
+    core.setGlobalTkToken("global");
+    core.setSharedAccessToken("shared-by-token");
+    core.setTokenExpireTime("time");
+    core.setCacheTime(5);
+    core.setPermissionMode(2);
+    EXPECT_EQ(core.ClearAllCache(), 0);
+    EXPECT_EQ(core.getDeviceTkTokens(2, "C1", 1), "tk-device");
+    EXPECT_EQ(core.getB2CTokens("OWN", 1), "own-token");
+    EXPECT_TRUE(core.isB2CSharedDevice("shared-by-token"));
+    EXPECT_EQ(core.getGlobalTkToken(), "global");
+    EXPECT_EQ(core.getAccessToken(), "access-token");
+    EXPECT_EQ(core.getSessionId(), "old-session");
+    EXPECT_EQ(core.getTokenExpireTime(), "time");
+    EXPECT_EQ(core.getCacheTime(), 300);
+    EXPECT_EQ(*core.getPermissionMode(), 2);
+    EXPECT_EQ(core.getDomain("SHARED", 1).Copy(), "https://c.example");
 }
 
 TEST_F(DeviceCaches, ClearingEmptyCachesIsFine) {

@@ -1,5 +1,8 @@
 // Renewing the access token and the consumer servers' session, step by step.
 
+#include <atomic>
+#include <thread>
+
 #include "unit/core/FetchTest.h"
 
 namespace vantix::test {
@@ -166,6 +169,36 @@ TEST_F(TokenRefresh, FailureLeavesEveryCredentialAsItWasAndTellsWhatWasSent) {
         EXPECT_EQ(core.getRefreshToken(), "refresh-token");
         ExpectNoLine("Refresh Token Success");
     }
+}
+
+TEST_F(TokenRefresh, ManyExpiredCallersAreAllAnsweredAfterAtMostOneRefreshEach) {
+    iLogLevel = 6;
+    std::atomic<int> refreshes{0};
+    std::atomic<int> requests{0};
+    transport.Always([&](const SentRequest& request) {
+        if (request.url.find("refreshToken") != std::string::npos) {
+            return ScriptedAnswer{0, RefreshAnswer("fresh-" + std::to_string(++refreshes))};
+        }
+        ++requests;
+        const bool isFresh = request.Param("accessToken").rfind("fresh-", 0) == 0;
+        return ScriptedAnswer{0, isFresh ? kPlatformServers : kExpired};
+    });
+    constexpr int kCallers = 8;
+    std::vector<std::thread> threads;
+    threads.reserve(kCallers);
+    for (int i = 0; i < kCallers; ++i) {
+        threads.emplace_back([&] {
+            std::string json;
+            EXPECT_EQ(core.getVideoVtmAddr("C1", 1, json, false), 0);
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_GE(refreshes, 1);
+    EXPECT_LE(refreshes, kCallers);
+    EXPECT_EQ(requests, kCallers + refreshes) << "one request each, and one more after each refresh";
+    EXPECT_EQ(core.getAccessToken().rfind("fresh-", 0), 0U);
 }
 
 // ---- The session

@@ -1,0 +1,190 @@
+// A device detail whose access token has expired: one refresh and one repeat, by every front.
+
+#include <future>
+
+#include "unit/core/FetchTest.h"
+
+namespace vantix::test {
+namespace {
+
+using Front = int (*)(CVantixDataCenter& core, DevChannelInfo& channel, DevDetailInfo& device, bool retried);
+
+int Forced(CVantixDataCenter& core, DevChannelInfo& channel, DevDetailInfo& device, bool retried) {
+    return core.getDevDetailInfoSync("OWN", 1, true, channel, device, retried);
+}
+
+int Unforced(CVantixDataCenter& core, DevChannelInfo& channel, DevDetailInfo& device, bool retried) {
+    return core.getDevDetailInfoSync("OWN", 1, false, channel, device, retried);
+}
+
+int InBackground(CVantixDataCenter& core, DevChannelInfo& channel, DevDetailInfo& device, bool retried) {
+    std::future<int32_t> future;
+    const int result = core.getDevDetailInfo("OWN", 1, channel, device, future, retried);
+    return future.valid() ? future.get() : result;
+}
+
+int ByRelation(CVantixDataCenter& core, DevChannelInfo& channel, DevDetailInfo& device, bool retried) {
+    return core.getDevDetailInfoByRelation("OWN", 1, channel, device, retried);
+}
+
+struct Row {
+    const char* name;
+    Front front;
+    bool repeatLooksAtTheCache;
+};
+
+constexpr Row kRows[] = {
+    {"Forced", Forced, false},
+    {"Unforced", Unforced, true},
+    {"InBackground", InBackground, false},
+    {"ByRelation", ByRelation, true},
+};
+
+class DetailRepeat : public FetchTest, public testing::WithParamInterface<Row> {
+protected:
+    int Fetch(bool retried = false) { return GetParam().front(core, channel, device, retried); }
+    static std::string Answer(const std::string& ip = "10.0.0.1") {
+        nlohmann::json answer = DetailAnswer("OWN", 1);
+        answer["result"]["data"]["device"]["deviceIP"] = ip;
+        return answer.dump();
+    }
+    /// What the device cache holds; empty when there is nothing.
+    std::string CachedIP() {
+        DevDetailInfo cached;
+        return core.getDeviceRecord("OWN", 1, cached) == 0 ? cached.deviceIP : "";
+    }
+
+    DevChannelInfo channel;
+    DevDetailInfo device;
+};
+
+TEST_P(DetailRepeat, ExpiredTokenIsRenewedOnceAndTheFetchRepeatedWithTheNewOne) {
+    transport.Answer(kExpired);
+    transport.Answer(RefreshAnswer());
+    transport.Answer(Answer());
+    EXPECT_EQ(Fetch(), 0);
+    ASSERT_EQ(transport.Count(), 3U);
+    EXPECT_EQ(Address(0), "https://b.example/api/device/detail");
+    EXPECT_EQ(Token(0), "access-token");
+    EXPECT_EQ(Address(1), "https://auth.example/oauth/token/refreshToken");
+    EXPECT_EQ(Address(2), "https://b.example/api/device/detail");
+    EXPECT_EQ(Token(2), "new-token");
+    EXPECT_EQ(transport.Sent()[2].Param("deviceSerial"), "OWN");
+    EXPECT_EQ(device.deviceIP, "10.0.0.1");
+    EXPECT_EQ(CachedIP(), "10.0.0.1");
+}
+
+TEST_P(DetailRepeat, ExpiredTwiceIsNotRenewedTwice) {
+    transport.Answer(kExpired);
+    transport.Answer(RefreshAnswer());
+    transport.Answer(kExpired);
+    EXPECT_EQ(Fetch(), 310002);
+    EXPECT_EQ(transport.Count(), 3U);
+    EXPECT_EQ(Refreshes(), 1U);
+    EXPECT_EQ(CachedIP(), "");
+}
+
+TEST_P(DetailRepeat, RefreshWithoutATokenLeavesTheFirstResultAndSendsNoSecondRequest) {
+    const struct {
+        int curl;
+        std::string body;
+    } rows[] = {
+        {7, ""}, {0, CodeAnswer("10002")}, {0, "<html>gone</html>"}, {0, "{}"}, {0, RefreshAnswer("")},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.body);
+        const size_t before = transport.Count();
+        transport.Answer(kExpired);
+        transport.Make([row](const SentRequest&) { return ScriptedAnswer{row.curl, row.body}; });
+        EXPECT_EQ(Fetch(), 310002);
+        EXPECT_EQ(transport.Count(), before + 2);
+        EXPECT_EQ(core.getAccessToken(), "access-token");
+        EXPECT_EQ(CachedIP(), "");
+    }
+}
+
+TEST_P(DetailRepeat, RefreshThatCannotBeSentLeavesTheFirstResult) {
+    core.setRefreshToken("");
+    transport.Answer(kExpired);
+    EXPECT_EQ(Fetch(), 310002);
+    EXPECT_EQ(transport.Count(), 1U);
+}
+
+TEST_P(DetailRepeat, RepeatedCallIsNotRenewed) {
+    transport.Answer(kExpired);
+    EXPECT_EQ(Fetch(true), 310002);
+    EXPECT_EQ(transport.Count(), 1U);
+}
+
+TEST_P(DetailRepeat, OtherResultsAreNotRenewed) {
+    for (const auto& [code, result] : {std::pair("10001", 310001), {"401", 300401}, {"20007", 320007}}) {
+        const size_t before = transport.Count();
+        transport.Answer(CodeAnswer(code));
+        EXPECT_EQ(Fetch(), result);
+        EXPECT_EQ(transport.Count(), before + 1);
+    }
+}
+
+TEST_P(DetailRepeat, ResultOfTheRepeatIsTheResult) {
+    transport.Answer(kExpired);
+    transport.Answer(RefreshAnswer());
+    transport.Fail(28);
+    EXPECT_EQ(Fetch(), 100028);
+    EXPECT_EQ(transport.Count(), 3U);
+}
+
+TEST_P(DetailRepeat, ExpiryIsMetAtAnyAttemptAndTheRepeatHasThreeOfItsOwn) {
+    transport.Answer(CodeAnswer("49999"), 2);
+    transport.Answer(kExpired);
+    transport.Answer(RefreshAnswer());
+    transport.Answer(CodeAnswer("50000"), 2);
+    transport.Answer(Answer());
+    EXPECT_EQ(Fetch(), 0);
+    EXPECT_EQ(transport.Count(), 7U);
+    EXPECT_EQ(Token(2), "access-token");
+    EXPECT_EQ(Token(4), "new-token");
+    EXPECT_EQ(Token(6), "new-token");
+}
+
+TEST_P(DetailRepeat, SmallPermissionModeRenewsNothing) {
+    core.setPermissionMode(1);
+    core.SetDeviceTkTokens(R"([{"deviceVideoTkToken":"tk","deviceSerial":"OWN","channelNo":"1"}])");
+    transport.Answer(kExpired);
+    EXPECT_EQ(Fetch(), 310002);
+    EXPECT_EQ(Token(0), "tk");
+    EXPECT_EQ(transport.Count(), 1U);
+    ExpectLine("Small permissions do not need to use the following logic", "ERROR", 5,
+               "CVantixDataCenter::RefreshToken");
+}
+
+TEST_P(DetailRepeat, B2CModeRenewsTheAccessTokenAndRepeatsWithTheDevicesOwn) {
+    core.setPermissionMode(2);
+    transport.Answer(kExpired);
+    transport.Answer(RefreshAnswer());
+    transport.Answer(Answer());
+    EXPECT_EQ(Fetch(), 0);
+    EXPECT_EQ(Token(0), "own-token");
+    EXPECT_EQ(Token(2), "own-token");
+    EXPECT_EQ(core.getAccessToken(), "new-token");
+}
+
+TEST_P(DetailRepeat, RepeatIsForcedWhereTheRuleSaysSo) {
+    transport.Answer(kExpired);
+    transport.Make([&](const SentRequest&) {
+        transport.Answer(Answer("of another fetch"));
+        DevChannelInfo otherChannel;
+        DevDetailInfo other;
+        EXPECT_EQ(core.getDevDetailInfoSync("OWN", 1, true, otherChannel, other, true), 0);
+        return ScriptedAnswer{0, RefreshAnswer()};
+    });
+    transport.Always([](const SentRequest&) { return ScriptedAnswer{0, Answer("of the repeat")}; });
+    EXPECT_EQ(Fetch(), 0);
+    EXPECT_EQ(transport.Count(), GetParam().repeatLooksAtTheCache ? 3U : 4U);
+    EXPECT_EQ(device.deviceIP, GetParam().repeatLooksAtTheCache ? "of another fetch" : "of the repeat");
+}
+
+INSTANTIATE_TEST_SUITE_P(Fronts, DetailRepeat, testing::ValuesIn(kRows),
+                         [](const testing::TestParamInfo<Row>& row) { return std::string(row.param.name); });
+
+}  // namespace
+}  // namespace vantix::test
