@@ -141,7 +141,7 @@ class Operations(Case):
     def test_operations_in_a_chain_share_the_caches(self):
         answers = self.document("getDevInfoCache", CAMERA, "then", "getDevDetailInfo", CAMERA, "then",
                                 "getDevInfoCache", CAMERA, "then", "IsSupportSeekPlayback", CAMERA, "then",
-                                "setChannelCacheValue", CAMERA, "1", "42", "then", "getChannelCacheValue", CAMERA,
+                                "setChannelCacheValue", CAMERA, "42", "then", "getChannelCacheValue", CAMERA,
                                 "then", "ClearAllCache", "then", "getChannelCacheValue", CAMERA, status=1)
         self.assertEqual([answer["code"] for answer in answers], [-1, 0, 0, 0, 0, 0, 0, -1])
         self.assertEqual([answers[3]["result"], answers[5]["result"]], [True, 42])

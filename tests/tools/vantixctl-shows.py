@@ -107,7 +107,7 @@ class Tour(Case):
     def test_it_tells_the_whole_story(self):
         text = self.succeeds("tour")
         for words in ("Configure", "untouched", "Mark it for update", "capabilities", "ClearAllCache", "a miss",
-                      "320002", "600001", "100007", "POST /api/device/detail", "deviceSerial=" + CAMERA,
+                      "6 devices, 24 channels", "320002", "600001", "100007", "POST /api/device/detail", "deviceSerial=" + CAMERA,
                       "every step went as it should"):
             self.assertIn(words, text)
         self.assertNotIn(ESCAPE, text)
@@ -119,8 +119,11 @@ class Tour(Case):
         self.assertEqual([(step["returned"], step["future"]) for step in fetches],
                          [(-1, 0), (0, None), (0, 0), (-1, 100007)])
         self.assertEqual(fetches[1]["cost"], 0)
-        self.assertEqual([request["parameters"]["deviceSerial"] for request in told["seen"]],
-                         [CAMERA, CAMERA, "X99999999", "V40000004"])
+        self.assertEqual([(request["path"], request["parameters"].get("deviceSerial")) for request in told["seen"]],
+                         [("/api/device/detail", CAMERA), ("/api/device/detail", CAMERA), ("/api/device/list", None),
+                          ("/api/service/media/server/info", None), ("/api/sdk/p2p/dev/info/get", CAMERA),
+                          ("/api/user/token", None), ("/api/device/detail", "X99999999"),
+                          ("/api/device/detail", "V40000004")])
 
     def test_it_stays_on_this_machine_and_ignores_the_configuration(self):
         self.succeeds("tour", "--b-domain", "https://127.0.0.1:9", "--access-token", "wrong",

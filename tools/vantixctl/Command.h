@@ -77,6 +77,7 @@ struct Outcome {
     int32_t code = 0;
     Json value = nullptr;
     bool isDetail = false;  ///< the value is a channel's detail, {"channel": …, "device": …}
+    bool isAnswer = false;  ///< the value is a server's answer as it came, envelope and all
 };
 
 /// One call of an operation of the interface.

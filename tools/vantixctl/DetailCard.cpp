@@ -190,7 +190,7 @@ std::string DetailCard(const Context& context, const Json& detail) {
         const std::string text = FilledIn(line.pattern, detail, context.showSecrets, filled);
         table.Add({Cell(isNewGroup ? std::string(group) : "", Style::Strong),
                    Cell(std::string(line.label), Style::Accent),
-                   filled ? Cell(text, StyleOf(line, text)) : Cell("–", Style::Faint)});
+                   filled && !text.empty() ? Cell(text, StyleOf(line, text)) : Cell("–", Style::Faint)});
     }
     return table.Drawn(context.paint, context.width);
 }

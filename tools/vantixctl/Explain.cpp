@@ -19,8 +19,8 @@ struct Known {
 constexpr std::array kKnown = {
     Known{VANTIX_NOERROR, "success", "success", ""},
     Known{VANTIX_ERROR, "core", "nothing is cached, or the data center could not even ask",
-          "Look for an empty credential, a bad argument, something that was never fetched, or an operation that this "
-          "library does not have. The log says which."},
+          "Look for an empty credential, a bad argument, something that was never fetched in this call of the tool, or "
+          "a renewal that was refused. \"--log -\" shows which."},
     Known{VANTIX_VERIFY_CODE_10001, "core", "the authentication server refused a stream token (its code 10001)", ""},
     Known{VANTIX_VERIFY_TOKEN_EXPIRED, "core", "the access token has expired, says the authentication server",
           "Renew it (RefreshToken) and ask again."},
@@ -41,6 +41,38 @@ constexpr std::array kKnown = {
           "This passes: ask again later. A detail is asked for three times before this comes back."},
     Known{VANTIX_DEV_RELEASE_MISMATCH, "core", "the cached device is of another release and is not served from a cache",
           "Fetch it (getDevDetailInfoSync with --force); only VERSION_17 is served from caches."},
+};
+
+/// What -1 means of an operation.
+struct Reason {
+    std::string_view operation;
+    std::string_view advice;
+};
+
+constexpr std::string_view kNotFetched =
+    "Caches last as long as the tool runs: fetch it first, as in \"vantixctl getDevDetailInfoSync SERIAL then …\".";
+constexpr std::string_view kNoRelays =
+    "The answer names no relays, or the request failed: this operation does not tell which. \"--log -\" does.";
+
+constexpr std::array kReasons = {
+    Reason{"getDevInfoCache", kNotFetched},
+    Reason{"getChannelCacheValue", kNotFetched},
+    Reason{"getDeviceRecord", kNotFetched},
+    Reason{"getDeviceRecordAlt", kNotFetched},
+    Reason{"SetDevInfoCache", kNotFetched},
+    Reason{"getVideoVtmAddr", kNoRelays},
+    Reason{"getServerInfoEx", kNoRelays},
+    Reason{"getB2CSharedDevList", "It needs --session-id, and asks the server of --c-domain."},
+    Reason{"getAuthInfo", "There is no credential for the channel, or it has expired: it is not renewed here."},
+    Reason{"RefreshToken",
+           "It needs --auth-addr, --app-id, --open-id and --refresh-token, and not --mode 1; or the "
+           "service refused."},
+    Reason{"RefreshSession", "It needs --mode 2, --c-domain and --refresh-session-id; or the server refused."},
+    Reason{"getOneStreamToken", "There is no access token, or the mode is 1, which has no stream tokens."},
+    Reason{"GetStreamTokenFromQueue",
+           "Nothing was prefetched for this access token: \"vantixctl GetStreamTokenFast "
+           "then GetStreamTokenFromQueue\". Modes 1 and 2 prefetch nothing."},
+    Reason{"getCloudFileInfoBySerialEX", "--query must be a JSON object; else there is no credential."},
 };
 
 std::string WithNumber(std::string_view before, int32_t number, std::string_view behind) {
@@ -73,6 +105,16 @@ Explanation Explain(int32_t code) {
                 "Its documentation tells what that code means; the log shows the whole answer."};
     }
     return {"unknown", "no operation of the data center answers this", ""};
+}
+
+Explanation Explain(int32_t code, std::string_view operation) {
+    Explanation explanation = Explain(code);
+    const auto* reason =
+        std::find_if(kReasons.begin(), kReasons.end(), [&](const Reason& one) { return one.operation == operation; });
+    if (code == VANTIX_ERROR && reason != kReasons.end()) {
+        explanation.advice = reason->advice;
+    }
+    return explanation;
 }
 
 }  // namespace vantix::ctl

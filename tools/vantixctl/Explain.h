@@ -15,4 +15,7 @@ struct Explanation {
 
 Explanation Explain(int32_t code);
 
+/// The same as the answer of an operation, whose own reasons for it are told where there are such.
+Explanation Explain(int32_t code, std::string_view operation);
+
 }  // namespace vantix::ctl

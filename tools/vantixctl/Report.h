@@ -12,9 +12,6 @@ namespace vantix::ctl {
 /// Writes text to standard output.
 void Print(std::string_view text);
 
-/// A value for people: tables for objects and lists, plain text for the rest. `secret` names a member to mask.
-std::string Readable(const Context& context, const Json& value, std::string_view secret);
-
 /// What an operation answered, as a document for machines.
 Json Document(const Command& command, const Outcome& outcome, int64_t milliseconds);
 

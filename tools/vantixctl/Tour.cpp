@@ -2,6 +2,9 @@
 
 #include <vantix/records/DevChannelInfo.h>
 #include <vantix/records/DevDetailInfo.h>
+#include <vantix/records/DeviceList.h>
+#include <vantix/records/P2PDevInfo.h>
+#include <vantix/records/ServerInfo.h>
 
 #include <algorithm>
 
@@ -16,6 +19,7 @@ constexpr const char* kOldCamera = "V40000004";
 constexpr const char* kNobodysCamera = "X99999999";
 constexpr const char* kDeadServer = "https://127.0.0.1:1";
 constexpr int kChannel = 1;
+constexpr int kPageSize = 20;
 constexpr int kFastForward = 4;
 constexpr int32_t kNoSuchDevice = 320002;
 constexpr int32_t kConnectionRefused = 100007;
@@ -32,6 +36,8 @@ std::string CallText(const std::string& operation, const std::string& serial) {
 std::string Mark(bool yes) { return yes ? "✓\u00A0" : "✗\u00A0"; }
 
 }  // namespace
+
+std::string Tour::Token() const { return m_session.Told().Get("access-token"); }
 
 Tour::Tour(const SessionChoice& choice) : m_session(OnThisMachine(choice)) {}
 
@@ -50,6 +56,11 @@ void Tour::Take() {
     ReadCapabilities();
     Clear();
     ReadCache("Look into the empty cache", kCamera, VANTIX_ERROR, "a miss; this operation never asks the cloud");
+    BeginChapter("what else the cloud knows");
+    ListDevices();
+    FindServers();
+    FindDevice();
+    TakeStreamToken();
     BeginChapter("when it fails");
     Fetch("Ask for a device that is not there", kNobodysCamera, {VANTIX_ERROR, kNoSuchDevice}, "the platform refuses");
     Fetch("Ask for a camera of an old release", kOldCamera, {VANTIX_ERROR, 0}, "it can be fetched");
@@ -120,6 +131,44 @@ void Tour::Clear() {
     Step& step = Add("Clear", "ClearAllCache()", "all caches are empty, the settings stay");
     step.returned = m_session.Center().ClearAllCache();
     step.asExpected = step.returned == VANTIX_NOERROR;
+}
+
+void Tour::ListDevices() {
+    DeviceList list;
+    Step& step = Add("List the devices", "getDevList(0, 20)", {});
+    step.returned = m_session.Center().getDevList(0, kPageSize, list);
+    step.remark = std::to_string(list.total) + " devices, " + std::to_string(list.devices.size()) + " channels";
+    step.asExpected = step.returned == VANTIX_NOERROR && !list.devices.empty();
+}
+
+void Tour::FindServers() {
+    ServerInfo servers;
+    Step& step = Add("Find the servers", "getServerInfoSync(token)", {});
+    step.returned = m_session.Center().getServerInfoSync(Token(), servers);
+    step.cost = servers.iRequestCost;
+    step.remark = "video comes over " + servers.vtmAddr + " and " + std::to_string(servers.vtmBackups.size()) + " more";
+    step.asExpected = step.returned == VANTIX_NOERROR && !servers.vtmAddr.empty();
+}
+
+void Tour::FindDevice() {
+    P2PDevInfo device;
+    Step& step =
+        Add("Find a way to the device itself", std::string("getP2PDevInfoBySerial(token, ") + kCamera + ")", {});
+    step.returned = m_session.Center().getP2PDevInfoBySerial(device, Token(), kCamera);
+    step.cost = device.iRequestCost;
+    step.remark = std::to_string(device.serverInfos.size()) + " servers bring the two together  " +
+                  ctl::Mark(device.strV3Download == "1") + "downloads over version 3";
+    step.asExpected = step.returned == VANTIX_NOERROR && !device.serverInfos.empty();
+}
+
+void Tour::TakeStreamToken() {
+    std::string first;
+    std::string second;
+    Step& step = Add("Take two stream tokens", "getOneStreamToken(token)",
+                     "one request brings a batch; the second token comes from the queue");
+    step.returned = m_session.Center().getOneStreamToken(Token(), first);
+    step.asExpected = step.returned == VANTIX_NOERROR &&
+                      m_session.Center().getOneStreamToken(Token(), second) == VANTIX_NOERROR && first != second;
 }
 
 void Tour::LoseServer() {

@@ -44,6 +44,7 @@ private:
         std::optional<int32_t> future;
     };
 
+    std::string Token() const;
     void BeginChapter(std::string_view chapter) { m_chapter = chapter; }
     Step& Add(std::string title, std::string call, std::string remark);
 
@@ -54,6 +55,10 @@ private:
     void Mark();
     void ReadCapabilities();
     void Clear();
+    void ListDevices();
+    void FindServers();
+    void FindDevice();
+    void TakeStreamToken();
     void LoseServer();
 
     Session m_session;

@@ -7,9 +7,18 @@
 
 #include <future>
 #include <string>
+#include <string_view>
 
 #include "Command.h"
 #include "records/RecordJson.h"
+
+namespace vantix::ctl {
+
+/// Times that leave nothing out.
+inline constexpr std::string_view kEarliest = "2000-01-01 00:00:00";
+inline constexpr std::string_view kLatest = "2037-12-31 23:59:59";
+
+}  // namespace vantix::ctl
 
 namespace vantix::ctl::answers {
 
@@ -38,6 +47,12 @@ Outcome YesNo(const Function& call) {
     return WithValue(number == VANTIX_ERROR ? VANTIX_ERROR : VANTIX_NOERROR, number == 1);
 }
 
+/// `int call()`: 0 for yes, anything else for a failure.
+template <class Function>
+Outcome Granted(const Function& call) {
+    return WithValue(call(), true);
+}
+
 /// Something that cannot fail.
 inline Outcome Plain(Json value) { return {VANTIX_NOERROR, std::move(value)}; }
 
@@ -62,7 +77,9 @@ Outcome JsonText(const Function& call) {
     std::string text;
     const int code = call(text);
     Json parsed = Parsed(text);
-    return WithValue(code, parsed.is_discarded() ? Json(text) : std::move(parsed));
+    Outcome outcome = WithValue(code, parsed.is_discarded() ? Json(text) : std::move(parsed));
+    outcome.isAnswer = true;
+    return outcome;
 }
 
 /// `int call(Record&)`: a record.

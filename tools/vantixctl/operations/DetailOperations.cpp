@@ -89,7 +89,7 @@ constexpr std::array kRows = {
             }},
     Command{"setChannelCacheValue",
             31,
-            {kSerial, {"channel"}, {"value"}},
+            {kSerial, {"value"}, kChannel},
             "overwrites it",
             [](const Call& call) {
                 return answers::Done(

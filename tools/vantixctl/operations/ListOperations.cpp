@@ -12,7 +12,7 @@ namespace {
 constexpr Use kSerial{"serial"};
 constexpr Use kChannel{"channel", "1"};
 constexpr Use kPageStart{"page-start", "0"};
-constexpr Use kPageSize{"page-size", "50"};
+constexpr Use kPageSize{"page-size", "20"};
 
 Outcome AlarmList(const Call& call) {
     return answers::JsonText([&](std::string& json) {
@@ -62,7 +62,7 @@ constexpr std::array kRows = {
             }},
     Command{"getB2CSharedDevList",
             18,
-            {{"offset", "0"}, {"limit", "50"}},
+            {{"offset", "0"}, {"limit", "20"}},
             "devices shared on the consumer servers",
             [](const Call& call) {
                 return answers::JsonText([&](std::string& json) {
@@ -73,12 +73,12 @@ constexpr std::array kRows = {
             19,
             {kSerial,
              kChannel,
-             {"start", ""},
-             {"end", ""},
+             {"start", kEarliest},
+             {"end", kLatest},
              {"alarm-type", "-1"},
              {"status", "2"},
              kPageStart,
-             {"page-size", "20"}},
+             kPageSize},
             "one page of a channel's alarms",
             &AlarmList},
     Command{"getUsername",
@@ -107,7 +107,7 @@ constexpr std::array kRows = {
             }},
     Command{"setVideoDefinition",
             32,
-            {kSerial, {"channel"}, {"level"}},
+            {kSerial, {"level"}, kChannel},
             "sets a channel's picture quality",
             [](const Call& call) {
                 return answers::JsonText([&](std::string& answer) {

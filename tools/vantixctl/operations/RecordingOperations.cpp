@@ -1,3 +1,6 @@
+#include <array>
+#include <ctime>
+
 #include <vantix/records/CloudFileQuery.h>
 #include <vantix/records/RecordFileList.h>
 
@@ -9,8 +12,16 @@ namespace {
 
 constexpr Use kSerial{"serial"};
 constexpr Use kChannel{"channel", "1"};
-constexpr Use kStart{"start"};
-constexpr Use kEnd{"end"};
+constexpr Use kStart{"start", kEarliest};
+constexpr Use kEnd{"end", kLatest};
+
+/// Today, as the day of a search.
+std::string Today() {
+    const std::time_t now = std::time(nullptr);
+    std::array<char, 16> text{};
+    const std::tm* local = std::localtime(&now);
+    return local == nullptr ? "" : std::string(text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%d", local));
+}
 
 Outcome DeviceFiles(const Call& call) {
     return answers::Filled<RecordFileList>([&](RecordFileList& list) {
@@ -43,9 +54,18 @@ Outcome LocalFiles(const Call& call) {
 
 Outcome CloudFilesEx(const Call& call) {
     return answers::JsonText([&](std::string& json) {
-        const CloudFileQuery query{call.Text("date"), call.Text("before"), call.Number("detail-count")};
+        const std::string& day = call.Text("date");
+        const CloudFileQuery query{day.empty() ? Today() : day, call.Text("before"), call.Number("detail-count")};
         return call.center.getCloudFileBySerialEX(call.Serial(), call.Channel(), call.Number("video-type"), query,
                                                   json);
+    });
+}
+
+Outcome CloudFileDetails(const Call& call) {
+    return answers::JsonText([&](std::string& json) {
+        const Json ofChannel = {{"deviceSerial", call.Serial()}, {"channelNo", call.Channel()}};
+        const std::string query = call.Text("query").empty() ? Dumped(ofChannel, -1) : call.Text("query");
+        return call.center.getCloudFileInfoBySerialEX(call.Serial(), call.Channel(), query, json);
     });
 }
 
@@ -67,7 +87,7 @@ Outcome UploadAddress(const Call& call) {
 constexpr std::array kRows = {
     Command{"getRecordByAlarmID",
             40,
-            {kSerial, {"channel"}, {"alarm-id"}},
+            {kSerial, {"alarm-id"}, kChannel},
             "the recording that belongs to an alarm",
             [](const Call& call) {
                 return answers::JsonText([&](std::string& json) {
@@ -76,49 +96,44 @@ constexpr std::array kRows = {
             }},
     Command{"getDeviceFileBySerial",
             41,
-            {kSerial, {"channel"}, kStart, kEnd, {"record-type", "0"}, {"location", "0"}, {"sdk-path", "0"}},
+            {kSerial, kChannel, kStart, kEnd, {"record-type", "0"}, {"location", "0"}, {"sdk-path", "0"}},
             "recordings on a device",
             &DeviceFiles},
     Command{"getDeviceFileBySerialEx",
             42,
-            {kSerial, {"channel"}, kStart, kEnd, {"record-type", "0"}, {"with-location", "0"}},
+            {kSerial, kChannel, kStart, kEnd, {"record-type", "0"}, {"with-location", "0"}},
             "recordings on a device, by the newer query",
             &DeviceFilesEx},
     Command{"getCloudFileBySerial",
             43,
-            {kSerial, {"channel"}, kStart, kEnd, {"file-type", "0"}},
+            {kSerial, kChannel, kStart, kEnd, {"file-type", "0"}},
             "cloud recordings of a channel",
             &CloudFiles},
     Command{"getLocalFileBySerial",
             44,
-            {kSerial, {"channel"}, kStart, kEnd, {"biz-type", ""}, {"platform-id", ""}},
+            {kSerial, kChannel, kStart, kEnd, {"biz-type", ""}, {"platform-id", ""}},
             "recordings of a device of a business platform",
             &LocalFiles},
     Command{"getCloudFileBySerialEX",
             45,
-            {kSerial, {"channel"}, {"date"}, {"video-type", "0"}, {"before", ""}, {"detail-count", "10"}},
+            {kSerial, kChannel, {"date", ""}, {"video-type", "0"}, {"before", ""}, {"detail-count", "10"}},
             "cloud recordings of a day",
             &CloudFilesEx},
     Command{"getCloudFileInfoBySerialEX",
             46,
-            {kSerial, {"channel"}, {"query"}},
+            {kSerial, kChannel, {"query", ""}},
             "details of cloud recordings",
-            [](const Call& call) {
-                return answers::JsonText([&](std::string& json) {
-                    return call.center.getCloudFileInfoBySerialEX(call.Serial(), call.Channel(), call.Text("query"),
-                                                                  json);
-                });
-            }},
+            &CloudFileDetails},
     Command{"GetCloudRecordFile",
             47,
-            {kSerial, {"local-index"}, {"space-id"}, kStart, kEnd},
+            {kSerial, {"local-index", "1"}, {"space-id", "0"}, kStart, kEnd},
             "recordings in a storage space",
             &CloudRecords},
     Command{"GetClouduploadUrl",
             48,
             {kSerial,
-             {"channel"},
              {"file-name"},
+             kChannel,
              {"file-type", "0"},
              {"expire-days", "7"},
              {"url-expire", "3600"},

@@ -38,7 +38,7 @@ constexpr std::array kRows = {
             }},
     Command{"getCloudTicketInfo",
             2,
-            {kSerial, {"local-index"}, {"space-id"}},
+            {kSerial, {"local-index", "1"}, {"space-id", "0"}},
             "the ticket that opens cloud recordings",
             [](const Call& call) {
                 return answers::Text([&](std::string& ticket) {

@@ -38,7 +38,7 @@ constexpr std::array kRows = {
             {kSerial, kChannel, {"playback", "0"}},
             "whether the account may view a channel",
             [](const Call& call) {
-                return answers::Code(
+                return answers::Granted(
                     [&] { return call.center.getAuthInfo(call.Serial(), call.Channel(), call.Flag("playback")); });
             }},
     Command{"RefreshToken",

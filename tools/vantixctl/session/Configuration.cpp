@@ -23,6 +23,13 @@ constexpr std::array kSettings = {
             [](IVantixDataCenter& center, const std::string& value) { center.setAccessToken(value); }},
     Setting{"session-id", "sessionId", "", "ID", "the consumer session", true,
             [](IVantixDataCenter& center, const std::string& value) { center.setSessionId(value); }},
+    // No setter brings it in: a renewal keeps what it is given, and sends nothing while the mode is not 2.
+    Setting{"refresh-session-id", "refreshSessionId", "", "ID", "renews the consumer session", true,
+            [](IVantixDataCenter& center, const std::string& value) {
+                std::string none;
+                center.setPermissionMode(0);
+                center.RefreshSession(value, none);
+            }},
     Setting{"shared-access-token", "sharedAccessToken", "", "TOKEN", "the token that marks shared devices", true,
             [](IVantixDataCenter& center, const std::string& value) { center.setSharedAccessToken(value); }},
     Setting{"auth-addr", "authAddr", "", "URL", "the authorisation service, for renewing the access token", false,

@@ -9,7 +9,7 @@ namespace vantix::ctl {
 namespace {
 
 constexpr int kFrameOfColumn = 3;  // "│ " before and " " behind
-constexpr int kLeastFlexible = 16;
+constexpr int kLeastFlexible = 12;
 
 struct Joints {
     std::string_view left;
@@ -113,6 +113,12 @@ std::vector<int> Table::Widths(int screen) const {
         --tooMuch;
     }
     return widths;
+}
+
+bool Table::Fits(int width) const {
+    const std::vector<int> widths = Widths(width);
+    const int count = static_cast<int>(widths.size());
+    return std::accumulate(widths.begin(), widths.end(), count * kFrameOfColumn + 1) <= width;
 }
 
 std::string Table::Drawn(const Painter& paint, int width) const {

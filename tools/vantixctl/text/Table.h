@@ -43,6 +43,8 @@ public:
     /// A line between what was added before and what comes.
     void AddRule() { m_rows.push_back({{}, true}); }
     bool Empty() const { return m_rows.empty(); }
+    /// Whether its columns, however narrow, have room on a screen of this width.
+    bool Fits(int width) const;
 
     /// The table as text, every line ended. `width` is that of the screen.
     std::string Drawn(const Painter& paint, int width) const;
