@@ -96,7 +96,7 @@ ConsumerCase DeviceDetail() {
                 },
             .expect =
                 [](const Json& output, const SimulatorClient& cloud) {
-                    const Json device = output.at("device");
+                    const Json& device = output.at("device");
                     EXPECT_EQ(output.at("channel").at("cameraId"), cloud.Camera("R20000016", 7).at("cameraId"));
                     EXPECT_EQ(device.at("deviceIP"), cloud.Device("R20000016").at("device").at("deviceIP"));
                     EXPECT_EQ(device.at("iRequestCost"), kTransferCost);

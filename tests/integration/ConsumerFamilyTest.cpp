@@ -60,7 +60,7 @@ protected:
     static void Compare(const Json& platform, const Json& consumer, const Json& fresh, const Fields& untold,
                         Fields& told) {
         for (const auto& [key, value] : platform.items()) {
-            if (untold.count(key) == 0) {
+            if (!untold.contains(key)) {
                 EXPECT_EQ(consumer.at(key), value) << key;
                 continue;
             }

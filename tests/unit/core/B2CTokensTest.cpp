@@ -284,6 +284,7 @@ TEST_F(B2CTokens, ManyReplaceAndManyLookUpAtOnce) {
     core.setAccessToken("mine");
     core.SetB2CTokens(sets[0]);
     std::vector<std::thread> threads;
+    threads.reserve(6);
     for (int writer = 0; writer < 3; ++writer) {
         threads.emplace_back([this, &sets, writer] {
             for (int i = 0; i < kRounds; ++i) {

@@ -285,6 +285,7 @@ TEST_F(TkTokens, ManyReplaceAndManyLookUpAtOnce) {
     core.SetDeviceTkTokens(sets[0]);
     core.setGlobalTkToken("g0");
     std::vector<std::thread> threads;
+    threads.reserve(6);
     for (int writer = 0; writer < 3; ++writer) {
         threads.emplace_back([this, &sets, writer] {
             for (int i = 0; i < kRounds; ++i) {
