@@ -101,7 +101,7 @@ TEST_F(ConsumerPage, MembersAreReadOnlyWithTheirType) {
     ExpectEveryMemberOnItsOwn(PageCameraRows(), GoldenPage(), DevChannelInfo(),
                               [this](const std::string& body) { return First(body).channel; });
     ExpectEveryMemberOnItsOwn(PageDeviceRows(), GoldenPage(), BelongDevInfo(),
-                              [this](const std::string& body) -> BelongDevInfo { return First(body).device; });
+                              [this](const std::string& body) -> const BelongDevInfo& { return First(body).device; });
 }
 
 TEST_F(ConsumerPage, SharingStateBecomesDecimalText) {

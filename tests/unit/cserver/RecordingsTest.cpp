@@ -92,8 +92,9 @@ TEST_F(ConsumerRecordings, CodeOfTheEnvelopeIsReturnedUnderTheParsersOwnWords) {
         EXPECT_EQ(Parse(body), row.code) << row.meta;
         if (row.code != 0) {
             const std::string code = std::to_string(row.code);
-            ExpectOnlyLine("ParseDeviceRecordFileFromCServer Response Error:" + code + ", Resp:" + body, "INFO ", 3,
-                           kTag);
+            ExpectOnlyLine(
+                std::string("ParseDeviceRecordFileFromCServer Response Error:").append(code) + ", Resp:" + body,
+                "INFO ", 3, kTag);
             EXPECT_EQ(records, "before");
         }
     }

@@ -129,8 +129,9 @@ TEST_F(ConsumerSession, RefreshReturnsTheServersOwnCodeBare) {
             R"({"meta":{"code":)" + text + R"(},"sessionInfo":{"sessionId":"a","refreshSessionId":"b"}})";
         transport.Answer(body);
         EXPECT_EQ(Refresh(), code);
-        ExpectLine("ZQR TEST QX_API_B2C_REFRESH_SESSION Platform Response Error:" + text + ", Resp:" + body, "INFO ", 3,
-                   kRequest);
+        ExpectLine(
+            std::string("ZQR TEST QX_API_B2C_REFRESH_SESSION Platform Response Error:").append(text) + ", Resp:" + body,
+            "INFO ", 3, kRequest);
         EXPECT_FALSE(lines.Contains(kTag));
         ExpectUntouched();
     }
