@@ -145,7 +145,7 @@ Calls AccountCalls() {
              return center.getShareDevList(0, 50, list, in.retried);
          })},
         {"getB2CSharedDevList", Into<std::string>([](Center& center, const Input& /*in*/, std::string& json) {
-             return center.getB2CSharedDevList(0, 50, json);
+             return center.getB2CSharedDevList(0, 20, json);
          })},
         {"getUsername", Into<std::string>([](Center& center, const Input& /*in*/, std::string& name) {
              return center.getUsername(name);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "OperationCalls.h"
+#include "records/ConfigInfo.h"
 #include "support/CoreFixture.h"
 
 namespace vantix::test {
@@ -27,6 +28,7 @@ protected:
     }
     void TearDown() override {
         ForgetStreamTokens();
+        RestoreConfiguration();
         CoreFixture::TearDown();
     }
 
@@ -47,6 +49,8 @@ protected:
     void ForgetStreamTokens() const {
         std::vector<char> buffer(4097);
         Center().GetStreamTokenFromQueue(Account("accessToken"), buffer.data());
+        const std::string current = Center().getAccessToken();
+        Center().GetStreamTokenFromQueue(current, buffer.data());
         // A batch that fails, for another token, leaves an empty queue.
         Center().setPermissionMode(0);
         Center().setDomain(Cloud().ClosedPort(), "");
@@ -56,18 +60,26 @@ protected:
         Center().setAccessToken(Account("accessToken"));
     }
 
+    /// The core keeps the platform's configuration: back to the one that it begins with.
+    void RestoreConfiguration() const {
+        Cloud().Delete("/plans");
+        Cloud().Put("/account", {{"config", {{"streamType", 1}, {"dataCollect", 2}}}});
+        ConfigInfo config;
+        EXPECT_EQ(Center().getConfigInfo(config), 0);
+    }
+
     size_t Count(const std::string& path) const { return Cloud().Requests(path).size(); }
 
     /// The credential of a request, wherever it stands.
     static std::string CredentialOf(const ReceivedRequest& request) {
-        if (const std::string session = request.Header("sessionId"); session != "<none>") {
+        if (std::string session = request.Header("sessionId"); session != "<none>") {
             return session;
         }
         const Json body = Json::parse(request.body, nullptr, false);
         if (body.is_object() && body.contains("accessToken")) {
             return body.at("accessToken");
         }
-        if (const std::string token = request.Parameter("refresh_token"); token != "<none>") {
+        if (std::string token = request.Parameter("refresh_token"); token != "<none>") {
             return token;
         }
         return request.Parameter("accessToken");

@@ -128,7 +128,7 @@ class PlatformRenewalTest : public OperationTest {};
 TEST_P(PlatformRenewalTest, RenewsTheAccessTokenWhereTheTableSaysSo) {
     const OperationInput input = Enter(kOrdinary);
     SetRefreshCredentials();
-    const std::string path = PathsOf(Row().ownRequest).back();
+    const std::string path = PathsOf(Row().ownRequest).front();
     Cloud().Plan({{"path", path}, {"code", "10002"}});
     Call(input);
     const size_t renewals = Row().Renews("310002") ? 1 : 0;
@@ -144,7 +144,7 @@ TEST_P(PlatformRenewalTest, TriesAgainAfterFailuresOfTheMomentWhereTheTableSaysS
     attempts = Row().Renews("one repeat on 349999, 350000") ? 2 : attempts;
     for (const char* code : {"49999", "50000"}) {
         const OperationInput input = Enter(kOrdinary);
-        Cloud().Plan({{"path", PathsOf(Row().ownRequest).back()}, {"code", code}, {"times", 0}});
+        Cloud().Plan({{"path", PathsOf(Row().ownRequest).front()}, {"code", code}, {"times", 0}});
         Call(input);
         EXPECT_EQ(Cloud().RequestCount(), attempts) << code;
         Cloud().Delete("/plans");
@@ -159,7 +159,7 @@ TEST_P(SessionRenewalTest, RenewsTheSessionWhereTheTableSaysSo) {
     SetRefreshSession();
     SetRefreshCredentials();
     const OperationInput input = Enter(kSharedInB2C);
-    const std::string path = PathsOf(Row().sharedRequest).back();
+    const std::string path = PathsOf(Row().sharedRequest).front();
     Cloud().Plan({{"path", path}, {"domain", "C"}, {"code", 401}});
     Call(input);
     const size_t renewals = Row().Renews("session 401") ? 1 : 0;
