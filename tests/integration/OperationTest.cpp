@@ -192,7 +192,7 @@ INSTANTIATE_TEST_SUITE_P(Table, SessionRenewalTest, ::testing::ValuesIn(Operatio
 TEST(OperationTable, HasEveryOperationThatSends) {
     EXPECT_EQ(ReadOperations().size(), 50U);
     EXPECT_EQ(OperationsWhere(AsksThePlatform).size(), 48U);
-    EXPECT_EQ(OperationsWhere(CarriesASession).size(), 15U);
+    EXPECT_EQ(OperationsWhere(CarriesASession).size(), 16U);
 }
 
 }  // namespace
