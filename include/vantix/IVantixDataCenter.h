@@ -4,8 +4,8 @@
 /// The interface of the data center and the two functions that hand it out.
 ///
 /// One process-wide core stands behind every handle: settings, tokens and caches are shared by all handles and outlive
-/// them. Any thread may call any operation at any time. Operations that answer an int return the codes of
-/// `ReturnCodes.h`; nothing throws.
+/// them. Any thread may call any operation at any time; nothing throws. Operations that answer an int return the codes
+/// of `ReturnCodes.h`, unless their own words say what the number is.
 
 #include <cstdint>
 #include <future>
@@ -62,7 +62,7 @@ public:
     virtual int getDevDetailInfo(const std::string& serial, int ch, DevChannelInfo& channelInfo, DevDetailInfo& detail,
                                  std::future<int32_t>& future,
                                  bool retried = false) = 0;  // slot 4
-    /// Unless `force` is set serves any cached detail, however old; otherwise fetches now.
+    /// Unless `force` is set serves any cached detail of release "VERSION_17", however old; otherwise fetches now.
     virtual int getDevDetailInfoSync(const std::string& serial, int ch, bool force, DevChannelInfo& channelInfo,
                                      DevDetailInfo& detail,
                                      bool retried = false) = 0;  // slot 5
@@ -70,11 +70,13 @@ public:
     virtual int getDeviceDetailInfo(const std::string& serial, int ch, const std::string& bizType,
                                     const std::string& platFormId, DevChannelInfo& channelInfo, DevDetailInfo& detail,
                                     bool retried = false) = 0;  // slot 6
-    /// Answers 1 when the device downloads over the third P2P version, 0 when not; 1 with an empty credential.
+    /// Answers 1 when the device downloads over the third P2P version, 0 when not or when that cannot be learnt; 1 with
+    /// an empty credential.
     virtual int isP2PV3download(const std::string& serial, int ch) = 0;  // slot 7
-    /// Like `getDevDetailInfoSync`, but a device behind an online parent comes back with the parent's record.
+    /// Like `getDevDetailInfoSync`, for a device that may be behind a parent.
     ///
-    /// `detail` is read as well: it carries the relation from an earlier call, and the host's `iCloseBlong`.
+    /// `detail` is read as well. A fresh record comes back as the online parent's; one that already carries the
+    /// relation comes back as the device's own. `iCloseBlong` of 1 in it prevents the resolving.
     virtual int getDevDetailInfoByRelation(const std::string& serial, int ch, DevChannelInfo& channelInfo,
                                            DevDetailInfo& detail,
                                            bool retried = false) = 0;  // slot 8
@@ -115,7 +117,7 @@ public:
                              bool retried = false) = 0;  // slot 19
     /// The account's user name.
     virtual int getUsername(std::string& userName) = 0;  // slot 20
-    /// The platform's configuration; also updates the core's own.
+    /// The platform's configuration; the core takes over stream type and data collection, not P2P.
     virtual int getConfigInfo(ConfigInfo& config) = 0;  // slot 21
     /// A message that the platform passed through from a device.
     virtual int getTransparentMsgDetail(const std::string& serial, const std::string& msgSeq,
@@ -129,10 +131,12 @@ public:
     /// Synchronous `getP2PUserInfo`; the token chooses the server family.
     virtual int getP2PUserInfoByToken(const std::string& token, P2PUserInfo& userInfo,
                                       bool retried = false) = 0;  // slot 24
-    /// Synchronous `getP2PUserInfo` with the credential of a device.
+    /// Synchronous `getP2PUserInfo` of a device: carries its Tk token in the small-permission mode, else the access
+    /// token; in the B2C mode the channel's B2C token chooses the server family.
     virtual int getP2PUserInfoByDevice(const std::string& serial, int ch, P2PUserInfo& userInfo,
                                        bool retried = false) = 0;  // slot 25
-    /// Asynchronous `getP2PDevInfo`: the cached copy (future untouched) or a fetch behind the future.
+    /// Asynchronous `getP2PDevInfo`: the cached copy (0, future untouched) or a fetch behind the future (0 when a
+    /// marked copy was found, -1 when none was: no failure).
     virtual int getP2PDevInfoAsync(P2PDevInfo& devInfo, const std::string& token, const std::string& serial,
                                    std::future<int32_t>& future) = 0;  // slot 26
     /// The cached P2P information of a device; fetched when absent or when `forceFetch` is set.
@@ -157,7 +161,7 @@ public:
     virtual int setAlarmRead(const std::string& alarmId) = 0;  // slot 33
 
     // ---- Stream tokens and credentials
-    /// Requests `count` stream tokens; the answer as it came.
+    /// Requests `count` stream tokens; the answer as it came. The consumer servers choose the number themselves.
     virtual int getStreamTokens(const std::string& token, int count, std::string& answer,
                                 bool retried = false) = 0;  // slot 34
     /// Asks whether the account may view the channel live, or its recordings. An expired token gives -1.
@@ -165,10 +169,13 @@ public:
     /// Renews the access token: 0 and the new one, or -1 and an empty text.
     virtual int RefreshToken(std::string& newToken) = 0;  // slot 36
     /// One stream token, from the queue or from a fresh batch of 20.
+    ///
+    /// A token other than the core's access token empties the queue and, on success, becomes the core's.
     virtual int getOneStreamToken(const std::string& accessToken, std::string& token) = 0;  // slot 37
-    /// Takes the prefetched token once, within five hours of its fetch. `buffer` holds at least 4097 bytes.
+    /// Takes the prefetched answer of `getStreamTokens` once, within five hours of its fetch. `buffer` holds at least
+    /// 4097 bytes.
     virtual int GetStreamTokenFromQueue(const std::string& accessToken, char* buffer) = 0;  // slot 38
-    /// Prefetches a stream token for the current access token; always 0.
+    /// Prefetches ten stream tokens, as the answer of `getStreamTokens`, for the current access token; always 0.
     virtual int GetStreamTokenFast() = 0;  // slot 39
 
     // ---- Recordings
@@ -265,7 +272,7 @@ public:
     virtual void setCloseP2P(int close) = 0;  // slot 69
     /// Whether P2P is open; true until the host closes it.
     virtual bool isOpenP2P() = 0;  // slot 70
-    /// Whether the platform configured stream type 1.
+    /// Whether the stream type is 1: true until the platform configures another.
     virtual bool isVTDUType1() = 0;  // slot 71
     /// Renews the consumer session (B2C mode only): 0 and the new one, or -1 and an empty text.
     ///
@@ -321,7 +328,7 @@ public:
     virtual void setLogLevel(int level) = 0;  // slot 94
     /// The log level.
     virtual int getLogLevel() = 0;  // slot 95
-    /// 1 keeps response texts in UTF-8; any other value converts them to the system's code page.
+    /// 1 keeps response texts in UTF-8; any other value converts them to the system's code page on Windows.
     virtual void setDataUtf8(int iDataUtf8) = 0;  // slot 96
     /// Whether response texts stay in UTF-8.
     virtual bool isDataUtf8() = 0;  // slot 97
@@ -338,7 +345,8 @@ public:
     /// The same with the channel as text.
     virtual std::string& getB2CTokensByText(const std::string& serial, const std::string& ch,
                                             std::string& token) = 0;  // slot 102
-    /// Whether a token belongs to a device that is shared with the account.
+    /// Whether a token belongs to a device that is shared with the account, or is the shared access token. Never for
+    /// the account's own access token.
     virtual bool isB2CSharedToken(const std::string& token) = 0;  // slot 103
     /// Whether a channel is shared with the account.
     virtual bool isB2CSharedChannel(const std::string& serial, int ch) = 0;  // slot 104

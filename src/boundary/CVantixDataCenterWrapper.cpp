@@ -19,16 +19,20 @@ int CVantixDataCenterWrapper::getRelayTicket(const std::string& serial, int ch, 
     return Shielded([&] { return core->getRelayTicket(serial, ch, ticket); }, VANTIX_ERROR);
 }
 
+// A host may pass the serial of the very record that the details are written into: the core gets a copy.
+
 int CVantixDataCenterWrapper::getDevDetailInfo(const std::string& serial, int ch, DevChannelInfo& channelInfo,
                                                DevDetailInfo& detail, std::future<int32_t>& future, bool retried) {
-    return Shielded([&] { return core->getDevDetailInfo(serial, ch, channelInfo, detail, future, retried); },
-                    VANTIX_ERROR);
+    return Shielded(
+        [&] { return core->getDevDetailInfo(std::string(serial), ch, channelInfo, detail, future, retried); },
+        VANTIX_ERROR);
 }
 
 int CVantixDataCenterWrapper::getDevDetailInfoSync(const std::string& serial, int ch, bool force,
                                                    DevChannelInfo& channelInfo, DevDetailInfo& detail, bool retried) {
-    return Shielded([&] { return core->getDevDetailInfoSync(serial, ch, force, channelInfo, detail, retried); },
-                    VANTIX_ERROR);
+    return Shielded(
+        [&] { return core->getDevDetailInfoSync(std::string(serial), ch, force, channelInfo, detail, retried); },
+        VANTIX_ERROR);
 }
 
 int CVantixDataCenterWrapper::getDeviceDetailInfo(const std::string& serial, int ch, const std::string& bizType,
@@ -45,8 +49,9 @@ int CVantixDataCenterWrapper::isP2PV3download(const std::string& serial, int ch)
 
 int CVantixDataCenterWrapper::getDevDetailInfoByRelation(const std::string& serial, int ch, DevChannelInfo& channelInfo,
                                                          DevDetailInfo& detail, bool retried) {
-    return Shielded([&] { return core->getDevDetailInfoByRelation(serial, ch, channelInfo, detail, retried); },
-                    VANTIX_ERROR);
+    return Shielded(
+        [&] { return core->getDevDetailInfoByRelation(std::string(serial), ch, channelInfo, detail, retried); },
+        VANTIX_ERROR);
 }
 
 int CVantixDataCenterWrapper::getServerInfoAsync(const std::string& token, ServerInfo& serverInfo,

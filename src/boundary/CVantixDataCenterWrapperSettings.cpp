@@ -18,14 +18,12 @@ void CVantixDataCenterWrapper::SetDeviceTkTokens(const std::string& json) {
 
 std::string& CVantixDataCenterWrapper::getDeviceTkTokensByText(std::string& token, int tkType,
                                                                const std::string& serial, const std::string& ch) {
-    Shielded([&] { token = core->getDeviceTkTokens(tkType, serial, ch); });
-    return token;
+    return Filled(token, [&] { return core->getDeviceTkTokens(tkType, serial, ch); });
 }
 
 std::string& CVantixDataCenterWrapper::getDeviceTkTokensByNumber(std::string& token, int tkType,
                                                                  const std::string& serial, int ch) {
-    Shielded([&] { token = core->getDeviceTkTokens(tkType, serial, ch); });
-    return token;
+    return Filled(token, [&] { return core->getDeviceTkTokens(tkType, serial, ch); });
 }
 
 void CVantixDataCenterWrapper::setGlobalTkToken(const std::string& token) {
@@ -88,8 +86,7 @@ void CVantixDataCenterWrapper::setAppId(const std::string& appId) {
 }
 
 std::string& CVantixDataCenterWrapper::getAppId(std::string& appId) {
-    Shielded([&] { appId = core->getAppId(); });
-    return appId;
+    return Filled(appId, [&] { return core->getAppId(); });
 }
 
 void CVantixDataCenterWrapper::setAccessToken(const std::string& token) {
@@ -165,14 +162,12 @@ void CVantixDataCenterWrapper::SetB2CTokens(const std::string& json) {
 }
 
 std::string& CVantixDataCenterWrapper::getB2CTokensByNumber(const std::string& serial, int ch, std::string& token) {
-    Shielded([&] { token = core->getB2CTokens(serial, ch); });
-    return token;
+    return Filled(token, [&] { return core->getB2CTokens(serial, ch); });
 }
 
 std::string& CVantixDataCenterWrapper::getB2CTokensByText(const std::string& serial, const std::string& ch,
                                                           std::string& token) {
-    Shielded([&] { token = core->getB2CTokens(serial, ch); });
-    return token;
+    return Filled(token, [&] { return core->getB2CTokens(serial, ch); });
 }
 
 bool CVantixDataCenterWrapper::isB2CSharedToken(const std::string& token) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace vantix {
 
 /// Calls `body` and returns its result, or `neutral` when it throws.
@@ -19,6 +21,17 @@ void Shielded(Body body) noexcept {
         body();
     } catch (...) {  // NOLINT(bugprone-empty-catch): a slot without a result has nothing to report
     }
+}
+
+/// Puts what `body` returns into `text`, or nothing when it throws: no old text is taken for the answer.
+template <class Body>
+std::string& Filled(std::string& text, Body body) noexcept {
+    try {
+        text = body();
+    } catch (...) {
+        text.clear();
+    }
+    return text;
 }
 
 }  // namespace vantix

@@ -69,8 +69,14 @@ int CVantixDataCenter::getConfigInfo(ConfigInfo& config) {
     // Carries no credential and needs none; the account's token only chooses the domain.
     const bool isShared = isServedByConsumer(m_settings.accessToken.Copy());
     const Caller caller = callerFor(domainInPlace(VANTIX_HERE, isShared), {});
-    const int result = GetConfigInfoFromPlatform(caller, config);
+    // What the answer does not tell stays as it is.
+    ConfigInfo answer = config;
+    answer.streamType = m_settings.config.VTDUType;
+    answer.dataCollect = m_settings.config.bEableDataCollect;
+    answer.openP2P = m_settings.config.OpenP2P;
+    const int result = GetConfigInfoFromPlatform(caller, answer);
     if (result == VANTIX_NOERROR) {
+        config = std::move(answer);
         VANTIX_LOG_INFO(level::kInfo, "GetConfig, bEableDataCollect:%d, VTDUType:%d, OpenP2P:%d", config.dataCollect,
                         config.streamType, config.openP2P);
         m_settings.config.VTDUType = config.streamType;

@@ -223,6 +223,9 @@ private:
     std::string refreshedToken();
     std::string refreshedSession();
 
+    /// Whether the credential of a channel's fetch had expired, by its result, and is renewed now.
+    bool isRenewed(const std::string& serial, int ch, int result);
+
     // ---- Fetches that either server family may answer
     FetchTokens tokensOf(const std::string& token);
     FetchTokens tokensOf(const std::string& serial, int ch, int tkType);
@@ -248,6 +251,8 @@ private:
 
     // ---- Queries
     int query(const CallSite& site, const QueryRow& row, const Subject& subject, bool retried, const SendQuery& send);
+    /// Whether the credential had expired, by the result, and is renewed now.
+    bool isRenewedFor(const QueryRow& row, const Subject& subject, int result);
     std::string queryDomain(const CallSite& site, const QueryRow& row, const Subject& subject,
                             const std::string& token);
     /// One of the two domains, told in the name of the call site.

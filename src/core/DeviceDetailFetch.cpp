@@ -103,7 +103,7 @@ int CVantixDataCenter::getDevDetailInfo(const std::string& serial, int ch, DevCh
         VANTIX_LOG_INFO(level::kInfo, "futureDetailInfo async strDeviceSerial = %s iChannel = %d",
                         strDeviceSerial.c_str(), iChannel);
         const int fetched = updateDevDetailInfo(strDeviceSerial, iChannel, channelInfo, detail);
-        if (fetched == VANTIX_ACCESS_TOKEN_EXPIRED && !retried && !refreshedToken().empty()) {
+        if (!retried && isRenewed(strDeviceSerial, iChannel, fetched)) {
             return getDevDetailInfoSync(strDeviceSerial, iChannel, true, channelInfo, detail, true);
         }
         return fetched;
@@ -117,7 +117,7 @@ int CVantixDataCenter::getDevDetailInfoSync(const std::string& serial, int ch, b
         return VANTIX_NOERROR;
     }
     const int result = updateDevDetailInfo(serial, ch, channelInfo, detail);
-    if (result == VANTIX_ACCESS_TOKEN_EXPIRED && !retried && !refreshedToken().empty()) {
+    if (!retried && isRenewed(serial, ch, result)) {
         return getDevDetailInfoSync(serial, ch, force, channelInfo, detail, true);
     }
     return result;

@@ -71,7 +71,7 @@ int CVantixDataCenter::getDevDetailInfoByRelation(const std::string& serial, int
     if (result == VANTIX_NOERROR) {
         result = getDevDetailInfoFromLocalByRelation(serial, ch, channelInfo, detail);
     }
-    if (result == VANTIX_ACCESS_TOKEN_EXPIRED && !retried && !refreshedToken().empty()) {
+    if (!retried && isRenewed(serial, ch, result)) {
         return getDevDetailInfoByRelation(serial, ch, channelInfo, detail, true);
     }
     return result;

@@ -27,6 +27,10 @@ int CVantixDataCenter::updateP2PDevInfo(const CallSite& site, const std::string&
         return VANTIX_ERROR;
     }
     source->caller.url = getDomain(serial, ch).Copy();
+    if (source->isConsumer) {
+        // The token can be that of another channel of the device: the session goes to its own servers only.
+        source->caller.url = m_settings.CDomain.Copy();
+    }
     P2PDevInfo fresh;
     const int result = source->isConsumer ? GetP2PDevInfoFromCServer(source->caller, serial, fresh)
                                           : GetP2PDevInfoFromPlatform(source->caller, serial, fresh);
@@ -34,7 +38,9 @@ int CVantixDataCenter::updateP2PDevInfo(const CallSite& site, const std::string&
         return updateP2PDevInfo(site, serial, ch, tokensOf(*next), devInfo, true);
     }
     if (result != VANTIX_NOERROR) {
-        devInfo.iRequestCost = fresh.iRequestCost;
+        if (!source->isConsumer) {
+            devInfo.iRequestCost = fresh.iRequestCost;
+        }
         return result;
     }
     fresh.deviceSerial = serial;
@@ -106,7 +112,8 @@ int CVantixDataCenter::isP2PV3download(const std::string& serial, int ch) {
     }
     P2PDevInfo devInfo;
     if (getP2PDevInfoFromLocal(serial, devInfo) != VANTIX_NOERROR &&
-        updateP2PDevInfo(VANTIX_HERE, serial, ch, {token, token}, devInfo, false) != VANTIX_NOERROR) {
+        updateP2PDevInfo(VANTIX_HERE, serial, ch, tokensOf(serial, ch, tk::kDevice), devInfo, false) !=
+            VANTIX_NOERROR) {
         VANTIX_LOG_ERROR(level::kError, "%s", "get p2p device info failed");
         return 0;
     }

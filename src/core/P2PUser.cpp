@@ -45,6 +45,7 @@ int CVantixDataCenter::getP2PUserInfo(const std::string& serial, int ch, P2PUser
 int CVantixDataCenter::refillP2PUserInfo(const CallSite& site, const FetchTokens& tokens, P2PUserInfo& userInfo,
                                          bool retried) {
     P2PUserInfo fresh;
+    fresh.iRequestCost = userInfo.iRequestCost;
     int result = VANTIX_ERROR;
     if (auto source = sourceOf(site, tokens)) {
         source->caller.url = getDomainByToken(tokens.choosing).Copy();

@@ -27,20 +27,32 @@ std::string CVantixDataCenter::queryDomain(const CallSite& site, const QueryRow&
     return getDomain(subject.serial, subject.ch).Copy();
 }
 
+bool CVantixDataCenter::isRenewedFor(const QueryRow& row, const Subject& subject, int result) {
+    if (row.hasConsumerForm) {
+        return isRenewed(subject.serial, subject.ch, result);
+    }
+    return result == VANTIX_ACCESS_TOKEN_EXPIRED && !refreshedToken().empty();
+}
+
 int CVantixDataCenter::query(const CallSite& site, const QueryRow& row, const Subject& subject, bool retried,
                              const SendQuery& send) {
-    const std::string token =
-        row.tkType == tk::kNone ? m_settings.accessToken.Copy() : ownCredential(subject.serial, subject.ch, row.tkType);
-    if (!hasCredential(site, token)) {
-        return VANTIX_ERROR;
+    bool mayRenew = row.isRefreshed && !retried;
+    bool mayRepeat = row.repeatsTransient;
+    for (;;) {
+        const std::string token = row.tkType == tk::kNone ? m_settings.accessToken.Copy()
+                                                          : ownCredential(subject.serial, subject.ch, row.tkType);
+        if (!hasCredential(site, token)) {
+            return VANTIX_ERROR;
+        }
+        const int result = send(callerFor(queryDomain(site, row, subject, token), token));
+        if (mayRepeat && IsTransient(result)) {
+            mayRepeat = false;
+        } else if (mayRenew && isRenewedFor(row, subject, result)) {
+            mayRenew = false;
+        } else {
+            return result;
+        }
     }
-    const int result = send(callerFor(queryDomain(site, row, subject, token), token));
-    if (retried) {
-        return result;
-    }
-    const bool isRepeated = (row.repeatsTransient && IsTransient(result)) ||
-                            (row.isRefreshed && result == VANTIX_ACCESS_TOKEN_EXPIRED && !refreshedToken().empty());
-    return isRepeated ? query(site, row, subject, true, send) : result;
 }
 
 }  // namespace vantix

@@ -29,6 +29,7 @@ struct QueryRow {
     bool isRefreshed = false;  ///< One refresh of the access token and one repeat, when it has expired.
     DomainRule domain = DomainRule::Device;
     bool repeatsTransient = false;  ///< One repeat when the platform fails for the moment.
+    bool hasConsumerForm = false;   ///< The consumer servers answer for shared devices; their session is renewed too.
 };
 
 namespace queries {
@@ -51,7 +52,7 @@ inline constexpr QueryRow kVideoDefinition{32, "setVideoDefinition", tk::kNone, 
 inline constexpr QueryRow kAlarmRead{33, "setAlarmRead", tk::kNone, true, TokenInPlace};
 inline constexpr QueryRow kPermission{35, "getAuthInfo", tk::kDevice, false, Device};
 inline constexpr QueryRow kRecordByAlarm{40, "getRecordByAlarmID", tk::kVideo, false, Device};
-inline constexpr QueryRow kDeviceFiles{41, "getDeviceFileBySerial", tk::kNone, true, Device};
+inline constexpr QueryRow kDeviceFiles{41, "getDeviceFileBySerial", tk::kNone, true, Device, false, true};
 inline constexpr QueryRow kDeviceFilesEx{42, "getDeviceFileBySerialEx", tk::kNone, true, Device};
 inline constexpr QueryRow kCloudFiles{43, "getCloudFileBySerial", tk::kNone, true, Device};
 inline constexpr QueryRow kLocalFiles{44, "getLocalFileBySerial", tk::kNone, true, Device};

@@ -44,6 +44,7 @@ int CVantixDataCenter::getServerInfo(const std::string& token, ServerInfo& serve
 int CVantixDataCenter::refillServerInfo(const CallSite& site, const std::string& token, ServerInfo& serverInfo,
                                         bool retried) {
     ServerInfo fresh;
+    fresh.iRequestCost = serverInfo.iRequestCost;
     int result = VANTIX_ERROR;
     if (auto source = sourceOf(site, tokensOf(token))) {
         source->caller.url = getDomainByToken(token).Copy();

@@ -54,9 +54,14 @@ Caller CVantixDataCenter::callerFor(const std::string& domain, const std::string
 FetchTokens CVantixDataCenter::tokensOf(const std::string& token) { return {token, m_settings.accessToken.Copy()}; }
 
 FetchTokens CVantixDataCenter::tokensOf(const std::string& serial, int ch, int tkType) {
-    const std::string carried = ownCredential(serial, ch, tkType);
+    std::string carried = ownCredential(serial, ch, tkType);
     const bool isB2C = m_settings.permissionMode.Copy() == permission_mode::kB2C;
-    return {isB2C ? getB2CTokens(serial, ch) : carried, carried};
+    std::string choosing = isB2C ? getB2CTokens(serial, ch) : std::string();
+    // A channel without a B2C token is the account's own; an empty one would equal a shared token that was never set.
+    if (choosing.empty()) {
+        choosing = carried;
+    }
+    return {std::move(choosing), std::move(carried)};
 }
 
 std::optional<Source> CVantixDataCenter::sourceOf(const CallSite& site, const FetchTokens& tokens) {
@@ -68,6 +73,13 @@ std::optional<Source> CVantixDataCenter::sourceOf(const CallSite& site, const Fe
     }
     source.caller = callerFor({}, credential);
     return source;
+}
+
+bool CVantixDataCenter::isRenewed(const std::string& serial, int ch, int result) {
+    if (result == VANTIX_ACCESS_TOKEN_EXPIRED) {
+        return !refreshedToken().empty();
+    }
+    return IsSessionExpired(result) && isServedByConsumer(serial, ch) && !refreshedSession().empty();
 }
 
 std::optional<std::string> CVantixDataCenter::tokenForRepeat(const Source& source, int result, const std::string& token,

@@ -79,11 +79,11 @@ int CVantixDataCenter::getOneStreamToken(const std::string& accessToken, std::st
         VANTIX_LOG_INFO(level::kInfo, "Small permissions do not need to use the following logic.");
         return VANTIX_ERROR;
     }
-    if (!hasCredential(VANTIX_HERE, accessToken)) {
-        return VANTIX_ERROR;
-    }
     if (takeQueuedToken(accessToken, token)) {
         return VANTIX_NOERROR;
+    }
+    if (!hasCredential(VANTIX_HERE, accessToken)) {
+        return VANTIX_ERROR;
     }
     const std::string domain = domainInPlace(VANTIX_HERE, isServedByConsumer(accessToken));
     std::deque<std::string> batch;
@@ -92,12 +92,13 @@ int CVantixDataCenter::getOneStreamToken(const std::string& accessToken, std::st
         VANTIX_LOG_ERROR(level::kError, "GetStreamTokensFromPlatform failed, iRet:%d", result);
         return result == VANTIX_NOERROR ? VANTIX_ERROR : result;
     }
-    token = std::move(batch.front());
+    std::string first = std::move(batch.front());
     batch.pop_front();
     if (m_settings.accessToken.Copy() != accessToken) {
         setAccessToken(accessToken);
     }
     m_streamTokens.Assign(std::move(batch));
+    token = std::move(first);  // only now: the host may use one text for both
     return VANTIX_NOERROR;
 }
 

@@ -55,10 +55,10 @@ int CVantixDataCenter::RefreshToken(std::string& newToken) {
 }
 
 int CVantixDataCenter::RefreshSession(const std::string& refreshSessionId, std::string& newSession) {
-    newSession.clear();
     if (!refreshSessionId.empty()) {
         m_settings.refreshSessionId.Assign(refreshSessionId);
     }
+    newSession.clear();  // only now: the host may use one text for both
     VANTIX_LOG_INFO(level::kInfo, "start RefreshSession");
     if (m_settings.permissionMode.Copy() != permission_mode::kB2C) {
         VANTIX_LOG_INFO(level::kInfo, "Not 4200 B2C Mode, do not need to use the following logic");
@@ -73,7 +73,8 @@ int CVantixDataCenter::RefreshSession(const std::string& refreshSessionId, std::
         return VANTIX_ERROR;
     }
     const int result = RefreshSessionFromCServer(server, session);
-    if (result != VANTIX_NOERROR || session.sessionId.empty()) {
+    // Empty ids would wipe out those that are there.
+    if (result != VANTIX_NOERROR || session.sessionId.empty() || session.refreshSessionId.empty()) {
         VANTIX_LOG_ERROR(level::kError, "Refresh Session Failed, Domain:%s, OldRefreshSessionID:%s", server.url.c_str(),
                          oldRefreshId.c_str());
         return VANTIX_ERROR;

@@ -27,17 +27,17 @@ std::string WithQuery(const char* address, const char* parameters) {
 
 /// Copies the body into a block that the caller frees.
 bool HandOut(const std::string& body, char** response, uint32_t* length) {
-    *length = 0;
+    *length = static_cast<uint32_t>(body.size());
     if (response == nullptr) {
         return true;
     }
     // NOLINTNEXTLINE(cppcoreguidelines-no-malloc): callers release it with free
     *response = static_cast<char*>(std::malloc(body.size() + 1));
     if (*response == nullptr) {
+        *length = 0;
         return false;
     }
     std::memcpy(*response, body.c_str(), body.size() + 1);
-    *length = static_cast<uint32_t>(body.size());
     return true;
 }
 

@@ -23,8 +23,8 @@ size_t ClosingQuote(const std::string& text, size_t from) {
     return std::min(from, text.size());
 }
 
-/// Where the string value of the member whose key ends before `from` begins, or npos when no string follows.
-size_t StringValueAfter(const std::string& text, size_t from) {
+/// Where the value of the member whose key ends before `from` begins, or npos when none follows.
+size_t ValueAfter(const std::string& text, size_t from) {
     const auto skipBlanks = [&] {
         while (from < text.size() && std::isspace(static_cast<unsigned char>(text[from])) != 0) {
             ++from;
@@ -36,7 +36,7 @@ size_t StringValueAfter(const std::string& text, size_t from) {
     }
     ++from;
     skipBlanks();
-    return from < text.size() && text[from] == '"' ? from + 1 : std::string::npos;
+    return from < text.size() ? from : std::string::npos;
 }
 
 }  // namespace
@@ -54,12 +54,16 @@ std::string MaskedJson(const std::string& text) {
             break;
         }
         const std::string_view key = std::string_view(text).substr(quote + 1, end - quote - 1);
-        const size_t value = IsSecretParameter(key) ? StringValueAfter(text, end + 1) : std::string::npos;
+        const size_t value = IsSecretParameter(key) ? ValueAfter(text, end + 1) : std::string::npos;
         size_t next = end + 1;
         if (value != std::string::npos) {
-            masked.append(text, copied, value - copied).append(kMask);
-            copied = ClosingQuote(text, value);
-            next = std::min(copied + 1, text.size());
+            // The quotes of a string stay; a number or a word goes as a whole.
+            const bool isText = text[value] == '"';
+            const size_t begin = isText ? value + 1 : value;
+            masked.append(text, copied, begin - copied).append(kMask);
+            copied =
+                isText ? ClosingQuote(text, begin) : std::min(text.find_first_of(",}] \t\r\n", begin), text.size());
+            next = std::min(isText ? copied + 1 : copied, text.size());
         }
         quote = text.find('"', next);
     }

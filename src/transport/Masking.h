@@ -17,7 +17,7 @@ bool IsSecretParameter(std::string_view key);
 /// Whether a header's value is kept out of the log ("accessToken", "sessionId"; exact case).
 bool IsSecretHeader(std::string_view key);
 
-/// A copy of a JSON text in which the string values of secret parameters are masked. Works on any text: it need not
+/// A copy of a JSON text in which the values of secret parameters are masked. Works on any text: it need not
 /// be well-formed.
 std::string MaskedJson(const std::string& text);
 
