@@ -121,18 +121,18 @@ int CVantixDataCenter::GetStreamTokenFast() {
 }
 
 void CVantixDataCenter::prefetchStreamToken(const CallSite& site) {
-    std::string owner = m_settings.accessToken.Copy();
-    if (owner.empty()) {
+    std::string accessToken = m_settings.accessToken.Copy();
+    if (accessToken.empty()) {
         LogInfoAt(site, level::kInfo, "getAccessToken is NULL");
         return;
     }
     // Repeated here and not by the request: the token that it was renewed to is the owner.
     std::string strTokens;
-    int result = getStreamTokens(owner, kPrefetched, strTokens, true);
+    int result = getStreamTokens(accessToken, kPrefetched, strTokens, true);
     if (result == VANTIX_ACCESS_TOKEN_EXPIRED) {
         if (std::string newToken = refreshedToken(); !newToken.empty()) {
-            owner = std::move(newToken);
-            result = getStreamTokens(owner, kPrefetched, strTokens, true);
+            accessToken = std::move(newToken);
+            result = getStreamTokens(accessToken, kPrefetched, strTokens, true);
         }
     }
     if (result != VANTIX_NOERROR) {
@@ -147,7 +147,7 @@ void CVantixDataCenter::prefetchStreamToken(const CallSite& site) {
                   static_cast<int>(strTokens.size()));
         return;
     }
-    m_firstToken.Assign({std::move(strTokens), std::move(owner), SecondsNow()});
+    m_firstToken.Assign({std::move(strTokens), std::move(accessToken), SecondsNow()});
 }
 
 int CVantixDataCenter::GetStreamTokenFromQueue(const std::string& accessToken, char* buffer) {

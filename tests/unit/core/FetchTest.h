@@ -68,9 +68,7 @@ protected:
         SetThreadLastError(0);
         lines.Clear();
     }
-    ~FetchTest() override { SetThreadLastError(0); }
-    FetchTest(const FetchTest&) = delete;
-    FetchTest& operator=(const FetchTest&) = delete;
+    void TearDown() override { SetThreadLastError(0); }
 
     /// The url up to its parameters.
     std::string Address(size_t index) const {
