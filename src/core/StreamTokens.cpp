@@ -127,27 +127,26 @@ void CVantixDataCenter::prefetchStreamToken(const CallSite& site) {
         return;
     }
     // Repeated here and not by the request: the token that it was renewed to is the owner.
-    std::string strTokens;
-    int result = getStreamTokens(accessToken, kPrefetched, strTokens, true);
+    std::string answer;
+    int result = getStreamTokens(accessToken, kPrefetched, answer, true);
     if (result == VANTIX_ACCESS_TOKEN_EXPIRED) {
         if (std::string newToken = refreshedToken(); !newToken.empty()) {
             accessToken = std::move(newToken);
-            result = getStreamTokens(accessToken, kPrefetched, strTokens, true);
+            result = getStreamTokens(accessToken, kPrefetched, answer, true);
         }
     }
     if (result != VANTIX_NOERROR) {
         LogInfoAt(site, level::kInfo, "getStreamToken failed");
         return;
     }
-    if (!IsGoodAnswer(site, strTokens)) {
+    if (!IsGoodAnswer(site, answer)) {
         return;
     }
-    if (strTokens.size() > kLongestFirstToken) {
-        LogInfoAt(site, level::kInfo, "strTokens length is over limited,length= %d ",
-                  static_cast<int>(strTokens.size()));
+    if (answer.size() > kLongestFirstToken) {
+        LogInfoAt(site, level::kInfo, "strTokens length is over limited,length= %d ", static_cast<int>(answer.size()));
         return;
     }
-    m_firstToken.Assign({std::move(strTokens), std::move(accessToken), SecondsNow()});
+    m_firstToken.Assign({std::move(answer), std::move(accessToken), SecondsNow()});
 }
 
 int CVantixDataCenter::GetStreamTokenFromQueue(const std::string& accessToken, char* buffer) {

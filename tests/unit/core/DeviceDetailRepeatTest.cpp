@@ -7,24 +7,28 @@
 namespace vantix::test {
 namespace {
 
-using Front = int (*)(CVantixDataCenter& core, DevChannelInfo& channel, DevDetailInfo& device, bool retried);
+using Front = int (*)(CVantixDataCenter& core, const char* serial, DevChannelInfo& channel, DevDetailInfo& device,
+                      bool retried);
 
-int Forced(CVantixDataCenter& core, DevChannelInfo& channel, DevDetailInfo& device, bool retried) {
-    return core.getDevDetailInfoSync("OWN", 1, true, channel, device, retried);
+int Forced(CVantixDataCenter& core, const char* serial, DevChannelInfo& channel, DevDetailInfo& device, bool retried) {
+    return core.getDevDetailInfoSync(serial, 1, true, channel, device, retried);
 }
 
-int Unforced(CVantixDataCenter& core, DevChannelInfo& channel, DevDetailInfo& device, bool retried) {
-    return core.getDevDetailInfoSync("OWN", 1, false, channel, device, retried);
+int Unforced(CVantixDataCenter& core, const char* serial, DevChannelInfo& channel, DevDetailInfo& device,
+             bool retried) {
+    return core.getDevDetailInfoSync(serial, 1, false, channel, device, retried);
 }
 
-int InBackground(CVantixDataCenter& core, DevChannelInfo& channel, DevDetailInfo& device, bool retried) {
+int InBackground(CVantixDataCenter& core, const char* serial, DevChannelInfo& channel, DevDetailInfo& device,
+                 bool retried) {
     std::future<int32_t> future;
-    const int result = core.getDevDetailInfo("OWN", 1, channel, device, future, retried);
+    const int result = core.getDevDetailInfo(serial, 1, channel, device, future, retried);
     return future.valid() ? future.get() : result;
 }
 
-int ByRelation(CVantixDataCenter& core, DevChannelInfo& channel, DevDetailInfo& device, bool retried) {
-    return core.getDevDetailInfoByRelation("OWN", 1, channel, device, retried);
+int ByRelation(CVantixDataCenter& core, const char* serial, DevChannelInfo& channel, DevDetailInfo& device,
+               bool retried) {
+    return core.getDevDetailInfoByRelation(serial, 1, channel, device, retried);
 }
 
 struct Row {
@@ -42,7 +46,8 @@ constexpr Row kRows[] = {
 
 class DetailRepeat : public FetchTest, public testing::WithParamInterface<Row> {
 protected:
-    int Fetch(bool retried = false) { return GetParam().front(core, channel, device, retried); }
+    int Fetch(bool retried = false) { return GetParam().front(core, "OWN", channel, device, retried); }
+    int FetchShared(bool retried = false) { return GetParam().front(core, "SHARED", channel, device, retried); }
     static std::string Answer(const std::string& ip = "10.0.0.1") {
         nlohmann::json answer = DetailAnswer("OWN", 1);
         answer["result"]["data"]["device"]["deviceIP"] = ip;
@@ -181,6 +186,44 @@ TEST_P(DetailRepeat, RepeatIsForcedWhereTheRuleSaysSo) {
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(transport.Count(), GetParam().repeatLooksAtTheCache ? 3U : 4U);
     EXPECT_EQ(device.deviceIP, GetParam().repeatLooksAtTheCache ? "of another fetch" : "of the repeat");
+}
+
+// ---- A shared device, whose session has ended
+
+TEST_P(DetailRepeat, EndedSessionIsRenewedOnceAndTheFetchRepeatedWithTheNewOne) {
+    core.setPermissionMode(2);
+    for (const auto& [second, result] : {std::pair(R"({"meta":{"code":500}})", 300500), {kSessionGone, 300401}}) {
+        core.setSessionId("old-session");
+        const size_t before = transport.Count();
+        transport.Answer(kSessionGone);
+        transport.Answer(SessionAnswer());
+        transport.Answer(second);
+        EXPECT_EQ(FetchShared(), result) << "that of the repeat, which is not renewed again";
+        ASSERT_EQ(transport.Count(), before + 3);
+        EXPECT_EQ(Address(before), "https://c.example/v3/userdevices/v1/devices/pagelist");
+        EXPECT_EQ(Session(before), "old-session");
+        EXPECT_EQ(Address(before + 1), "https://c.example/v3/apigateway/login");
+        EXPECT_EQ(Address(before + 2), "https://c.example/v3/userdevices/v1/devices/pagelist");
+        EXPECT_EQ(Session(before + 2), "new-session");
+        EXPECT_EQ(core.getAccessToken(), "access-token");
+    }
+}
+
+TEST_P(DetailRepeat, RefusedSessionLeavesTheFirstResultAndSendsNoSecondRequest) {
+    core.setPermissionMode(2);
+    transport.Answer(kSessionGone);
+    transport.Answer("<html>gone</html>");
+    EXPECT_EQ(FetchShared(), 300401);
+    EXPECT_EQ(transport.Count(), 2U);
+    EXPECT_EQ(core.getSessionId(), "old-session");
+}
+
+TEST_P(DetailRepeat, RepeatedCallDoesNotRenewTheSession) {
+    core.setPermissionMode(2);
+    transport.Answer(kSessionGone);
+    EXPECT_EQ(FetchShared(true), 300401);
+    EXPECT_EQ(transport.Count(), 1U);
+    ExpectNoLine("start RefreshSession");
 }
 
 INSTANTIATE_TEST_SUITE_P(Fronts, DetailRepeat, testing::ValuesIn(kRows),

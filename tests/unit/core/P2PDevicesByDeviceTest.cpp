@@ -138,6 +138,14 @@ TEST_F(V3Download, OtherModesCarryTheAccessToken) {
     }
 }
 
+TEST_F(V3Download, ConsumerServerAnswersForASharedDevice) {
+    core.setPermissionMode(2);
+    transport.Answer(kConsumerDevice);
+    EXPECT_EQ(core.isP2PV3download("SHARED", 1), 1);
+    EXPECT_EQ(Address(0), "https://c.example/v3/userdevices/v1/devices/pagelist");
+    EXPECT_EQ(Session(0), "old-session");
+}
+
 TEST_F(V3Download, ExpiredTokenIsRenewedOnce) {
     transport.Answer(kExpired);
     transport.Answer(RefreshAnswer());

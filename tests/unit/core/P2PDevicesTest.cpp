@@ -95,6 +95,15 @@ TEST_F(P2PDevices, TokenChoosesTheFamilyAndTheChannelTheDomain) {
     EXPECT_EQ(Token(1), "access-token");
 }
 
+TEST_F(P2PDevices, SessionGoesToTheConsumerServersOnly) {
+    core.setPermissionMode(2);
+    core.SetB2CTokens(R"([{"token":"shared-token","deviceSerial":"D","channelNo":"2","isShared":1}])");
+    transport.Answer(kConsumerDevice);
+    EXPECT_EQ(core.getP2PDevInfo(device, "shared-token", "D", false), 0) << "channel 1 itself is not shared";
+    EXPECT_EQ(Address(0), "https://c.example/v3/userdevices/v1/devices/pagelist");
+    EXPECT_EQ(Session(0), "old-session");
+}
+
 // ---- The cache
 
 TEST_F(P2PDevices, CopyIsServedWithoutARequestAndWithoutACost) {
@@ -189,6 +198,17 @@ TEST_F(P2PDevices, FailedFetchTouchesOnlyTheCost) {
     EXPECT_EQ(device.deviceSerial, "mine");
     EXPECT_EQ(device.serverInfos.size(), 3U);
     EXPECT_EQ(device.iRequestCost, 8);
+}
+
+TEST_F(P2PDevices, FailedFetchFromTheConsumerServerTouchesNothing) {
+    clock.SetSteadyStep(8'000'000);
+    core.setPermissionMode(2);
+    device.deviceSerial = "mine";
+    device.iRequestCost = 77;
+    transport.Answer(R"({"meta":{"code":500}})");
+    EXPECT_EQ(core.getP2PDevInfo(device, "shared-token", "SHARED", false), 300500);
+    EXPECT_EQ(device.deviceSerial, "mine");
+    EXPECT_EQ(device.iRequestCost, 77);
 }
 
 TEST_F(P2PDevices, ClearingAllForgetsEveryDevice) {

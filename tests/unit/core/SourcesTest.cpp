@@ -195,6 +195,18 @@ TEST_F(DeviceSources, InTheB2CModeTheB2CTokenOfTheDeviceChoosesTheFamily) {
     EXPECT_EQ(Session(2), "old-session");
 }
 
+TEST_F(DeviceSources, ChannelWithoutAB2CTokenIsTheAccountsOwn) {
+    core.setPermissionMode(2);
+    core.setSharedAccessToken("");
+    transport.Answer(kPlatformUser);
+    EXPECT_EQ(User("C9", 1), 0);
+    EXPECT_EQ(Address(0), "https://b.example/api/sdk/p2p/user/info/get");
+    transport.Answer(kPlatformDevice);
+    EXPECT_EQ(Device("C9"), 0);
+    EXPECT_EQ(Address(1), "https://b.example/api/sdk/p2p/dev/info/get");
+    EXPECT_EQ(Token(1), "access-token");
+}
+
 TEST_F(DeviceSources, SessionThatEndsIsRenewedForTheSameFamily) {
     core.setPermissionMode(2);
     transport.Answer(kSessionGone);

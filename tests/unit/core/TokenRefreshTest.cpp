@@ -282,6 +282,14 @@ TEST_F(SessionRefresh, GivenRefreshSessionIdIsStoredFirstInEveryMode) {
     EXPECT_EQ(transport.Sent()[1].Param("refreshSessionId"), "another");
 }
 
+TEST_F(SessionRefresh, OneTextMayBringInTheIdAndTakeTheSession) {
+    session = "brought-in";
+    transport.Answer(SessionAnswer());
+    EXPECT_EQ(core.RefreshSession(session, session), 0);
+    EXPECT_EQ(transport.Sent()[0].Param("refreshSessionId"), "brought-in");
+    EXPECT_EQ(session, "new-session");
+}
+
 TEST_F(SessionRefresh, SuccessIsStoredReturnedAndWordedAsATokens) {
     transport.Answer(SessionAnswer("NEWNEsecret"));
     EXPECT_EQ(Refresh(), 0);
@@ -315,6 +323,7 @@ TEST_F(SessionRefresh, FailureLeavesBothIdsAsTheyWere) {
         {0, without("sessionId")},
         {0, without("refreshSessionId")},
         {0, SessionAnswer("")},
+        {0, R"({"meta":{"code":200},"sessionInfo":{"sessionId":"new-session","refreshSessionId":""}})"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.body);
