@@ -48,9 +48,10 @@ constexpr Row kTexts[] = {
     {R"({"a":{"b":[{"sessionId":"s"}]}})", R"({"a":{"b":[{"sessionId":"***"}]}})"},
     {R"({"accessToken":"t1","accessToken":"t2"})", R"({"accessToken":"***","accessToken":"***"})"},
     {R"({"AccessToken":"shown","accessTokenX":"shown"})", R"({"AccessToken":"shown","accessTokenX":"shown"})"},
-    // Only strings are masked, and only as values.
-    {R"({"accessToken":5,"x":"y"})", R"({"accessToken":5,"x":"y"})"},
-    {R"({"accessToken":null,"sessionId":["s"]})", R"({"accessToken":null,"sessionId":["s"]})"},
+    // Numbers and words are masked too, and only as values.
+    {R"({"accessToken":5,"x":"y"})", R"({"accessToken":***,"x":"y"})"},
+    {R"({"accessToken":null,"sessionId": 12 })", R"({"accessToken":***,"sessionId": *** })"},
+    {R"({"accessToken":5)", R"({"accessToken":***)"},
     {R"({"x":"accessToken","y":"z"})", R"({"x":"accessToken","y":"z"})"},
     {R"(["accessToken","t"])", R"(["accessToken","t"])"},
 };
@@ -92,7 +93,7 @@ void ExpectRows(const Row (&rows)[Count]) {
     }
 }
 
-TEST(MaskedJson, MasksTheStringsBehindSecretKeys) { ExpectRows(kTexts); }
+TEST(MaskedJson, MasksTheValuesOfSecretKeys) { ExpectRows(kTexts); }
 
 TEST(MaskedJson, KnowsEscapes) { ExpectRows(kEscapes); }
 
