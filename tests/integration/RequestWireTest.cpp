@@ -198,6 +198,13 @@ TEST_P(RequestWireTest, LogsWhatItSendsAndWhatItTakes) {
     EXPECT_FALSE(m_log.Contains(Credential()));
 }
 
+/// libcurl's code for a connection that ends inside an answer. The system's TLS on Windows misses its goodbye first.
+#if defined(_WIN32)
+constexpr int kCutShort = 56;
+#else
+constexpr int kCutShort = 18;
+#endif
+
 TEST_P(RequestWireTest, PassesATransportFailureOn) {
     Json output;
     EXPECT_EQ(SendTo(Cloud().ClosedPort(), output), 100007);
@@ -213,10 +220,11 @@ TEST_P(RequestWireTest, PassesATransportFailureOn) {
     EXPECT_EQ(Cloud().RequestCount(), 1U);
     EXPECT_EQ(output, untouched);
     EXPECT_EQ(m_log.Count(GetParam().transportFailure + "56"), 1U);
+    m_log.Clear();
     Answer({{"truncated", true}});
-    EXPECT_EQ(Send(output), 100018);
+    EXPECT_EQ(Send(output), 100000 + kCutShort);
     EXPECT_EQ(output, untouched);
-    ExpectLogged(GetParam().transportFailure + "18", 5, "ERROR", GetParam().function);
+    ExpectLogged(GetParam().transportFailure + std::to_string(kCutShort), 5, "ERROR", GetParam().function);
     EXPECT_FALSE(m_log.Contains("platform response"));
 }
 
