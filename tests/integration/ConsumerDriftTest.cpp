@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "cserver/RequestTable.h"
+#include "support/TestData.h"
 
 namespace vantix::test {
 namespace {
@@ -34,7 +35,7 @@ std::string Trimmed(const std::string& text) {
 
 std::vector<Row> ReadPage() {
     std::vector<Row> rows;
-    std::ifstream page(VANTIX_TEST_DATA "/consumer_requests.txt");
+    std::ifstream page(TestData("consumer_requests.txt"));
     for (std::string line; std::getline(page, line);) {
         if (!line.empty() && line.back() == '\r') {
             line.pop_back();

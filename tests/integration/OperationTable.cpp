@@ -7,6 +7,7 @@
 #include "cserver/RequestTable.h"
 #include "platform/RequestTable.h"
 #include "support/PlainTable.h"
+#include "support/TestData.h"
 
 namespace vantix::test {
 namespace {
@@ -48,7 +49,7 @@ void PrintTo(const OperationRow& row, std::ostream* out) { *out << row.slot << '
 
 std::vector<OperationRow> ReadOperations() {
     std::vector<OperationRow> rows;
-    for (const Cells& cells : ReadPlainTable(VANTIX_TEST_DATA "/../../docs/operations.tsv", '\t')) {
+    for (const Cells& cells : ReadPlainTable(TestData("../../docs/operations.tsv"), '\t')) {
         if (cells.size() == kColumns && cells[0] != "slot" && cells[5] != "-") {
             rows.push_back(FromCells(cells));
         }

@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "support/PlainTable.h"
+#include "support/TestData.h"
 
 namespace vantix::test {
 namespace {
@@ -30,7 +31,7 @@ void PrintTo(const QueryPageRow& row, std::ostream* out) { *out << row.slot << '
 
 std::vector<QueryPageRow> ReadQueryPage() {
     std::vector<QueryPageRow> rows;
-    for (const Cells& cells : ReadPlainTable(VANTIX_TEST_DATA "/queries.txt", '|')) {
+    for (const Cells& cells : ReadPlainTable(TestData("queries.txt"), '|')) {
         if (cells.size() == kColumns) {
             rows.push_back(
                 {cells[0], cells[1], cells[2], cells[3], cells[4] == "yes", cells[5], SplitCells(cells[6], ',')});

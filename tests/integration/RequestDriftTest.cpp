@@ -10,6 +10,7 @@
 
 #include "cserver/RequestTable.h"
 #include "platform/RequestTable.h"
+#include "support/TestData.h"
 
 namespace vantix::test {
 namespace {
@@ -73,7 +74,7 @@ Comparable FromPage(const Texts& columns) {
 
 std::vector<Comparable> ReadPage() {
     std::vector<Comparable> requests;
-    std::ifstream page(VANTIX_TEST_DATA "/platform_requests.txt");
+    std::ifstream page(TestData("platform_requests.txt"));
     for (std::string line; std::getline(page, line);) {
         if (!line.empty() && line.back() == '\r') {
             line.pop_back();

@@ -12,6 +12,7 @@
 #include "records/DevDetailInfo.h"
 #include "support/DetailAnswer.h"
 #include "support/FailingNew.h"
+#include "support/TestData.h"
 #include "unit/boundary/HandleTest.h"
 #include "unit/boundary/Operations.h"
 
@@ -138,7 +139,7 @@ TEST_F(ExportsTest, TestsKnowEverySlot) {
         }
     }
     std::set<std::string> slots;
-    std::ifstream file(VANTIX_TEST_DATA "/slots.txt");
+    std::ifstream file(TestData("slots.txt"));
     for (std::string line; std::getline(file, line);) {
         const std::string name = line.substr(line.find(' ') + 1);
         if (!line.empty() && line[0] != '#' && name[0] != '~') {

@@ -8,6 +8,7 @@
 #include "core/LastError.h"
 #include "core/QueryTable.h"
 #include "support/PlainTable.h"
+#include "support/TestData.h"
 #include "unit/core/CoreTest.h"
 
 namespace vantix::test {
@@ -25,7 +26,7 @@ bool HasOwnRoad(const Cells& columns) { return columns[6].find("own road") != st
 /// The rows of the page, without those that are no rows of the code.
 std::vector<Cells> ReadPage() {
     std::vector<Cells> queries;
-    for (const Cells& columns : ReadPlainTable(VANTIX_TEST_DATA "/queries.txt", '|')) {
+    for (const Cells& columns : ReadPlainTable(TestData("queries.txt"), '|')) {
         if (columns.size() != 7) {
             ADD_FAILURE() << "not seven columns: " << columns.front();
         } else if (!HasOwnRoad(columns)) {

@@ -4,6 +4,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "support/TestData.h"
+
 namespace vantix::test {
 namespace {
 
@@ -106,7 +108,7 @@ const std::vector<Member<DevDetailInfo>>& CapabilityMembers() {
 }
 
 std::string GoldenDetailText() {
-    std::ifstream file(VANTIX_TEST_DATA "/platform/device-detail.json", std::ios::binary);
+    std::ifstream file(TestData("platform/device-detail.json"), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
