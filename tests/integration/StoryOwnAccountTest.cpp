@@ -64,7 +64,6 @@ protected:
     }
 
     void AskWhoAmI() const {
-        EXPECT_TRUE(Center().isVTDUType1());
         ConfigInfo config;
         EXPECT_EQ(Center().getConfigInfo(config), 0);
         EXPECT_EQ(config.pushAddr, "push.example.test");
