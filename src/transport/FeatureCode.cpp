@@ -11,25 +11,23 @@
 namespace vantix {
 namespace {
 
-/// The kept code. It is never destroyed: a request may still ask for it while the process exits.
+/// The kept code. It owns nothing: a request may still ask for it while the process exits, and nothing is left behind
+/// when the library is unloaded.
 struct FeatureCodeCache {
     std::mutex mutex;
-    std::string code;
+    char code[64] = {};
 };
 
-FeatureCodeCache& Cache() {
-    static auto* const cache = new FeatureCodeCache;
-    return *cache;
-}
+FeatureCodeCache g_cache;
 
 std::string CachedCode() {
-    const std::lock_guard<std::mutex> guard(Cache().mutex);
-    return Cache().code;
+    const std::lock_guard<std::mutex> guard(g_cache.mutex);
+    return g_cache.code;
 }
 
-void KeepCode(const std::string& code) {
-    const std::lock_guard<std::mutex> guard(Cache().mutex);
-    Cache().code = code;
+void KeepCode(const char* code) {
+    const std::lock_guard<std::mutex> guard(g_cache.mutex);
+    std::snprintf(g_cache.code, sizeof(g_cache.code), "%s", code);
 }
 
 }  // namespace
@@ -73,6 +71,6 @@ std::string PublicGetHDSign(const HardwareSource& source) {
     return buffer;
 }
 
-void ForgetFeatureCode() { KeepCode(std::string()); }
+void ForgetFeatureCode() { KeepCode(""); }
 
 }  // namespace vantix
