@@ -8,7 +8,7 @@ else()
 endif()
 foreach(_end exit unload)
     add_test(NAME clean_exits.${_end}
-        COMMAND Python3::Interpreter -B "${CMAKE_CURRENT_SOURCE_DIR}/checks/clean-exits.py" 50 ${_end}
+        COMMAND "${Python3_EXECUTABLE}" -B "${CMAKE_CURRENT_SOURCE_DIR}/checks/clean-exits.py" 50 ${_end}
             "$<TARGET_FILE:vantixdatacenter>" ${CMAKE_CROSSCOMPILING_EMULATOR} "$<TARGET_FILE:exit_probe>")
     set_tests_properties(clean_exits.${_end} PROPERTIES TIMEOUT 600 ENVIRONMENT "VANTIX_SIMULATOR=none;${_cloud}")
 endforeach()

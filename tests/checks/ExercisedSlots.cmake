@@ -2,7 +2,7 @@
 # arguments.
 
 set(_exercised "${CMAKE_CURRENT_SOURCE_DIR}/checks/exercised-slots.py")
-add_test(NAME exercised_slots COMMAND Python3::Interpreter "${_exercised}" "${CMAKE_CURRENT_SOURCE_DIR}/data/slots.txt"
+add_test(NAME exercised_slots COMMAND "${Python3_EXECUTABLE}" "${_exercised}" "${CMAKE_CURRENT_SOURCE_DIR}/data/slots.txt"
     "${PROJECT_SOURCE_DIR}/include/vantix/IVantixDataCenter.h"
     "${CMAKE_CURRENT_SOURCE_DIR}/integration" "${CMAKE_CURRENT_SOURCE_DIR}/unit/boundary")
-add_test(NAME exercised_slots_self_test COMMAND Python3::Interpreter "${_exercised}" --self-test)
+add_test(NAME exercised_slots_self_test COMMAND "${Python3_EXECUTABLE}" "${_exercised}" --self-test)

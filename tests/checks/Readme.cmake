@@ -2,5 +2,5 @@
 # the files that they link to.
 
 set(_readme "${CMAKE_CURRENT_SOURCE_DIR}/checks/readme.py")
-add_test(NAME readme COMMAND Python3::Interpreter "${_readme}" "${PROJECT_SOURCE_DIR}")
-add_test(NAME readme_self_test COMMAND Python3::Interpreter "${_readme}" --self-test)
+add_test(NAME readme COMMAND "${Python3_EXECUTABLE}" "${_readme}" "${PROJECT_SOURCE_DIR}")
+add_test(NAME readme_self_test COMMAND "${Python3_EXECUTABLE}" "${_readme}" --self-test)

@@ -23,7 +23,7 @@ if(TARGET vantixctl)
     foreach(_script shows does operations)
         foreach(_case ${_${_script}})
             add_test(NAME vantixctl.${_case}
-                COMMAND Python3::Interpreter -B "${CMAKE_CURRENT_SOURCE_DIR}/tools/vantixctl-${_script}.py" -v ${_case})
+                COMMAND "${Python3_EXECUTABLE}" -B "${CMAKE_CURRENT_SOURCE_DIR}/tools/vantixctl-${_script}.py" -v ${_case})
             set(_environment
                 "VANTIXCTL_UNDER_TEST=${_launcher} '$<TARGET_FILE:vantixctl>'" ${_cloud}
                 "VANTIX_SIMULATOR=none"
