@@ -61,8 +61,7 @@ int CVantixDataCenterWrapper::getServerInfoAsync(const std::string& token, Serve
 
 int CVantixDataCenterWrapper::getServerInfoEx(const std::string& token, std::string& vtmAddr, std::string serial,
                                               int ch, bool retried) {
-    return Shielded([&] { return core->getServerInfoEx(token, vtmAddr, std::move(serial), ch, retried); },
-                    VANTIX_ERROR);
+    return Shielded([&] { return core->getServerInfoEx(token, vtmAddr, serial, ch, retried); }, VANTIX_ERROR);
 }
 
 int CVantixDataCenterWrapper::getServerInfoSync(const std::string& token, ServerInfo& serverInfo, bool retried) {

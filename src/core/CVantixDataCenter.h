@@ -67,7 +67,8 @@ public:
                             bool retried);
     int isP2PV3download(const std::string& serial, int ch);
     int getServerInfo(const std::string& token, ServerInfo& serverInfo, std::future<int32_t>& future, bool retried);
-    int getServerInfoEx(const std::string& token, std::string& vtmAddr, std::string serial, int ch, bool retried);
+    int getServerInfoEx(const std::string& token, std::string& vtmAddr, const std::string& serial, int ch,
+                        bool retried);
     int getServerInfo(const std::string& token, ServerInfo& serverInfo, bool retried);
     int getVideoVtmAddr(const std::string& serial, int ch, std::string& json, bool retried);
     int getRelayServerInfo(const std::string& serial, int ch, std::string& json);

@@ -74,8 +74,8 @@ int CVantixDataCenter::getVideoVtmAddr(const std::string& serial, int ch, std::s
     return videoRelays(VANTIX_HERE, token, serial, ch, json, retried);
 }
 
-int CVantixDataCenter::getServerInfoEx(const std::string& token, std::string& vtmAddr, std::string serial, int ch,
-                                       bool retried) {
+int CVantixDataCenter::getServerInfoEx(const std::string& token, std::string& vtmAddr, const std::string& serial,
+                                       int ch, bool retried) {
     return videoRelays(VANTIX_HERE, token, serial, ch, vtmAddr, retried);
 }
 

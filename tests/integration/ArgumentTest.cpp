@@ -9,7 +9,7 @@ namespace vantix::test {
 namespace {
 
 /// Two characters that mean "any byte" spelled out, so that a NUL survives.
-std::string WithNul() { return std::string("AB\0CD", 5); }
+std::string WithNul() { return {"AB\0CD", 5}; }
 
 class ArgumentTest : public SurvivalFixture {
 protected:
@@ -136,7 +136,7 @@ TEST_F(ArgumentTest, OddCharactersOfATokenGoAsTheyAre) {
 }
 
 TEST_F(ArgumentTest, TokenOfAMegabyteIsSentAndNotLogged) {
-    const std::string token(1024 * 1024, 't');
+    const std::string token(1'048'576, 't');
     Center().setAccessToken(token);
     const LogCapture log;
     EXPECT_EQ(Fetch(kCamera, 1), 310002);

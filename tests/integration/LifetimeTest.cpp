@@ -28,6 +28,7 @@ TEST_F(LifetimeTest, ThousandHandlesShareOneCore) {
         ASSERT_EQ(Center().getState(), std::to_string(i));
     }
     std::vector<Handle> handles;
+    handles.reserve(1000);
     for (int i = 0; i < 1000; ++i) {
         handles.push_back(NewHandle());
     }
