@@ -146,6 +146,16 @@ std::optional<TrapConduct::End> EndOf(const std::string& then) {
     return then == "hold" ? std::optional(TrapConduct::End::hold) : std::nullopt;
 }
 
+/// `{"protocol":"http/1.1"|"h2","isExpired":false}`, both optional; without the member no hands are shaken.
+std::optional<TlsConduct> TlsOf(const Json& content) {
+    const Json& tls = Member(content, "tls");
+    if (!tls.is_object()) {
+        return std::nullopt;
+    }
+    const auto validity = Member(tls, "isExpired") == true ? Validity::expired : Validity::current;
+    return TlsConduct{TextOf(tls, "protocol", "http/1.1"), MakeCertificate(validity)};
+}
+
 ControlReply OpenTrap(ControlCall& call) {
     const auto bytes = FromHex(TextOf(call.content, "sendHex"));
     const auto end = EndOf(TextOf(call.content, "then"));
@@ -153,7 +163,7 @@ ControlReply OpenTrap(ControlCall& call) {
         return Problem(400, "sendHex is hexadecimal, then is close, reset or hold");
     }
     const std::string text = TextOf(call.content, "send");
-    return Done({{"address", call.control.ServiceOf().TrapsOf().Open({text + *bytes, *end})}});
+    return Done({{"address", call.control.ServiceOf().TrapsOf().Open({text + *bytes, *end, TlsOf(call.content)})}});
 }
 
 ControlReply CloseTraps(ControlCall& call) {

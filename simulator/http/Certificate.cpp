@@ -61,16 +61,17 @@ void SetSerialNumber(gnutls_x509_crt_t crt) {
 
 }  // namespace
 
-Certificate MakeCertificate() {
+Certificate MakeCertificate(Validity validity) {
     const KeyOwner key = MakeKey();
     gnutls_x509_crt_t crt = nullptr;
     Check(gnutls_x509_crt_init(&crt), "certificate");
     const CertificateOwner owner(crt, gnutls_x509_crt_deinit);
     const std::time_t now = std::time(nullptr);
+    const bool isExpired = validity == Validity::expired;
     Check(gnutls_x509_crt_set_version(crt, 3), "version");
     SetSerialNumber(crt);
-    Check(gnutls_x509_crt_set_activation_time(crt, now - secondsPerDay), "activation");
-    Check(gnutls_x509_crt_set_expiration_time(crt, now + 3650 * secondsPerDay), "expiration");
+    Check(gnutls_x509_crt_set_activation_time(crt, now - (isExpired ? 2 : 1) * secondsPerDay), "activation");
+    Check(gnutls_x509_crt_set_expiration_time(crt, now + (isExpired ? -1 : 3650) * secondsPerDay), "expiration");
     NameLoopback(crt);
     Check(gnutls_x509_crt_set_key(crt, key.get()), "public key");
     Check(gnutls_x509_crt_sign2(crt, crt, key.get(), GNUTLS_DIG_SHA256, 0), "signature");

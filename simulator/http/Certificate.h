@@ -10,7 +10,12 @@ struct Certificate {
     std::string keyPem;
 };
 
-/// Makes a fresh one in memory, valid from yesterday for ten years. Throws std::runtime_error.
-Certificate MakeCertificate();
+enum class Validity {
+    current,  ///< from yesterday for ten years
+    expired,  ///< it ended yesterday
+};
+
+/// Makes a fresh one in memory. Throws std::runtime_error.
+Certificate MakeCertificate(Validity validity = Validity::current);
 
 }  // namespace vantix::simulator

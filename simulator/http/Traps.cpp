@@ -109,7 +109,10 @@ private:
     }
 
     void Meet(Descriptor guest) {
-        if (!m_conduct.bytes.empty()) {
+        if (m_conduct.tls) {
+            const bool isClosed = m_conduct.end == TrapConduct::End::close;
+            ServeOverTls(guest.Number(), *m_conduct.tls, m_conduct.bytes, isClosed);
+        } else if (!m_conduct.bytes.empty()) {
             (void)send(guest.Number(), m_conduct.bytes.data(), m_conduct.bytes.size(), MSG_NOSIGNAL);
         }
         switch (m_conduct.end) {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "TlsGuest.h"
+
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,11 +14,13 @@ namespace vantix::simulator {
 struct TrapConduct {
     enum class End { close, reset, hold };
 
-    std::string bytes;  ///< written at once, before any handshake
+    std::string bytes;  ///< written at once, before any handshake; with `tls` after the first whole request
     End end = End::close;
+    std::optional<TlsConduct> tls = std::nullopt;  ///< shakes hands first
 };
 
-/// Ports behind which no HTTP server lives, for what goes wrong before a request is ever sent. Safe from any thread.
+/// Ports behind which no HTTP server lives, for what goes wrong below HTTP, or in versions and certificates that the
+/// two domains do not have. Safe from any thread.
 class Traps {
 public:
     Traps();

@@ -1,0 +1,87 @@
+// Servers whose TLS or HTTP version is not that of the two domains.
+
+#include "SurvivalFixture.h"
+
+namespace vantix::test {
+namespace {
+
+/// What such a server says to a whole request, and the code that this becomes.
+struct TlsRow {
+    const char* name;
+    Json conduct;
+    int result;
+};
+
+void PrintTo(const TlsRow& row, std::ostream* out) { *out << row.name; }
+
+class TlsFaultTest : public SurvivalFixture, public ::testing::WithParamInterface<TlsRow> {};
+
+TEST_P(TlsFaultTest, ConcernsThatCallAlone) {
+    Center().setDomain(Cloud().Trap(GetParam().conduct), "");
+    ExpectSurvival(GetParam().result, 0);
+}
+
+constexpr size_t kLength = sizeof(kSmallAnswer) - 1;
+
+/// An HTTP/1.1 answer of this many bytes of the body.
+std::string Answer(size_t sent) {
+    std::string answer = "HTTP/1.1 200 OK\r\nContent-Length: ";
+    return answer.append(std::to_string(kLength)).append("\r\n\r\n").append(kSmallAnswer, sent);
+}
+
+Json Tls(const char* protocol, bool isExpired = false) { return {{"protocol", protocol}, {"isExpired", isExpired}}; }
+
+const TlsRow kRows[] = {
+    {"ExpiredCertificateIsTakenAsItIs", {{"tls", Tls("http/1.1", true)}, {"send", Answer(kLength)}}, 0},
+    {"ResetWithinTheBody", {{"tls", Tls("http/1.1")}, {"send", Answer(kLength / 2)}, {"then", "reset"}}, 100056},
+};
+
+INSTANTIATE_TEST_SUITE_P(Http1, TlsFaultTest, ::testing::ValuesIn(kRows),
+                         [](const auto& row) { return row.param.name; });
+
+#if !defined(_WIN32)
+// The transport is built without HTTP/2 there, and never offers it.
+
+std::string HexByte(size_t byte) {
+    constexpr char kDigits[] = "0123456789abcdef";
+    return {kDigits[(byte >> 4U) & 15U], kDigits[byte & 15U]};
+}
+
+/// A frame as hexadecimal text. `stream` is one digit, the payload is hexadecimal.
+std::string Frame(const char* type, const char* flags, char stream, const std::string& payload) {
+    const size_t length = payload.size() / 2;
+    std::string frame = HexByte(length >> 16U) + HexByte(length >> 8U);
+    return frame.append(HexByte(length)).append(type).append(flags).append("0000000").append(1, stream).append(payload);
+}
+
+std::string Opening() { return Frame("04", "00", '0', "") + Frame("04", "01", '0', ""); }
+
+/// Status 200, by its place in the table that every peer knows.
+std::string Ok() { return Frame("01", "04", '1', "88"); }
+
+std::string Body(const char* flags, size_t sent) {
+    std::string payload;
+    for (size_t i = 0; i < sent; ++i) {
+        payload += HexByte(static_cast<unsigned char>(kSmallAnswer[i]));
+    }
+    return Frame("00", flags, '1', payload);
+}
+
+constexpr char kInternalError[] = "00000002";
+constexpr char kThisStreamAndNoError[] = "0000000100000000";
+
+Json Http2(const std::string& frames) { return {{"tls", Tls("h2")}, {"sendHex", Opening() + frames}}; }
+
+const TlsRow kHttp2Rows[] = {
+    {"AnswerIsRead", Http2(Ok() + Body("01", kLength)), 0},
+    {"StreamReset", Http2(Ok() + Body("00", kLength / 2) + Frame("03", "00", '1', kInternalError)), 100092},
+    {"GoAwayWithinTheBody", Http2(Ok() + Body("00", kLength / 2) + Frame("07", "00", '0', kThisStreamAndNoError)),
+     100018},
+};
+
+INSTANTIATE_TEST_SUITE_P(Http2, TlsFaultTest, ::testing::ValuesIn(kHttp2Rows),
+                         [](const auto& row) { return row.param.name; });
+#endif
+
+}  // namespace
+}  // namespace vantix::test
