@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "base/NumberText.h"
+#include "base/ProcessSwitches.h"
 #include "json/DecimalPoint.h"
 #include "json/JsonCppInclude.h"
 
@@ -96,13 +97,28 @@ bool JsonCppView::ReadIntOrText(int32_t& number) const {
     return Read(number);
 }
 
+namespace {
+
+/// The fast writer takes all texts for UTF-8, and would lose those of a code page.
+std::string WriteBytesAsTheyAre(const Json::Value& value) {
+    Json::StreamWriterBuilder builder;
+    builder["indentation"] = "";
+    builder["emitUTF8"] = true;
+    return Json::writeString(builder, value);
+}
+
+}  // namespace
+
 std::string JsonCppView::Compact() const {
     if (m_value == nullptr) {
         return {};
     }
-    Json::FastWriter writer;
-    writer.omitEndingLineFeed();
     try {
+        if (TextsAreInCodePage()) {
+            return WriteBytesAsTheyAre(*m_value);
+        }
+        Json::FastWriter writer;
+        writer.omitEndingLineFeed();
         return writer.write(*m_value);
     } catch (const std::exception&) {
         return {};

@@ -50,6 +50,7 @@ TEST_F(ConsumerRecordings, WhetherTheListIsFinishedIsNotPassedOn) {
 }
 
 TEST_F(ConsumerRecordings, BytesThatAreNoUtf8AreReplacedAndNulStays) {
+    bUtf8 = true;
     EXPECT_EQ(Parse("{\"records\":[\"\xFF\",\"a\\u0000b\"]}"), 0);
     EXPECT_EQ(records, "{\"data\":[\"\\ufffd\",\"a\\u0000b\"]}");
 }

@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+#include "support/CleanSwitches.h"
+
 namespace vantix::json {
 namespace {
 
@@ -68,10 +70,21 @@ TEST(JsonCppCompact, TextBeyondAsciiComesBackTheSame) {
 }
 
 TEST(JsonCppCompact, InvalidUtf8BecomesTheReplacementCharacter) {
+    const test::CleanSwitches switches;
+    bUtf8 = true;
     JsonCppDocument document;
     ASSERT_TRUE(document.Parse("[\"\xFF\"]"));
     EXPECT_EQ(document.Root().Compact(), "[\"\\ufffd\"]");
 }
+
+#if defined(_WIN32)
+TEST(JsonCppCompact, TextOfTheCodePageLeavesAsItCame) {
+    const test::CleanSwitches switches;
+    JsonCppDocument document;
+    ASSERT_TRUE(document.Parse("{\"b\": [\"\xC3\xC5\", \"\\t\\\"\", 1, 0.5, null, true, {}], \"a\": \"/\"}"));
+    EXPECT_EQ(document.Root().Compact(), "{\"a\":\"/\",\"b\":[\"\xC3\xC5\",\"\\t\\\"\",1,0.5,null,true,{}]}");
+}
+#endif
 
 struct TextRow {
     const char* json = nullptr;

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "json/JsonCppReader.h"
+#include "support/CleanSwitches.h"
 
 namespace vantix::json {
 namespace {
@@ -40,6 +41,8 @@ TEST(JsonBuilder, TextsAreEscaped) {
     EXPECT_EQ(JsonBuilder::Object().Set("a\"b", std::string("\"\\\n\t") + '\x01').Compact(),
               R"({"a\"b":"\"\\\n\t\u0001"})");
     EXPECT_EQ(JsonBuilder::Object().Set("a", std::string()).Compact(), R"({"a":""})");
+    const test::CleanSwitches switches;
+    bUtf8 = true;
     EXPECT_EQ(JsonBuilder::Object().Set("a", "\xFF").Compact(), R"({"a":"\ufffd"})");
 }
 
