@@ -10,8 +10,10 @@
 namespace vantix {
 namespace {
 
-/// A consumer server's refusal can end as a success without a record.
-bool IsFilled(const P2PUserInfo& userInfo) { return !userInfo.userId.empty() || !userInfo.data.empty(); }
+/// A consumer server's refusal ends as a success without a record.
+bool IsRefusal(const Source& source, const P2PUserInfo& userInfo) {
+    return source.isConsumer && userInfo.userId.empty() && userInfo.data.empty();
+}
 
 }  // namespace
 
@@ -47,6 +49,7 @@ int CVantixDataCenter::refillP2PUserInfo(const CallSite& site, const FetchTokens
     P2PUserInfo fresh;
     fresh.iRequestCost = userInfo.iRequestCost;
     int result = VANTIX_ERROR;
+    bool isRefused = false;
     if (auto source = sourceOf(site, tokens)) {
         source->caller.url = getDomainByToken(tokens.choosing).Copy();
         result = source->isConsumer ? GetP2PUserInfoFromCServer(source->caller, fresh)
@@ -54,8 +57,9 @@ int CVantixDataCenter::refillP2PUserInfo(const CallSite& site, const FetchTokens
         if (const auto next = tokenForRepeat(*source, result, tokens.choosing, retried)) {
             return getP2PUserInfo(*next, userInfo, true);
         }
+        isRefused = IsRefusal(*source, fresh);
     }
-    if (result != VANTIX_NOERROR || !IsFilled(fresh)) {
+    if (result != VANTIX_NOERROR || isRefused) {
         m_p2pUserInfo.Invalidate();
         userInfo.iRequestCost = fresh.iRequestCost;
         return result;

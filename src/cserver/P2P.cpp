@@ -33,18 +33,31 @@ constexpr json::Field<P2PUserInfo> kUserFields[] = {
     {"saltIndex", &P2PUserInfo::saltIndex},
 };
 
-/// The joined answers for the log: the user's secret stands masked.
-std::string Masked(const JsonCppView& first, const json::JsonCppView& second) {
-    json::JsonBuilder answer = json::JsonBuilder::CopyOf(second);
-    if (!second.Member("secret").IsNull()) {
-        answer.Set("secret", "***");
+/// A copy in which what identifies the user, and opens the way to the devices, stands masked.
+json::JsonBuilder MaskedCopy(const JsonCppView& view) {
+    json::JsonBuilder copy = json::JsonBuilder::CopyOf(view);
+    for (const char* key : {"userId", "secret", "version", "saltIndex"}) {
+        if (!view.Member(key).IsNull()) {
+            copy.Set(key, "***");
+        }
     }
-    if (!second.Member("data").Member("secret").IsNull()) {
-        answer.Set("data", json::JsonBuilder::CopyOf(second.Member("data")).Set("secret", "***"));
+    return copy;
+}
+
+/// One of the joined answers for the log, with its object of this name.
+json::JsonBuilder MaskedAnswer(const JsonCppView& answer, const char* object) {
+    json::JsonBuilder copy = MaskedCopy(answer);
+    if (answer.Member(object).IsObject()) {
+        copy.Set(object, MaskedCopy(answer.Member(object)));
     }
+    return copy;
+}
+
+/// The joined answers for the log.
+std::string Masked(const JsonCppView& first, const JsonCppView& second) {
     return json::JsonBuilder::Object()
-        .Set("response1", json::JsonBuilder::CopyOf(first))
-        .Set("response2", answer)
+        .Set("response1", MaskedAnswer(first, "userInfo"))
+        .Set("response2", MaskedAnswer(second, "data"))
         .Compact();
 }
 

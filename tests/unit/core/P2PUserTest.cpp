@@ -197,11 +197,13 @@ TEST_F(P2PUser, PlatformFailureInvalidatesAndTouchesOnlyTheCost) {
     }
 }
 
-TEST_F(P2PUser, PlatformSuccessThatFillsNothingIsNotKept) {
-    transport.Answer(R"({"resultCode":"200","result":{"data":{}}})");
+TEST_F(P2PUser, PlatformSuccessIsKeptWhateverItFills) {
+    transport.Answer(R"({"resultCode":"200","result":{"data":{"version":3,"saltIndex":1}}})");
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(user.userId, "");
-    EXPECT_FALSE(IsCached());
+    EXPECT_EQ(user.version, 3);
+    EXPECT_EQ(user.saltIndex, 1);
+    EXPECT_TRUE(IsCached());
 }
 
 TEST_F(P2PUser, EmptyCredentialInvalidates) {

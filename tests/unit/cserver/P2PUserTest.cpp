@@ -117,12 +117,17 @@ TEST_F(ConsumerP2PUser, FourObjectsMustBeThere) {
     }
 }
 
-TEST_F(ConsumerP2PUser, SecretIsMaskedWhereTheAnswerIsLogged) {
+TEST_F(ConsumerP2PUser, WhatIdentifiesTheUserIsMaskedWhereTheAnswerIsLogged) {
     EXPECT_EQ(Parse(R"({"response1":{},"response2":{"secret":"one","data":{"secret":"two","version":3}}})"), 2);
     ExpectOnlyLine(
         "platform response invalid, szInfo = "
-        R"({"response1":{},"response2":{"data":{"secret":"***","version":3},"secret":"***"}})"
+        R"({"response1":{},"response2":{"data":{"secret":"***","version":"***"},"secret":"***"}})"
         ", userInfo not exist!",
+        "ERROR", 5, kTag);
+    EXPECT_EQ(Parse(R"({"response1":{"userInfo":{"userId":"somebody","name":"n"}},"response2":{}})"), 2);
+    ExpectOnlyLine(
+        "platform response invalid, szInfo = "
+        R"({"response1":{"userInfo":{"name":"n","userId":"***"}},"response2":{}}, data not exist!)",
         "ERROR", 5, kTag);
     EXPECT_EQ(Parse(R"({"response1":{},"response2":{"secret":{"deep":"one"}}})"), 2);
     EXPECT_FALSE(lines.Contains("one"));
@@ -232,7 +237,7 @@ TEST_F(ConsumerP2PUser, RefusalOfTheParserIsLoggedWithTheSecretMasked) {
     transport.Answer(kSecond);
     EXPECT_EQ(Fetch(), 300002);
     const std::string joined =
-        R"({"response1":{"meta":{"code":0}},"response2":{"data":{"saltIndex":4,"version":3},"secret":"***"}})";
+        R"({"response1":{"meta":{"code":0}},"response2":{"data":{"saltIndex":"***","version":"***"},"secret":"***"}})";
     ExpectLine("platform response invalid, szInfo = " + joined + ", userInfo not exist!", "ERROR", 5, kTag);
     ExpectLine("CheckResponseInfoFromPlatform:" + joined + " error:2", "ERROR", 5, kRequest);
     EXPECT_EQ(LinesOf(kTag), 1U);
