@@ -74,10 +74,13 @@ int CVantixDataCenter::RefreshSession(const std::string& refreshSessionId, std::
     }
     const int result = RefreshSessionFromCServer(server, session);
     // Empty ids would wipe out those that are there.
-    if (result != VANTIX_NOERROR || session.sessionId.empty() || session.refreshSessionId.empty()) {
+    if (result != VANTIX_NOERROR || session.sessionId.empty()) {
         VANTIX_LOG_ERROR(level::kError, "Refresh Session Failed, Domain:%s, OldRefreshSessionID:%s", server.url.c_str(),
                          oldRefreshId.c_str());
         return VANTIX_ERROR;
+    }
+    if (session.refreshSessionId.empty()) {
+        session.refreshSessionId = oldRefreshId;
     }
     // Worded as a token's refresh, and kept so.
     VANTIX_LOG_INFO(level::kInfo, "Refresh Token Success,  NewSession:%.5s***, RefreshSessionID:%s",

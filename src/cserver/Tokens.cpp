@@ -41,9 +41,10 @@ int GetStreamTokensFromCServer(const Caller& caller, std::string& answer) {
 
 int RefreshSessionFromCServer(const Caller& caller, SessionInfo& session) {
     const CallSite site = VANTIX_HERE;
+    const ClientInfo client;
     std::string body;
-    int result = RequestCall(site, requests::kRefreshSession, caller)
-                     .With(session.refreshSessionId, ClientInfo().featureCode)
+    int result = RequestCall(site, requests::kRefreshSession, caller, &client)
+                     .With(session.refreshSessionId, client.featureCode)
                      .Fetch(body);
     if (result == VANTIX_NOERROR) {
         result = CheckRefresh(site, body);
@@ -63,14 +64,10 @@ int ParseRefreshSessionnFromCServer(const std::string& body, SessionInfo& sessio
     const CallSite site = VANTIX_HERE;
     return json::ReadAnswer(site, body, consumer::Code, [&](const JsonCppView& root) -> int {
         const JsonCppView info = root.Member("sessionInfo");
-        SessionInfo fresh;
-        if (!info.Member("sessionId").Read(fresh.sessionId)) {
+        if (!info.Member("sessionId").Read(session.sessionId)) {
             return json::Malformed(site, body, info.IsObject() ? "sessionId" : "sessionInfo");
         }
-        if (!info.Member("refreshSessionId").Read(fresh.refreshSessionId)) {
-            return json::Malformed(site, body, "refreshSessionId");
-        }
-        session = std::move(fresh);
+        info.Member("refreshSessionId").Read(session.refreshSessionId);
         return VANTIX_NOERROR;
     });
 }

@@ -19,11 +19,11 @@ struct SessionInfo {
     std::string refreshSessionId;
 };
 
-/// Renews the session; `session` holds the refresh session id and gets both new ones. Returns 0, 100000 + the
+/// Renews the session; `session` holds the refresh session id and gets the new ones. Returns 0, 100000 + the
 /// transport's code, 1 when the answer is not JSON, the server's own bare code, or 300000 + the parser's code.
 int RefreshSessionFromCServer(const Caller& caller, SessionInfo& session);
 
-/// Reads "sessionInfo", which must hold both ids.
+/// Reads "sessionInfo", which must hold the session id; without a refresh session id the old one stays.
 int ParseRefreshSessionnFromCServer(const std::string& body, SessionInfo& session);
 
 }  // namespace vantix

@@ -15,12 +15,12 @@ constexpr char kFormContentType[] = "application/x-www-form-urlencoded";
 
 bool Carries(const RequestRow& row, unsigned what) { return (row.carried & what) != 0; }
 
-ParamMap HeadersOf(const RequestRow& row, const Caller& caller) {
+ParamMap HeadersOf(const RequestRow& row, const Caller& caller, const ClientInfo* client) {
     ParamMap headers;
     if (Carries(row, carries::kHeadersA)) {
-        headers = ConsumerHeadersA(ClientInfo(), caller.credential);
+        headers = ConsumerHeadersA(client != nullptr ? *client : ClientInfo(), caller.credential);
     } else if (Carries(row, carries::kHeadersB)) {
-        headers = ConsumerHeadersB(ClientInfo(), caller.credential);
+        headers = ConsumerHeadersB(client != nullptr ? *client : ClientInfo(), caller.credential);
     } else if (Carries(row, carries::kSessionHeader)) {
         headers.Add("sessionId", caller.credential);
     }
@@ -49,12 +49,12 @@ ParamMap CommonParameters(const RequestRow& row, const Caller& caller) {
 
 }  // namespace
 
-RequestCall::RequestCall(const CallSite& site, const RequestRow& row, const Caller& caller)
+RequestCall::RequestCall(const CallSite& site, const RequestRow& row, const Caller& caller, const ClientInfo* client)
     : m_site(site),
       m_row(row),
       m_url(caller.url),
       m_params(CommonParameters(row, caller)),
-      m_headers(HeadersOf(row, caller)) {}
+      m_headers(HeadersOf(row, caller, client)) {}
 
 RequestCall& RequestCall::Body(const std::string& json) {
     m_json = json;

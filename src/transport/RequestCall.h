@@ -10,6 +10,7 @@
 #include <string>
 
 #include "boundary/Logger.h"
+#include "transport/ClientInfo.h"
 #include "transport/MessageText.h"
 #include "transport/ParamMap.h"
 
@@ -71,7 +72,9 @@ public:
     /// Takes a body and returns a response code.
     using Reader = std::function<int(const std::string& body)>;
 
-    RequestCall(const CallSite& site, const RequestRow& row, const Caller& caller);
+    /// `client` is what the headers tell of this computer, where several requests or parameters must tell the same;
+    /// without it the call makes its own.
+    RequestCall(const CallSite& site, const RequestRow& row, const Caller& caller, const ClientInfo* client = nullptr);
 
     /// Gives the row's own parameters their values, in the row's order; none may be left out.
     template <class... Values>

@@ -321,9 +321,7 @@ TEST_F(SessionRefresh, FailureLeavesBothIdsAsTheyWere) {
         {0, R"({"meta":{"code":-1}})"},
         {0, R"({"meta":{"code":200}})"},
         {0, without("sessionId")},
-        {0, without("refreshSessionId")},
         {0, SessionAnswer("")},
-        {0, R"({"meta":{"code":200},"sessionInfo":{"sessionId":"new-session","refreshSessionId":""}})"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.body);
@@ -337,6 +335,18 @@ TEST_F(SessionRefresh, FailureLeavesBothIdsAsTheyWere) {
         EXPECT_EQ(core.getSessionId(), "old-session");
         EXPECT_EQ(transport.Sent().back().Param("refreshSessionId"), "refresh-id");
         ExpectNoLine("Refresh Token Success");
+    }
+}
+
+TEST_F(SessionRefresh, AnswerWithoutARefreshIdKeepsTheOldOne) {
+    for (const char* info : {R"({"sessionId":"S1"})", R"({"sessionId":"S1","refreshSessionId":""})"}) {
+        transport.Answer(R"({"meta":{"code":200},"sessionInfo":)" + std::string(info) + "}");
+        EXPECT_EQ(Refresh(), 0);
+        EXPECT_EQ(core.getSessionId(), "S1");
+        transport.Answer(SessionAnswer());
+        EXPECT_EQ(Refresh(), 0);
+        EXPECT_EQ(transport.Sent().back().Param("refreshSessionId"), "refresh-id");
+        core.RefreshSession("refresh-id", session);
     }
 }
 

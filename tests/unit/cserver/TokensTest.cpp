@@ -46,21 +46,32 @@ TEST_F(ConsumerSession, BothIdsAreReplaced) {
     EXPECT_TRUE(lines.Lines().empty());
 }
 
-TEST_F(ConsumerSession, BothIdsMustBeTexts) {
-    for (const char* name : {"sessionId", "refreshSessionId"}) {
-        const std::string place = std::string("/sessionInfo/") + name;
-        std::vector<std::string> bodies = {Without(Json::parse(kGolden), place)};
-        for (const std::string& value : OddValues()) {
-            if (value[0] != '"') {
-                bodies.push_back(WithValue(Json::parse(kGolden), place, value));
-            }
+/// The golden answer without this member of the session, and with every value in its place that is no text.
+std::vector<std::string> WithoutText(const char* name) {
+    const std::string place = std::string("/sessionInfo/") + name;
+    std::vector<std::string> bodies = {Without(Json::parse(kGolden), place)};
+    for (const std::string& value : OddValues()) {
+        if (value[0] != '"') {
+            bodies.push_back(WithValue(Json::parse(kGolden), place, value));
         }
-        for (const std::string& body : bodies) {
-            EXPECT_EQ(Parse(body), 2) << body;
-            ExpectOnlyLine("platform response invalid, szInfo = " + body + ", " + name + " not exist!", "ERROR", 5,
-                           kTag);
-            ExpectUntouched();
-        }
+    }
+    return bodies;
+}
+
+TEST_F(ConsumerSession, SessionIdMustBeAText) {
+    for (const std::string& body : WithoutText("sessionId")) {
+        EXPECT_EQ(Parse(body), 2) << body;
+        ExpectOnlyLine("platform response invalid, szInfo = " + body + ", sessionId not exist!", "ERROR", 5, kTag);
+        ExpectUntouched();
+    }
+}
+
+TEST_F(ConsumerSession, WithoutARefreshIdTheOldOneStays) {
+    for (const std::string& body : WithoutText("refreshSessionId")) {
+        EXPECT_EQ(Parse(body), 0) << body;
+        EXPECT_EQ(session.sessionId, "fresh-session");
+        EXPECT_EQ(session.refreshSessionId, "old-refresher");
+        EXPECT_TRUE(lines.Lines().empty());
     }
 }
 
@@ -160,7 +171,7 @@ TEST_F(ConsumerSession, RefreshWithoutAnEnvelopeIsMalformed) {
 }
 
 TEST_F(ConsumerSession, ParsersRefusalOfARefreshHasTheBase) {
-    for (const char* body : {R"({"meta":{"code":200}})", R"({"meta":{"code":0},"sessionInfo":{"sessionId":"a"}})",
+    for (const char* body : {R"({"meta":{"code":200}})", R"({"meta":{"code":0},"sessionInfo":{"refreshSessionId":"a"}})",
                              R"({"meta":{},"sessionInfo":[]})"}) {
         transport.Answer(body);
         EXPECT_EQ(Refresh(), 300002) << body;
