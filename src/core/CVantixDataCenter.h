@@ -58,6 +58,9 @@ public:
     int IsSupportPlaybackSpeed(const std::string& serial, int speed);
     int getDeviceRecord(const std::string& serial, int ch, DevDetailInfo& detail);
     int SetDevInfoCache(const std::string& serial, int ch);
+    /// The key of a channel: serial, "_", channel number. A serial of no or more than 128 characters is logged and is
+    /// itself the key.
+    static std::string getDevDetailInfoMapKey(const std::string& serial, int ch);
     int getDevInfoCache(const std::string& serial, int ch, DevChannelInfo& channelInfo, DevDetailInfo& detail);
 
     // ---- Detail of other platforms, servers, P2P

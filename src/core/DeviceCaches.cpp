@@ -31,7 +31,7 @@ int Serve(const DevDetailInfo& stored, DevDetailInfo& detail) {
 
 }  // namespace
 
-std::string getDevDetailInfoMapKey(const std::string& serial, int ch) {
+std::string CVantixDataCenter::getDevDetailInfoMapKey(const std::string& serial, int ch) {
     constexpr size_t kLongestSerial = 128;
     if (serial.empty() || serial.size() > kLongestSerial) {
         VANTIX_LOG_ERROR(level::kError, "%s, Serial:%s Channel:%d", "设备序列号参数错误", serial.c_str(), ch);

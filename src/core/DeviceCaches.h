@@ -14,8 +14,4 @@ using ChannelMap = std::unordered_map<std::string, DevChannelInfo>;
 using DeviceMap = std::map<std::string, DevDetailInfo>;
 using P2PDevMap = std::map<std::string, P2PDevInfo>;
 
-/// The key of a channel: serial, "_", channel number. A serial of no or more than 128 characters is logged and is
-/// itself the key.
-std::string getDevDetailInfoMapKey(const std::string& serial, int ch);
-
 }  // namespace vantix

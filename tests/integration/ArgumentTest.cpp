@@ -33,7 +33,7 @@ TEST_F(ArgumentTest, EmptySerialIsLoggedSentAndRefused) {
     const LogLine line = log.Find(std::string(kBadSerial) + " Channel:7");
     EXPECT_EQ(line.level, 5U);
     EXPECT_EQ(line.Word(), "ERROR");
-    EXPECT_EQ(line.Tag(), "getDevDetailInfoMapKey");
+    EXPECT_EQ(line.Tag(), "CVantixDataCenter::getDevDetailInfoMapKey");
     EXPECT_EQ(log.Count("m_mapDevDetailInfo not exist key = "), 1U);
     const Asked asked = Ask("", 1);
     EXPECT_EQ(asked.returned, -1);
@@ -178,8 +178,6 @@ TEST_F(ArgumentTest, BrokenTokenListsKeepTheOldOnes) {
     EXPECT_EQ(Center().getB2CTokens(kCamera, 1, token), "");
     ExpectCachesUnchanged();
 }
-
-TEST_F(ArgumentTest, NullHandleIsNotDestroyed) { DestroyVantixDataCenterInstance(nullptr); }
 
 TEST_F(ArgumentTest, NullTokenBufferIsRefused) {
     EXPECT_EQ(Center().GetStreamTokenFromQueue(Account("accessToken"), nullptr), -1);

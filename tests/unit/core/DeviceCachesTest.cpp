@@ -29,18 +29,18 @@ protected:
 // ---- Keys
 
 TEST_F(DeviceCaches, KeyIsSerialAndChannel) {
-    EXPECT_EQ(getDevDetailInfoMapKey("C12345678", 1), "C12345678_1");
-    EXPECT_EQ(getDevDetailInfoMapKey("S", 0), "S_0");
-    EXPECT_EQ(getDevDetailInfoMapKey("S", -1), "S_-1");
-    EXPECT_EQ(getDevDetailInfoMapKey("S", INT_MIN), "S_-2147483648");
-    EXPECT_EQ(getDevDetailInfoMapKey("S", INT_MAX), "S_2147483647");
-    EXPECT_EQ(getDevDetailInfoMapKey("%s%d%n", 1), "%s%d%n_1");
+    EXPECT_EQ(CVantixDataCenter::getDevDetailInfoMapKey("C12345678", 1), "C12345678_1");
+    EXPECT_EQ(CVantixDataCenter::getDevDetailInfoMapKey("S", 0), "S_0");
+    EXPECT_EQ(CVantixDataCenter::getDevDetailInfoMapKey("S", -1), "S_-1");
+    EXPECT_EQ(CVantixDataCenter::getDevDetailInfoMapKey("S", INT_MIN), "S_-2147483648");
+    EXPECT_EQ(CVantixDataCenter::getDevDetailInfoMapKey("S", INT_MAX), "S_2147483647");
+    EXPECT_EQ(CVantixDataCenter::getDevDetailInfoMapKey("%s%d%n", 1), "%s%d%n_1");
     EXPECT_TRUE(lines.Lines().empty());
 }
 
 TEST_F(DeviceCaches, SerialOf128CharactersIsTheLongest) {
     const std::string longest(128, 's');
-    EXPECT_EQ(getDevDetailInfoMapKey(longest, INT_MIN), longest + "_-2147483648");
+    EXPECT_EQ(CVantixDataCenter::getDevDetailInfoMapKey(longest, INT_MIN), longest + "_-2147483648");
     EXPECT_TRUE(lines.Lines().empty());
 }
 
@@ -48,8 +48,9 @@ TEST_F(DeviceCaches, SerialOf129CharactersOrNoneIsItselfTheKey) {
     for (const size_t length : {0U, 129U, 1000U}) {
         const std::string serial(length, 's');
         lines.Clear();
-        EXPECT_EQ(getDevDetailInfoMapKey(serial, 7), serial) << length;
-        ExpectLine("设备序列号参数错误, Serial:" + serial + " Channel:7", "ERROR", 5, "getDevDetailInfoMapKey");
+        EXPECT_EQ(CVantixDataCenter::getDevDetailInfoMapKey(serial, 7), serial) << length;
+        ExpectLine("设备序列号参数错误, Serial:" + serial + " Channel:7", "ERROR", 5,
+                   "CVantixDataCenter::getDevDetailInfoMapKey");
         EXPECT_EQ(lines.Lines().size(), 1U);
     }
 }

@@ -14,11 +14,18 @@
 namespace vantix::test {
 namespace {
 
-/// One query as both sides can be brought to: slot, name, Tk kind, refresh, domain, repeat.
+/// One query as both sides can be brought to: slot, name, Tk kind, refresh, domain, repeat, form for shared devices.
 Cells FromPage(const Cells& columns) {
     const Cells deviations = SplitCells(columns[6], ',');
     const bool isTransient = std::find(deviations.begin(), deviations.end(), "transient") != deviations.end();
-    return {columns[0], columns[1], columns[3], columns[4], columns[5], isTransient ? "repeats" : "-"};
+    const bool isShared = columns[6].find("shared: ") != std::string::npos;
+    return {columns[0],
+            columns[1],
+            columns[3],
+            columns[4],
+            columns[5],
+            isTransient ? "repeats" : "-",
+            isShared ? "shared" : "-"};
 }
 
 bool HasOwnRoad(const Cells& columns) { return columns[6].find("own road") != std::string::npos; }
@@ -49,9 +56,10 @@ const char* WordsOf(DomainRule rule) {
 std::vector<Cells> ReadCode() {
     std::vector<Cells> queries;
     for (const QueryRow* row : queries::kAll) {
-        queries.push_back(
-            {std::to_string(row->slot), row->name, row->tkType == tk::kNone ? "-" : std::to_string(row->tkType),
-             row->isRefreshed ? "yes" : "no", WordsOf(row->domain), row->repeatsTransient ? "repeats" : "-"});
+        queries.push_back({std::to_string(row->slot), row->name,
+                           row->tkType == tk::kNone ? "-" : std::to_string(row->tkType),
+                           row->isRefreshed ? "yes" : "no", WordsOf(row->domain),
+                           row->repeatsTransient ? "repeats" : "-", row->hasConsumerForm ? "shared" : "-"});
     }
     return queries;
 }
