@@ -82,6 +82,7 @@ class Explain(Case):
         600001: "another release",
         320002: "its own code 20002",
         700000: "its own code 400000",
+        1: "P2P user",
         5: "no operation",
         -3: "10001",
         -5: "expired",

@@ -21,6 +21,8 @@ constexpr std::array kKnown = {
     Known{VANTIX_ERROR, "core", "nothing is cached, or the data center could not even ask",
           "Look for an empty credential, a bad argument, something that was never fetched in this call of the tool, or "
           "a renewal that was refused. \"--log -\" shows which."},
+    Known{VANTIX_RESP_NOT_JSON, "answer", "the consumer server's answer about the P2P user is not JSON",
+          "Something other than that server answered: check the consumer domain, and proxies on the way."},
     Known{VANTIX_VERIFY_CODE_10001, "core", "the authentication server refused a stream token (its code 10001)", ""},
     Known{VANTIX_VERIFY_TOKEN_EXPIRED, "core", "the access token has expired, says the authentication server",
           "Renew it (RefreshToken) and ask again."},
@@ -36,9 +38,9 @@ constexpr std::array kKnown = {
           "The data center renews it once by itself; that needs --auth-addr, --app-id, --open-id and --refresh-token; "
           "else log in again."},
     Known{VANTIX_PLATFORM_CODE_49999, "platform", "the platform stumbled (its code 49999)",
-          "This passes: ask again later. A detail is asked for three times before this comes back."},
+          "This passes: ask again later. The data center has already asked for a detail more than once."},
     Known{VANTIX_PLATFORM_CODE_50000, "platform", "the platform stumbled (its code 50000)",
-          "This passes: ask again later. A detail is asked for three times before this comes back."},
+          "This passes: ask again later. The data center has already asked for a detail more than once."},
     Known{VANTIX_DEV_RELEASE_MISMATCH, "core", "the cached device is of another release and is not served from a cache",
           "Fetch it (getDevDetailInfoSync with --force); only VERSION_17 is served from caches."},
 };
