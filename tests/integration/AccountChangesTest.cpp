@@ -4,8 +4,6 @@
 
 #include <algorithm>
 #include <deque>
-#include <filesystem>
-#include <fstream>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,6 +14,7 @@
 #include "platform/Recordings.h"
 #include "platform/Tokens.h"
 #include "support/CoreFixture.h"
+#include "support/LocalFile.h"
 
 namespace vantix::test {
 namespace {
@@ -91,11 +90,8 @@ TEST_F(AccountChangesTest, PictureGoesToTheAddressThatWasHandedOutForIt) {
     const std::string first = NewUploadAddress("gate.jpg");
     const std::string second = NewUploadAddress("yard.jpg");
     EXPECT_NE(first, second);
-    const std::filesystem::path path = std::filesystem::temp_directory_path() / "vantix-account-changes.jpg";
-    std::ofstream(path, std::ios::binary) << "picture";
-    EXPECT_EQ(UploadCloudPicFile(second, path.string()), 0);
-    std::error_code ignored;
-    std::filesystem::remove(path, ignored);
+    const LocalFile file(u8"picture.jpg");
+    EXPECT_EQ(UploadCloudPicFile(second, file.Path()), 0);
     const Json uploads = Cloud().Get("/uploads");
     ASSERT_EQ(uploads.size(), 2U);
     EXPECT_EQ(uploads[0].at("url"), first);

@@ -6,6 +6,7 @@
 
 #include "OperationOutput.h"
 #include "records/CloudFileQuery.h"
+#include "support/LocalFile.h"
 
 namespace vantix::test {
 namespace {
@@ -214,7 +215,7 @@ Calls RecordingCalls() {
              return center.GetClouduploadUrl(in.serial, in.ch, "gate.jpg", 1, 7, 3600, "alarm", upload.json);
          })},
         {"UploadCloudPicFile", Filling([](Center& center, const Input& in) {
-             const PictureFile picture;
+             const LocalFile picture(u8"gate.jpg");
              return center.UploadCloudPicFile(in.address + kUploadPath, picture.Path());
          })},
     };

@@ -1,10 +1,5 @@
 #include "OperationOutput.h"
 
-#include <filesystem>
-#include <fstream>
-
-#include "boundary/Logger.h"
-
 namespace vantix::test {
 
 Json OutputJson(const std::string& text) { return text; }
@@ -79,19 +74,6 @@ Json OutputJson(const RecordFileList& list) {
                                  {"fileId", file.fileId}});
     }
     return json;
-}
-
-PictureFile::PictureFile() {
-    const std::string name = std::string("vantix-operation-").append(std::to_string(ProcessId())).append(".jpg");
-    const std::filesystem::path path = std::filesystem::temp_directory_path() / name;
-    std::ofstream(path, std::ios::binary) << "picture";
-    const std::u8string text = path.u8string();
-    m_path.assign(text.begin(), text.end());
-}
-
-PictureFile::~PictureFile() {
-    std::error_code ignored;
-    std::filesystem::remove(std::filesystem::path(std::u8string(m_path.begin(), m_path.end())), ignored);
 }
 
 }  // namespace vantix::test

@@ -42,19 +42,4 @@ Json OutputJson(const RecordFileList& list);
 /// Where the picture goes to; no upload that was asked for has this name.
 inline constexpr char kUploadPath[] = "/upload/unknown";
 
-/// A small local file that goes away again.
-class PictureFile {
-public:
-    PictureFile();
-    ~PictureFile();
-    PictureFile(const PictureFile&) = delete;
-    PictureFile& operator=(const PictureFile&) = delete;
-
-    /// In UTF-8, as the interface takes it.
-    const std::string& Path() const { return m_path; }
-
-private:
-    std::string m_path;
-};
-
 }  // namespace vantix::test

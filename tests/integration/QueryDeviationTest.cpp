@@ -5,6 +5,7 @@
 #include "OperationFixture.h"
 #include "OperationOutput.h"
 #include "records/CloudFileQuery.h"
+#include "support/LocalFile.h"
 #include "support/LogCapture.h"
 
 namespace vantix::test {
@@ -239,7 +240,7 @@ TEST_F(QueryDeviationTest, FailureLinesOfRecordingsAndUploadsAreOfLevelFour) {
 }
 
 TEST_F(QueryDeviationTest, FailedUploadIsToldAtLevelFour) {
-    const PictureFile picture;
+    const LocalFile picture(u8"gate.jpg");
     EXPECT_EQ(Center().UploadCloudPicFile(Cloud().ClosedPort() + kUploadPath, picture.Path()), 100007);
     ExpectLine("UploadCloudPic error [100007]", "ERROR", 4, "UploadCloudPicFile");
     m_log.Clear();
@@ -252,7 +253,7 @@ TEST_F(QueryDeviationTest, UploadNeedsNoCredential) {
     std::string url;
     ASSERT_EQ(Center().GetClouduploadUrl(kOwn, 1, "gate.jpg", 1, 7, 3600, "alarm", url), 0);
     Center().setAccessToken("");
-    const PictureFile picture;
+    const LocalFile picture(u8"gate.jpg");
     EXPECT_EQ(Center().UploadCloudPicFile(Json::parse(url).at("url"), picture.Path()), 0);
     EXPECT_EQ(Cloud().Get("/uploads").at(0).at("received"), true);
 }

@@ -43,6 +43,8 @@ protected:
         m_handle = NewHandle();
         m_handle->setAccessToken("");
         m_handle->setAppId("");
+        m_handle->setSessionId("");
+        m_handle->ClearAllCache();
         m_cloud.Reset();
     }
     void TearDown() override {}
@@ -76,20 +78,53 @@ const UnsetRow kUnsetRows[] = {
      [](auto& c, auto& o) { return c.getDeviceDetailInfo("S", 1, "biz", "platform", o.channel, o.device); }},
     {"getDevDetailInfoByRelation",
      [](auto& c, auto& o) { return c.getDevDetailInfoByRelation("S", 1, o.channel, o.device); }},
+    {"getServerInfoAsync",
+     [](auto& c, auto& o) {
+         std::future<int32_t> future;
+         EXPECT_EQ(c.getServerInfoAsync("", o.servers, future), 0);
+         return future.get();
+     }},
+    {"getServerInfoEx", [](auto& c, auto& o) { return c.getServerInfoEx("", o.text, "S", 1); }},
+    {"getServerInfoSync", [](auto& c, auto& o) { return c.getServerInfoSync("", o.servers); }},
     {"getVideoVtmAddr", [](auto& c, auto& o) { return c.getVideoVtmAddr("S", 1, o.text); }},
     {"getRelayServerInfo", [](auto& c, auto& o) { return c.getRelayServerInfo("S", 1, o.text); }},
     {"getDeviceInfoBySerial", [](auto& c, auto& o) { return c.getDeviceInfoBySerial("S", 1, o.text); }},
     {"getDevList", [](auto& c, auto& o) { return c.getDevList(0, 10, o.devices); }},
     {"getDeviceList", [](auto& c, auto& o) { return c.getDeviceList(0, 10, "biz", o.devices); }},
     {"getShareDevList", [](auto& c, auto& o) { return c.getShareDevList(0, 10, o.devices); }},
+    {"getB2CSharedDevList", [](auto& c, auto& o) { return c.getB2CSharedDevList(0, 10, o.text); }},
     {"getAlarmList", [](auto& c, auto& o) { return c.getAlarmList("S", 1, 0, 10, "", "", 0, 0, o.text); }},
     {"getUsername", [](auto& c, auto& o) { return c.getUsername(o.text); }},
     {"getTransparentMsgDetail", [](auto& c, auto& o) { return c.getTransparentMsgDetail("S", "1", o.message); }},
+    {"getP2PUserInfoAsync",
+     [](auto& c, auto& o) {
+         std::future<int32_t> future;
+         EXPECT_EQ(c.getP2PUserInfoAsync(o.user, "", future), 0);
+         return future.get();
+     }},
+    {"getP2PUserInfoByToken", [](auto& c, auto& o) { return c.getP2PUserInfoByToken("", o.user); }},
+    {"getP2PUserInfoByDevice", [](auto& c, auto& o) { return c.getP2PUserInfoByDevice("S", 1, o.user); }},
+    {"getP2PDevInfoAsync",
+     [](auto& c, auto& o) {
+         std::future<int32_t> future;
+         EXPECT_EQ(c.getP2PDevInfoAsync(o.p2p, "", "S", future), -1);
+         return future.get();
+     }},
+    {"getP2PDevInfoCached", [](auto& c, auto& o) { return c.getP2PDevInfoCached("S", o.addresses, o.p2p, false); }},
+    {"getP2PDevInfoBySerial", [](auto& c, auto& o) { return c.getP2PDevInfoBySerial(o.p2p, "", "S"); }},
+    {"getP2PDevInfoByChannel", [](auto& c, auto& o) { return c.getP2PDevInfoByChannel("S", 1, "", o.p2p); }},
     {"getChannelCacheValue", [](auto& c, auto& /*o*/) { return c.getChannelCacheValue("S", 1); }},
     {"setVideoDefinition", [](auto& c, auto& o) { return c.setVideoDefinition("S", o.text, 1, 1); }},
     {"setAlarmRead", [](auto& c, auto& /*o*/) { return c.setAlarmRead("AL1"); }},
+    {"getStreamTokens", [](auto& c, auto& o) { return c.getStreamTokens("", 10, o.text); }},
     {"getAuthInfo", [](auto& c, auto& /*o*/) { return c.getAuthInfo("S", 1, false); }},
     {"RefreshToken", [](auto& c, auto& o) { return c.RefreshToken(o.text); }},
+    {"getOneStreamToken", [](auto& c, auto& o) { return c.getOneStreamToken("", o.text); }},
+    {"GetStreamTokenFromQueue",
+     [](auto& c, auto& /*o*/) {
+         char buffer[4097] = {};
+         return c.GetStreamTokenFromQueue("", buffer);
+     }},
     {"getRecordByAlarmID", [](auto& c, auto& o) { return c.getRecordByAlarmID("S", 1, "AL1", o.text); }},
     {"getDeviceFileBySerial",
      [](auto& c, auto& o) { return c.getDeviceFileBySerial("S", 1, "", "", 0, 0, o.files, false); }},

@@ -2,20 +2,22 @@
 
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <string>
 
 namespace vantix::test {
 
-/// A file in the system's folder for such, with these bytes, that goes away again.
+/// A file of this name and these bytes, in a folder of its own that goes away again. Cases that run side by side, in
+/// whatever process, never share one.
 class LocalFile {
 public:
-    LocalFile(const std::u8string& name, const std::string& content)
-        : m_path(std::filesystem::temp_directory_path() / name) {
+    explicit LocalFile(const std::u8string& name, const std::string& content = "picture")
+        : m_folder(NewFolder()), m_path(m_folder / name) {
         std::ofstream(m_path, std::ios::binary) << content;
     }
     ~LocalFile() {
         std::error_code ignored;
-        std::filesystem::remove(m_path, ignored);
+        std::filesystem::remove_all(m_folder, ignored);
     }
     LocalFile(const LocalFile&) = delete;
     LocalFile& operator=(const LocalFile&) = delete;
@@ -27,6 +29,16 @@ public:
     }
 
 private:
+    static std::filesystem::path NewFolder() {
+        std::random_device random;
+        std::filesystem::path folder;
+        do {
+            folder = std::filesystem::temp_directory_path() / ("vantix-test-" + std::to_string(random()));
+        } while (!std::filesystem::create_directory(folder));
+        return folder;
+    }
+
+    std::filesystem::path m_folder;
     std::filesystem::path m_path;
 };
 

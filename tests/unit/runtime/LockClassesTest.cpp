@@ -285,6 +285,12 @@ TEST_F(RecursiveMutex, ACopyOfAHeldMutexIsNotHeldByItsMaker) {
 }
 #endif
 
-TEST(MutexEntryPoints, DestroyIgnoresNothing) { TVL_MutexDestroy(nullptr); }
+TEST(MutexEntryPoints, DestroyOfNothingLeavesOtherMutexesAlone) {
+    void* mutex = TVL_MutexCreate(0);
+    TVL_MutexDestroy(nullptr);
+    EXPECT_EQ(TVL_MutexLock(mutex), 0);
+    EXPECT_EQ(TVL_MutexUnlock(mutex), 0);
+    TVL_MutexDestroy(mutex);
+}
 
 }  // namespace

@@ -1,7 +1,8 @@
 #include "unit/transport/Operations.h"
 
 #include <cstdlib>
-#include <fstream>
+
+#include "support/LocalFile.h"
 
 namespace vantix::test {
 namespace {
@@ -45,9 +46,8 @@ std::vector<Operation> Operations(const ParamMap& entries) {
 }
 
 std::string ExistingFile() {
-    std::string path = testing::TempDir() + "vantix-upload-test.txt";
-    std::ofstream(path, std::ios::binary) << "picture";
-    return path;
+    static const LocalFile file(u8"picture.txt");
+    return file.Path();
 }
 
 Outcome::Outcome(const Operation& operation, const CRequest& request) {
