@@ -3,7 +3,7 @@
 add_library(vantix_warnings INTERFACE)
 
 if(MSVC)
-    target_compile_options(vantix_warnings INTERFACE /W4 /WX /permissive- /utf-8)
+    target_compile_options(vantix_warnings INTERFACE /W4 /WX /permissive- /utf-8 /Zc:preprocessor)
 else()
     target_compile_options(vantix_warnings INTERFACE
         -Wall -Wextra -Wpedantic -Werror
