@@ -17,8 +17,10 @@ namespace vantix {
 /// The platform's configuration. Needs no credential.
 int GetConfigInfoFromPlatform(const Caller& caller, ConfigInfo& config);
 
+/// The name of the account that the credential stands for.
 int GetUsernameFromPlatform(const Caller& caller, std::string& userName);
 
+/// Its id.
 int GetUserIdFromPlatform(const Caller& caller, std::string& userId);
 
 /// Registers this client for pushes.
@@ -35,6 +37,7 @@ int GetTransparentMsgDetailFromPlatform(const Caller& caller, const std::string&
 int SetVideoDefinitionOnPlatform(const Caller& caller, const std::string& deviceSerial, int cameraNo, int videoLevel,
                                  std::string& answer);
 
+/// Marks an alarm as read.
 int SetAlarmReadOnPlatform(const Caller& caller, const std::string& alarmId);
 
 /// Has a code rule of its own: the "code" of "result", textual or a number. "data" stands inside "result" or at the
