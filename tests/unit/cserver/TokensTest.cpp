@@ -171,8 +171,9 @@ TEST_F(ConsumerSession, RefreshWithoutAnEnvelopeIsMalformed) {
 }
 
 TEST_F(ConsumerSession, ParsersRefusalOfARefreshHasTheBase) {
-    for (const char* body : {R"({"meta":{"code":200}})", R"({"meta":{"code":0},"sessionInfo":{"refreshSessionId":"a"}})",
-                             R"({"meta":{},"sessionInfo":[]})"}) {
+    for (const char* body :
+         {R"({"meta":{"code":200}})", R"({"meta":{"code":0},"sessionInfo":{"refreshSessionId":"a"}})",
+          R"({"meta":{},"sessionInfo":[]})"}) {
         transport.Answer(body);
         EXPECT_EQ(Refresh(), 300002) << body;
         ExpectLine(std::string("ZQR TEST RefreshSessionFromCServer:") + body + " error:2", "ERROR", 5, kRequest);
