@@ -1,6 +1,7 @@
 #include "json/JsonCppReader.h"
 
 #include <cstring>
+#include <sstream>
 
 #include "base/NumberText.h"
 #include "base/ProcessSwitches.h"
@@ -104,7 +105,11 @@ std::string WriteBytesAsTheyAre(const Json::Value& value) {
     Json::StreamWriterBuilder builder;
     builder["indentation"] = "";
     builder["emitUTF8"] = true;
-    return Json::writeString(builder, value);
+    std::ostringstream text;
+    text.exceptions(std::ios::badbit);  // else a text for which memory runs out is cut
+    const std::unique_ptr<Json::StreamWriter> writer(builder.newStreamWriter());
+    writer->write(value, &text);
+    return text.str();
 }
 
 }  // namespace
