@@ -327,7 +327,7 @@ class Example(Case):
     def test_the_host_of_the_readme(self):
         with Cloud() as cloud:
             account = cloud.account
-            done = subprocess.run([os.environ["VANTIX_HOST_EXAMPLE"], cloud.b_domain, account["appKey"],
+            done = subprocess.run([*shlex.split(os.environ["VANTIX_HOST_EXAMPLE"]), cloud.b_domain, account["appKey"],
                                    account["accessToken"], CAMERA], capture_output=True, text=True, timeout=60,
                                   check=False)
             self.assertEqual((done.returncode, done.stdout), (0, f"0: {CAMERA} is online\n"))

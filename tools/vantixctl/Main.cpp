@@ -10,7 +10,11 @@
 #include "session/StandardError.h"
 
 #if defined(_WIN32)
+#include <fcntl.h>
+#include <io.h>
 #include <windows.h>
+
+#include <cstdio>
 #endif
 
 namespace {
@@ -73,6 +77,7 @@ int Run(const std::vector<std::string>& words) {
 int main(int argc, char** argv) {
 #if defined(_WIN32)
     SetConsoleOutputCP(CP_UTF8);
+    _setmode(_fileno(stdout), _O_BINARY);  // other programs read it, and a shell its completion: no carriage returns
 #endif
     try {
         return Run({argv + 1, argv + argc});
