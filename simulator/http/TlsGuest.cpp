@@ -14,12 +14,11 @@ constexpr unsigned patienceMilliseconds = 5000;
 using Session = std::unique_ptr<gnutls_session_int, decltype(&gnutls_deinit)>;
 using Credentials = std::unique_ptr<gnutls_certificate_credentials_st, decltype(&gnutls_certificate_free_credentials)>;
 
-/// For functions that take text and never write to it.
-gnutls_datum_t Datum(const std::string& text) {
-    return {reinterpret_cast<unsigned char*>(const_cast<char*>(text.data())), static_cast<unsigned>(text.size())};
+gnutls_datum_t Datum(std::string& text) {
+    return {reinterpret_cast<unsigned char*>(text.data()), static_cast<unsigned>(text.size())};
 }
 
-Credentials MakeCredentials(const Certificate& certificate) {
+Credentials MakeCredentials(Certificate certificate) {
     gnutls_certificate_credentials_t made = nullptr;
     (void)gnutls_certificate_allocate_credentials(&made);
     Credentials credentials(made, gnutls_certificate_free_credentials);
@@ -31,12 +30,12 @@ Credentials MakeCredentials(const Certificate& certificate) {
 
 bool IsInterrupted(ssize_t result) { return result == GNUTLS_E_INTERRUPTED || result == GNUTLS_E_AGAIN; }
 
-bool ShakeHands(gnutls_session_t session, gnutls_certificate_credentials_t credentials, const TlsConduct& conduct,
+bool ShakeHands(gnutls_session_t session, gnutls_certificate_credentials_t credentials, std::string protocol,
                 int socket) {
-    const gnutls_datum_t protocol = Datum(conduct.protocol);
+    const gnutls_datum_t name = Datum(protocol);
     (void)gnutls_set_default_priority(session);
     (void)gnutls_credentials_set(session, GNUTLS_CRD_CERTIFICATE, credentials);
-    (void)gnutls_alpn_set_protocols(session, &protocol, 1, 0);
+    (void)gnutls_alpn_set_protocols(session, &name, 1, 0);
     gnutls_transport_set_int(session, socket);
     gnutls_handshake_set_timeout(session, patienceMilliseconds);
     gnutls_record_set_timeout(session, patienceMilliseconds);
@@ -92,7 +91,7 @@ void ServeOverTls(int socket, const TlsConduct& conduct, const std::string& byte
         return;
     }
     const Session session(made, gnutls_deinit);
-    if (!ShakeHands(made, credentials.get(), conduct, socket)) {
+    if (!ShakeHands(made, credentials.get(), conduct.protocol, socket)) {
         return;
     }
     ReadRequest(made, conduct.protocol);
