@@ -62,10 +62,11 @@ std::string Masked(const JsonCppView& first, const JsonCppView& second) {
 }
 
 /// Sends the first request. `goOn` is false when the second must not follow.
-int FetchUser(const CallSite& site, const Caller& caller, int32_t& cost, json::JsonCppDocument& document, bool& goOn) {
+int FetchUser(const CallSite& site, const Caller& caller, const ClientInfo& client, int32_t& cost,
+              json::JsonCppDocument& document, bool& goOn) {
     std::string body;
     goOn = false;
-    const int fetched = RequestCall(site, requests::kUserInfo, caller).CostInto(cost).Fetch(body);
+    const int fetched = RequestCall(site, requests::kUserInfo, caller, &client).CostInto(cost).Fetch(body);
     if (fetched != VANTIX_NOERROR) {
         return fetched;
     }
@@ -85,9 +86,10 @@ int FetchUser(const CallSite& site, const Caller& caller, int32_t& cost, json::J
     return VANTIX_NOERROR;
 }
 
-int FetchConfiguration(const CallSite& site, const Caller& caller, int32_t& cost, json::JsonCppDocument& document) {
+int FetchConfiguration(const CallSite& site, const Caller& caller, const ClientInfo& client, int32_t& cost,
+                       json::JsonCppDocument& document) {
     std::string body;
-    const int fetched = RequestCall(site, requests::kP2PConfiguration, caller).CostInto(cost).Fetch(body);
+    const int fetched = RequestCall(site, requests::kP2PConfiguration, caller, &client).CostInto(cost).Fetch(body);
     if (fetched != VANTIX_NOERROR) {
         return fetched;
     }
@@ -118,14 +120,15 @@ int ReadUser(const CallSite& site, const std::string& forLog, const JsonCppView&
 
 int GetP2PUserInfoFromCServer(const Caller& caller, P2PUserInfo& userInfo) {
     const CallSite site = VANTIX_HERE;
+    const ClientInfo client;
     json::JsonCppDocument user;
     json::JsonCppDocument configuration;
     int32_t userCost = 0;
     int32_t configurationCost = 0;
     bool goOn = false;
-    int result = FetchUser(site, caller, userCost, user, goOn);
+    int result = FetchUser(site, caller, client, userCost, user, goOn);
     if (goOn) {
-        result = FetchConfiguration(site, caller, configurationCost, configuration);
+        result = FetchConfiguration(site, caller, client, configurationCost, configuration);
         goOn = result == VANTIX_NOERROR;
     }
     userInfo.iRequestCost = userCost + configurationCost;

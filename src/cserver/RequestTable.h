@@ -81,7 +81,7 @@ inline constexpr RequestRow kP2PDevInfo{
     .own = {"deviceSerial"},
     .fixed = {{"filter", "P2P,KMS"}},
     .transportFailure = "ZQR TEST QX_API_B2C_GET_DEVICE_DETAIL SyncRequestHeader error:%d",
-    .parserFailure = "ParseP2PDevInfoFromCServer:%s error:%d",
+    .parserFailure = "ParseDevDetailInfoFromPlatform:%s error:%d",
     .cost = "/v3/userdevices/v1/devices/pagelist CostTime: = %ld milliseconds",
 };
 inline constexpr RequestRow kSharedDevices{

@@ -324,7 +324,7 @@ ConsumerCase P2PDevice() {
             .transfers = {{"/v3/userdevices/v1/devices/pagelist",
                            "ZQR TEST QX_API_B2C_GET_DEVICE_DETAIL SyncRequestHeader error:",
                            "/v3/userdevices/v1/devices/pagelist",
-                           ParserRefusals(kFunction, "ParseP2PDevInfoFromCServer", "ParseP2PDevInfoFromCServer",
+                           ParserRefusals(kFunction, "ParseP2PDevInfoFromCServer", "ParseDevDetailInfoFromPlatform",
                                           ", p2pInfos not exist!")}},
             .call =
                 [](const Caller& caller, const Json& /*account*/, Json& output) {

@@ -283,7 +283,7 @@ TEST_F(ConsumerP2PDevice, RequestPassesFailuresOn) {
     for (const auto& row : rows) {
         transport.Answer(row.body);
         EXPECT_EQ(Fetch(), 300000 + row.code);
-        ExpectLine(std::string("ParseP2PDevInfoFromCServer:") + row.body + " error:" + std::to_string(row.code),
+        ExpectLine(std::string("ParseDevDetailInfoFromPlatform:") + row.body + " error:" + std::to_string(row.code),
                    "ERROR", 5, "GetP2PDevInfoFromCServer");
     }
     EXPECT_FALSE(lines.Contains("the-session"));

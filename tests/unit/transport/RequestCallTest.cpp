@@ -159,6 +159,20 @@ TEST_F(Requests, CarryTheHeadersThatTheirRowSays) {
     }
 }
 
+TEST_F(Requests, HeadersTellOfTheComputerThatIsHandedIn) {
+    ClientInfo client;
+    client.featureCode = "another code";
+    client.clientVersion = "v1";
+    for (const unsigned carried : {carries::kHeadersA, carries::kHeadersB}) {
+        m_spy.Clear();
+        const RequestRow request = Row(Way::Get, carried);
+        EXPECT_EQ(RequestCall(m_site, request, kCaller, &client).With("D1").Run(Says(0)), 0);
+        EXPECT_THAT(m_spy.Headers(), testing::Contains("clientVersion: v1"));
+        EXPECT_EQ(carried == carries::kHeadersB,
+                  testing::Value(m_spy.Headers(), testing::Contains("featureCode: another code")));
+    }
+}
+
 TEST_F(Requests, FixedOwnAndOptionalParametersAllTravel) {
     RequestRow row = Row();
     row.own[1] = "cameraNo";
