@@ -1,7 +1,8 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
 #include <string>
+
+#include "support/TestJson.h"
 
 namespace vantix::test {
 

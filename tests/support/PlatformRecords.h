@@ -3,8 +3,6 @@
 /// @file
 /// The platform's records as JSON, every field under the name that it has in the answer or in the record.
 
-#include <nlohmann/json.hpp>
-
 #include "records/BWCheckInfo.h"
 #include "records/ConfigInfo.h"
 #include "records/DeviceList.h"
@@ -15,6 +13,7 @@
 #include "records/RelayServerInfo.h"
 #include "records/ServerInfo.h"
 #include "records/TransparentMsgDetail.h"
+#include "support/TestJson.h"
 
 namespace vantix::test {
 

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
 #include <string>
 #include <utility>
 #include <vector>
 
-namespace vantix::test {
+#include "support/TestJson.h"
 
-using Json = nlohmann::json;
+namespace vantix::test {
 
 /// One request that the cloud received, as it came: nothing is decoded.
 struct ReceivedRequest {

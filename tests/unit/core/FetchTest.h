@@ -4,10 +4,10 @@
 /// What cases of fetches share: answers of both server families, and what renews a credential.
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 #include <string>
 
 #include "core/LastError.h"
+#include "support/TestJson.h"
 #include "unit/core/CoreTest.h"
 #include "vantix/ReturnCodes.h"
 

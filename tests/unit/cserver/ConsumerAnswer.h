@@ -6,18 +6,16 @@
 
 #include <gtest/gtest.h>
 
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
 #include "boundary/Logger.h"
 #include "support/CleanSwitches.h"
 #include "support/LogCapture.h"
+#include "support/TestJson.h"
 #include "unit/platform/DetailRecords.h"
 
 namespace vantix::test {
-
-using Json = nlohmann::json;
 
 /// A case that watches the log.
 class ConsumerAnswer : public testing::Test {

@@ -3,12 +3,12 @@
 /// @file
 /// A device page of the consumer servers in which every member is there and no two have the same value.
 
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
 #include "records/DevChannelInfo.h"
 #include "records/DevDetailInfo.h"
+#include "support/TestJson.h"
 #include "unit/platform/DetailRecords.h"
 
 namespace vantix::test {

@@ -4,7 +4,6 @@
 /// The members of a detail answer and the fields that they fill, listed once more for the tests, by hand.
 
 #include <cstdint>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <variant>
 #include <vector>
@@ -12,6 +11,7 @@
 #include "records/BelongDevInfo.h"
 #include "records/DevChannelInfo.h"
 #include "records/DevDetailInfo.h"
+#include "support/TestJson.h"
 
 namespace vantix::test {
 

@@ -3,9 +3,10 @@
 /// @file
 /// Answers with odd values in the places of good ones.
 
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
+
+#include "support/TestJson.h"
 
 namespace vantix::test {
 

@@ -8,17 +8,15 @@
 
 #include <deque>
 #include <functional>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "support/CleanSwitches.h"
 #include "support/LogCapture.h"
+#include "support/TestJson.h"
 
 namespace vantix::test {
-
-using Json = nlohmann::json;
 
 /// What a member is read from.
 enum class Accepts {

@@ -1,0 +1,3 @@
+#include "support/TestJson.h"
+
+template class nlohmann::basic_json<>;
