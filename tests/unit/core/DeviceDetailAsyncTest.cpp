@@ -207,17 +207,18 @@ TEST_F(DetailAsync, SecondTaskIntoTheSameFutureWaitsForTheFirst) {
         release.get_future().wait();
         return ScriptedAnswer{0, Answer("first")};
     });
-    transport.Answer(Answer("second"));
+    transport.Make([&](const SentRequest&) {
+        release.set_value();
+        return ScriptedAnswer{0, Answer("second")};
+    });
     DevChannelInfo otherChannel;
     DevDetailInfo otherDevice;
     EXPECT_EQ(core.getDevDetailInfo("C1", 1, otherChannel, otherDevice, future, false), -1);
     started.get_future().wait();
-    std::thread releaser([&] { release.set_value(); });
     EXPECT_EQ(Ask(), -1);
     EXPECT_EQ(otherDevice.deviceIP, "first") << "the first task has ended";
     EXPECT_EQ(future.get(), 0);
     EXPECT_EQ(device.deviceIP, "second");
-    releaser.join();
 }
 
 TEST_F(DetailAsync, WithoutThreadsTheFutureYieldsMinusOne) {
