@@ -265,9 +265,11 @@ static CURLcode SetFunction(CURL* handle, CURLoption option, curl_write_callback
     return __real_curl_easy_setopt(handle, option, function);
 }
 
-CURLcode __wrap_curl_easy_setopt(CURL* handle, CURLoption option, ...) {
+// libcurl declares the option as an enumeration, which is no last argument before variable ones.
+CURLcode __wrap_curl_easy_setopt(CURL* handle, int number, ...) {
+    const auto option = static_cast<CURLoption>(number);
     va_list values;
-    va_start(values, option);
+    va_start(values, number);
     CURLcode result = CURLE_UNKNOWN_OPTION;
     if (option < CURLOPTTYPE_OBJECTPOINT) {
         result = SetNumber(handle, option, va_arg(values, long));
