@@ -1,6 +1,6 @@
-# The command-line tool, driven as a person or a script does. Each class of the three scripts is a test. A cross-built tool
-# has no loopback cloud of its own, so that one beside it stands in; it cannot make the tour, which looks into its own,
-# and is not shown on a terminal, which the emulator does not pass on.
+# The command-line tool, driven as a person or a script does. Each class of the three scripts is a test. A cross-built
+# tool has no loopback cloud of its own, so that one beside it stands in; it cannot make the tour, which looks into its
+# own, and is not shown on a terminal, which the emulator does not pass on.
 
 set(_shows Usage Explain Tour Detail)
 set(_does Configuration Logs Operations Prefetch Watch Remote Completion Example)

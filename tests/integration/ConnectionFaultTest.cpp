@@ -1,25 +1,13 @@
 // Servers that are not there, or that fail before a request reaches them.
 
-#include "SurvivalFixture.h"
+#include "TrapFixture.h"
 
 namespace vantix::test {
 namespace {
 
-/// What a port does with a connection before any request, and the code that this becomes.
-struct TrapRow {
-    const char* name;
-    Json conduct;
-    int result;
-};
+class ConnectionTrapTest : public TrapFixture {};
 
-void PrintTo(const TrapRow& row, std::ostream* out) { *out << row.name; }
-
-class ConnectionTrapTest : public SurvivalFixture, public ::testing::WithParamInterface<TrapRow> {};
-
-TEST_P(ConnectionTrapTest, FailsThatCallAlone) {
-    Center().setDomain(Cloud().Trap(GetParam().conduct), "");
-    ExpectSurvival(GetParam().result, 0);
-}
+TEST_P(ConnectionTrapTest, FailsThatCallAlone) { ExpectSurvivalOfTheTrap(); }
 
 const TrapRow kTrapRows[] = {
     {"AcceptThenReset", {{"then", "reset"}}, kSomeTransportFailure},

@@ -1,25 +1,13 @@
 // Servers whose TLS or HTTP version is not that of the two domains.
 
-#include "SurvivalFixture.h"
+#include "TrapFixture.h"
 
 namespace vantix::test {
 namespace {
 
-/// What such a server says to a whole request, and the code that this becomes.
-struct TlsRow {
-    const char* name;
-    Json conduct;
-    int result;
-};
+class TlsFaultTest : public TrapFixture {};
 
-void PrintTo(const TlsRow& row, std::ostream* out) { *out << row.name; }
-
-class TlsFaultTest : public SurvivalFixture, public ::testing::WithParamInterface<TlsRow> {};
-
-TEST_P(TlsFaultTest, ConcernsThatCallAlone) {
-    Center().setDomain(Cloud().Trap(GetParam().conduct), "");
-    ExpectSurvival(GetParam().result, 0);
-}
+TEST_P(TlsFaultTest, ConcernsThatCallAlone) { ExpectSurvivalOfTheTrap(); }
 
 constexpr size_t kLength = sizeof(kSmallAnswer) - 1;
 
@@ -31,7 +19,7 @@ std::string Answer(size_t sent) {
 
 Json Tls(const char* protocol, bool isExpired = false) { return {{"protocol", protocol}, {"isExpired", isExpired}}; }
 
-const TlsRow kRows[] = {
+const TrapRow kRows[] = {
     {"ExpiredCertificateIsTakenAsItIs", {{"tls", Tls("http/1.1", true)}, {"send", Answer(kLength)}}, 0},
     {"ResetWithinTheBody", {{"tls", Tls("http/1.1")}, {"send", Answer(kLength / 2)}, {"then", "reset"}}, 100056},
 };
@@ -72,7 +60,7 @@ constexpr char kThisStreamAndNoError[] = "0000000100000000";
 
 Json Http2(const std::string& frames) { return {{"tls", Tls("h2")}, {"sendHex", Opening() + frames}}; }
 
-const TlsRow kHttp2Rows[] = {
+const TrapRow kHttp2Rows[] = {
     {"AnswerIsRead", Http2(Ok() + Body("01", kLength)), 0},
     {"StreamReset", Http2(Ok() + Body("00", kLength / 2) + Frame("03", "00", '1', kInternalError)), 100092},
     {"GoAwayWithinTheBody", Http2(Ok() + Body("00", kLength / 2) + Frame("07", "00", '0', kThisStreamAndNoError)),
