@@ -2,21 +2,12 @@
 
 #include "platform/Recordings.h"
 #include "support/CoreFixture.h"
+#include "support/Hex.h"
 #include "support/LocalFile.h"
 #include "support/LogCapture.h"
 
 namespace vantix::test {
 namespace {
-
-std::string Hex(const std::string& bytes) {
-    std::string hex;
-    for (const char c : bytes) {
-        constexpr char kDigits[] = "0123456789abcdef";
-        hex += kDigits[static_cast<unsigned char>(c) >> 4U];
-        hex += kDigits[static_cast<unsigned char>(c) & 15U];
-    }
-    return hex;
-}
 
 class PictureUploadTest : public CoreFixture {
 protected:

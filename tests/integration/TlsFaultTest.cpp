@@ -1,6 +1,7 @@
 // Servers whose TLS or HTTP version is not that of the two domains.
 
 #include "TrapFixture.h"
+#include "support/Hex.h"
 
 namespace vantix::test {
 namespace {
@@ -30,16 +31,12 @@ INSTANTIATE_TEST_SUITE_P(Http1, TlsFaultTest, ::testing::ValuesIn(kRows),
 #if !defined(_WIN32)
 // The transport is built without HTTP/2 there, and never offers it.
 
-std::string HexByte(size_t byte) {
-    constexpr char kDigits[] = "0123456789abcdef";
-    return {kDigits[(byte >> 4U) & 15U], kDigits[byte & 15U]};
-}
-
 /// A frame as hexadecimal text. `stream` is one digit, the payload is hexadecimal.
 std::string Frame(const char* type, const char* flags, char stream, const std::string& payload) {
     const size_t length = payload.size() / 2;
-    std::string frame = HexByte(length >> 16U) + HexByte(length >> 8U);
-    return frame.append(HexByte(length)).append(type).append(flags).append("0000000").append(1, stream).append(payload);
+    const std::string bytes = {static_cast<char>(length >> 16U), static_cast<char>(length >> 8U),
+                               static_cast<char>(length)};
+    return Hex(bytes).append(type).append(flags).append("0000000").append(1, stream).append(payload);
 }
 
 std::string Opening() { return Frame("04", "00", '0', "") + Frame("04", "01", '0', ""); }
@@ -47,13 +44,7 @@ std::string Opening() { return Frame("04", "00", '0', "") + Frame("04", "01", '0
 /// Status 200, by its place in the table that every peer knows.
 std::string Ok() { return Frame("01", "04", '1', "88"); }
 
-std::string Body(const char* flags, size_t sent) {
-    std::string payload;
-    for (size_t i = 0; i < sent; ++i) {
-        payload += HexByte(static_cast<unsigned char>(kSmallAnswer[i]));
-    }
-    return Frame("00", flags, '1', payload);
-}
+std::string Body(const char* flags, size_t sent) { return Frame("00", flags, '1', Hex({kSmallAnswer, sent})); }
 
 constexpr char kInternalError[] = "00000002";
 constexpr char kThisStreamAndNoError[] = "0000000100000000";
