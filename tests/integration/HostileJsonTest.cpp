@@ -1,6 +1,7 @@
 // Detail answers that are JSON of the wrong shape, or nearly JSON.
 
 #include "SurvivalFixture.h"
+#include "support/Hex.h"
 
 namespace vantix::test {
 namespace {
@@ -16,18 +17,7 @@ void PrintTo(const JsonRow& row, std::ostream* out) { *out << row.name; }
 class HostileJsonTest : public SurvivalFixture, public ::testing::WithParamInterface<JsonRow> {};
 
 TEST_P(HostileJsonTest, GivesItsCodeAndLosesNothing) {
-    Cloud().Plan({{"path", kDetailPath},
-                  {"bodyHex",
-                   [] {
-                       std::string hex;
-                       for (const char c : GetParam().body) {
-                           constexpr char kDigits[] = "0123456789abcdef";
-                           hex += kDigits[static_cast<unsigned char>(c) >> 4U];
-                           hex += kDigits[static_cast<unsigned char>(c) & 15U];
-                       }
-                       return hex;
-                   }()},
-                  {"times", 0}});
+    Cloud().Plan({{"path", kDetailPath}, {"bodyHex", Hex(GetParam().body)}, {"times", 0}});
     ExpectSurvival(GetParam().result, 1);
 }
 
