@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "Cases.h"
-#include "records/DevChannelInfo.h"
-#include "records/DevDetailInfo.h"
 #include "vantix/IVantixDataCenter.h"
+#include "vantix/records/DevChannelInfo.h"
+#include "vantix/records/DevDetailInfo.h"
 
 namespace vantix::bench {
 namespace {

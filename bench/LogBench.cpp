@@ -1,7 +1,7 @@
 // A log line that is dropped, and one that is written to sinks that do nothing.
 
 #include "Cases.h"
-#include "boundary/Logger.h"
+#include "log/Logger.h"
 
 namespace vantix::bench {
 namespace {

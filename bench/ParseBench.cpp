@@ -8,9 +8,9 @@
 
 #include "Cases.h"
 #include "DetailAnswer.h"
-#include "base/CapabilityByNumber.h"
-#include "boundary/Logger.h"
+#include "log/Logger.h"
 #include "platform/DeviceDetailParser.h"
+#include "requests/CapabilityByNumber.h"
 
 #if defined(__GNUC__)
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"

@@ -1,11 +1,11 @@
 // Texts inside of answers, and what the transport does with texts.
 
 #include "Fuzzer.h"
-#include "base/CapabilityByNumber.h"
+#include "log/Masking.h"
 #include "platform/P2P.h"
 #include "platform/Recordings.h"
+#include "requests/CapabilityByNumber.h"
 #include "transport/CodePage.h"
-#include "transport/Masking.h"
 
 namespace vantix::fuzz {
 

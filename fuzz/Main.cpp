@@ -4,7 +4,7 @@
 
 #include "Fuzzer.h"
 #include "base/ProcessSwitches.h"
-#include "boundary/Logger.h"
+#include "log/Logger.h"
 
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
     vantix::iLogLevel = 6;  // above every level: no line is written

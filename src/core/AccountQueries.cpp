@@ -1,8 +1,8 @@
 // Queries about the account: device lists, names, configuration, messages.
 
-#include "boundary/Logger.h"
 #include "core/CVantixDataCenter.h"
 #include "cserver/Lists.h"
+#include "log/Logger.h"
 #include "platform/Account.h"
 #include "platform/Lists.h"
 #include "vantix/ReturnCodes.h"

@@ -1,9 +1,9 @@
 // The B2C tokens that the host hands in, and which devices they say are shared with the account.
 
-#include "boundary/Logger.h"
 #include "core/CVantixDataCenter.h"
 #include "json/Fields.h"
 #include "json/Json11Reader.h"
+#include "log/Logger.h"
 
 namespace vantix {
 namespace {

@@ -1,7 +1,7 @@
 // Domains and credentials that the host hands in.
 
-#include "boundary/Logger.h"
 #include "core/CVantixDataCenter.h"
+#include "log/Logger.h"
 
 namespace vantix {
 

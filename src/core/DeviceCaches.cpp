@@ -4,8 +4,8 @@
 
 #include <cstdio>
 
-#include "boundary/Logger.h"
 #include "core/CVantixDataCenter.h"
+#include "log/Logger.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {

@@ -4,9 +4,9 @@
 #include <string>
 #include <unordered_map>
 
-#include "records/DevChannelInfo.h"
-#include "records/DevDetailInfo.h"
-#include "records/P2PDevInfo.h"
+#include "vantix/records/DevChannelInfo.h"
+#include "vantix/records/DevDetailInfo.h"
+#include "vantix/records/P2PDevInfo.h"
 
 namespace vantix {
 

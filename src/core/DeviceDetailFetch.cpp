@@ -1,9 +1,9 @@
 // Fetching device details: the refill of the caches, and the synchronous and asynchronous fronts.
 
-#include "boundary/Logger.h"
-#include "core/AsyncTask.h"
+#include "base/AsyncTask.h"
 #include "core/CVantixDataCenter.h"
 #include "cserver/DeviceDetail.h"
+#include "log/Logger.h"
 #include "platform/DeviceDetail.h"
 #include "vantix/ReturnCodes.h"
 

@@ -1,8 +1,8 @@
 // Queries about one device or channel: tickets, information, alarms, permissions.
 
-#include "boundary/Logger.h"
 #include "core/CVantixDataCenter.h"
 #include "json/JsonText.h"
+#include "log/Logger.h"
 #include "platform/Account.h"
 #include "platform/DeviceDetail.h"
 #include "platform/Lists.h"

@@ -1,7 +1,7 @@
 // Devices that are reached through a parent device.
 
-#include "boundary/Logger.h"
 #include "core/CVantixDataCenter.h"
+#include "log/Logger.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {

@@ -1,9 +1,9 @@
 // What a player needs to reach a device by P2P, cached by serial.
 
-#include "boundary/Logger.h"
-#include "core/AsyncTask.h"
+#include "base/AsyncTask.h"
 #include "core/CVantixDataCenter.h"
 #include "cserver/P2P.h"
+#include "log/Logger.h"
 #include "platform/P2P.h"
 #include "vantix/ReturnCodes.h"
 

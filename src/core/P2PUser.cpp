@@ -1,9 +1,9 @@
 // The user's P2P identity, cached as one record.
 
-#include "boundary/Logger.h"
-#include "core/AsyncTask.h"
+#include "base/AsyncTask.h"
 #include "core/CVantixDataCenter.h"
 #include "cserver/P2P.h"
+#include "log/Logger.h"
 #include "platform/P2P.h"
 #include "vantix/ReturnCodes.h"
 

@@ -1,7 +1,7 @@
 // The one road of all one-shot queries; what differs from query to query is a row.
 
-#include "boundary/Logger.h"
 #include "core/CVantixDataCenter.h"
+#include "log/Logger.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/QueryTable.h"
-#include "transport/RequestCall.h"
+#include "requests/RequestCall.h"
 
 namespace vantix {
 

@@ -1,10 +1,10 @@
 // Queries about recordings, on devices and in the cloud, and the upload of pictures.
 
-#include "boundary/Logger.h"
 #include "core/CVantixDataCenter.h"
 #include "cserver/Recordings.h"
 #include "json/JsonCppReader.h"
 #include "json/JsonText.h"
+#include "log/Logger.h"
 #include "platform/Recordings.h"
 #include "vantix/ReturnCodes.h"
 

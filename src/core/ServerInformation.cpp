@@ -1,10 +1,10 @@
 // The media servers of the user's area, cached as one record, and the video relays of a device, which are not.
 
-#include "boundary/Logger.h"
-#include "core/AsyncTask.h"
+#include "base/AsyncTask.h"
 #include "core/CVantixDataCenter.h"
 #include "cserver/Server.h"
 #include "json/JsonText.h"
+#include "log/Logger.h"
 #include "platform/Server.h"
 #include "vantix/ReturnCodes.h"
 

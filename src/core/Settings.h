@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string>
 
-#include "core/Guarded.h"
+#include "base/Guarded.h"
 
 namespace vantix {
 

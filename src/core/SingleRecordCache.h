@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "base/Clock.h"
-#include "core/Guarded.h"
+#include "base/Guarded.h"
 
 namespace vantix {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "transport/RequestCall.h"
+#include "requests/RequestCall.h"
 
 namespace vantix {
 

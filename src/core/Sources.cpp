@@ -1,8 +1,8 @@
 // Which server family a fetch goes to, which credential it carries, and when it is repeated with a renewed one.
 
-#include "boundary/Logger.h"
+#include "base/LastError.h"
 #include "core/CVantixDataCenter.h"
-#include "core/LastError.h"
+#include "log/Logger.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {

@@ -6,10 +6,10 @@
 
 #include "base/Clock.h"
 #include "base/NumberText.h"
-#include "boundary/Logger.h"
 #include "core/CVantixDataCenter.h"
 #include "cserver/Tokens.h"
 #include "json/JsonCppReader.h"
+#include "log/Logger.h"
 #include "platform/ResponseChecks.h"
 #include "platform/Tokens.h"
 #include "vantix/ReturnCodes.h"

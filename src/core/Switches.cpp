@@ -2,8 +2,8 @@
 
 #include "base/Clock.h"
 #include "base/ProcessSwitches.h"
-#include "boundary/Logger.h"
 #include "core/CVantixDataCenter.h"
+#include "log/Logger.h"
 
 namespace vantix {
 

@@ -1,9 +1,9 @@
 // The Tk tokens that the host hands in: five for each channel, and one for the account.
 
-#include "boundary/Logger.h"
 #include "core/CVantixDataCenter.h"
 #include "json/Fields.h"
 #include "json/Json11Reader.h"
+#include "log/Logger.h"
 
 namespace vantix {
 namespace {

@@ -1,8 +1,8 @@
 // Renewing what has expired: the platform's access token and the consumer servers' session.
 
-#include "boundary/Logger.h"
 #include "core/CVantixDataCenter.h"
 #include "cserver/Tokens.h"
+#include "log/Logger.h"
 #include "platform/Tokens.h"
 #include "vantix/ReturnCodes.h"
 

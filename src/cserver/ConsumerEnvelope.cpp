@@ -1,6 +1,6 @@
 #include "cserver/ConsumerEnvelope.h"
 
-#include "json/Envelope.h"
+#include "requests/Envelope.h"
 
 namespace vantix::consumer {
 

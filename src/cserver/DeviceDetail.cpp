@@ -1,11 +1,11 @@
 #include "cserver/DeviceDetail.h"
 
 #include "base/Clock.h"
-#include "boundary/Logger.h"
 #include "cserver/ConsumerEnvelope.h"
 #include "cserver/DeviceDetailReader.h"
 #include "cserver/RequestTable.h"
-#include "json/Answer.h"
+#include "log/Logger.h"
+#include "requests/ResponseReader.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {

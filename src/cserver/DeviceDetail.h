@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "records/DevChannelInfo.h"
-#include "records/DevDetailInfo.h"
-#include "transport/RequestCall.h"
+#include "requests/RequestCall.h"
+#include "vantix/records/DevChannelInfo.h"
+#include "vantix/records/DevDetailInfo.h"
 
 namespace vantix {
 

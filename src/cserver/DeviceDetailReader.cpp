@@ -2,8 +2,8 @@
 
 #include "base/NumberText.h"
 #include "cserver/ConsumerEnvelope.h"
-#include "json/DeviceCapabilities.h"
 #include "json/Fields.h"
+#include "requests/DeviceCapabilities.h"
 
 namespace vantix::consumer {
 namespace {

@@ -3,8 +3,8 @@
 #include "cserver/ConsumerEnvelope.h"
 #include "cserver/RequestTable.h"
 #include "cserver/Thumbnails.h"
-#include "json/Answer.h"
 #include "json/JsonText.h"
+#include "requests/ResponseReader.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {

@@ -1,12 +1,12 @@
 #include "cserver/P2P.h"
 
-#include "boundary/Logger.h"
 #include "cserver/ConsumerEnvelope.h"
 #include "cserver/RequestTable.h"
-#include "json/Answer.h"
-#include "json/Envelope.h"
 #include "json/Fields.h"
 #include "json/JsonText.h"
+#include "log/Logger.h"
+#include "requests/Envelope.h"
+#include "requests/ResponseReader.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {

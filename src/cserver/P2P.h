@@ -5,9 +5,9 @@
 
 #include <string>
 
-#include "records/P2PDevInfo.h"
-#include "records/P2PUserInfo.h"
-#include "transport/RequestCall.h"
+#include "requests/RequestCall.h"
+#include "vantix/records/P2PDevInfo.h"
+#include "vantix/records/P2PUserInfo.h"
 
 namespace vantix {
 

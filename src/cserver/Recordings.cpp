@@ -1,11 +1,11 @@
 #include "cserver/Recordings.h"
 
-#include "boundary/Logger.h"
 #include "cserver/ConsumerEnvelope.h"
 #include "cserver/RequestTable.h"
-#include "json/Answer.h"
 #include "json/JsonText.h"
-#include "transport/TimeText.h"
+#include "log/Logger.h"
+#include "requests/ResponseReader.h"
+#include "requests/TimeText.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {

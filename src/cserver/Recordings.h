@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "records/CloudFileQuery.h"
-#include "transport/RequestCall.h"
+#include "requests/RequestCall.h"
+#include "vantix/records/CloudFileQuery.h"
 
 namespace vantix {
 

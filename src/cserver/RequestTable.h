@@ -4,8 +4,8 @@
 /// Every request of the consumer servers, as a row. They authenticate by the session id, in a header. Some labels name
 /// a platform parser or carry a tester's mark; they are kept as they stand.
 
-#include "transport/EndpointTable.h"
-#include "transport/RequestCall.h"
+#include "requests/EndpointTable.h"
+#include "requests/RequestCall.h"
 
 namespace vantix::cserver_requests {
 

@@ -2,8 +2,8 @@
 
 #include "cserver/ConsumerEnvelope.h"
 #include "cserver/RequestTable.h"
-#include "json/Answer.h"
 #include "json/Fields.h"
+#include "requests/ResponseReader.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "records/ServerInfo.h"
-#include "transport/RequestCall.h"
+#include "requests/RequestCall.h"
+#include "vantix/records/ServerInfo.h"
 
 namespace vantix {
 

@@ -1,10 +1,10 @@
 #include "cserver/Tokens.h"
 
-#include "boundary/Logger.h"
 #include "cserver/ConsumerEnvelope.h"
 #include "cserver/RequestTable.h"
-#include "json/Answer.h"
-#include "transport/ClientInfo.h"
+#include "log/Logger.h"
+#include "requests/ClientInfo.h"
+#include "requests/ResponseReader.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "transport/RequestCall.h"
+#include "requests/RequestCall.h"
 
 namespace vantix {
 

@@ -2,7 +2,7 @@
 
 #include "platform/RequestTable.h"
 #include "platform/ResponseChecks.h"
-#include "transport/ClientInfo.h"
+#include "requests/ClientInfo.h"
 
 namespace vantix {
 

@@ -7,10 +7,10 @@
 
 #include <string>
 
-#include "records/BWCheckInfo.h"
-#include "records/ConfigInfo.h"
-#include "records/TransparentMsgDetail.h"
-#include "transport/RequestCall.h"
+#include "requests/RequestCall.h"
+#include "vantix/records/BWCheckInfo.h"
+#include "vantix/records/ConfigInfo.h"
+#include "vantix/records/TransparentMsgDetail.h"
 
 namespace vantix {
 

@@ -6,10 +6,10 @@
 #include <optional>
 #include <string>
 
-#include "records/BelongDevInfo.h"
-#include "records/DevChannelInfo.h"
-#include "records/DevDetailInfo.h"
-#include "transport/RequestCall.h"
+#include "requests/RequestCall.h"
+#include "vantix/records/BelongDevInfo.h"
+#include "vantix/records/DevChannelInfo.h"
+#include "vantix/records/DevDetailInfo.h"
 
 namespace vantix {
 

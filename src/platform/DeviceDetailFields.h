@@ -4,11 +4,11 @@
 /// Which member of the device detail answer fills which field.
 
 #include "json/Fields.h"
-#include "records/BelongDevInfo.h"
-#include "records/DevChannelInfo.h"
-#include "records/DevDetailInfo.h"
-#include "records/VideoQualityInfo.h"
-#include "records/VtmAddr.h"
+#include "vantix/records/BelongDevInfo.h"
+#include "vantix/records/DevChannelInfo.h"
+#include "vantix/records/DevDetailInfo.h"
+#include "vantix/records/VideoQualityInfo.h"
+#include "vantix/records/VtmAddr.h"
 
 namespace vantix::detail_fields {
 

@@ -3,11 +3,11 @@
 #include <utility>
 
 #include "base/NumberText.h"
-#include "boundary/Logger.h"
-#include "json/DeviceCapabilities.h"
-#include "json/Envelope.h"
 #include "json/Json11Reader.h"
+#include "log/Logger.h"
 #include "platform/DeviceDetailFields.h"
+#include "requests/DeviceCapabilities.h"
+#include "requests/Envelope.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {

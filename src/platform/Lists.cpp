@@ -1,10 +1,10 @@
 #include "platform/Lists.h"
 
-#include "json/Answer.h"
-#include "json/Envelope.h"
 #include "json/Fields.h"
 #include "platform/RequestTable.h"
 #include "platform/ResponseChecks.h"
+#include "requests/Envelope.h"
+#include "requests/ResponseReader.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {

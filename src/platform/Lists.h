@@ -7,8 +7,8 @@
 
 #include <string>
 
-#include "records/DeviceList.h"
-#include "transport/RequestCall.h"
+#include "requests/RequestCall.h"
+#include "vantix/records/DeviceList.h"
 
 namespace vantix {
 

@@ -1,11 +1,11 @@
 #include "platform/P2P.h"
 
 #include "base/NumberText.h"
-#include "json/Answer.h"
-#include "json/Envelope.h"
 #include "json/Fields.h"
 #include "platform/RequestTable.h"
 #include "platform/ResponseChecks.h"
+#include "requests/Envelope.h"
+#include "requests/ResponseReader.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {

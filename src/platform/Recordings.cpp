@@ -2,9 +2,9 @@
 
 #include "platform/RequestTable.h"
 #include "platform/ResponseChecks.h"
+#include "requests/TimeText.h"
 #include "transport/CRequest.h"
 #include "transport/ResponseBody.h"
-#include "transport/TimeText.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {

@@ -8,9 +8,9 @@
 
 #include <string>
 
-#include "records/CloudFileQuery.h"
-#include "records/RecordFileList.h"
-#include "transport/RequestCall.h"
+#include "requests/RequestCall.h"
+#include "vantix/records/CloudFileQuery.h"
+#include "vantix/records/RecordFileList.h"
 
 namespace vantix {
 

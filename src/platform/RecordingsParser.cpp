@@ -1,10 +1,10 @@
 // Reading lists of recordings.
 
-#include "boundary/Logger.h"
-#include "json/Answer.h"
-#include "json/Envelope.h"
 #include "json/Fields.h"
+#include "log/Logger.h"
 #include "platform/Recordings.h"
+#include "requests/Envelope.h"
+#include "requests/ResponseReader.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {

@@ -4,8 +4,8 @@
 /// Every request of the open platform, as a row: how it travels, where to, with what, and what its log lines say. Some
 /// labels name another function than the one that is called; they are kept as they stand.
 
-#include "transport/EndpointTable.h"
-#include "transport/RequestCall.h"
+#include "requests/EndpointTable.h"
+#include "requests/RequestCall.h"
 
 namespace vantix::platform_requests {
 

@@ -1,10 +1,10 @@
 #include "platform/ResponseChecks.h"
 
 #include "base/NumberText.h"
-#include "boundary/Logger.h"
-#include "json/Answer.h"
-#include "json/Envelope.h"
 #include "json/JsonCppReader.h"
+#include "log/Logger.h"
+#include "requests/Envelope.h"
+#include "requests/ResponseReader.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {

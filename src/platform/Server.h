@@ -8,8 +8,8 @@
 #include <string>
 
 #include "records/RelayServerInfo.h"
-#include "records/ServerInfo.h"
-#include "transport/RequestCall.h"
+#include "requests/RequestCall.h"
+#include "vantix/records/ServerInfo.h"
 
 namespace vantix {
 

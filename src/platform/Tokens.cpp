@@ -2,10 +2,10 @@
 
 #include <cstdio>
 
-#include "json/Answer.h"
-#include "json/Envelope.h"
 #include "platform/RequestTable.h"
 #include "platform/ResponseChecks.h"
+#include "requests/Envelope.h"
+#include "requests/ResponseReader.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "records/RefreshTokenInfo.h"
-#include "transport/RequestCall.h"
+#include "requests/RequestCall.h"
 
 namespace vantix {
 

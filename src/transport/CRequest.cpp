@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "base/ProcessSwitches.h"
-#include "boundary/Logger.h"
+#include "log/Logger.h"
 #include "transport/CodePage.h"
 #include "transport/CurlTransfer.h"
 
@@ -65,7 +65,7 @@ int CRequest::SyncRequest(const char* address, const char* parameters, RequestMo
                           uint32_t* length) const {
     const CallSite site = VANTIX_HERE;
     if (!ParametersGiven(site, address, parameters, length)) {
-        return CURLE_COULDNT_CONNECT;
+        return kNullParameter;
     }
     CurlTransfer transfer(m_verbose);
     const std::string url = mode == RequestMode::Get ? WithQuery(address, parameters) : address;
@@ -85,7 +85,7 @@ int CRequest::SyncRequestHeader(const char* address, const char* parameters, con
                                 uint32_t* length) const {
     const CallSite site = VANTIX_HERE;
     if (!ParametersGiven(site, address, parameters, length)) {
-        return CURLE_COULDNT_CONNECT;
+        return kNullParameter;
     }
     CurlTransfer transfer(m_verbose);
     transfer.SetCommonOptions(WithQuery(address, parameters).c_str(), true);
@@ -98,7 +98,7 @@ int CRequest::SyncRequesPostHeader(const char* address, const char* parameters, 
                                    char** response, uint32_t* length) const {
     const CallSite site = VANTIX_HERE;
     if (!ParametersGiven(site, address, parameters, length)) {
-        return CURLE_COULDNT_CONNECT;
+        return kNullParameter;
     }
     CurlTransfer transfer(m_verbose);
     transfer.Set(CURLOPT_CUSTOMREQUEST, "POST");
@@ -112,7 +112,7 @@ int CRequest::SyncPutRequestHeader(const char* address, const char* parameters, 
                                    const std::string& body, char** response, uint32_t* length) const {
     const CallSite site = VANTIX_HERE;
     if (!ParametersGiven(site, address, parameters, length)) {
-        return CURLE_COULDNT_CONNECT;
+        return kNullParameter;
     }
     CurlTransfer transfer(m_verbose);
     transfer.Set(CURLOPT_CUSTOMREQUEST, "PUT");
@@ -130,7 +130,7 @@ int CRequest::SyncRequestUpload(const char* address, const char* localPath, cons
                                 uint32_t* length) const {
     const CallSite site = VANTIX_HERE;
     if (!ParametersGiven(site, address, localPath, length)) {
-        return CURLE_COULDNT_CONNECT;
+        return kNullParameter;
     }
     CurlTransfer transfer(m_verbose);
     for (const auto& [name, value] : form.All()) {

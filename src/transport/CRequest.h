@@ -7,6 +7,9 @@
 
 namespace vantix {
 
+/// The result of a call with a null pointer where one is required: libcurl's code for "could not connect".
+inline constexpr int kNullParameter = 7;
+
 /// What `CRequest::SyncRequest` sends.
 enum class RequestMode {
     Get = 0,       ///< GET of address + "?" + parameters.

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "transport/Masking.h"
+#include "log/Masking.h"
 
 namespace vantix {
 namespace {

@@ -14,7 +14,7 @@ if(VANTIX_CLANG)
         msvc "${VANTIX_CLANG}" "${CMAKE_CURRENT_SOURCE_DIR}/checks/msvc-abi/Interface.cpp"
         "${CMAKE_CURRENT_SOURCE_DIR}/checks/msvc-abi/stand-in" "${PROJECT_SOURCE_DIR}/include" "${_slots}")
     # Beside the interface, what hosts fill and read passes that compiler family's rules as well.
-    file(GLOB _headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/src/records/*.h")
+    file(GLOB _headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/include/vantix/records/*.h")
     list(TRANSFORM _headers PREPEND "-include;" OUTPUT_VARIABLE _included)
     add_test(NAME msvc_records COMMAND "${VANTIX_CLANG}" --target=x86_64-pc-windows-msvc -std=c++17 -fsyntax-only
         -Wall -Wextra -Werror -nostdinc "-I${CMAKE_CURRENT_SOURCE_DIR}/checks/msvc-abi/stand-in"

@@ -29,7 +29,7 @@ if(TARGET vantixctl)
                 "VANTIXCTL_UNDER_TEST=${_launcher} '$<TARGET_FILE:vantixctl>'" ${_cloud}
                 "VANTIX_SIMULATOR=none"
                 "VANTIX_HOST_EXAMPLE=${_launcher} '$<TARGET_FILE:host_example>'"
-                "VANTIX_RECORDS=${PROJECT_SOURCE_DIR}/src/records"
+                "VANTIX_RECORDS=${PROJECT_SOURCE_DIR}/include/vantix/records"
                 "VANTIX_INTERFACE=${PROJECT_SOURCE_DIR}/include/vantix/IVantixDataCenter.h")
             set_tests_properties(vantixctl.${_case} PROPERTIES TIMEOUT 300 ENVIRONMENT "${_environment}")
         endforeach()

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "requests/RequestCall.h"
 #include "support/SimulatorClient.h"
-#include "transport/RequestCall.h"
 
 namespace vantix::test {
 

@@ -4,7 +4,6 @@
 #include <set>
 
 #include "RecordJson.h"
-#include "base/CapabilityByNumber.h"
 #include "base/ProcessSwitches.h"
 #include "cserver/DeviceDetail.h"
 #include "cserver/P2P.h"
@@ -12,6 +11,7 @@
 #include "platform/DeviceDetail.h"
 #include "platform/P2P.h"
 #include "platform/Server.h"
+#include "requests/CapabilityByNumber.h"
 #include "support/CoreFixture.h"
 #include "support/FakeClock.h"
 

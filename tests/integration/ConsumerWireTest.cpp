@@ -8,10 +8,10 @@
 
 #include "ConsumerCase.h"
 #include "cserver/Recordings.h"
+#include "requests/FeatureCode.h"
 #include "support/CoreFixture.h"
 #include "support/FakeClock.h"
 #include "support/LogCapture.h"
-#include "transport/FeatureCode.h"
 
 namespace vantix::test {
 namespace {

@@ -1,7 +1,7 @@
 // Which credential a detail request carries in each permission mode, and what an empty one does.
 
 #include "DetailFixture.h"
-#include "core/LastError.h"
+#include "base/LastError.h"
 #include "support/LogCapture.h"
 
 namespace vantix::test {

@@ -1,9 +1,9 @@
 // The log of a whole call: every line with its level, word, tag and text, and nothing secret in any of them.
 
 #include "DetailFixture.h"
+#include "requests/FeatureCode.h"
 #include "support/FakeClock.h"
 #include "support/LogCapture.h"
-#include "transport/FeatureCode.h"
 
 namespace vantix::test {
 namespace {

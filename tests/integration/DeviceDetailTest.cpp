@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "DetailFixture.h"
-#include "core/LastError.h"
+#include "base/LastError.h"
 #include "support/FakeClock.h"
 
 namespace vantix::test {

@@ -5,8 +5,8 @@
 #include <map>
 
 #include "OperationOutput.h"
-#include "records/CloudFileQuery.h"
 #include "support/LocalFile.h"
+#include "vantix/records/CloudFileQuery.h"
 
 namespace vantix::test {
 namespace {

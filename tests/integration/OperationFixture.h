@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "OperationCalls.h"
-#include "records/ConfigInfo.h"
 #include "support/CoreFixture.h"
+#include "vantix/records/ConfigInfo.h"
 
 namespace vantix::test {
 

@@ -4,9 +4,9 @@
 
 #include "OperationFixture.h"
 #include "OperationOutput.h"
-#include "records/CloudFileQuery.h"
 #include "support/LocalFile.h"
 #include "support/LogCapture.h"
+#include "vantix/records/CloudFileQuery.h"
 
 namespace vantix::test {
 namespace {

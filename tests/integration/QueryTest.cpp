@@ -8,7 +8,7 @@
 #include "OperationTable.h"
 #include "PlatformCase.h"
 #include "QueryPage.h"
-#include "core/LastError.h"
+#include "base/LastError.h"
 #include "support/LogCapture.h"
 
 namespace vantix::test {

@@ -11,9 +11,9 @@
 #include <vector>
 
 #include "DetailFixture.h"
-#include "records/P2PDevInfo.h"
-#include "records/P2PUserInfo.h"
-#include "records/ServerInfo.h"
+#include "vantix/records/P2PDevInfo.h"
+#include "vantix/records/P2PUserInfo.h"
+#include "vantix/records/ServerInfo.h"
 
 namespace vantix::test {
 namespace {

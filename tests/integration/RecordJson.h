@@ -4,10 +4,10 @@
 /// Device detail records as JSON under the cloud's own member names, so that a record can be held against what the
 /// cloud stores, and against itself before and after.
 
-#include "records/BelongDevInfo.h"
-#include "records/DevChannelInfo.h"
-#include "records/DevDetailInfo.h"
 #include "support/SimulatorClient.h"
+#include "vantix/records/BelongDevInfo.h"
+#include "vantix/records/DevChannelInfo.h"
+#include "vantix/records/DevDetailInfo.h"
 
 namespace vantix::test {
 

@@ -7,10 +7,10 @@
 #include <cctype>
 
 #include "PlatformCase.h"
+#include "requests/FeatureCode.h"
 #include "support/CoreFixture.h"
 #include "support/FakeClock.h"
 #include "support/LogCapture.h"
-#include "transport/FeatureCode.h"
 
 namespace vantix::test {
 namespace {

@@ -4,10 +4,10 @@
 #include <array>
 
 #include "StoryFixture.h"
-#include "records/CloudFileQuery.h"
-#include "records/P2PDevInfo.h"
-#include "records/P2PUserInfo.h"
-#include "records/ServerInfo.h"
+#include "vantix/records/CloudFileQuery.h"
+#include "vantix/records/P2PDevInfo.h"
+#include "vantix/records/P2PUserInfo.h"
+#include "vantix/records/ServerInfo.h"
 
 namespace vantix::test {
 namespace {

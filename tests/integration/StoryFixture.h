@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "DetailFixture.h"
-#include "records/DeviceList.h"
-#include "records/RecordFileList.h"
+#include "vantix/records/DeviceList.h"
+#include "vantix/records/RecordFileList.h"
 
 namespace vantix::test {
 

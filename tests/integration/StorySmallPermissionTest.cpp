@@ -4,14 +4,14 @@
 #include <array>
 
 #include "StoryFixture.h"
-#include "core/LastError.h"
-#include "records/BWCheckInfo.h"
-#include "records/CloudFileQuery.h"
-#include "records/ConfigInfo.h"
-#include "records/P2PDevInfo.h"
-#include "records/P2PUserInfo.h"
-#include "records/ServerInfo.h"
-#include "records/TransparentMsgDetail.h"
+#include "base/LastError.h"
+#include "vantix/records/BWCheckInfo.h"
+#include "vantix/records/CloudFileQuery.h"
+#include "vantix/records/ConfigInfo.h"
+#include "vantix/records/P2PDevInfo.h"
+#include "vantix/records/P2PUserInfo.h"
+#include "vantix/records/ServerInfo.h"
+#include "vantix/records/TransparentMsgDetail.h"
 
 namespace vantix::test {
 namespace {

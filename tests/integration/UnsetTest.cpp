@@ -3,15 +3,15 @@
 #include <functional>
 
 #include "RecordJson.h"
-#include "records/BWCheckInfo.h"
-#include "records/CloudFileQuery.h"
-#include "records/DeviceList.h"
-#include "records/P2PDevInfo.h"
-#include "records/P2PUserInfo.h"
-#include "records/RecordFileList.h"
-#include "records/ServerInfo.h"
-#include "records/TransparentMsgDetail.h"
 #include "support/CoreFixture.h"
+#include "vantix/records/BWCheckInfo.h"
+#include "vantix/records/CloudFileQuery.h"
+#include "vantix/records/DeviceList.h"
+#include "vantix/records/P2PDevInfo.h"
+#include "vantix/records/P2PUserInfo.h"
+#include "vantix/records/RecordFileList.h"
+#include "vantix/records/ServerInfo.h"
+#include "vantix/records/TransparentMsgDetail.h"
 
 namespace vantix::test {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/ProcessSwitches.h"
-#include "boundary/Logger.h"
+#include "log/Logger.h"
 
 namespace vantix::test {
 

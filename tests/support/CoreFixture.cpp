@@ -1,6 +1,6 @@
 #include "support/CoreFixture.h"
 
-#include "core/LastError.h"
+#include "base/LastError.h"
 #include "cryptowrap/cryptowrap.h"
 #include "hwprint/hwprint.h"
 

@@ -3,17 +3,17 @@
 /// @file
 /// The platform's records as JSON, every field under the name that it has in the answer or in the record.
 
-#include "records/BWCheckInfo.h"
-#include "records/ConfigInfo.h"
-#include "records/DeviceList.h"
-#include "records/P2PDevInfo.h"
-#include "records/P2PUserInfo.h"
-#include "records/RecordFileList.h"
 #include "records/RefreshTokenInfo.h"
 #include "records/RelayServerInfo.h"
-#include "records/ServerInfo.h"
-#include "records/TransparentMsgDetail.h"
 #include "support/TestJson.h"
+#include "vantix/records/BWCheckInfo.h"
+#include "vantix/records/ConfigInfo.h"
+#include "vantix/records/DeviceList.h"
+#include "vantix/records/P2PDevInfo.h"
+#include "vantix/records/P2PUserInfo.h"
+#include "vantix/records/RecordFileList.h"
+#include "vantix/records/ServerInfo.h"
+#include "vantix/records/TransparentMsgDetail.h"
 
 namespace vantix::test {
 

@@ -7,10 +7,10 @@
 #include <climits>
 
 #include "core/CVantixDataCenter.h"
-#include "records/DevChannelInfo.h"
-#include "records/DevDetailInfo.h"
 #include "support/DetailAnswer.h"
 #include "unit/boundary/HandleTest.h"
+#include "vantix/records/DevChannelInfo.h"
+#include "vantix/records/DevDetailInfo.h"
 
 namespace vantix::test {
 namespace {

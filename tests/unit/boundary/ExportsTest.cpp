@@ -8,13 +8,13 @@
 #include <thread>
 #include <vector>
 
-#include "records/DevChannelInfo.h"
-#include "records/DevDetailInfo.h"
 #include "support/DetailAnswer.h"
 #include "support/FailingNew.h"
 #include "support/TestData.h"
 #include "unit/boundary/HandleTest.h"
 #include "unit/boundary/Operations.h"
+#include "vantix/records/DevChannelInfo.h"
+#include "vantix/records/DevDetailInfo.h"
 
 namespace vantix::test {
 namespace {

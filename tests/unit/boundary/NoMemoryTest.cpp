@@ -5,13 +5,13 @@
 
 #include <set>
 
-#include "records/DevChannelInfo.h"
-#include "records/DevDetailInfo.h"
 #include "support/DetailAnswer.h"
 #include "support/FailingNew.h"
 #include "tvllog/tvllog.h"
 #include "unit/boundary/HandleTest.h"
 #include "unit/boundary/Operations.h"
+#include "vantix/records/DevChannelInfo.h"
+#include "vantix/records/DevDetailInfo.h"
 
 namespace vantix::test {
 namespace {

@@ -2,16 +2,16 @@
 
 #include <array>
 
-#include "records/BWCheckInfo.h"
-#include "records/ConfigInfo.h"
-#include "records/DevChannelInfo.h"
-#include "records/DevDetailInfo.h"
-#include "records/DeviceList.h"
-#include "records/P2PDevInfo.h"
-#include "records/P2PUserInfo.h"
-#include "records/RecordFileList.h"
-#include "records/ServerInfo.h"
-#include "records/TransparentMsgDetail.h"
+#include "vantix/records/BWCheckInfo.h"
+#include "vantix/records/ConfigInfo.h"
+#include "vantix/records/DevChannelInfo.h"
+#include "vantix/records/DevDetailInfo.h"
+#include "vantix/records/DeviceList.h"
+#include "vantix/records/P2PDevInfo.h"
+#include "vantix/records/P2PUserInfo.h"
+#include "vantix/records/RecordFileList.h"
+#include "vantix/records/ServerInfo.h"
+#include "vantix/records/TransparentMsgDetail.h"
 
 namespace vantix::test {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "records/CloudFileQuery.h"
 #include "vantix/IVantixDataCenter.h"
+#include "vantix/records/CloudFileQuery.h"
 
 namespace vantix::test {
 

@@ -1,5 +1,3 @@
-# The sinks and the transfers of these tests are scripted, and the end of the process can be caught: the linker sends the
-# calls to the tests' own functions.
+# Transfers are scripted: the linker sends libcurl's calls to the tests' own functions.
 target_link_options(${VANTIX_TEST} PRIVATE
-    "LINKER:--wrap=TVL_OutputDebugString" "LINKER:--wrap=abort"
     "LINKER:--wrap=curl_easy_setopt" "LINKER:--wrap=curl_easy_perform" "LINKER:--wrap=curl_easy_cleanup")

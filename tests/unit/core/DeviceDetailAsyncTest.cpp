@@ -3,7 +3,7 @@
 #include <atomic>
 #include <thread>
 
-#include "core/LastError.h"
+#include "base/LastError.h"
 #include "support/NoThreads.h"
 #include "unit/core/CoreTest.h"
 #include "vantix/ReturnCodes.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <thread>
 
-#include "core/LastError.h"
+#include "base/LastError.h"
 #include "unit/core/CoreTest.h"
 #include "vantix/ReturnCodes.h"
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <string>
 
-#include "core/LastError.h"
+#include "base/LastError.h"
 #include "support/TestJson.h"
 #include "unit/core/CoreTest.h"
 #include "vantix/ReturnCodes.h"

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "core/LastError.h"
+#include "base/LastError.h"
 #include "core/QueryTable.h"
 #include "support/PlainTable.h"
 #include "support/TestData.h"

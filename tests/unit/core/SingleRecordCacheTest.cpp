@@ -9,8 +9,8 @@
 #include <thread>
 #include <vector>
 
-#include "records/P2PUserInfo.h"
 #include "support/FakeClock.h"
+#include "vantix/records/P2PUserInfo.h"
 
 namespace vantix::test {
 namespace {

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "boundary/Logger.h"
+#include "log/Logger.h"
 #include "support/CleanSwitches.h"
 #include "support/LogCapture.h"
 #include "support/TestJson.h"

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "records/DevChannelInfo.h"
-#include "records/DevDetailInfo.h"
 #include "support/TestJson.h"
 #include "unit/platform/DetailRecords.h"
+#include "vantix/records/DevChannelInfo.h"
+#include "vantix/records/DevDetailInfo.h"
 
 namespace vantix::test {
 

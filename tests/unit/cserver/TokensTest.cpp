@@ -2,9 +2,9 @@
 
 #include "cserver/Tokens.h"
 
+#include "requests/FeatureCode.h"
 #include "support/FakeClock.h"
 #include "support/ScriptedTransport.h"
-#include "transport/FeatureCode.h"
 #include "unit/cserver/ConsumerAnswer.h"
 
 namespace vantix::test {

@@ -10,7 +10,7 @@
 
 #include "base/NumberText.h"
 #include "json/DecimalPoint.h"
-#include "json/Envelope.h"
+#include "requests/Envelope.h"
 #include "unit/json/Readers.h"
 
 namespace vantix::test {

@@ -8,10 +8,10 @@
 #include <variant>
 #include <vector>
 
-#include "records/BelongDevInfo.h"
-#include "records/DevChannelInfo.h"
-#include "records/DevDetailInfo.h"
 #include "support/TestJson.h"
+#include "vantix/records/BelongDevInfo.h"
+#include "vantix/records/DevChannelInfo.h"
+#include "vantix/records/DevDetailInfo.h"
 
 namespace vantix::test {
 

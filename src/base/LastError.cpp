@@ -1,0 +1,37 @@
+#include "base/LastError.h"
+
+#include <cstdint>
+
+#include "tvl/tvl.h"
+
+namespace vantix {
+namespace {
+
+/// The slot is made on first use: nothing happens while the library is being loaded.
+struct Slot {
+    Slot() : isThere(TVL_ThreadTls_Create(&number) == 0) {}
+
+    unsigned number = 0;
+    bool isThere;
+};
+
+const Slot& LastErrorSlot() {
+    static const Slot slot;
+    return slot;
+}
+
+}  // namespace
+
+void SetThreadLastError(int code) {
+    if (const Slot& slot = LastErrorSlot(); slot.isThere) {
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): a slot holds pointers
+        TVL_ThreadTls_SetValue(slot.number, reinterpret_cast<void*>(static_cast<intptr_t>(code)));
+    }
+}
+
+int ThreadLastError() {
+    const Slot& slot = LastErrorSlot();
+    return slot.isThere ? static_cast<int>(reinterpret_cast<intptr_t>(TVL_ThreadTls_GetValue(slot.number))) : 0;
+}
+
+}  // namespace vantix

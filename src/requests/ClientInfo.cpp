@@ -1,0 +1,42 @@
+#include "requests/ClientInfo.h"
+
+#include "requests/FeatureCode.h"
+
+namespace vantix {
+
+ClientInfo::ClientInfo() : featureCode(PublicGetHDSign()) {}
+
+void AddClientSet(ParamMap& params, const ClientInfo& client) {
+    params.Add("clientType", client.clientType);
+    params.Add("featureCode", client.featureCode);
+    params.Add("osVersion", client.osVersion);
+    params.Add("clientVersion", client.clientVersion);
+    params.Add("netType", client.netType);
+    params.Add("sdkVersion", client.sdkVersion);
+}
+
+ParamMap ConsumerHeadersA(const ClientInfo& client, const std::string& sessionId) {
+    ParamMap headers;
+    headers.Add("sessionId", sessionId);
+    headers.Add("osVersion", client.osVersion);
+    headers.Add("netType", client.netType);
+    headers.Add("osVersion", client.osVersion);  // added twice, kept once
+    headers.Add("clientVersion", client.clientVersion);
+    headers.Add("clientType", client.clientType);
+    headers.Add("clientNo", kCustomerNumber);
+    return headers;
+}
+
+ParamMap ConsumerHeadersB(const ClientInfo& client, const std::string& sessionId) {
+    ParamMap headers;
+    headers.Add("clientType", client.clientType);
+    headers.Add("clientVersion", client.clientVersion);
+    headers.Add("customno", kCustomerNumber);
+    headers.Add("featureCode", client.featureCode);
+    headers.Add("netType", client.netType);
+    headers.Add("lang", kLanguage);
+    headers.Add("sessionId", sessionId);
+    return headers;
+}
+
+}  // namespace vantix

@@ -1,0 +1,267 @@
+// How the compiler's name of a function becomes the tag of its lines.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "log/Logger.h"
+#include "support/CleanSwitches.h"
+#include "support/LogCapture.h"
+
+#define TAG_OF_THIS (std::string(::vantix::MakeFunctionTag(VANTIX_FUNCTION_NAME).text))
+
+std::string FreeAndGlobal() { return TAG_OF_THIS; }
+
+namespace vantix::tagged {
+
+struct Nothing {};
+
+std::string Free() { return TAG_OF_THIS; }
+std::string FreeWithArguments(const std::vector<std::string>& /*texts*/, void (* /*function*/)(int)) {
+    return TAG_OF_THIS;
+}
+std::string FreeWithFunctionArgument(const std::function<int(const std::string&)>& /*function*/) { return TAG_OF_THIS; }
+const std::string& FreeReturningReference() {
+    static const std::string tag = TAG_OF_THIS;
+    return tag;
+}
+const std::string* FreeReturningPointer() {
+    static const std::string tag = TAG_OF_THIS;
+    return &tag;
+}
+std::vector<std::pair<std::string, int>> FreeReturningTemplate() { return {{TAG_OF_THIS, 0}}; }
+std::function<std::string(int)> FreeReturningFunction() {
+    return [tag = TAG_OF_THIS](int) { return tag; };
+}
+decltype(auto) FreeReturningDeduced() { return TAG_OF_THIS; }
+auto FreeReturningTrailing() -> std::string { return TAG_OF_THIS; }
+static std::string FreeStatic() { return TAG_OF_THIS; }
+template <class Value>
+std::string FreeTemplate(const Value& /*value*/) {
+    return TAG_OF_THIS;
+}
+
+namespace {
+std::string Unnamed() { return TAG_OF_THIS; }
+struct UnnamedClass {
+    std::string Method() const { return TAG_OF_THIS; }
+};
+namespace inner {
+std::string Deeper() { return TAG_OF_THIS; }
+}  // namespace inner
+}  // namespace
+
+class CThing {
+public:
+    CThing() : built(TAG_OF_THIS) {}
+    explicit CThing(int /*argument*/) : built(TAG_OF_THIS) {}
+    explicit CThing(std::string* destroyed) : m_destroyed(destroyed) {}
+    virtual ~CThing() {
+        if (m_destroyed != nullptr) {
+            *m_destroyed = TAG_OF_THIS;
+        }
+    }
+    CThing(const CThing&) = delete;
+    CThing& operator=(const CThing&) = delete;
+
+    std::string method() { return TAG_OF_THIS; }
+    std::string constMethod(int /*argument*/) const { return TAG_OF_THIS; }
+    std::string noexceptMethod() noexcept { return TAG_OF_THIS; }
+    static std::string staticMethod(const Nothing& /*argument*/) { return TAG_OF_THIS; }
+    const std::string& methodReturningReference() {
+        m_kept = TAG_OF_THIS;
+        return m_kept;
+    }
+    template <class Value>
+    std::string methodTemplate(Value /*value*/) {
+        return TAG_OF_THIS;
+    }
+    virtual std::string virtualMethod() { return TAG_OF_THIS; }
+
+    std::string lambda(int /*argument*/) {
+        return [] { return TAG_OF_THIS; }();
+    }
+    std::string lambdaWithArguments() const {
+        return [](const std::string& /*text*/, int /*number*/) { return TAG_OF_THIS; }("", 1);
+    }
+    std::string nestedLambda() {
+        return [] { return [] { return TAG_OF_THIS; }(); }();
+    }
+    std::string mutableLambda() {
+        return [n = 0]() mutable {
+            ++n;
+            return TAG_OF_THIS;
+        }();
+    }
+
+    struct Inner {
+        std::string method() const { return TAG_OF_THIS; }
+    };
+
+    std::string built;
+
+private:
+    std::string m_kept;
+    std::string* m_destroyed = nullptr;
+};
+
+template <class Value>
+struct CTemplate {
+    std::string method() { return TAG_OF_THIS; }
+};
+
+std::string FreeLambda() {
+    return [] { return TAG_OF_THIS; }();
+}
+
+}  // namespace vantix::tagged
+
+namespace vantix::test {
+namespace {
+
+using namespace vantix::tagged;  // NOLINT(google-build-using-namespace): the subjects of this file
+
+TEST(FunctionTag, FreeFunctionIsItsBareName) {
+    EXPECT_EQ(FreeAndGlobal(), "FreeAndGlobal");
+    EXPECT_EQ(Free(), "Free");
+    EXPECT_EQ(FreeStatic(), "FreeStatic");
+    EXPECT_EQ(FreeWithArguments({}, nullptr), "FreeWithArguments");
+    EXPECT_EQ(FreeWithFunctionArgument({}), "FreeWithFunctionArgument");
+    EXPECT_EQ(FreeTemplate(5), "FreeTemplate");
+    EXPECT_EQ(FreeTemplate(std::vector<std::string>()), "FreeTemplate");
+}
+
+TEST(FunctionTag, ReturnTypeIsNoPartOfIt) {
+    EXPECT_EQ(FreeReturningReference(), "FreeReturningReference");
+    EXPECT_EQ(*FreeReturningPointer(), "FreeReturningPointer");
+    EXPECT_EQ(FreeReturningTemplate().front().first, "FreeReturningTemplate");
+    EXPECT_EQ(FreeReturningTrailing(), "FreeReturningTrailing");
+}
+
+TEST(FunctionTag, ReturnTypeWithParenthesesIsNoPartOfIt) {
+    EXPECT_EQ(FreeReturningFunction()(0), "FreeReturningFunction");
+}
+
+TEST(FunctionTag, DeducedReturnTypeIsNoPartOfIt) { EXPECT_EQ(FreeReturningDeduced(), "FreeReturningDeduced"); }
+
+TEST(FunctionTag, UnnamedNamespaceIsNoPartOfIt) {
+    EXPECT_EQ(Unnamed(), "Unnamed");
+    EXPECT_EQ(UnnamedClass().Method(), "UnnamedClass::Method");
+    EXPECT_EQ(inner::Deeper(), "Deeper");
+}
+
+TEST(FunctionTag, MethodIsClassAndName) {
+    CThing thing;
+    EXPECT_EQ(thing.method(), "CThing::method");
+    EXPECT_EQ(thing.constMethod(1), "CThing::constMethod");
+    EXPECT_EQ(thing.noexceptMethod(), "CThing::noexceptMethod");
+    EXPECT_EQ(CThing::staticMethod({}), "CThing::staticMethod");
+    EXPECT_EQ(thing.methodReturningReference(), "CThing::methodReturningReference");
+    EXPECT_EQ(thing.methodTemplate("text"), "CThing::methodTemplate");
+    EXPECT_EQ(thing.virtualMethod(), "CThing::virtualMethod");
+    EXPECT_EQ(CThing::Inner().method(), "CThing::Inner::method");
+}
+
+TEST(FunctionTag, ConstructorAndDestructorAreMethods) {
+    EXPECT_EQ(CThing().built, "CThing::CThing");
+    EXPECT_EQ(CThing(1).built, "CThing::CThing");
+    std::string destroyed;
+    std::make_unique<CThing>(&destroyed).reset();
+    EXPECT_EQ(destroyed, "CThing::~CThing");
+}
+
+TEST(FunctionTag, MethodOfAClassTemplateKeepsClassAndName) {
+    EXPECT_THAT(CTemplate<int>().method(), testing::StartsWith("CTemplate"));
+    EXPECT_THAT(CTemplate<int>().method(), testing::EndsWith("::method"));
+    EXPECT_THAT(CTemplate<std::vector<int>>().method(), testing::StartsWith("CTemplate"));
+    EXPECT_THAT(CTemplate<std::vector<int>>().method(), testing::EndsWith("::method"));
+}
+
+TEST(FunctionTag, LambdaBeginsWithTheTagOfTheFunctionAroundIt) {
+    CThing thing;
+    EXPECT_THAT(thing.lambda(1), testing::StartsWith("CThing::lambda::"));
+    EXPECT_THAT(thing.lambdaWithArguments(), testing::StartsWith("CThing::lambdaWithArguments::"));
+    EXPECT_THAT(thing.nestedLambda(), testing::StartsWith("CThing::nestedLambda::"));
+    EXPECT_THAT(thing.mutableLambda(), testing::StartsWith("CThing::mutableLambda::"));
+    EXPECT_THAT(FreeLambda(), testing::StartsWith("FreeLambda::"));
+}
+
+/// Names as other compilers spell them.
+struct Spelling {
+    const char* name;
+    const char* tag;
+};
+
+constexpr Spelling kSpellings[] = {
+    // This compiler's family.
+    {"std::string vantix::CVantixDataCenter::getB2CTokens(const std::string&, int)", "CVantixDataCenter::getB2CTokens"},
+    {"const std::__cxx11::basic_string<char>& vantix::CVantixDataCenter::getAccessToken()",
+     "CVantixDataCenter::getAccessToken"},
+    {"int vantix::{anonymous}::NotAvailable(const vantix::CallSite&)", "NotAvailable"},
+    {"vantix::CVantixDataCenter::CVantixDataCenter()", "CVantixDataCenter::CVantixDataCenter"},
+    {"vantix::CVantixDataCenter::getDevDetailInfo(const string&, int)::<lambda()>",
+     "CVantixDataCenter::getDevDetailInfo::<lambda()>"},
+    // clang.
+    {"int vantix::(anonymous namespace)::NotAvailable(const CallSite &)", "NotAvailable"},
+    {"auto vantix::CVantixDataCenter::getDevDetailInfo(const std::string &, int)::(anonymous class)::operator()() "
+     "const",
+     "CVantixDataCenter::getDevDetailInfo::(anonymous class)::operator()()"},
+    {"const GuardedText &vantix::CVantixDataCenter::getDomain(const std::string &, int)",
+     "CVantixDataCenter::getDomain"},
+    {"auto vantix::Guarded<std::string>::With(Use &&) [Value = std::string, Use = (lambda at x.cpp:1:2)]",
+     "Guarded<std::string>::With"},
+    // The Windows compiler: no return type, no arguments.
+    {"vantix::CVantixDataCenter::getDomain", "CVantixDataCenter::getDomain"},
+    {"vantix::`anonymous-namespace'::NotAvailable", "NotAvailable"},
+    {"vantix::GetServerInfoFromPlatform", "GetServerInfoFromPlatform"},
+    {"GetServerInfoFromPlatform", "GetServerInfoFromPlatform"},
+};
+
+TEST(FunctionTag, SpellingsOfAllCompilersGiveTheSameTag) {
+    for (const Spelling& spelling : kSpellings) {
+        std::string tag(std::string(spelling.name).size() + 1, '\0');
+        tag_detail::WriteTag(spelling.name, tag.data());
+        EXPECT_STREQ(tag.c_str(), spelling.tag) << spelling.name;
+    }
+}
+
+TEST(FunctionTag, LambdaOfTheWindowsCompilerBeginsWithTheMethodsTag) {
+    for (const char* call : {"operator()", "operator ()"}) {
+        const std::string name = std::string("vantix::CVantixDataCenter::getDevDetailInfo::<lambda_1>::") + call;
+        char tag[128] = {};
+        tag_detail::WriteTag(name.c_str(), tag);
+        EXPECT_THAT(std::string(tag), testing::StartsWith("CVantixDataCenter::getDevDetailInfo::<lambda_1>")) << name;
+    }
+}
+
+TEST(FunctionTag, NamesThatAreNoneAreSurvived) {
+    for (const char* name :
+         {"", "(", ")", "()", "::", "a::", "::(", "((((", "))))", "<", ">", " ", "f(", "operator()"}) {
+        char tag[64] = {};
+        tag_detail::WriteTag(name, tag);
+        EXPECT_LT(std::string(tag).size(), sizeof(tag)) << name;
+    }
+}
+
+TEST(FunctionTag, IsMadeAtCompileTime) {
+    static constexpr auto kTag = MakeFunctionTag("int vantix::CRequest::SyncRequest(const char*)");
+    static_assert(kTag.text[0] == 'C' && kTag.text[8] == ':' && kTag.text[9] == ':');
+    EXPECT_STREQ(kTag.text, "CRequest::SyncRequest");
+}
+
+TEST(FunctionTag, BothKindsOfStatementWriteTheSameTag) {
+    const CleanSwitches clean;
+    const LogCapture lines;
+    VANTIX_LOG_INFO(3, "statement");
+    LogInfoAt(VANTIX_HERE, 3, "in the name of");
+    ASSERT_EQ(lines.Lines().size(), 2U);
+    EXPECT_EQ(lines.Lines()[0].Tag(), "FunctionTag_BothKindsOfStatementWriteTheSameTag_Test::TestBody");
+    EXPECT_EQ(lines.Lines()[1].Tag(), lines.Lines()[0].Tag());
+}
+
+}  // namespace
+}  // namespace vantix::test

@@ -1,0 +1,152 @@
+// The line buffer of 40,960 bytes, and what becomes of texts that fill it or do not fit.
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <string>
+
+#include "log/Logger.h"
+#include "support/CleanSwitches.h"
+#include "support/FailingNew.h"
+#include "unit/log/EndOfProcess.h"
+#include "unit/log/Sinks.h"
+
+namespace vantix::test {
+namespace {
+
+constexpr CallSite kSite{"void vantix::Function()", 1};
+
+/// The length of a line's prefix when it is written in the name of kSite.
+size_t PrefixLength() {
+    return std::string("[] VX   INFO \t<Function>\t<1>,").size() + std::to_string(ProcessId()).size();
+}
+
+/// The roads that a message can take to the buffer, and how many characters each puts before it.
+struct Road {
+    const char* name;
+    void (*write)(const char* message);
+    size_t before;
+};
+
+/// How the test's name tells the road.
+void PrintTo(const Road& road, std::ostream* stream) { *stream << road.name; }
+
+const Road kLog{"Log", [](const char* message) { log(5, "%s", message); }, 0};
+const Road kLogAt{"LogAt", [](const char* message) { LogInfoAt(kSite, 5, "%s", message); }, PrefixLength()};
+
+class LoggerBufferTest : public testing::TestWithParam<Road> {
+protected:
+    /// A message that makes a text of this many characters.
+    static std::string Message(size_t length) {
+        std::string message;
+        message.resize(length - GetParam().before, 'x');
+        return message;
+    }
+    static void Write(size_t length) { GetParam().write(Message(length).c_str()); }
+
+    /// What each sink received as its only text.
+    void ExpectBothReceived(const std::string& sizeName, size_t length, bool empty) {
+        SCOPED_TRACE(sizeName);
+        const auto all = sinks.All();
+        ASSERT_EQ(all.size(), 2U);
+        for (const Emitted& emitted : all) {
+            EXPECT_EQ(emitted.text.size(), empty ? 0 : length + 1) << emitted.sink;
+            EXPECT_EQ(emitted.text.find('\n'), empty ? std::string::npos : length) << emitted.sink;
+        }
+        EXPECT_EQ(all[0].sink, "debugger");
+    }
+
+    CleanSwitches clean;
+    Sinks sinks;
+};
+
+TEST_P(LoggerBufferTest, TextThatLeavesRoomArrivesWhole) {
+    for (const size_t length : {100U, 40'957U, 40'958U}) {
+        sinks.Clear();
+        Write(length);
+        ExpectBothReceived(std::to_string(length), length, false);
+    }
+}
+
+TEST_P(LoggerBufferTest, TextThatDoesNotFitBecomesEmpty) {
+    for (const size_t length : {40'961U, 40'962U, 100'000U, 1'000'000U}) {
+        sinks.Clear();
+        Write(length);
+        ExpectBothReceived(std::to_string(length), length, true);
+    }
+}
+
+TEST_P(LoggerBufferTest, TextThatFillsTheBufferEndsTheProcessAndIsNotEmitted) {
+    for (const size_t length : {40'959U, 40'960U}) {
+        EXPECT_TRUE(TriesToEndTheProcess(GetParam().write, Message(length).c_str())) << length;
+        EXPECT_TRUE(sinks.All().empty()) << length;
+    }
+    for (const size_t length : {40'958U, 40'961U}) {
+        EXPECT_FALSE(TriesToEndTheProcess(GetParam().write, Message(length).c_str())) << length;
+    }
+}
+
+TEST_P(LoggerBufferTest, NothingCatchesThatEndOfTheProcess) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    EXPECT_DEATH_IF_SUPPORTED(Write(40'959), "");
+    EXPECT_DEATH_IF_SUPPORTED(Write(40'960), "");
+}
+
+TEST_P(LoggerBufferTest, FilteredTextOfAnyLengthDoesNothing) {
+    iLogLevel = 6;
+    for (const size_t length : {40'959U, 40'960U, 40'961U}) {
+        Write(length);
+    }
+    EXPECT_TRUE(sinks.All().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Roads, LoggerBufferTest, testing::Values(kLog, kLogAt),
+                         [](const auto& road) { return road.param.name; });
+
+TEST(LoggerBuffer, EmptyTextIsANewline) {
+    const CleanSwitches clean;
+    const Sinks sinks;
+    log(5, "%s", "");
+    ASSERT_EQ(sinks.All().size(), 2U);
+    EXPECT_EQ(sinks.All()[0].text, "\n");
+    EXPECT_EQ(sinks.All()[1].text, "\n");
+}
+
+TEST(LoggerBuffer, LineAfterALongOneShowsNothingOfIt) {
+    const CleanSwitches clean;
+    Sinks sinks;
+    log(5, "%s", std::string(40'000, 'x').c_str());
+    sinks.Clear();
+    log(5, "%s", "xxx");
+    ASSERT_EQ(sinks.All().size(), 2U);
+    EXPECT_EQ(sinks.All()[1].text, "xxx\n");
+}
+
+TEST(LoggerBuffer, LoggingAllocatesNothing) {
+    const CleanSwitches clean;
+    log(5, "%s", "the first line builds the core");
+    const std::string text(30'000, 'x');
+    const FailingNew failing(1);
+    VANTIX_LOG_ERROR(5, "%d %s", 5, text.c_str());
+    LogErrorAt(kSite, 5, "%d %s", 5, text.c_str());
+    EXPECT_FALSE(FailingNew::Fired());
+}
+
+TEST(LoggerBuffer, LineIsDroppedWhenTheCoreCannotBeBuilt) {
+    const CleanSwitches clean;
+    const size_t before = Sinks::DebuggerTexts();
+    bool fired = false;
+    {
+        const FailingNew failing(1);
+        VANTIX_LOG_ERROR(5, "first of the process");
+        fired = FailingNew::Fired();
+    }
+    // Where an earlier case of the process has built the core, nothing fails and the line is written.
+    const size_t first = fired ? 0 : 1;
+    EXPECT_EQ(Sinks::DebuggerTexts(), before + first);
+    VANTIX_LOG_ERROR(5, "second");
+    EXPECT_EQ(Sinks::DebuggerTexts(), before + first + 1);
+}
+
+}  // namespace
+}  // namespace vantix::test

@@ -1,0 +1,228 @@
+// The format of a line, the filter, the two sinks.
+
+#include "log/Logger.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "support/CleanSwitches.h"
+#include "unit/log/Sinks.h"
+
+#if defined(_WIN32)
+#include <process.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace vantix::test {
+namespace {
+
+int SystemProcessId() {
+#if defined(_WIN32)
+    return _getpid();
+#else
+    return getpid();
+#endif
+}
+
+class LoggerTest : public testing::Test {
+protected:
+    /// The only text that the log library received.
+    std::string OnlyText() const {
+        const auto texts = sinks.Texts("log library");
+        EXPECT_EQ(texts.size(), 1U);
+        return texts.empty() ? "<nothing>" : texts.front();
+    }
+
+    CleanSwitches clean;
+    Sinks sinks;
+    const std::string pid = std::to_string(SystemProcessId());
+};
+
+TEST_F(LoggerTest, InformationLineIsWhatTheFormatSaysByteByByte) {
+    log(3, VANTIX_INFO_PREFIX "value %d of %s", ProcessId(), "Class::method", 71, 5, "x");
+    EXPECT_EQ(OnlyText(), "[" + pid + "] VX   INFO \t<Class::method>\t<71>,value 5 of x\n");
+}
+
+TEST_F(LoggerTest, ErrorLineIsWhatTheFormatSaysByteByByte) {
+    log(5, VANTIX_ERROR_PREFIX "failed: %d", ProcessId(), "Function", 1, -1);
+    EXPECT_EQ(OnlyText(), "[" + pid + "] VX   ERROR\t<Function>\t<1>,failed: -1\n");
+}
+
+TEST_F(LoggerTest, StatementsTakeTheirPlaceInTheSource) {
+    const int line = __LINE__ + 1;
+    VANTIX_LOG_INFO(level::kInfo, "counted %d", 3);
+    VANTIX_LOG_ERROR(level::kError, "nothing to add");
+    const auto texts = sinks.Texts("log library");
+    ASSERT_EQ(texts.size(), 2U);
+    const std::string tag = "LoggerTest_StatementsTakeTheirPlaceInTheSource_Test::TestBody";
+    EXPECT_EQ(texts[0], "[" + pid + "] VX   INFO \t<" + tag + ">\t<" + std::to_string(line) + ">,counted 3\n");
+    EXPECT_EQ(texts[1], "[" + pid + "] VX   ERROR\t<" + tag + ">\t<" + std::to_string(line + 1) + ">,nothing to add\n");
+}
+
+TEST_F(LoggerTest, ProcessIdIsTheSystems) { EXPECT_EQ(ProcessId(), SystemProcessId()); }
+
+TEST_F(LoggerTest, DebuggerIsToldBeforeTheLogLibraryAndBothGetTheSameText) {
+    VANTIX_LOG_ERROR(4, "one");
+    VANTIX_LOG_INFO(5, "two");
+    const auto all = sinks.All();
+    ASSERT_EQ(all.size(), 4U);
+    for (size_t i = 0; i < all.size(); i += 2) {
+        EXPECT_EQ(all[i].sink, "debugger");
+        EXPECT_EQ(all[i + 1].sink, "log library");
+        EXPECT_EQ(all[i].text, all[i + 1].text);
+    }
+    EXPECT_EQ(all[1].level, 4U);
+    EXPECT_EQ(all[3].level, 5U);
+    EXPECT_EQ(all[1].moduleName, "Vantix");
+    EXPECT_EQ(all[3].moduleName, "Vantix");
+}
+
+TEST_F(LoggerTest, TextEndsWithASingleNewline) {
+    VANTIX_LOG_INFO(3, "text");
+    for (const Emitted& emitted : sinks.All()) {
+        ASSERT_GT(emitted.text.size(), 2U);
+        EXPECT_EQ(emitted.text.substr(emitted.text.size() - 2), "t\n");
+        EXPECT_EQ(emitted.text.find('\n'), emitted.text.size() - 1);
+    }
+}
+
+TEST_F(LoggerTest, DefaultThresholdIsThree) {
+    EXPECT_EQ(level::kInfo, 3);
+    VANTIX_LOG_INFO(1, "level 1");
+    VANTIX_LOG_INFO(2, "level 2");
+    EXPECT_TRUE(sinks.All().empty());
+    VANTIX_LOG_INFO(3, "level 3");
+    VANTIX_LOG_ERROR(4, "level 4");
+    VANTIX_LOG_ERROR(5, "level 5");
+    EXPECT_EQ(sinks.All().size(), 6U);
+}
+
+/// Writes a line by every road.
+void WriteByEveryRoad(int lineLevel) {
+    const CallSite site = VANTIX_HERE;
+    log(lineLevel, VANTIX_INFO_PREFIX "%s", ProcessId(), "f", 1, "x");
+    VANTIX_LOG_INFO(lineLevel, "%s", "x");
+    VANTIX_LOG_ERROR(lineLevel, "%s", "x");
+    LogInfoAt(site, lineLevel, "%s", "x");
+    LogErrorAt(site, lineLevel, "%s", "x");
+}
+
+TEST_F(LoggerTest, LevelAloneDecidesByEveryRoad) {
+    constexpr size_t kRoads = 5;
+    for (const int threshold : {-2147483647 - 1, -1, 0, 1, 2, 3, 4, 5, 6, 7, 2147483647}) {
+        for (int lineLevel = 1; lineLevel <= 5; ++lineLevel) {
+            SCOPED_TRACE("threshold " + std::to_string(threshold) + ", line " + std::to_string(lineLevel));
+            iLogLevel = threshold;
+            sinks.Clear();
+            WriteByEveryRoad(lineLevel);
+            EXPECT_EQ(sinks.All().size(), lineLevel >= threshold ? 2 * kRoads : 0U);
+        }
+    }
+}
+
+TEST_F(LoggerTest, FilteredLineIsNotFormatted) {
+    int written = -1;
+    log(2, "%s%n", "four", &written);
+    const CallSite site = VANTIX_HERE;
+    LogInfoAt(site, 2, "%s%n", "four", &written);
+    LogErrorAt(site, 2, "%s%n", "four", &written);
+    EXPECT_EQ(written, -1);
+    EXPECT_TRUE(sinks.All().empty());
+}
+
+TEST_F(LoggerTest, FormatCharactersInValuesAreText) {
+    const std::string hostile = "%s%s%n%d%99999999d%*d\\ \t end";
+    VANTIX_LOG_ERROR(5, "Resp:%s", hostile.c_str());
+    const CallSite site = VANTIX_HERE;
+    LogErrorAt(site, 5, "Resp:%s", hostile.c_str());
+    for (const std::string& text : sinks.Texts("log library")) {
+        EXPECT_NE(text.find(",Resp:" + hostile + "\n"), std::string::npos) << text;
+    }
+    EXPECT_EQ(sinks.All().size(), 4U);
+}
+
+TEST_F(LoggerTest, BytesPassAsTheyAre) {
+    const std::string bytes = "\xE8\xAE\xBE \xBB\xF1 \xFF\x01\x7F";
+    VANTIX_LOG_ERROR(5, "%s", bytes.c_str());
+    EXPECT_NE(OnlyText().find("," + bytes + "\n"), std::string::npos);
+}
+
+TEST_F(LoggerTest, LineInTheNameOfACallerBearsItsTagAndLine) {
+    const CallSite site{"int vantix::CRequest::SyncRequest(const char*, int) const", 4711};
+    LogInfoAt(site, 3, "a %d", 1);
+    LogErrorAt(site, 5, "b");
+    const auto texts = sinks.Texts("log library");
+    ASSERT_EQ(texts.size(), 2U);
+    EXPECT_EQ(texts[0], "[" + pid + "] VX   INFO \t<CRequest::SyncRequest>\t<4711>,a 1\n");
+    EXPECT_EQ(texts[1], "[" + pid + "] VX   ERROR\t<CRequest::SyncRequest>\t<4711>,b\n");
+}
+
+void Helper(const CallSite& site) { LogInfoAt(site, 3, "done"); }
+
+TEST_F(LoggerTest, PlaceIsHandedDown) {
+    const int line = __LINE__ + 1;
+    Helper(VANTIX_HERE);
+    EXPECT_EQ(OnlyText(), "[" + pid + "] VX   INFO \t<LoggerTest_PlaceIsHandedDown_Test::TestBody>\t<" +
+                              std::to_string(line) + ">,done\n");
+}
+
+TEST_F(LoggerTest, NameTooLongForATagLeavesTheTagEmpty) {
+    const std::string name = "void vantix::" + std::string(2000, 'F') + "()";
+    LogInfoAt({name.c_str(), 1}, 3, "still written");
+    EXPECT_EQ(OnlyText(), "[" + pid + "] VX   INFO \t<>\t<1>,still written\n");
+}
+
+TEST_F(LoggerTest, SinkMayLogItself) {
+    int depth = 0;
+    sinks.OnLine([&] {
+        if (++depth < 3) {
+            VANTIX_LOG_INFO(3, "from the sink, depth %d", depth);
+        }
+    });
+    VANTIX_LOG_ERROR(5, "outer");
+    sinks.OnLine(nullptr);
+    const auto texts = sinks.Texts("log library");
+    ASSERT_EQ(texts.size(), 3U);
+    EXPECT_NE(texts[0].find(",outer\n"), std::string::npos);
+    EXPECT_NE(texts[1].find(",from the sink, depth 1\n"), std::string::npos);
+    EXPECT_NE(texts[2].find(",from the sink, depth 2\n"), std::string::npos);
+}
+
+TEST_F(LoggerTest, LinesOfManyThreadsArriveWhole) {
+    constexpr int kThreads = 8;
+    constexpr int kLines = 50;
+    const std::string filling(3000, '.');
+    std::vector<std::thread> threads;
+    threads.reserve(kThreads);
+    for (int thread = 0; thread < kThreads; ++thread) {
+        threads.emplace_back([&, thread] {
+            for (int i = 0; i < kLines; ++i) {
+                log(3, "%d/%d %s|%d/%d", thread, i, filling.c_str(), thread, i);
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    const auto texts = sinks.Texts("log library");
+    EXPECT_EQ(texts.size(), static_cast<size_t>(kThreads * kLines));
+    for (const std::string& text : texts) {
+        const std::string name = text.substr(0, text.find(' '));
+        EXPECT_EQ(text, std::string(name).append(" ").append(filling).append("|").append(name).append("\n"));
+    }
+}
+
+TEST_F(LoggerTest, ThresholdIsReadAnewForEveryLine) {
+    iLogLevel = 6;
+    VANTIX_LOG_ERROR(5, "silenced");
+    iLogLevel = 5;
+    VANTIX_LOG_ERROR(5, "heard");
+    EXPECT_NE(OnlyText().find(",heard\n"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace vantix::test

@@ -1,0 +1,100 @@
+#include "requests/ClientInfo.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+
+#include "requests/FeatureCode.h"
+#include "support/CleanSwitches.h"
+
+namespace vantix {
+namespace {
+
+int Nothing(char* /*serial*/, char* /*second*/) { return -1; }
+int NoAddress(char* /*mac*/) { return -1; }
+int FixedDigest(const void* /*data*/, unsigned /*length*/, char* digestText, unsigned* digestLength) {
+    *digestLength = static_cast<unsigned>(std::snprintf(digestText, 64, "the-feature-code"));
+    return 0;
+}
+
+class Client : public testing::Test {
+public:
+    Client() {
+        ForgetFeatureCode();
+        PublicGetHDSign({Nothing, NoAddress, FixedDigest});
+    }
+    ~Client() override { ForgetFeatureCode(); }
+    Client(const Client&) = delete;
+    Client& operator=(const Client&) = delete;
+
+protected:
+    test::CleanSwitches m_switches;
+};
+
+TEST_F(Client, SaysWhoSends) {
+    const ClientInfo client;
+    EXPECT_EQ(client.clientType, 19);
+    EXPECT_EQ(client.featureCode, "the-feature-code");
+    EXPECT_EQ(client.osVersion, "wins");
+    EXPECT_EQ(client.clientVersion, "v5.25.0");
+    EXPECT_EQ(client.sdkVersion, "v5.25.0.20260515");
+    EXPECT_EQ(client.netType, "UNKNOWN");
+    EXPECT_STREQ(kCustomerNumber, "100002");
+    EXPECT_STREQ(kLanguage, "EN");
+}
+
+TEST_F(Client, TheParameterSetHasSixMembers) {
+    ParamMap params;
+    AddClientSet(params, ClientInfo());
+    EXPECT_EQ(params.Serialize(),
+              "clientType=19&clientVersion=v5.25.0&featureCode=the-feature-code&netType=UNKNOWN&osVersion=wins"
+              "&sdkVersion=v5.25.0.20260515");
+}
+
+TEST_F(Client, TheParameterSetJoinsWhatIsThere) {
+    ParamMap params;
+    params.Add("accessToken", "at.1");
+    params.Add("osVersion", "mine");
+    AddClientSet(params, ClientInfo());
+    EXPECT_EQ(params.Serialize(),
+              "accessToken=at.1&clientType=19&clientVersion=v5.25.0&featureCode=the-feature-code&netType=UNKNOWN"
+              "&osVersion=mine&sdkVersion=v5.25.0.20260515");
+}
+
+TEST_F(Client, AnEmptyFeatureCodeIsStillSent) {
+    ClientInfo client;
+    client.featureCode.clear();
+    ParamMap params;
+    AddClientSet(params, client);
+    EXPECT_EQ(params.All().at("featureCode"), "");
+    EXPECT_EQ(ConsumerHeadersB(client, "s").All().at("featureCode"), "");
+}
+
+TEST_F(Client, HeaderSetAHasNeitherFeatureCodeNorLanguage) {
+    const ParamMap headers = ConsumerHeadersA(ClientInfo(), "session.1");
+    const ParamMap::Entries expected = {
+        {"sessionId", "session.1"},   {"osVersion", "wins"}, {"netType", "UNKNOWN"},
+        {"clientVersion", "v5.25.0"}, {"clientType", "19"},  {"clientNo", "100002"},
+    };
+    EXPECT_EQ(headers.All(), expected);
+}
+
+TEST_F(Client, HeaderSetBHasBothAndTheOtherNameOfTheCustomer) {
+    const ParamMap headers = ConsumerHeadersB(ClientInfo(), "session.1");
+    const ParamMap::Entries expected = {
+        {"clientType", "19"},       {"clientVersion", "v5.25.0"},
+        {"customno", "100002"},     {"featureCode", "the-feature-code"},
+        {"netType", "UNKNOWN"},     {"lang", "EN"},
+        {"sessionId", "session.1"},
+    };
+    EXPECT_EQ(headers.All(), expected);
+}
+
+TEST_F(Client, AnEmptySessionIsAHeaderToo) {
+    EXPECT_EQ(ConsumerHeadersA(ClientInfo(), "").All().at("sessionId"), "");
+    EXPECT_EQ(ConsumerHeadersB(ClientInfo(), "").All().at("sessionId"), "");
+}
+
+}  // namespace
+}  // namespace vantix

@@ -1,0 +1,3 @@
+# libcurl's functions are led to the transport's CurlSpy first.
+include("${CMAKE_CURRENT_SOURCE_DIR}/unit/transport/options.cmake")
+target_sources(${VANTIX_TEST} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/unit/transport/CurlSpy.cpp")
