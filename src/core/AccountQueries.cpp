@@ -34,7 +34,7 @@ int CVantixDataCenter::getB2CSharedDevList(int offset, int limit, std::string& j
     const Caller caller = callerFor(m_settings.CDomain.Copy(), session);
     const int result = GetB2CSharedDevListFromPlatform(caller, offset, limit, json);
     if (result == VANTIX_ACCESS_TOKEN_EXPIRED) {
-        VANTIX_LOG_ERROR(level::kError, "Token exception or expired iRet = %d", result);
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "Token exception or expired iRet = %d", result);
     }
     return result;
 }
@@ -77,8 +77,8 @@ int CVantixDataCenter::getConfigInfo(ConfigInfo& config) {
     const int result = GetConfigInfoFromPlatform(caller, answer);
     if (result == VANTIX_NOERROR) {
         config = std::move(answer);
-        VANTIX_LOG_INFO(level::kInfo, "GetConfig, bEableDataCollect:%d, VTDUType:%d, OpenP2P:%d", config.dataCollect,
-                        config.streamType, config.openP2P);
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "GetConfig, bEableDataCollect:%d, VTDUType:%d, OpenP2P:%d",
+                        config.dataCollect, config.streamType, config.openP2P);
         m_settings.config.VTDUType = config.streamType;
         m_settings.config.bEableDataCollect = config.dataCollect;
     }

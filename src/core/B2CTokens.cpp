@@ -31,19 +31,19 @@ void CVantixDataCenter::SetB2CTokens(const std::string& text) {
     json::Json11Document document;
     if (!document.Parse(text)) {
         // The text names the other kind of tokens, and is kept so.
-        VANTIX_LOG_ERROR(level::kError, "szDeviceTkTokens parse error %s", document.Error().c_str());
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "szDeviceTkTokens parse error %s", document.Error().c_str());
         return;
     }
     for (size_t i = 0; i < document.Root().Size(); ++i) {
         B2CToken entry;
         json::ReadFields(document.Root().Element(i), kMembers, entry);
         const std::string key = B2CKey(entry.deviceSerial, entry.channelNo);
-        VANTIX_LOG_INFO(level::kTrace, "setB2CTokens key = %s isShared = %d", key.c_str(), entry.isShared);
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kTrace, "setB2CTokens key = %s isShared = %d", key.c_str(), entry.isShared);
         tokens[key] = std::move(entry);
     }
     const int count = static_cast<int>(tokens.size());
     m_mapB2CTokens.Assign(std::move(tokens));
-    VANTIX_LOG_INFO(level::kInfo, "m_mapB2CTokens size = %d ", count);
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "m_mapB2CTokens size = %d ", count);
 }
 
 std::string CVantixDataCenter::getB2CTokens(const std::string& serial, int ch) {
@@ -52,10 +52,10 @@ std::string CVantixDataCenter::getB2CTokens(const std::string& serial, int ch) {
 
 std::string CVantixDataCenter::getB2CTokens(const std::string& serial, const std::string& ch) {
     const std::string key = B2CKey(serial, ch);
-    VANTIX_LOG_INFO(level::kInfo, "getB2CTokens key = %s ", key.c_str());
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "getB2CTokens key = %s ", key.c_str());
     const auto entry = Find(m_mapB2CTokens, key);
     if (!entry) {
-        VANTIX_LOG_ERROR(level::kError, "The key does not exist key = %s", key.c_str());
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "The key does not exist key = %s", key.c_str());
         return {};
     }
     return entry->token;
@@ -63,10 +63,10 @@ std::string CVantixDataCenter::getB2CTokens(const std::string& serial, const std
 
 bool CVantixDataCenter::isB2CSharedDevice(const std::string& serial, int ch) {
     const std::string key = B2CKey(serial, std::to_string(ch));
-    VANTIX_LOG_INFO(level::kInfo, "isB2CSharedDevice key = %s ", key.c_str());
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "isB2CSharedDevice key = %s ", key.c_str());
     const auto entry = Find(m_mapB2CTokens, key);
     if (!entry) {
-        VANTIX_LOG_ERROR(level::kError, "The key does not exist key = %s", key.c_str());
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "The key does not exist key = %s", key.c_str());
         return false;
     }
     return entry->isShared != 0;
@@ -89,10 +89,10 @@ bool CVantixDataCenter::isB2CSharedDevice(const std::string& token) {
         return std::nullopt;
     });
     if (shared) {
-        VANTIX_LOG_INFO(level::kDetail, "Token found in B2C map, isShared=%d", *shared);
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kDetail, "Token found in B2C map, isShared=%d", *shared);
         return *shared != 0;
     }
-    VANTIX_LOG_ERROR(level::kWarning,
+    VANTIX_LOG_ERROR(VANTIX_HERE, level::kWarning,
                      "Unknown token provided, cannot determine if it's a shared device. Defaulting to false.");
     return false;
 }

@@ -6,7 +6,7 @@
 namespace vantix {
 
 void CVantixDataCenter::setDomain(const std::string& szBDomain, const std::string& szCDomain) {
-    VANTIX_LOG_INFO(level::kInfo, "SetDomain OldAreaBDomain:%s, szBDomain:%s, szCDomain:%s",
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "SetDomain OldAreaBDomain:%s, szBDomain:%s, szCDomain:%s",
                     m_settings.AreaBDomain.Copy().c_str(), szBDomain.c_str(), szCDomain.c_str());
     if (!szBDomain.empty()) {
         m_settings.AreaBDomain.Assign(szBDomain);
@@ -18,31 +18,31 @@ void CVantixDataCenter::setDomain(const std::string& szBDomain, const std::strin
 
 const GuardedText& CVantixDataCenter::getDomain(const std::string& serial, int ch) {
     if (isServedByConsumer(serial, ch)) {
-        VANTIX_LOG_INFO(level::kInfo, "Returning C domain for shared device");
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "Returning C domain for shared device");
         return m_settings.CDomain;
     }
-    VANTIX_LOG_INFO(level::kInfo, "Returning B domain");
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "Returning B domain");
     return m_settings.AreaBDomain;
 }
 
 const GuardedText& CVantixDataCenter::getDomainByToken(const std::string& token) {
-    VANTIX_LOG_INFO(level::kInfo, "Getting domain for token (first 10 chars): %.10s...", token.c_str());
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "Getting domain for token (first 10 chars): %.10s...", token.c_str());
     if (isServedByConsumer(token)) {
-        VANTIX_LOG_INFO(level::kInfo, "Returning C domain for shared device");
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "Returning C domain for shared device");
         return m_settings.CDomain;
     }
-    VANTIX_LOG_INFO(level::kInfo, "Returning B domain not a shared device");
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "Returning B domain not a shared device");
     return m_settings.AreaBDomain;
 }
 
 void CVantixDataCenter::setAuthAddr(const std::string& addr) {
-    VANTIX_LOG_INFO(level::kInfo, "SetAuthAddr OldAuth:%s, NewAuth:%s", m_settings.AuthAddr.Copy().c_str(),
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "SetAuthAddr OldAuth:%s, NewAuth:%s", m_settings.AuthAddr.Copy().c_str(),
                     addr.c_str());
     m_settings.AuthAddr.Assign(addr);
 }
 
 void CVantixDataCenter::setTokenExpireTime(const std::string& text) {
-    VANTIX_LOG_INFO(level::kInfo, "Set TokenExpireTime:%s", text.c_str());
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "Set TokenExpireTime:%s", text.c_str());
     m_settings.TokenExpireTime.Assign(text);
 }
 

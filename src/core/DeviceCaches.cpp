@@ -34,7 +34,8 @@ int Serve(const DevDetailInfo& stored, DevDetailInfo& detail) {
 std::string CVantixDataCenter::getDevDetailInfoMapKey(const std::string& serial, int ch) {
     constexpr size_t kLongestSerial = 128;
     if (serial.empty() || serial.size() > kLongestSerial) {
-        VANTIX_LOG_ERROR(level::kError, "%s, Serial:%s Channel:%d", "设备序列号参数错误", serial.c_str(), ch);
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "%s, Serial:%s Channel:%d", "设备序列号参数错误", serial.c_str(),
+                         ch);
         return serial;
     }
     char key[256] = {};
@@ -57,7 +58,7 @@ int CVantixDataCenter::getDevInfoCache(const std::string& serial, int ch, DevCha
                                        DevDetailInfo& detail) {
     const std::string key = getDevDetailInfoMapKey(serial, ch);
     if (!readChannel(key, channelInfo)) {
-        VANTIX_LOG_INFO(level::kInfo, "m_mapDevDetailInfo not exist key = %s", key.c_str());
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "m_mapDevDetailInfo not exist key = %s", key.c_str());
         return VANTIX_ERROR;
     }
     const int result = m_mapDeviceInfoCache.With([&](const DeviceMap& map) -> int {
@@ -65,7 +66,7 @@ int CVantixDataCenter::getDevInfoCache(const std::string& serial, int ch, DevCha
         return found == map.end() ? VANTIX_ERROR : Serve(found->second, detail);
     });
     if (result == VANTIX_ERROR) {
-        VANTIX_LOG_INFO(level::kInfo, "m_mapDeviceInfoCache not exist key = %s", key.c_str());
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "m_mapDeviceInfoCache not exist key = %s", key.c_str());
     }
     return result;
 }
@@ -74,7 +75,7 @@ int CVantixDataCenter::getDevDetailInfoFromLocal(const std::string& serial, int 
                                                  DevDetailInfo& detail) {
     const std::string key = getDevDetailInfoMapKey(serial, ch);
     if (!readChannel(key, channelInfo)) {
-        VANTIX_LOG_INFO(level::kInfo, "m_mapDevDetailInfo not exist key = %s", key.c_str());
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "m_mapDevDetailInfo not exist key = %s", key.c_str());
         return VANTIX_ERROR;
     }
     return m_mapSerialDetailInfo.With([&](const DeviceMap& map) -> int {
@@ -106,16 +107,16 @@ int CVantixDataCenter::SetDevInfoCache(const std::string& serial, int ch) {
         return true;
     });
     if (!isThere) {
-        VANTIX_LOG_INFO(level::kInfo, "key not exist strKey= %s", key.c_str());
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "key not exist strKey= %s", key.c_str());
         return VANTIX_ERROR;
     }
-    VANTIX_LOG_INFO(level::kInfo, "Update status successful strKey= %s", key.c_str());
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "Update status successful strKey= %s", key.c_str());
     return VANTIX_NOERROR;
 }
 
 int CVantixDataCenter::ClearDeviceInfoCache() {
     m_mapDeviceInfoCache.Assign({});
-    VANTIX_LOG_INFO(level::kInfo, "m_mapDeviceInfoCache clear");
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "m_mapDeviceInfoCache clear");
     return VANTIX_NOERROR;
 }
 
@@ -148,7 +149,7 @@ void CVantixDataCenter::setChannelCacheValue(const std::string& serial, int ch, 
 bool CVantixDataCenter::supportsPlayback(const CallSite& site, const std::string& serial,
                                          const std::function<bool(const DevDetailInfo&)>& test) {
     if (serial.empty()) {
-        LogErrorAt(site, level::kError, "strSerial invalid, Serial:%s", serial.c_str());
+        VANTIX_LOG_ERROR(site, level::kError, "strSerial invalid, Serial:%s", serial.c_str());
         return false;
     }
     return m_mapSerialDetailInfo.With([&](const DeviceMap& map) {

@@ -96,11 +96,11 @@ int CVantixDataCenter::getDevDetailInfo(const std::string& serial, int ch, DevCh
     const int result = getDevInfoCache(serial, ch, channelInfo, detail);
     if (result == VANTIX_NOERROR && !isExpired(detail.tCacheTime) && !detail.isUpdate) {
         // A success worded and levelled as an error, and kept so.
-        VANTIX_LOG_ERROR(level::kError, "getDevDetailInfo FromLocal SUCCESS  isUpdate = %d", result);
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "getDevDetailInfo FromLocal SUCCESS  isUpdate = %d", result);
         return VANTIX_NOERROR;
     }
     future = StartTask([this, strDeviceSerial = serial, iChannel = ch, &channelInfo, &detail, retried]() -> int32_t {
-        VANTIX_LOG_INFO(level::kInfo, "futureDetailInfo async strDeviceSerial = %s iChannel = %d",
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "futureDetailInfo async strDeviceSerial = %s iChannel = %d",
                         strDeviceSerial.c_str(), iChannel);
         const int fetched = updateDevDetailInfo(strDeviceSerial, iChannel, channelInfo, detail);
         if (!retried && isRenewed(strDeviceSerial, iChannel, fetched)) {

@@ -29,14 +29,15 @@ int CVantixDataCenter::getDevDetailInfoFromLocalByRelation(const std::string& se
         return VANTIX_ERROR;
     }
     if (own->releaseVersion != "VERSION_17") {
-        VANTIX_LOG_ERROR(level::kError, "VANTIX_DEV_NO_SUPPORT Release Version Not Equal VERSION_17");
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "VANTIX_DEV_NO_SUPPORT Release Version Not Equal VERSION_17");
         return VANTIX_ERROR;
     }
     detail.belongNo = 0;
     const bool unrelated =
         detail.belongSerial.empty() || detail.belongState == 0 || isCloseBelongSerial() || closeBlong == 1;
     if (unrelated) {
-        VANTIX_LOG_INFO(level::kInfo, "BelongNo Unrelated device stDeviceInfo.iCloseBlong = %d", closeBlong);
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "BelongNo Unrelated device stDeviceInfo.iCloseBlong = %d",
+                        closeBlong);
         detail = *own;
         detail.iCloseBlong = closeBlong;
     } else {
@@ -46,7 +47,8 @@ int CVantixDataCenter::getDevDetailInfoFromLocalByRelation(const std::string& se
         }
         if (parent->deviceStatus == kOnline) {
             detail = *parent;
-            VANTIX_LOG_INFO(level::kInfo, "BelongNo Associated device %s is online", detail.deviceSerial.c_str());
+            VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "BelongNo Associated device %s is online",
+                            detail.deviceSerial.c_str());
             detail.belongNo = own->belongNo;
             detail.isEncrypt = own->isEncrypt;
             detail.encryptPwd = own->encryptPwd;

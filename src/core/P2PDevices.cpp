@@ -60,8 +60,8 @@ bool CVantixDataCenter::serveP2PDevInfo(const CallSite& site, const std::string&
     if (result != VANTIX_NOERROR || devInfo.isUpdate) {
         return false;
     }
-    LogInfoAt(site, level::kInfo, "getP2PDevInfoFromLocal SUCCESS iRet = %d stP2PDevInfo.isUpdate = %d", result,
-              devInfo.isUpdate ? 1 : 0);
+    VANTIX_LOG_INFO(site, level::kInfo, "getP2PDevInfoFromLocal SUCCESS iRet = %d stP2PDevInfo.isUpdate = %d", result,
+                    devInfo.isUpdate ? 1 : 0);
     return true;
 }
 
@@ -72,7 +72,8 @@ int CVantixDataCenter::getP2PDevInfo(P2PDevInfo& devInfo, const std::string& tok
         return result;
     }
     future = StartTask([this, strToken = token, strDeviceSerial = serial, &devInfo]() -> int32_t {
-        VANTIX_LOG_INFO(level::kInfo, "futureDevInfo async strDeviceSerial = %s ", strDeviceSerial.c_str());
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "futureDevInfo async strDeviceSerial = %s ",
+                        strDeviceSerial.c_str());
         return updateP2PDevInfo(VANTIX_HERE, strDeviceSerial, kFirstChannel, tokensOf(strToken), devInfo, false);
     });
     return result;
@@ -114,10 +115,10 @@ int CVantixDataCenter::isP2PV3download(const std::string& serial, int ch) {
     if (getP2PDevInfoFromLocal(serial, devInfo) != VANTIX_NOERROR &&
         updateP2PDevInfo(VANTIX_HERE, serial, ch, tokensOf(serial, ch, tk::kDevice), devInfo, false) !=
             VANTIX_NOERROR) {
-        VANTIX_LOG_ERROR(level::kError, "%s", "get p2p device info failed");
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "%s", "get p2p device info failed");
         return 0;
     }
-    VANTIX_LOG_INFO(level::kInfo, "strV3Download[%s]", devInfo.strV3Download.c_str());
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "strV3Download[%s]", devInfo.strV3Download.c_str());
     return devInfo.strV3Download == "1" ? 1 : 0;
 }
 

@@ -24,7 +24,7 @@ int CVantixDataCenter::getP2PUserInfo(P2PUserInfo& userInfo, const std::string& 
     }
     future = StartTask([this, strToken = token, &userInfo, retried]() -> int32_t {
         // No error, and kept at this level.
-        VANTIX_LOG_ERROR(level::kError, "futureUserInfo async");
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "futureUserInfo async");
         return refillP2PUserInfo(VANTIX_HERE, tokensOf(strToken), userInfo, retried);
     });
     return VANTIX_NOERROR;

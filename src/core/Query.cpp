@@ -12,7 +12,7 @@ bool IsTransient(int result) { return result == VANTIX_PLATFORM_CODE_49999 || re
 }  // namespace
 
 std::string CVantixDataCenter::domainInPlace(const CallSite& site, bool isShared) {
-    LogInfoAt(site, level::kInfo, isShared ? "Returning C domain for shared device" : "Returning B domain");
+    VANTIX_LOG_INFO(site, level::kInfo, "%s", isShared ? "Returning C domain for shared device" : "Returning B domain");
     return (isShared ? m_settings.CDomain : m_settings.AreaBDomain).Copy();
 }
 

@@ -81,7 +81,7 @@ int CVantixDataCenter::getCloudFileInfoBySerialEX(const std::string& serial, int
                                                   std::string& json) {
     json::JsonCppDocument document;
     if (!document.Parse(jsonQuery) || !document.Root().IsObject()) {
-        VANTIX_LOG_ERROR(level::kError, "query is no JSON object");
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "query is no JSON object");
         return VANTIX_ERROR;
     }
     auto body = json::JsonBuilder::CopyOf(document.Root());
@@ -99,7 +99,7 @@ int CVantixDataCenter::GetCloudRecordFile(const std::string& serial, int localIn
     return query(site, queries::kCloudRecords, {serial, localIndex}, false, [&](const Caller& caller) {
         const int result = GetCloudRecordFileFromPlatform(caller, serial, localIndex, spaceId, span, list);
         if (result != VANTIX_NOERROR) {
-            LogErrorAt(site, level::kWarning, "GetCloudRecordFileFromPlatform error [%d]", result);
+            VANTIX_LOG_ERROR(site, level::kWarning, "GetCloudRecordFileFromPlatform error [%d]", result);
         }
         return result;
     });
@@ -114,7 +114,7 @@ int CVantixDataCenter::GetClouduploadUrl(const std::string& serial, int ch, cons
         RecordFileList list;
         const int result = GetClouduploadUrlPlatform(caller, picture, list);
         if (result != VANTIX_NOERROR) {
-            LogErrorAt(site, level::kWarning, "GetClouduploadUrlPlatform error [%d]", result);
+            VANTIX_LOG_ERROR(site, level::kWarning, "GetClouduploadUrlPlatform error [%d]", result);
             return result;
         }
         url = std::move(list.strDeviceRecordList);
@@ -125,7 +125,7 @@ int CVantixDataCenter::GetClouduploadUrl(const std::string& serial, int ch, cons
 int CVantixDataCenter::UploadCloudPicFile(const std::string& url, const std::string& localPath) {
     const int result = vantix::UploadCloudPicFile(url, localPath);
     if (result != VANTIX_NOERROR) {
-        VANTIX_LOG_ERROR(level::kWarning, "UploadCloudPic error [%d]", result);
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kWarning, "UploadCloudPic error [%d]", result);
     }
     return result;
 }

@@ -35,7 +35,7 @@ int CVantixDataCenter::getServerInfo(const std::string& token, ServerInfo& serve
     }
     future = StartTask([this, strToken = token, &serverInfo, retried]() -> int32_t {
         // No error, and kept at this level.
-        VANTIX_LOG_ERROR(level::kError, "futureServerInfo async");
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "futureServerInfo async");
         return refillServerInfo(VANTIX_HERE, strToken, serverInfo, retried);
     });
     return VANTIX_NOERROR;
@@ -92,15 +92,15 @@ int CVantixDataCenter::videoRelays(const CallSite& site, const std::string& toke
         }
     }
     if (result != VANTIX_NOERROR || servers.vtmBackups.empty()) {
-        LogErrorAt(site, level::kError, "lVideoVtmAddr size 0");
+        VANTIX_LOG_ERROR(site, level::kError, "lVideoVtmAddr size 0");
         return VANTIX_ERROR;
     }
     for (const VtmAddr& relay : servers.vtmBackups) {
-        LogInfoAt(site, level::kInfo, " addr = [%s]", relay.strVtmAddr.c_str());
-        LogInfoAt(site, level::kInfo, " port = [%d]", relay.iVtmPort);
+        VANTIX_LOG_INFO(site, level::kInfo, " addr = [%s]", relay.strVtmAddr.c_str());
+        VANTIX_LOG_INFO(site, level::kInfo, " port = [%d]", relay.iVtmPort);
     }
     json = RelayList(servers.vtmBackups);
-    LogErrorAt(site, level::kError, "stVideoVtmAddr %s", json.c_str());
+    VANTIX_LOG_ERROR(site, level::kError, "stVideoVtmAddr %s", json.c_str());
     return VANTIX_NOERROR;
 }
 

@@ -19,7 +19,7 @@ bool IsSessionExpired(int result) {
 
 bool CVantixDataCenter::hasCredential(const CallSite& site, const std::string& credential) {
     if (credential.empty()) {
-        LogErrorAt(site, level::kError, "get strToken error");
+        VANTIX_LOG_ERROR(site, level::kError, "get strToken error");
         SetThreadLastError(VANTIX_ERROR);
     }
     return !credential.empty();

@@ -26,13 +26,13 @@ constexpr int32_t kRefusedAge = 18001;
 bool IsGoodAnswer(const CallSite& site, const std::string& answer) {
     json::JsonCppDocument document;
     if (!document.Parse(answer)) {
-        LogInfoAt(site, level::kInfo, "getStreamToken failed");
+        VANTIX_LOG_INFO(site, level::kInfo, "getStreamToken failed");
         return false;
     }
     std::string resultCode;
     if (document.Root().Member("resultCode").Read(resultCode) &&
         ConvertVerifyErrorCode(DecimalPrefix(resultCode)) != VANTIX_NOERROR) {
-        LogInfoAt(site, level::kInfo, "getStreamToken resultCode Error");
+        VANTIX_LOG_INFO(site, level::kInfo, "getStreamToken resultCode Error");
         return false;
     }
     return true;
@@ -76,7 +76,7 @@ bool CVantixDataCenter::takeQueuedToken(const std::string& accessToken, std::str
 
 int CVantixDataCenter::getOneStreamToken(const std::string& accessToken, std::string& token) {
     if (m_settings.permissionMode.Copy() == permission_mode::kSmall) {
-        VANTIX_LOG_INFO(level::kInfo, "Small permissions do not need to use the following logic.");
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "Small permissions do not need to use the following logic.");
         return VANTIX_ERROR;
     }
     if (takeQueuedToken(accessToken, token)) {
@@ -89,7 +89,7 @@ int CVantixDataCenter::getOneStreamToken(const std::string& accessToken, std::st
     std::deque<std::string> batch;
     const int result = GetStreamTokensFromPlatform(callerFor(domain, accessToken), kBatch, batch);
     if (result != VANTIX_NOERROR || batch.empty()) {
-        VANTIX_LOG_ERROR(level::kError, "GetStreamTokensFromPlatform failed, iRet:%d", result);
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "GetStreamTokensFromPlatform failed, iRet:%d", result);
         return result == VANTIX_NOERROR ? VANTIX_ERROR : result;
     }
     std::string first = std::move(batch.front());
@@ -105,15 +105,15 @@ int CVantixDataCenter::getOneStreamToken(const std::string& accessToken, std::st
 int CVantixDataCenter::GetStreamTokenFast() {
     const int mode = m_settings.permissionMode.Copy();
     if (mode == permission_mode::kSmall) {
-        VANTIX_LOG_INFO(level::kInfo, "Small permissions do not need to use the following logic.");
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "Small permissions do not need to use the following logic.");
         return VANTIX_NOERROR;
     }
     if (mode == permission_mode::kB2C) {
-        VANTIX_LOG_INFO(level::kInfo, "4200 B2c do not need to use the following logic.");
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "4200 B2c do not need to use the following logic.");
         return VANTIX_NOERROR;
     }
     if (m_firstToken.With([](const FirstToken& first) { return !first.m_strFirstToken.empty(); })) {
-        VANTIX_LOG_INFO(level::kInfo, "m_strFirstToken is not NULL");
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "m_strFirstToken is not NULL");
         return VANTIX_NOERROR;
     }
     prefetchStreamToken(VANTIX_HERE);
@@ -123,7 +123,7 @@ int CVantixDataCenter::GetStreamTokenFast() {
 void CVantixDataCenter::prefetchStreamToken(const CallSite& site) {
     std::string accessToken = m_settings.accessToken.Copy();
     if (accessToken.empty()) {
-        LogInfoAt(site, level::kInfo, "getAccessToken is NULL");
+        VANTIX_LOG_INFO(site, level::kInfo, "getAccessToken is NULL");
         return;
     }
     // Repeated here and not by the request: the token that it was renewed to is the owner.
@@ -136,14 +136,15 @@ void CVantixDataCenter::prefetchStreamToken(const CallSite& site) {
         }
     }
     if (result != VANTIX_NOERROR) {
-        LogInfoAt(site, level::kInfo, "getStreamToken failed");
+        VANTIX_LOG_INFO(site, level::kInfo, "getStreamToken failed");
         return;
     }
     if (!IsGoodAnswer(site, answer)) {
         return;
     }
     if (answer.size() > kLongestFirstToken) {
-        LogInfoAt(site, level::kInfo, "strTokens length is over limited,length= %d ", static_cast<int>(answer.size()));
+        VANTIX_LOG_INFO(site, level::kInfo, "strTokens length is over limited,length= %d ",
+                        static_cast<int>(answer.size()));
         return;
     }
     m_firstToken.Assign({std::move(answer), std::move(accessToken), SecondsNow()});
@@ -166,11 +167,11 @@ int CVantixDataCenter::GetStreamTokenFromQueue(const std::string& accessToken, c
         return Outcome::Served;
     });
     if (outcome == Outcome::Served) {
-        VANTIX_LOG_INFO(level::kInfo, "GetStreamTokenFromQueue SUC");
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "GetStreamTokenFromQueue SUC");
         return VANTIX_NOERROR;
     }
     if (outcome == Outcome::Refused) {
-        VANTIX_LOG_INFO(level::kInfo, "GetStreamTokenFromQueue failed");
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "GetStreamTokenFromQueue failed");
     }
     return VANTIX_ERROR;
 }

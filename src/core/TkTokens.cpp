@@ -42,30 +42,31 @@ void CVantixDataCenter::SetDeviceTkTokens(const std::string& szDeviceTkTokens) {
     DeviceTkTokenMap tokens(8);
     json::Json11Document document;
     if (!document.Parse(szDeviceTkTokens)) {
-        VANTIX_LOG_ERROR(level::kError, "szDeviceTkTokens parse error %s", document.Error().c_str());
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "szDeviceTkTokens parse error %s", document.Error().c_str());
         return;
     }
     for (size_t i = 0; i < document.Root().Size(); ++i) {
         DeviceTkTokens entry;
         json::ReadFields(document.Root().Element(i), kMembers, entry);
         const std::string key = entry.deviceSerial + entry.channelNo;
-        VANTIX_LOG_INFO(level::kTrace, "SetDeviceTkTokens key = %s ", key.c_str());
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kTrace, "SetDeviceTkTokens key = %s ", key.c_str());
         tokens[key] = std::move(entry);
     }
     const int count = static_cast<int>(tokens.size());
     m_mapDeviceTkTokens.Assign(std::move(tokens));
-    VANTIX_LOG_INFO(level::kInfo, "m_mapDeviceTkTokens size = %d ", count);
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "m_mapDeviceTkTokens size = %d ", count);
 }
 
 std::string CVantixDataCenter::getDeviceTkTokens(int tkType, const std::string& strSerial, int iChannelNo) {
-    VANTIX_LOG_INFO(level::kTrace, "tkType = %d strSerial = %s iChannelNo = %d", tkType, strSerial.c_str(), iChannelNo);
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kTrace, "tkType = %d strSerial = %s iChannelNo = %d", tkType, strSerial.c_str(),
+                    iChannelNo);
     return tkToken(VANTIX_HERE, tkType, strSerial + std::to_string(iChannelNo));
 }
 
 std::string CVantixDataCenter::getDeviceTkTokens(int tkType, const std::string& strSerial,
                                                  const std::string& strChannelNo) {
-    VANTIX_LOG_INFO(level::kTrace, "tkType = %d strSerial = %s strChannelNo = %s", tkType, strSerial.c_str(),
-                    strChannelNo.c_str());
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kTrace, "tkType = %d strSerial = %s strChannelNo = %s", tkType,
+                    strSerial.c_str(), strChannelNo.c_str());
     return tkToken(VANTIX_HERE, tkType, strSerial + strChannelNo);
 }
 
@@ -73,13 +74,13 @@ std::string CVantixDataCenter::tkToken(const CallSite& site, int tkType, const s
     if (tkType == kGlobalTkType) {
         return m_settings.globalTkToken.Copy();
     }
-    LogInfoAt(site, level::kTrace, "getDeviceTkTokens key = %s ", key.c_str());
+    VANTIX_LOG_INFO(site, level::kTrace, "getDeviceTkTokens key = %s ", key.c_str());
     const auto tokens = m_mapDeviceTkTokens.With([&](const DeviceTkTokenMap& map) -> std::optional<DeviceTkTokens> {
         const auto found = map.find(key);
         return found == map.end() ? std::nullopt : std::optional(found->second);
     });
     if (!tokens) {
-        LogErrorAt(site, level::kError, "The key does not exist key = %s", key.c_str());
+        VANTIX_LOG_ERROR(site, level::kError, "The key does not exist key = %s", key.c_str());
         return {};
     }
     return TokenOfUse(*tokens, tkType);

@@ -23,14 +23,14 @@ std::string CVantixDataCenter::refreshedSession() {
 int CVantixDataCenter::RefreshToken(std::string& newToken) {
     newToken.clear();
     if (m_settings.permissionMode.Copy() == permission_mode::kSmall) {
-        VANTIX_LOG_ERROR(level::kError, "Small permissions do not need to use the following logic");
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "Small permissions do not need to use the following logic");
         return VANTIX_ERROR;
     }
     const Caller service = callerFor(m_settings.AuthAddr.Copy(), {});
     const RefreshCredentials sent{m_settings.RefreshToken.Copy(), m_settings.OpenID.Copy(), m_settings.Scope.Copy(),
                                   m_settings.State.Copy()};
     if (service.url.empty() || sent.openId.empty() || sent.refreshToken.empty() || service.appKey.empty()) {
-        VANTIX_LOG_INFO(level::kInfo,
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo,
                         "Refresh Token, params invalid, AuthAddr:%s, OpenID:%s, RefreshToken:%s, appID:%s",
                         service.url.c_str(), sent.openId.c_str(), sent.refreshToken.c_str(), service.appKey.c_str());
         return VANTIX_ERROR;
@@ -39,13 +39,13 @@ int CVantixDataCenter::RefreshToken(std::string& newToken) {
     const int result = RefreshTokenFromPlatform(service, sent, info);
     // An empty token would wipe out the one that is there.
     if (result != VANTIX_NOERROR || info.access_token.empty()) {
-        VANTIX_LOG_ERROR(level::kError,
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError,
                          "Refresh Token Failed, AuthAddr:%s, OpenID:%s, RefreshToken:%s, appID:%s, Scope:%s, State:%s",
                          service.url.c_str(), sent.openId.c_str(), sent.refreshToken.c_str(), service.appKey.c_str(),
                          sent.scope.c_str(), sent.state.c_str());
         return VANTIX_ERROR;
     }
-    VANTIX_LOG_INFO(level::kInfo,
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo,
                     "Refresh Token Success, OldAccessToken:%.5s***, NewAccessToken:%.5s***, ExpireTime:%s",
                     m_settings.accessToken.Copy().c_str(), info.access_token.c_str(), info.expires_in.c_str());
     setAccessToken(info.access_token);
@@ -59,31 +59,32 @@ int CVantixDataCenter::RefreshSession(const std::string& refreshSessionId, std::
         m_settings.refreshSessionId.Assign(refreshSessionId);
     }
     newSession.clear();  // only now: the host may use one text for both
-    VANTIX_LOG_INFO(level::kInfo, "start RefreshSession");
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "start RefreshSession");
     if (m_settings.permissionMode.Copy() != permission_mode::kB2C) {
-        VANTIX_LOG_INFO(level::kInfo, "Not 4200 B2C Mode, do not need to use the following logic");
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "Not 4200 B2C Mode, do not need to use the following logic");
         return VANTIX_ERROR;
     }
     const Caller server = callerFor(m_settings.CDomain.Copy(), m_settings.sessionId.Copy());
     SessionInfo session{server.credential, m_settings.refreshSessionId.Copy()};
     const std::string oldRefreshId = session.refreshSessionId;
     if (server.url.empty() || oldRefreshId.empty()) {
-        VANTIX_LOG_INFO(level::kInfo, "Refresh Session, params invalid, CDomain:%s, SessionID:%s, RefreshSessionID:%s",
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo,
+                        "Refresh Session, params invalid, CDomain:%s, SessionID:%s, RefreshSessionID:%s",
                         server.url.c_str(), server.credential.c_str(), oldRefreshId.c_str());
         return VANTIX_ERROR;
     }
     const int result = RefreshSessionFromCServer(server, session);
     // Empty ids would wipe out those that are there.
     if (result != VANTIX_NOERROR || session.sessionId.empty()) {
-        VANTIX_LOG_ERROR(level::kError, "Refresh Session Failed, Domain:%s, OldRefreshSessionID:%s", server.url.c_str(),
-                         oldRefreshId.c_str());
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "Refresh Session Failed, Domain:%s, OldRefreshSessionID:%s",
+                         server.url.c_str(), oldRefreshId.c_str());
         return VANTIX_ERROR;
     }
     if (session.refreshSessionId.empty()) {
         session.refreshSessionId = oldRefreshId;
     }
     // Worded as a token's refresh, and kept so.
-    VANTIX_LOG_INFO(level::kInfo, "Refresh Token Success,  NewSession:%.5s***, RefreshSessionID:%s",
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "Refresh Token Success,  NewSession:%.5s***, RefreshSessionID:%s",
                     session.sessionId.c_str(), session.refreshSessionId.c_str());
     m_settings.sessionId.Assign(session.sessionId);
     m_settings.refreshSessionId.Assign(std::move(session.refreshSessionId));

@@ -55,7 +55,7 @@ int GetDevDetailInfoFromCServerBySerial(const Caller& caller, const std::string&
 int ParseDevDetailInfoFromCServer(const std::string& body, const std::string& deviceSerial,
                                   std::vector<ConsumerChannel>& channels) {
     const CallSite site = VANTIX_HERE;
-    LogInfoAt(site, level::kInfo, "ParseDevDetailInfoFromCServer = %s", body.c_str());
+    VANTIX_LOG_INFO(site, level::kInfo, "ParseDevDetailInfoFromCServer = %s", body.c_str());
     return json::ReadAnswer(site, body, consumer::Code, [&](const JsonCppView& root) -> int {
         for (const char* required : {"cameraInfos", "deviceInfos"}) {
             if (!consumer::Find(root, required).IsArray()) {

@@ -71,15 +71,15 @@ int FetchUser(const CallSite& site, const Caller& caller, const ClientInfo& clie
         return fetched;
     }
     if (!document.Parse(body)) {
-        LogErrorAt(site, level::kError, "ZQR TEST QX_API_B2C_GET_P2P_USER_INFO platform response bad, szInfo = %s",
-                   body.c_str());
+        VANTIX_LOG_ERROR(site, level::kError,
+                         "ZQR TEST QX_API_B2C_GET_P2P_USER_INFO platform response bad, szInfo = %s", body.c_str());
         return VANTIX_RESP_NOT_JSON;
     }
     const bool hasMeta = document.Root().Member("meta").IsObject();
     const int code = hasMeta ? consumer::Code(document.Root()) : VANTIX_RESP_BAD_FORMAT;
     if (code != 0) {
         // A success in spite of the failure: callers see it by the unfilled record.
-        LogError(site, level::kError, requests::kUserInfo.parserFailure, body, code);
+        VANTIX_LOG_ERROR(site, level::kError, "%s", Filled(requests::kUserInfo.parserFailure, body, code).c_str());
         return VANTIX_NOERROR;
     }
     goOn = true;
@@ -141,8 +141,10 @@ int GetP2PUserInfoFromCServer(const Caller& caller, P2PUserInfo& userInfo) {
                                    .Compact();
     const int parsed = ParseP2PUserInfoFromCServer(joined, userInfo);
     if (parsed != VANTIX_NOERROR) {
-        LogError(site, level::kError, requests::kP2PConfiguration.parserFailure,
-                 Masked(user.Root(), configuration.Root()), parsed);
+        VANTIX_LOG_ERROR(
+            site, level::kError, "%s",
+            Filled(requests::kP2PConfiguration.parserFailure, Masked(user.Root(), configuration.Root()), parsed)
+                .c_str());
         return VANTIX_PLATFORM_ERROR_BASE + parsed;
     }
     return VANTIX_NOERROR;
@@ -168,7 +170,7 @@ int GetP2PDevInfoFromCServer(const Caller& caller, const std::string& deviceSeri
 int ParseP2PDevInfoFromCServer(const std::string& body, const std::string& deviceSerial, P2PDevInfo& devInfo) {
     const CallSite site = VANTIX_HERE;
     // The line says the detail parser's name on purpose.
-    LogInfoAt(site, level::kInfo, "ParseDevDetailInfoFromCServer = %s", body.c_str());
+    VANTIX_LOG_INFO(site, level::kInfo, "ParseDevDetailInfoFromCServer = %s", body.c_str());
     return json::ReadAnswer(site, body, consumer::Code, [&](const JsonCppView& root) -> int {
         const JsonCppView servers = consumer::Find(root, "p2pInfos");
         const JsonCppView devices = consumer::Find(root, "deviceInfos");

@@ -13,7 +13,7 @@ namespace {
 
 /// The request's own look at the envelope, before the parser.
 int CheckRecords(const CallSite& site, const std::string& body) {
-    LogInfoAt(site, level::kInfo, "ZQR TEST GetDeviceFileBySerialFromCServer:%s", body.c_str());
+    VANTIX_LOG_INFO(site, level::kInfo, "ZQR TEST GetDeviceFileBySerialFromCServer:%s", body.c_str());
     json::JsonCppDocument document;
     if (!json::ParseBody(site, body, document)) {
         return VANTIX_RESP_NOT_JSON;
@@ -56,8 +56,8 @@ int ParseDeviceRecordFileFromCServer(const std::string& body, std::string& recor
     const json::JsonCppView root = document.Root();
     const Page page = ReadPage(root);
     if (const int code = consumer::Code(root); code != 0) {
-        LogInfoAt(site, level::kInfo, "ParseDeviceRecordFileFromCServer Response Error:%d, Resp:%s", code,
-                  body.c_str());
+        VANTIX_LOG_INFO(site, level::kInfo, "ParseDeviceRecordFileFromCServer Response Error:%d, Resp:%s", code,
+                        body.c_str());
         return code;
     }
     if (!page.records.IsArray()) {

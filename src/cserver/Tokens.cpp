@@ -17,18 +17,19 @@ namespace requests = cserver_requests;
 int CheckRefresh(const CallSite& site, const std::string& body) {
     json::JsonCppDocument document;
     if (!document.Parse(body)) {
-        LogErrorAt(site, level::kError, "ZQR TEST QX_API_B2C_REFRESH_SESSION platform response bad, szInfo = %s",
-                   body.c_str());
+        VANTIX_LOG_ERROR(site, level::kError, "ZQR TEST QX_API_B2C_REFRESH_SESSION platform response bad, szInfo = %s",
+                         body.c_str());
         return VANTIX_RESP_NOT_JSON;
     }
     if (!document.Root().Member("meta").IsObject()) {
-        LogError(site, level::kError, requests::kRefreshSession.parserFailure, body, VANTIX_RESP_BAD_FORMAT);
+        VANTIX_LOG_ERROR(site, level::kError, "%s",
+                         Filled(requests::kRefreshSession.parserFailure, body, VANTIX_RESP_BAD_FORMAT).c_str());
         return VANTIX_PLATFORM_ERROR_BASE + VANTIX_RESP_BAD_FORMAT;
     }
     const int code = consumer::Code(document.Root());
     if (code != 0) {
-        LogInfoAt(site, level::kInfo, "ZQR TEST QX_API_B2C_REFRESH_SESSION Platform Response Error:%d, Resp:%s", code,
-                  body.c_str());
+        VANTIX_LOG_INFO(site, level::kInfo, "ZQR TEST QX_API_B2C_REFRESH_SESSION Platform Response Error:%d, Resp:%s",
+                        code, body.c_str());
     }
     return code;
 }
@@ -54,7 +55,8 @@ int RefreshSessionFromCServer(const Caller& caller, SessionInfo& session) {
     }
     const int parsed = ParseRefreshSessionnFromCServer(body, session);
     if (parsed != VANTIX_NOERROR) {
-        LogError(site, level::kError, requests::kRefreshSession.parserFailure, body, parsed);
+        VANTIX_LOG_ERROR(site, level::kError, "%s",
+                         Filled(requests::kRefreshSession.parserFailure, body, parsed).c_str());
         return VANTIX_PLATFORM_ERROR_BASE + parsed;
     }
     return VANTIX_NOERROR;

@@ -59,8 +59,9 @@ int ParseUsernameFromPlatform(const std::string& body, std::string& userName) {
     const CallSite site = VANTIX_HERE;
     return json::ReadAnswer(site, body, json::EnvelopeCode<JsonCppView>, [&](const JsonCppView& root) -> int {
         if (!root.Member("userName").Read(userName)) {
-            LogErrorAt(site, level::kError,
-                       "platform response invalid, [userName] not exist or not string, szInfo = %s", body.c_str());
+            VANTIX_LOG_ERROR(site, level::kError,
+                             "platform response invalid, [userName] not exist or not string, szInfo = %s",
+                             body.c_str());
             return VANTIX_RESP_BAD_FORMAT;
         }
         return VANTIX_NOERROR;
@@ -69,11 +70,11 @@ int ParseUsernameFromPlatform(const std::string& body, std::string& userName) {
 
 int ParseUserIdFromPlatform(const std::string& body, std::string& userId) {
     const CallSite site = VANTIX_HERE;
-    LogInfoAt(site, level::kInfo, "ParseUserId = %s", body.c_str());
+    VANTIX_LOG_INFO(site, level::kInfo, "ParseUserId = %s", body.c_str());
     return json::ReadAnswer(site, body, json::EnvelopeCode<JsonCppView>, [&](const JsonCppView& root) -> int {
         if (!root.Member("result").Member("data").Member("userId").Read(userId)) {
-            LogErrorAt(site, level::kError, "platform response invalid, [userId] not exist or not string, szInfo = %s",
-                       body.c_str());
+            VANTIX_LOG_ERROR(site, level::kError,
+                             "platform response invalid, [userId] not exist or not string, szInfo = %s", body.c_str());
             return VANTIX_RESP_BAD_FORMAT;
         }
         return VANTIX_NOERROR;
@@ -82,12 +83,12 @@ int ParseUserIdFromPlatform(const std::string& body, std::string& userId) {
 
 int ParsePushSessionIdFromPlatform(const std::string& body, std::string& pushSessionId) {
     const CallSite site = VANTIX_HERE;
-    LogInfoAt(site, level::kInfo, "ParsePushSessionId = %s", body.c_str());
+    VANTIX_LOG_INFO(site, level::kInfo, "ParsePushSessionId = %s", body.c_str());
     return json::ReadAnswer(site, body, json::StrictMetaCode<JsonCppView>, [&](const JsonCppView& root) -> int {
         if (!root.Member("pushSessionId").Read(pushSessionId)) {
             // The text names another key than the one that is read, and is kept so.
-            LogErrorAt(site, level::kError, "platform response invalid, [userId] not exist or not string, szInfo = %s",
-                       body.c_str());
+            VANTIX_LOG_ERROR(site, level::kError,
+                             "platform response invalid, [userId] not exist or not string, szInfo = %s", body.c_str());
             return VANTIX_RESP_BAD_FORMAT;
         }
         return VANTIX_NOERROR;
@@ -96,12 +97,13 @@ int ParsePushSessionIdFromPlatform(const std::string& body, std::string& pushSes
 
 int ParseBWCheckInfoFromPlatform(const std::string& body, BWCheckInfo& info) {
     const CallSite site = VANTIX_HERE;
-    LogInfoAt(site, level::kInfo, "BWCheckInfo = %s", body.c_str());
+    VANTIX_LOG_INFO(site, level::kInfo, "BWCheckInfo = %s", body.c_str());
     return json::ReadAnswer(site, body, json::StrictMetaCode<JsonCppView>, [&](const JsonCppView& root) -> int {
         BWCheckInfo fresh;
         if (!ReadBWCheck(root.Member("data"), fresh)) {
-            LogErrorAt(site, level::kError,
-                       "platform response invalid, [publicKey] not exist or not string, szInfo = %s", body.c_str());
+            VANTIX_LOG_ERROR(site, level::kError,
+                             "platform response invalid, [publicKey] not exist or not string, szInfo = %s",
+                             body.c_str());
             return VANTIX_RESP_BAD_FORMAT;
         }
         info = std::move(fresh);
@@ -114,12 +116,13 @@ int ParseTransparentMsgDetailFromPlatform(const std::string& body, TransparentMs
     return json::ReadAnswer(site, body, json::EnvelopeCode<JsonCppView>, [&](const JsonCppView& root) -> int {
         const JsonCppView result = root.Member("result");
         if (!result.IsObject()) {
-            LogInfoAt(site, level::kInfo, "platform response bad, [result] is not object, Resp:%s", body.c_str());
+            VANTIX_LOG_INFO(site, level::kInfo, "platform response bad, [result] is not object, Resp:%s", body.c_str());
             return VANTIX_RESP_BAD_FORMAT;
         }
         const JsonCppView message = result.Member("msgData");
         if (!message.IsObject()) {
-            LogInfoAt(site, level::kInfo, "platform response bad, [msgData] is not object, Resp:%s", body.c_str());
+            VANTIX_LOG_INFO(site, level::kInfo, "platform response bad, [msgData] is not object, Resp:%s",
+                            body.c_str());
             return VANTIX_RESP_BAD_FORMAT;
         }
         for (const MessageMember& member : kMessageMembers) {

@@ -65,7 +65,7 @@ void ReadShareVerification(const CallSite& site, const Json11View& extension, De
     std::string verify;
     if (extension.Member("ShareVerify").Read(verify)) {
         device.iShareVerif = DecimalPrefix(verify);
-        LogErrorAt(site, level::kError, "iShareVerif = [%d]", device.iShareVerif);
+        VANTIX_LOG_ERROR(site, level::kError, "iShareVerif = [%d]", device.iShareVerif);
     }
 }
 
@@ -75,19 +75,19 @@ void ReadCapabilities(const CallSite& site, const Json11View& extension, DevDeta
         ReadCapability(extension, control, device);
     }
     extension.Member(kEncryption).Read(device.support_ecdh_v2);
-    LogInfoAt(site, level::kInfo, "support_ecdh_v2:%s", device.support_ecdh_v2.c_str());
+    VANTIX_LOG_INFO(site, level::kInfo, "support_ecdh_v2:%s", device.support_ecdh_v2.c_str());
     ReadCapability(extension, kReplayDownload, device);
     ReadCapability(extension, kVideoCover, device);
-    LogInfoAt(site, level::kInfo, "support_device_video_cover:%d", device.support_device_video_cover);
+    VANTIX_LOG_INFO(site, level::kInfo, "support_device_video_cover:%d", device.support_device_video_cover);
     ReadCapability(extension, kSeekPlayback, device);
-    LogInfoAt(site, level::kInfo, "iSupportSeekPlayback:%d", device.support_seek_playback);
+    VANTIX_LOG_INFO(site, level::kInfo, "iSupportSeekPlayback:%d", device.support_seek_playback);
     ReadCapability(extension, kSeekV2, device);
-    LogInfoAt(site, level::kInfo, "iSupportSeek2Playback:%d", device.support_seek_v2);
+    VANTIX_LOG_INFO(site, level::kInfo, "iSupportSeek2Playback:%d", device.support_seek_v2);
     for (const Capability& speed : kSpeeds) {
         ReadCapability(extension, speed, device);
     }
-    LogInfoAt(site, level::kInfo, "DeviceSerial = %s,  support_replay_download:%d", device.deviceSerial.c_str(),
-              device.support_replay_download);
+    VANTIX_LOG_INFO(site, level::kInfo, "DeviceSerial = %s,  support_replay_download:%d", device.deviceSerial.c_str(),
+                    device.support_replay_download);
 }
 
 /// Reads the three members that carry nested JSON. One that is malformed is logged and skipped.
@@ -95,20 +95,20 @@ void ReadNested(const CallSite& site, const std::string& body, const Json11View&
                 std::optional<BelongDevInfo>& parent) {
     const NestedObject share(object.Member("qxDeviceSupportExt"));
     if (share.Failed()) {
-        LogErrorAt(site, level::kError, "platform response , szInfo = %s", body.c_str());
+        VANTIX_LOG_ERROR(site, level::kError, "platform response , szInfo = %s", body.c_str());
     }
     ReadShareVerification(site, share.Object(), device);
 
     const NestedObject extension(object.Member("supportExt"));
     if (extension.Failed()) {
-        LogErrorAt(site, level::kError, "platform response invalid, szInfo = %s", body.c_str());
+        VANTIX_LOG_ERROR(site, level::kError, "platform response invalid, szInfo = %s", body.c_str());
     } else {
         ReadCapabilities(site, extension.Object(), device);  // without the member, the short list alone tells
     }
 
     const NestedObject belong(object.Member("belongDevice"));
     if (belong.Failed()) {
-        LogErrorAt(site, level::kError, "platform response invalid, szInfo = %s", body.c_str());
+        VANTIX_LOG_ERROR(site, level::kError, "platform response invalid, szInfo = %s", body.c_str());
     } else if (belong.Object().IsObject()) {
         ReadDevice(belong.Object(), parent.emplace());
     }
@@ -127,16 +127,16 @@ int ParseDetail(const CallSite& site, const std::string& body, DevChannelInfo& c
                 std::optional<BelongDevInfo>& parent) {
     json::Json11Document document;
     if (!document.Parse(body)) {
-        LogErrorAt(site, level::kError, "platform response bad, szInfo = %s", body.c_str());
+        VANTIX_LOG_ERROR(site, level::kError, "platform response bad, szInfo = %s", body.c_str());
         return VANTIX_RESP_NOT_JSON;
     }
     if (const int code = json::EnvelopeCode(document.Root()); code != 0) {
-        LogInfoAt(site, level::kInfo, "Platform Response Error:%d, Resp:%s", code, body.c_str());
+        VANTIX_LOG_INFO(site, level::kInfo, "Platform Response Error:%d, Resp:%s", code, body.c_str());
         return code;
     }
     const Json11View data = document.Root().Member("result").Member("data");
     if (!data.IsObject()) {
-        LogErrorAt(site, level::kError, "platform response invalid, szInfo = %s", body.c_str());
+        VANTIX_LOG_ERROR(site, level::kError, "platform response invalid, szInfo = %s", body.c_str());
         return VANTIX_RESP_BAD_FORMAT;
     }
     channel = ReadChannel(data.Member("camera"));

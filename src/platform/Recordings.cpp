@@ -87,9 +87,9 @@ int UploadCloudPicFile(const std::string& url, const std::string& localPath) {
     ResponseBody response;
     const int sent =
         CRequest().SyncRequestUpload(url.c_str(), localPath.c_str(), form, response.Data(), response.Length());
-    VANTIX_LOG_ERROR(level::kError, "[test] pOutBuffer = [%s]", response.Text().c_str());
+    VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "[test] pOutBuffer = [%s]", response.Text().c_str());
     if (sent != 0) {
-        VANTIX_LOG_ERROR(level::kError, "SyncRequestHeader error:%d", sent);
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "SyncRequestHeader error:%d", sent);
         return VANTIX_NET_ERROR_BASE + sent;
     }
     return VANTIX_NOERROR;

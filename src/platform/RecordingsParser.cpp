@@ -52,7 +52,7 @@ int ParseLocalDeviceRecordFile(const std::string& body, RecordFileList& list) {
         list = ListOf(data);
         return VANTIX_NOERROR;
     });
-    LogInfoAt(site, level::kInfo, "strDeviceRecordList iResult:%d, Resp:%s", result, body.c_str());
+    VANTIX_LOG_INFO(site, level::kInfo, "strDeviceRecordList iResult:%d, Resp:%s", result, body.c_str());
     return result;
 }
 

@@ -32,7 +32,8 @@ int CheckCloudResponseInfoFromPlatform(const std::string& body) {
     }
     if (!document.Root().Member("meta").IsObject()) {
         // The text names another key than the one that is tested, and is kept so.
-        VANTIX_LOG_INFO(level::kInfo, "platform response bad, [result] is not object, Resp:%s", body.c_str());
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "platform response bad, [result] is not object, Resp:%s",
+                        body.c_str());
         return VANTIX_RESP_BAD_FORMAT;
     }
     return json::StrictMetaCode(document.Root());
@@ -65,8 +66,8 @@ int ConvertVerifyErrorCode(int code) {
             converted = row.token;
         }
     }
-    VANTIX_LOG_INFO(level::kInfo, "%s: OpenAPIRet:%d, TokenError:%d", "Authentication server response", code,
-                    converted);
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "%s: OpenAPIRet:%d, TokenError:%d", "Authentication server response",
+                    code, converted);
     return converted;
 }
 

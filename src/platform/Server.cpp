@@ -51,8 +51,8 @@ void AppendBackups(const CallSite& site, const JsonCppView& backups, ServerInfo&
         }
         VtmAddr stVtmAddr;
         json::ReadFields(element, kVtmFields, stVtmAddr);
-        LogErrorAt(site, level::kError, "stVtmAddr.strVtmAddr = %s", stVtmAddr.strVtmAddr.c_str());
-        LogErrorAt(site, level::kError, "stVtmAddr.iVtmPort  = %d", stVtmAddr.iVtmPort);
+        VANTIX_LOG_ERROR(site, level::kError, "stVtmAddr.strVtmAddr = %s", stVtmAddr.strVtmAddr.c_str());
+        VANTIX_LOG_ERROR(site, level::kError, "stVtmAddr.iVtmPort  = %d", stVtmAddr.iVtmPort);
         serverInfo.vtmBackups.push_back(std::move(stVtmAddr));
     }
 }
@@ -95,7 +95,7 @@ int ParseServerInfoFromPlatform(const std::string& body, ServerInfo& serverInfo)
 int ParseRealyInfoFromPlatform(const std::string& body, RelayServerInfo& relay) {
     const CallSite site = VANTIX_HERE;
     return json::ReadAnswer(site, body, json::MetaCode<JsonCppView>, [&](const JsonCppView& root) -> int {
-        LogInfoAt(site, level::kInfo, "Platform Response, Resp:%s", body.c_str());
+        VANTIX_LOG_INFO(site, level::kInfo, "Platform Response, Resp:%s", body.c_str());
         const JsonCppView data = root.Member("data");
         if (!data.IsObject()) {
             return json::Malformed(site, body);

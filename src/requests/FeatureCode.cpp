@@ -48,11 +48,12 @@ int GetHDSign(char* buffer, const HardwareSource& source) {
     source.macAddress(mac);
     std::snprintf(joined, sizeof(joined), "%s|%s", serial, mac);
     if (source.md5(joined, static_cast<unsigned>(std::strlen(joined)), digest, &digestLength) < 0) {
-        VANTIX_LOG_ERROR(level::kError, "Hdsign md5 failed. ssl_md5_digest failed. serial:%s ,mac:%s", serial, mac);
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "Hdsign md5 failed. ssl_md5_digest failed. serial:%s ,mac:%s",
+                         serial, mac);
         return -1;
     }
     std::snprintf(buffer, sizeof(digest), "%s", digest);
-    VANTIX_LOG_INFO(level::kInfo, "serial:%s ,mac:%s ,HDSign:%.6s***", serial, mac, digest);
+    VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "serial:%s ,mac:%s ,HDSign:%.6s***", serial, mac, digest);
     return 0;
 }
 
@@ -64,7 +65,7 @@ std::string PublicGetHDSign(const HardwareSource& source) {
     char buffer[64] = {};
     if (GetHDSign(buffer, source) != 0) {
         // "Getting the feature code failed", in the code page that support reads these logs in.
-        VANTIX_LOG_ERROR(level::kError, "%s", "\xBB\xF1\xC8\xA1\xCC\xD8\xD5\xF7\xC2\xEB\xCA\xA7\xB0\xDC");
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kError, "%s", "\xBB\xF1\xC8\xA1\xCC\xD8\xD5\xF7\xC2\xEB\xCA\xA7\xB0\xDC");
         return {};
     }
     KeepCode(buffer);

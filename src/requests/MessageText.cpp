@@ -1,22 +1,38 @@
 #include "requests/MessageText.h"
 
+#include <cstdarg>
+#include <cstdio>
+
 #if defined(__GNUC__)
 // The formats are data; their types checked, at compile time, that they fit the values.
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 #endif
 
 namespace vantix {
+namespace {
 
-void LogError(const CallSite& site, int lineLevel, CodeText text, int code) {
-    LogErrorAt(site, lineLevel, text.format, code);
+/// More than fits into a log line: what is cut here does not reach a sink either.
+constexpr size_t kLongest = 40961;
+
+std::string Formatted(const char* format, ...) {
+    char text[kLongest + 1] = {};
+    va_list values;
+    va_start(values, format);
+    std::vsnprintf(text, sizeof(text), format, values);
+    va_end(values);
+    return text;
 }
 
-void LogError(const CallSite& site, int lineLevel, BodyCodeText text, const std::string& body, int code) {
-    LogErrorAt(site, lineLevel, text.format, body.c_str(), code);
+}  // namespace
+
+std::string Filled(CodeText text, int code) { return Formatted(text.format, code); }
+
+std::string Filled(BodyCodeText text, const std::string& body, int code) {
+    return Formatted(text.format, body.c_str(), code);
 }
 
-void LogInfo(const CallSite& site, int lineLevel, CostText text, int32_t milliseconds) {
-    LogInfoAt(site, lineLevel, text.format, static_cast<long>(milliseconds));
+std::string Filled(CostText text, int32_t milliseconds) {
+    return Formatted(text.format, static_cast<long>(milliseconds));
 }
 
 }  // namespace vantix

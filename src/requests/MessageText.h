@@ -1,13 +1,11 @@
 #pragma once
 
 /// @file
-/// Message formats as data: a row of a request table carries its texts, and a text of the wrong shape does not compile.
+/// Message formats as data: a row of a request table has its texts, and a text of the wrong shape does not compile.
 
 #include <cstdint>
 #include <string>
 #include <string_view>
-
-#include "log/Logger.h"
 
 namespace vantix {
 namespace message_detail {
@@ -50,9 +48,9 @@ using BodyCodeText = message_detail::Text<'%', 's', '%', 'd'>;
 /// A text about milliseconds: one "%ld".
 using CostText = message_detail::Text<'%', 'l', 'd'>;
 
-/// Write an "ERROR" or "INFO " line whose text is data, in the name of a call site.
-void LogError(const CallSite& site, int lineLevel, CodeText text, int code);
-void LogError(const CallSite& site, int lineLevel, BodyCodeText text, const std::string& body, int code);
-void LogInfo(const CallSite& site, int lineLevel, CostText text, int32_t milliseconds);
+/// The message: the text with its values.
+std::string Filled(CodeText text, int code);
+std::string Filled(BodyCodeText text, const std::string& body, int code);
+std::string Filled(CostText text, int32_t milliseconds);
 
 }  // namespace vantix

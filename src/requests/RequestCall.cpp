@@ -85,7 +85,7 @@ void RequestCall::NoteCost(int32_t milliseconds) const {
         *m_cost = milliseconds;
     }
     if (m_row.cost.IsThere()) {
-        LogInfo(m_site, level::kInfo, m_row.cost, milliseconds);
+        VANTIX_LOG_INFO(m_site, level::kInfo, "%s", Filled(m_row.cost, milliseconds).c_str());
     }
 }
 
@@ -95,7 +95,7 @@ int RequestCall::Fetch(std::string& body) {
     const int sent = Send(response.Data(), response.Length());
     NoteCost(stopwatch.ElapsedMilliseconds());
     if (sent != 0) {
-        LogError(m_site, level::kError, m_row.transportFailure, sent);
+        VANTIX_LOG_ERROR(m_site, level::kError, "%s", Filled(m_row.transportFailure, sent).c_str());
         return VANTIX_NET_ERROR_BASE + sent;
     }
     body = response.Text();
@@ -119,7 +119,7 @@ int RequestCall::Judge(const Reader& reader, BodyCodeText failure, const std::st
     if (code == 0) {
         return VANTIX_NOERROR;
     }
-    LogError(m_site, level::kError, failure, body, code);
+    VANTIX_LOG_ERROR(m_site, level::kError, "%s", Filled(failure, body, code).c_str());
     return Composed(code);
 }
 

@@ -31,7 +31,7 @@ template <class Masked>
 void LogStart(const CallSite& site, const Address& address, Masked masked) {
     if (LogPasses(level::kInfo)) {
         const std::string text = address.ForLog() + "?" + masked();
-        LogInfoAt(site, level::kInfo, "start Posts url and Param = %s", text.c_str());
+        VANTIX_LOG_INFO(site, level::kInfo, "start Posts url and Param = %s", text.c_str());
     }
 }
 
@@ -41,12 +41,12 @@ void LogHeaders(const CallSite& site, const ParamMap& headers) {
     }
     for (const auto& [key, value] : headers.All()) {
         const std::string line = (key + ": ").append(IsSecretHeader(key) ? kMask : std::string_view(value));
-        LogInfoAt(site, level::kInfo, "heads = %s", line.c_str());
+        VANTIX_LOG_INFO(site, level::kInfo, "heads = %s", line.c_str());
     }
 }
 
 int LogEnd(const CallSite& site, int result) {
-    LogInfoAt(site, level::kInfo, "end Posts url and Param result = %d", result);
+    VANTIX_LOG_INFO(site, level::kInfo, "end Posts url and Param result = %d", result);
     return result;
 }
 

@@ -8,7 +8,7 @@ bool ParseBody(const CallSite& site, const std::string& body, JsonCppDocument& d
     if (document.Parse(body)) {
         return true;
     }
-    LogErrorAt(site, level::kError, "platform response bad, szInfo = %s", body.c_str());
+    VANTIX_LOG_ERROR(site, level::kError, "platform response bad, szInfo = %s", body.c_str());
     return false;
 }
 
@@ -18,19 +18,20 @@ int ReadAnswer(const CallSite& site, const std::string& body, EnvelopeRule rule,
         return kNotJson;
     }
     if (const int code = rule(document.Root()); code != 0) {
-        LogInfoAt(site, level::kInfo, "Platform Response Error:%d, Resp:%s", code, body.c_str());
+        VANTIX_LOG_INFO(site, level::kInfo, "Platform Response Error:%d, Resp:%s", code, body.c_str());
         return code;
     }
     return payload(document.Root());
 }
 
 int Malformed(const CallSite& site, const std::string& body) {
-    LogErrorAt(site, level::kError, "platform response invalid, szInfo = %s", body.c_str());
+    VANTIX_LOG_ERROR(site, level::kError, "platform response invalid, szInfo = %s", body.c_str());
     return kBadFormat;
 }
 
 int Malformed(const CallSite& site, const std::string& body, const char* member) {
-    LogErrorAt(site, level::kError, "platform response invalid, szInfo = %s, %s not exist!", body.c_str(), member);
+    VANTIX_LOG_ERROR(site, level::kError, "platform response invalid, szInfo = %s, %s not exist!", body.c_str(),
+                     member);
     return kBadFormat;
 }
 

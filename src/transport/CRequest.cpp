@@ -17,7 +17,7 @@ bool ParametersGiven(const CallSite& site, const void* first, const void* second
     if (first != nullptr && second != nullptr && third != nullptr) {
         return true;
     }
-    LogErrorAt(site, level::kError, "param is NULL");
+    VANTIX_LOG_ERROR(site, level::kError, "param is NULL");
     return false;
 }
 
@@ -52,9 +52,9 @@ int Finish(const CallSite& site, CurlTransfer& transfer, char** response, uint32
         result = CURLE_OUT_OF_MEMORY;
     }
     if (body.size() <= kLongestLoggedBody) {
-        LogInfoAt(site, level::kInfo, "strRsp:%s", body.c_str());
+        VANTIX_LOG_INFO(site, level::kInfo, "strRsp:%s", body.c_str());
     } else {
-        LogInfoAt(site, level::kInfo, "strRsp outlen");
+        VANTIX_LOG_INFO(site, level::kInfo, "strRsp outlen");
     }
     return result;
 }

@@ -21,20 +21,21 @@ size_t PrefixLength() {
     return std::string("[] VX   INFO \t<Function>\t<1>,").size() + std::to_string(ProcessId()).size();
 }
 
-/// The roads that a message can take to the buffer, and how many characters each puts before it.
-struct Road {
+/// The ways to write a message, and how many characters each puts before it.
+struct Statement {
     const char* name;
     void (*write)(const char* message);
     size_t before;
 };
 
-/// How the test's name tells the road.
-void PrintTo(const Road& road, std::ostream* stream) { *stream << road.name; }
+/// The name of the case.
+void PrintTo(const Statement& statement, std::ostream* stream) { *stream << statement.name; }
 
-const Road kLog{"Log", [](const char* message) { log(5, "%s", message); }, 0};
-const Road kLogAt{"LogAt", [](const char* message) { LogInfoAt(kSite, 5, "%s", message); }, PrefixLength()};
+const Statement kLog{"Log", [](const char* message) { log(5, "%s", message); }, 0};
+const Statement kInSite{"InTheNameOfASite", [](const char* message) { VANTIX_LOG_INFO(kSite, 5, "%s", message); },
+                        PrefixLength()};
 
-class LoggerBufferTest : public testing::TestWithParam<Road> {
+class LoggerBufferTest : public testing::TestWithParam<Statement> {
 protected:
     /// A message that makes a text of this many characters.
     static std::string Message(size_t length) {
@@ -100,8 +101,8 @@ TEST_P(LoggerBufferTest, FilteredTextOfAnyLengthDoesNothing) {
     EXPECT_TRUE(sinks.All().empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Roads, LoggerBufferTest, testing::Values(kLog, kLogAt),
-                         [](const auto& road) { return road.param.name; });
+INSTANTIATE_TEST_SUITE_P(Statements, LoggerBufferTest, testing::Values(kLog, kInSite),
+                         [](const auto& statement) { return statement.param.name; });
 
 TEST(LoggerBuffer, EmptyTextIsANewline) {
     const CleanSwitches clean;
@@ -127,8 +128,8 @@ TEST(LoggerBuffer, LoggingAllocatesNothing) {
     log(5, "%s", "the first line builds the core");
     const std::string text(30'000, 'x');
     const FailingNew failing(1);
-    VANTIX_LOG_ERROR(5, "%d %s", 5, text.c_str());
-    LogErrorAt(kSite, 5, "%d %s", 5, text.c_str());
+    VANTIX_LOG_ERROR(VANTIX_HERE, 5, "%d %s", 5, text.c_str());
+    VANTIX_LOG_ERROR(kSite, 5, "%d %s", 5, text.c_str());
     EXPECT_FALSE(FailingNew::Fired());
 }
 
@@ -138,13 +139,13 @@ TEST(LoggerBuffer, LineIsDroppedWhenTheCoreCannotBeBuilt) {
     bool fired = false;
     {
         const FailingNew failing(1);
-        VANTIX_LOG_ERROR(5, "first of the process");
+        VANTIX_LOG_ERROR(VANTIX_HERE, 5, "first of the process");
         fired = FailingNew::Fired();
     }
     // Where an earlier case of the process has built the core, nothing fails and the line is written.
     const size_t first = fired ? 0 : 1;
     EXPECT_EQ(Sinks::DebuggerTexts(), before + first);
-    VANTIX_LOG_ERROR(5, "second");
+    VANTIX_LOG_ERROR(VANTIX_HERE, 5, "second");
     EXPECT_EQ(Sinks::DebuggerTexts(), before + first + 1);
 }
 

@@ -6,9 +6,6 @@
 #include <limits>
 #include <string>
 
-#include "support/CleanSwitches.h"
-#include "support/LogCapture.h"
-
 namespace vantix {
 namespace {
 
@@ -34,56 +31,32 @@ static_assert(!HasConversions("100%", "%d"));
 static_assert(!HasConversions("%5d", "%d"));
 static_assert(!HasConversions("%n", "%d"));
 
-class MessageText : public testing::Test {
-protected:
-    void ExpectLine(const char* word, unsigned lineLevel, const std::string& message) const {
-        ASSERT_EQ(m_log.Lines().size(), 1U);
-        const test::LogLine line = m_log.Lines()[0];
-        EXPECT_EQ(line.Word(), word);
-        EXPECT_EQ(line.level, lineLevel);
-        EXPECT_EQ(line.Message(), message);
-        EXPECT_EQ(line.Tag(), "CaseOf::Site");
-        EXPECT_NE(line.text.find(">\t<42>,"), std::string::npos);
-    }
-
-    const CallSite m_site{"void vantix::CaseOf::Site(int)", 42};
-    test::CleanSwitches m_switches;
-    test::LogCapture m_log;
-};
-
-TEST_F(MessageText, ATextWithoutAFormatIsNotThere) {
+TEST(MessageText, ATextWithoutAFormatIsNotThere) {
     EXPECT_FALSE(CodeText().IsThere());
     EXPECT_FALSE(CostText().IsThere());
     EXPECT_TRUE(CodeText("%d").IsThere());
     EXPECT_TRUE(BodyCodeText("%s%d").IsThere());
 }
 
-TEST_F(MessageText, AboutACode) {
-    LogError(m_site, level::kError, CodeText("SyncRequest error:%d"), 7);
-    ExpectLine("ERROR", 5, "SyncRequest error:7");
+TEST(MessageText, AboutACode) {
+    EXPECT_EQ(Filled(CodeText("SyncRequest error:%d"), 7), "SyncRequest error:7");
+    EXPECT_EQ(Filled(CodeText("code %d."), std::numeric_limits<int>::min()), "code -2147483648.");
 }
 
-TEST_F(MessageText, AboutANegativeCodeAtAnotherLevel) {
-    LogError(m_site, level::kWarning, CodeText("code %d."), std::numeric_limits<int>::min());
-    ExpectLine("ERROR", 4, "code -2147483648.");
+TEST(MessageText, AboutABodyAndACode) {
+    EXPECT_EQ(Filled(BodyCodeText("ParseX:%s error:%d"), "{\"a\":\"%s%n\"}", 10002),
+              "ParseX:{\"a\":\"%s%n\"} error:10002");
 }
 
-TEST_F(MessageText, AboutABodyAndACode) {
-    LogError(m_site, level::kError, BodyCodeText("ParseX:%s error:%d"), "{\"a\":\"%s%n\"}", 10002);
-    ExpectLine("ERROR", 5, "ParseX:{\"a\":\"%s%n\"} error:10002");
+TEST(MessageText, AboutMilliseconds) {
+    EXPECT_EQ(Filled(CostText("/api CostTime: = %ld milliseconds"), std::numeric_limits<int32_t>::max()),
+              "/api CostTime: = 2147483647 milliseconds");
 }
 
-TEST_F(MessageText, AboutMilliseconds) {
-    LogInfo(m_site, level::kInfo, CostText("/api CostTime: = %ld milliseconds"), std::numeric_limits<int32_t>::max());
-    ExpectLine("INFO ", 3, "/api CostTime: = 2147483647 milliseconds");
-}
-
-TEST_F(MessageText, BelowTheThresholdIsNotWritten) {
-    iLogLevel = 6;
-    LogError(m_site, level::kError, CodeText("%d"), 7);
-    LogError(m_site, level::kError, BodyCodeText("%s%d"), "", 7);
-    LogInfo(m_site, level::kInfo, CostText("%ld"), 7);
-    EXPECT_TRUE(m_log.Lines().empty());
+TEST(MessageText, OneThatNoLineCanHoldIsCut) {
+    const std::string whole = Filled(BodyCodeText("%s%d"), std::string(40900, 'x'), 7);
+    EXPECT_EQ(whole, std::string(40900, 'x') + "7");
+    EXPECT_EQ(Filled(BodyCodeText("%s%d"), std::string(50000, 'x'), 7), std::string(40961, 'x'));
 }
 
 }  // namespace
