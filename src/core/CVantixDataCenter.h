@@ -16,7 +16,7 @@
 #include "core/Source.h"
 #include "core/StreamTokens.h"
 #include "core/TokenRecords.h"
-#include "requests/RequestCall.h"
+#include "log/Logger.h"
 #include "vantix/records/BWCheckInfo.h"
 #include "vantix/records/CloudFileQuery.h"
 #include "vantix/records/ConfigInfo.h"

@@ -4,7 +4,8 @@
 #include <string>
 
 #include "core/QueryTable.h"
-#include "requests/RequestCall.h"
+#include "core/Source.h"
+#include "log/Logger.h"
 
 namespace vantix {
 

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "requests/RequestCall.h"
+#include <string>
+
+#include "requests/Route.h"
 
 namespace vantix {
 

@@ -31,7 +31,7 @@ bool Take(const std::vector<ConsumerChannel>& channels, int channelNo, DevChanne
 
 }  // namespace
 
-int GetDevDetailInfoFromCServerBySerial(const Caller& caller, const std::string& deviceSerial, int channelNo,
+int GetDevDetailInfoFromCServerBySerial(const ConsumerRoute& route, const std::string& deviceSerial, int channelNo,
                                         DevChannelInfo& channel, DevDetailInfo& device) {
     const CallSite site = VANTIX_HERE;
     const auto parse = [&](const std::string& body) -> int {
@@ -42,7 +42,7 @@ int GetDevDetailInfoFromCServerBySerial(const Caller& caller, const std::string&
         }
         return code;
     };
-    RequestCall call(site, cserver_requests::kDevDetailInfo, caller);
+    RequestCall call(site, cserver_requests::kDevDetailInfo, route);
     const int result = call.With(deviceSerial).CostInto(device.iRequestCost).Run(parse);
     if (result == VANTIX_NOERROR) {
         device.tCacheTime = WallSeconds();

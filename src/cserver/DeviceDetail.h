@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "requests/RequestCall.h"
+#include "requests/Route.h"
 #include "vantix/records/DevChannelInfo.h"
 #include "vantix/records/DevDetailInfo.h"
 
@@ -17,7 +17,7 @@ namespace vantix {
 ///
 /// Returns 0, 100000 + the transport's code, or 300000 + the response code. "releaseVersion" is not told by these
 /// servers, so such a record is never served from a cache.
-int GetDevDetailInfoFromCServerBySerial(const Caller& caller, const std::string& deviceSerial, int channelNo,
+int GetDevDetailInfoFromCServerBySerial(const ConsumerRoute& route, const std::string& deviceSerial, int channelNo,
                                         DevChannelInfo& channel, DevDetailInfo& device);
 
 /// A camera of the page, and the device as it is for that camera.

@@ -105,8 +105,8 @@ std::string Translated(const JsonCppView& root) {
 
 }  // namespace
 
-int GetB2CSharedDevListFromPlatform(const Caller& caller, int offset, int limit, std::string& deviceList) {
-    return RequestCall(VANTIX_HERE, cserver_requests::kSharedDevices, caller)
+int GetB2CSharedDevListFromPlatform(const ConsumerRoute& route, int offset, int limit, std::string& deviceList) {
+    return RequestCall(VANTIX_HERE, cserver_requests::kSharedDevices, route)
         .With(offset, limit)
         .Run([&](const std::string& body) { return ParseB2CDeviceListFromPlatform(body, deviceList); });
 }

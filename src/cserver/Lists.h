@@ -2,13 +2,13 @@
 
 #include <string>
 
-#include "requests/RequestCall.h"
+#include "requests/Route.h"
 
 namespace vantix {
 
 /// The devices that others share with the account on the consumer servers, as a device list in the platform's JSON
 /// shape. Returns 0, 100000 + the transport's code or 300000 + the response code.
-int GetB2CSharedDevListFromPlatform(const Caller& caller, int offset, int limit, std::string& deviceList);
+int GetB2CSharedDevListFromPlatform(const ConsumerRoute& route, int offset, int limit, std::string& deviceList);
 
 /// Translates the shared-device page list, whose "data" must hold "resourceInfos", into the platform's shape.
 int ParseB2CDeviceListFromPlatform(const std::string& body, std::string& deviceList);

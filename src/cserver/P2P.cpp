@@ -62,11 +62,11 @@ std::string Masked(const JsonCppView& first, const JsonCppView& second) {
 }
 
 /// Sends the first request. `goOn` is false when the second must not follow.
-int FetchUser(const CallSite& site, const Caller& caller, const ClientInfo& client, int32_t& cost,
+int FetchUser(const CallSite& site, const ConsumerRoute& route, const ClientInfo& client, int32_t& cost,
               json::JsonCppDocument& document, bool& goOn) {
     std::string body;
     goOn = false;
-    const int fetched = RequestCall(site, requests::kUserInfo, caller, &client).CostInto(cost).Fetch(body);
+    const int fetched = RequestCall(site, requests::kUserInfo, route, &client).CostInto(cost).Fetch(body);
     if (fetched != VANTIX_NOERROR) {
         return fetched;
     }
@@ -86,10 +86,10 @@ int FetchUser(const CallSite& site, const Caller& caller, const ClientInfo& clie
     return VANTIX_NOERROR;
 }
 
-int FetchConfiguration(const CallSite& site, const Caller& caller, const ClientInfo& client, int32_t& cost,
+int FetchConfiguration(const CallSite& site, const ConsumerRoute& route, const ClientInfo& client, int32_t& cost,
                        json::JsonCppDocument& document) {
     std::string body;
-    const int fetched = RequestCall(site, requests::kP2PConfiguration, caller, &client).CostInto(cost).Fetch(body);
+    const int fetched = RequestCall(site, requests::kP2PConfiguration, route, &client).CostInto(cost).Fetch(body);
     if (fetched != VANTIX_NOERROR) {
         return fetched;
     }
@@ -118,7 +118,7 @@ int ReadUser(const CallSite& site, const std::string& forLog, const JsonCppView&
 
 }  // namespace
 
-int GetP2PUserInfoFromCServer(const Caller& caller, P2PUserInfo& userInfo) {
+int GetP2PUserInfoFromCServer(const ConsumerRoute& route, P2PUserInfo& userInfo) {
     const CallSite site = VANTIX_HERE;
     const ClientInfo client;
     json::JsonCppDocument user;
@@ -126,9 +126,9 @@ int GetP2PUserInfoFromCServer(const Caller& caller, P2PUserInfo& userInfo) {
     int32_t userCost = 0;
     int32_t configurationCost = 0;
     bool goOn = false;
-    int result = FetchUser(site, caller, client, userCost, user, goOn);
+    int result = FetchUser(site, route, client, userCost, user, goOn);
     if (goOn) {
-        result = FetchConfiguration(site, caller, client, configurationCost, configuration);
+        result = FetchConfiguration(site, route, client, configurationCost, configuration);
         goOn = result == VANTIX_NOERROR;
     }
     userInfo.iRequestCost = userCost + configurationCost;
@@ -161,8 +161,8 @@ int ParseP2PUserInfoFromCServer(const std::string& joined, P2PUserInfo& userInfo
     return ReadUser(site, Masked(first, second), first, second, userInfo);
 }
 
-int GetP2PDevInfoFromCServer(const Caller& caller, const std::string& deviceSerial, P2PDevInfo& devInfo) {
-    return RequestCall(VANTIX_HERE, requests::kP2PDevInfo, caller).With(deviceSerial).Run([&](const std::string& body) {
+int GetP2PDevInfoFromCServer(const ConsumerRoute& route, const std::string& deviceSerial, P2PDevInfo& devInfo) {
+    return RequestCall(VANTIX_HERE, requests::kP2PDevInfo, route).With(deviceSerial).Run([&](const std::string& body) {
         return ParseP2PDevInfoFromCServer(body, deviceSerial, devInfo);
     });
 }

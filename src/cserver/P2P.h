@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "requests/RequestCall.h"
+#include "requests/Route.h"
 #include "vantix/records/P2PDevInfo.h"
 #include "vantix/records/P2PUserInfo.h"
 
@@ -15,11 +15,11 @@ namespace vantix {
 ///
 /// Returns 0, 100000 + the transport's code, a bare 1 when an answer is not JSON, or 300000 + the parser's code. When
 /// the first answer's envelope is missing or a failure the result is 0 as well, and the record stays unfilled.
-int GetP2PUserInfoFromCServer(const Caller& caller, P2PUserInfo& userInfo);
+int GetP2PUserInfoFromCServer(const ConsumerRoute& route, P2PUserInfo& userInfo);
 
 /// Fetches one device's P2P information. The elapsed milliseconds are logged and, unlike those of the other requests,
 /// not stored. Returns 0, 100000 + the transport's code or 300000 + the response code.
-int GetP2PDevInfoFromCServer(const Caller& caller, const std::string& deviceSerial, P2PDevInfo& devInfo);
+int GetP2PDevInfoFromCServer(const ConsumerRoute& route, const std::string& deviceSerial, P2PDevInfo& devInfo);
 
 /// Reads both answers of the user, joined as {"response1":…,"response2":…}.
 int ParseP2PUserInfoFromCServer(const std::string& joined, P2PUserInfo& userInfo);

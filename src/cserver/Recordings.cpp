@@ -37,10 +37,10 @@ Page ReadPage(const json::JsonCppView& root) {
 
 }  // namespace
 
-int GetDeviceFileBySerialFromCServer(const Caller& caller, const std::string& deviceSerial, int channelNo,
+int GetDeviceFileBySerialFromCServer(const ConsumerRoute& route, const std::string& deviceSerial, int channelNo,
                                      const TimeSpan& span, int recordType, std::string& records) {
     const CallSite site = VANTIX_HERE;
-    return RequestCall(site, cserver_requests::kDeviceFiles, caller)
+    return RequestCall(site, cserver_requests::kDeviceFiles, route)
         .With(deviceSerial, channelNo, WithFirstBlankEscaped(span.startTime), WithFirstBlankEscaped(span.endTime),
               recordType)
         .Run([&](const std::string& body) { return CheckRecords(site, body); },

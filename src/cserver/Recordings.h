@@ -2,14 +2,14 @@
 
 #include <string>
 
-#include "requests/RequestCall.h"
+#include "requests/Route.h"
 #include "vantix/records/CloudFileQuery.h"
 
 namespace vantix {
 
 /// Recordings on a device, as the compact text {"data":[…]}, at most 100. Returns 0, 100000 + the transport's code or
 /// 300000 + the response code.
-int GetDeviceFileBySerialFromCServer(const Caller& caller, const std::string& deviceSerial, int channelNo,
+int GetDeviceFileBySerialFromCServer(const ConsumerRoute& route, const std::string& deviceSerial, int channelNo,
                                      const TimeSpan& span, int recordType, std::string& records);
 
 /// Turns "records" into the compact text {"data":[…]}, unread.

@@ -28,8 +28,8 @@ constexpr json::Field<ServerInfo> kFields[] = {
 
 }  // namespace
 
-int GetServerInfoFromCServer(const Caller& caller, ServerInfo& serverInfo) {
-    return RequestCall(VANTIX_HERE, cserver_requests::kServerInfo, caller)
+int GetServerInfoFromCServer(const ConsumerRoute& route, ServerInfo& serverInfo) {
+    return RequestCall(VANTIX_HERE, cserver_requests::kServerInfo, route)
         .CostInto(serverInfo.iRequestCost)
         .Run([&](const std::string& body) { return ParseServerInfoFromCServer(body, serverInfo); });
 }

@@ -36,15 +36,15 @@ int CheckRefresh(const CallSite& site, const std::string& body) {
 
 }  // namespace
 
-int GetStreamTokensFromCServer(const Caller& caller, std::string& answer) {
-    return RequestCall(VANTIX_HERE, requests::kStreamTokens, caller).With(caller.credential).Fetch(answer);
+int GetStreamTokensFromCServer(const ConsumerRoute& route, std::string& answer) {
+    return RequestCall(VANTIX_HERE, requests::kStreamTokens, route).With(route.SessionId()).Fetch(answer);
 }
 
-int RefreshSessionFromCServer(const Caller& caller, SessionInfo& session) {
+int RefreshSessionFromCServer(const ConsumerRoute& route, SessionInfo& session) {
     const CallSite site = VANTIX_HERE;
     const ClientInfo client;
     std::string body;
-    int result = RequestCall(site, requests::kRefreshSession, caller, &client)
+    int result = RequestCall(site, requests::kRefreshSession, route, &client)
                      .With(session.refreshSessionId, client.featureCode)
                      .Fetch(body);
     if (result == VANTIX_NOERROR) {

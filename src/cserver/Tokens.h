@@ -5,13 +5,13 @@
 
 #include <string>
 
-#include "requests/RequestCall.h"
+#include "requests/Route.h"
 
 namespace vantix {
 
 /// A batch of stream tokens, as the server answers it; the envelope is not looked at. 0, or 100000 + the transport's
 /// code.
-int GetStreamTokensFromCServer(const Caller& caller, std::string& answer);
+int GetStreamTokensFromCServer(const ConsumerRoute& route, std::string& answer);
 
 /// A session, and what renews it.
 struct SessionInfo {
@@ -21,7 +21,7 @@ struct SessionInfo {
 
 /// Renews the session; `session` holds the refresh session id and gets the new ones. Returns 0, 100000 + the
 /// transport's code, 1 when the answer is not JSON, the server's own bare code, or 300000 + the parser's code.
-int RefreshSessionFromCServer(const Caller& caller, SessionInfo& session);
+int RefreshSessionFromCServer(const ConsumerRoute& route, SessionInfo& session);
 
 /// Reads "sessionInfo", which must hold the session id; without a refresh session id the old one stays.
 int ParseRefreshSessionnFromCServer(const std::string& body, SessionInfo& session);

@@ -7,7 +7,7 @@
 
 #include <string>
 
-#include "requests/RequestCall.h"
+#include "requests/Route.h"
 #include "vantix/records/BWCheckInfo.h"
 #include "vantix/records/ConfigInfo.h"
 #include "vantix/records/TransparentMsgDetail.h"
@@ -15,30 +15,31 @@
 namespace vantix {
 
 /// The platform's configuration. Needs no credential.
-int GetConfigInfoFromPlatform(const Caller& caller, ConfigInfo& config);
+int GetConfigInfoFromPlatform(const PlatformRoute& route, ConfigInfo& config);
 
 /// The name of the account that the credential stands for.
-int GetUsernameFromPlatform(const Caller& caller, std::string& userName);
+int GetUsernameFromPlatform(const PlatformRoute& route, std::string& userName);
 
 /// Its id.
-int GetUserIdFromPlatform(const Caller& caller, std::string& userId);
+int GetUserIdFromPlatform(const PlatformRoute& route, std::string& userId);
 
 /// Registers this client for pushes.
-int getPushSessionIdFromPlatform(const Caller& caller, std::string& pushSessionId);
+int getPushSessionIdFromPlatform(const PlatformRoute& route, std::string& pushSessionId);
 
 /// Where this client may measure its bandwidth.
-int getBWCheckInfoFromPlatform(const Caller& caller, int type, const std::string& checkTime, int localIndex,
+int getBWCheckInfoFromPlatform(const PlatformRoute& route, int type, const std::string& checkTime, int localIndex,
                                BWCheckInfo& info);
 
 /// A message that the platform passed through from a device.
-int GetTransparentMsgDetailFromPlatform(const Caller& caller, const std::string& msgSeq, TransparentMsgDetail& detail);
+int GetTransparentMsgDetailFromPlatform(const PlatformRoute& route, const std::string& msgSeq,
+                                        TransparentMsgDetail& detail);
 
 /// Sets a channel's picture quality level; the answer as it came.
-int SetVideoDefinitionOnPlatform(const Caller& caller, const std::string& deviceSerial, int cameraNo, int videoLevel,
-                                 std::string& answer);
+int SetVideoDefinitionOnPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
+                                 int videoLevel, std::string& answer);
 
 /// Marks an alarm as read.
-int SetAlarmReadOnPlatform(const Caller& caller, const std::string& alarmId);
+int SetAlarmReadOnPlatform(const PlatformRoute& route, const std::string& alarmId);
 
 /// Has a code rule of its own: the "code" of "result", textual or a number. "data" stands inside "result" or at the
 /// root.

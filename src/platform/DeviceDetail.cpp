@@ -20,10 +20,10 @@ int Stamped(int result, DevDetailInfo& device) {
 
 }  // namespace
 
-int GetDevDetailInfoFromPlatformBySerial(const Caller& caller, const std::string& deviceSerial, int cameraNo,
+int GetDevDetailInfoFromPlatformBySerial(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
                                          DevChannelInfo& channel, DevDetailInfo& device,
                                          std::optional<BelongDevInfo>& parent) {
-    RequestCall call(VANTIX_HERE, platform_requests::kDevDetailInfo, caller);
+    RequestCall call(VANTIX_HERE, platform_requests::kDevDetailInfo, route);
     call.With(deviceSerial, cameraNo).CostInto(device.iRequestCost);
     return Stamped(call.Run([&](const std::string& body) {
         return ParseDevDetailInfoFromPlatform(body, channel, device, parent);
@@ -31,11 +31,11 @@ int GetDevDetailInfoFromPlatformBySerial(const Caller& caller, const std::string
                    device);
 }
 
-int GetDeviceDetailInfoFromPlatformBySerial(const Caller& caller, const std::string& deviceSerial, int cameraNo,
+int GetDeviceDetailInfoFromPlatformBySerial(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
                                             const std::string& bizType, const std::string& platFormId,
                                             DevChannelInfo& channel, DevDetailInfo& device) {
     std::optional<BelongDevInfo> parent;
-    RequestCall call(VANTIX_HERE, platform_requests::kDeviceDetailInfo, caller);
+    RequestCall call(VANTIX_HERE, platform_requests::kDeviceDetailInfo, route);
     call.With(deviceSerial, cameraNo, bizType, platFormId).CostInto(device.iRequestCost);
     return Stamped(call.Run([&](const std::string& body) {
         return ParseDeviceDetailInfoFromPlatform(body, channel, device, parent);
@@ -43,8 +43,8 @@ int GetDeviceDetailInfoFromPlatformBySerial(const Caller& caller, const std::str
                    device);
 }
 
-int GetDeviceInfoBySerialFromPlatform(const Caller& caller, const std::string& deviceSerial, std::string& json) {
-    RequestCall call(VANTIX_HERE, platform_requests::kDeviceInfo, caller);
+int GetDeviceInfoBySerialFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, std::string& json) {
+    RequestCall call(VANTIX_HERE, platform_requests::kDeviceInfo, route);
     return call.With(deviceSerial).Run(Keeping(CheckResponseInfoFromPlatform, json));
 }
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "requests/RequestCall.h"
+#include "requests/Route.h"
 #include "vantix/records/BelongDevInfo.h"
 #include "vantix/records/DevChannelInfo.h"
 #include "vantix/records/DevDetailInfo.h"
@@ -17,16 +17,16 @@ namespace vantix {
 /// of the fetch; `parent` is filled when the answer carries the device's parent.
 ///
 /// Returns 0, 100000 + the transport's code, or 300000 + the response code.
-int GetDevDetailInfoFromPlatformBySerial(const Caller& caller, const std::string& deviceSerial, int cameraNo,
+int GetDevDetailInfoFromPlatformBySerial(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
                                          DevChannelInfo& channel, DevDetailInfo& device,
                                          std::optional<BelongDevInfo>& parent);
 
 /// The same for a device of another business platform.
-int GetDeviceDetailInfoFromPlatformBySerial(const Caller& caller, const std::string& deviceSerial, int cameraNo,
+int GetDeviceDetailInfoFromPlatformBySerial(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
                                             const std::string& bizType, const std::string& platFormId,
                                             DevChannelInfo& channel, DevDetailInfo& device);
 
 /// Fetches the device information as the platform words it.
-int GetDeviceInfoBySerialFromPlatform(const Caller& caller, const std::string& deviceSerial, std::string& json);
+int GetDeviceInfoBySerialFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, std::string& json);
 
 }  // namespace vantix

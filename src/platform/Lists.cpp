@@ -69,28 +69,28 @@ int ParseDevices(const CallSite& site, const std::string& body, DevicesOf device
 
 }  // namespace
 
-int GetDevListFromPlatform(const Caller& caller, int pageStart, int pageSize, DeviceList& list) {
-    return RequestCall(VANTIX_HERE, requests::kDevList, caller)
+int GetDevListFromPlatform(const PlatformRoute& route, int pageStart, int pageSize, DeviceList& list) {
+    return RequestCall(VANTIX_HERE, requests::kDevList, route)
         .With(pageStart, pageSize)
         .Run([&](const std::string& body) { return ParseDeviceListFromPlatform(body, list); });
 }
 
-int GetDeviceListFromPlatform(const Caller& caller, int pageStart, int pageSize, const std::string& bizType,
+int GetDeviceListFromPlatform(const PlatformRoute& route, int pageStart, int pageSize, const std::string& bizType,
                               DeviceList& list) {
-    return RequestCall(VANTIX_HERE, requests::kDeviceListGB, caller)
+    return RequestCall(VANTIX_HERE, requests::kDeviceListGB, route)
         .With(pageStart, pageSize, bizType)
         .Run([&](const std::string& body) { return ParseDeviceListFromPlatform_GB(body, list); });
 }
 
-int GetShareDevListFromPlatform(const Caller& caller, int pageStart, int pageSize, DeviceList& list) {
-    return RequestCall(VANTIX_HERE, requests::kShareDevList, caller)
+int GetShareDevListFromPlatform(const PlatformRoute& route, int pageStart, int pageSize, DeviceList& list) {
+    return RequestCall(VANTIX_HERE, requests::kShareDevList, route)
         .With(pageStart, pageSize)
         .Run([&](const std::string& body) { return ParseDeviceListFromPlatform(body, list); });
 }
 
-int GetAlarmListFromPlatform(const Caller& caller, const std::string& deviceSerial, int cameraNo,
+int GetAlarmListFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
                              const AlarmQuery& query, std::string& json) {
-    return RequestCall(VANTIX_HERE, requests::kAlarmList, caller)
+    return RequestCall(VANTIX_HERE, requests::kAlarmList, route)
         .With(deviceSerial, cameraNo, query.pageStart, query.pageSize, query.startTime, query.endTime, query.alarmType,
               query.status)
         .Run(Keeping(CheckResponseInfoFromPlatform, json));

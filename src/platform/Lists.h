@@ -7,20 +7,20 @@
 
 #include <string>
 
-#include "requests/RequestCall.h"
+#include "requests/Route.h"
 #include "vantix/records/DeviceList.h"
 
 namespace vantix {
 
 /// One page of the account's own devices.
-int GetDevListFromPlatform(const Caller& caller, int pageStart, int pageSize, DeviceList& list);
+int GetDevListFromPlatform(const PlatformRoute& route, int pageStart, int pageSize, DeviceList& list);
 
 /// One page of the devices of a business type.
-int GetDeviceListFromPlatform(const Caller& caller, int pageStart, int pageSize, const std::string& bizType,
+int GetDeviceListFromPlatform(const PlatformRoute& route, int pageStart, int pageSize, const std::string& bizType,
                               DeviceList& list);
 
 /// One page of the devices that others share with the account.
-int GetShareDevListFromPlatform(const Caller& caller, int pageStart, int pageSize, DeviceList& list);
+int GetShareDevListFromPlatform(const PlatformRoute& route, int pageStart, int pageSize, DeviceList& list);
 
 /// Which alarms of a channel are asked for.
 struct AlarmQuery {
@@ -33,7 +33,7 @@ struct AlarmQuery {
 };
 
 /// One page of a channel's alarms, as the platform answers it.
-int GetAlarmListFromPlatform(const Caller& caller, const std::string& deviceSerial, int cameraNo,
+int GetAlarmListFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
                              const AlarmQuery& query, std::string& json);
 
 /// Reads the devices, one item a channel, from "result"."data"."deviceInfos", and the page. "result"."data" must be

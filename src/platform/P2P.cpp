@@ -62,15 +62,15 @@ void ReadDevice(const JsonCppView& data, P2PDevInfo& devInfo) {
 
 }  // namespace
 
-int GetP2PUserInfoFromPlatform(const Caller& caller, P2PUserInfo& userInfo) {
-    RequestCall call(VANTIX_HERE, platform_requests::kP2PUserInfo, caller);
+int GetP2PUserInfoFromPlatform(const PlatformRoute& route, P2PUserInfo& userInfo) {
+    RequestCall call(VANTIX_HERE, platform_requests::kP2PUserInfo, route);
     return call.CostInto(userInfo.iRequestCost).Run(CheckResponseInfoFromPlatform, [&](const std::string& body) {
         return ParseP2PUserInfo(body, userInfo);
     });
 }
 
-int GetP2PDevInfoFromPlatform(const Caller& caller, const std::string& deviceSerial, P2PDevInfo& devInfo) {
-    RequestCall call(VANTIX_HERE, platform_requests::kP2PDevInfo, caller);
+int GetP2PDevInfoFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, P2PDevInfo& devInfo) {
+    RequestCall call(VANTIX_HERE, platform_requests::kP2PDevInfo, route);
     return call.With(deviceSerial)
         .CostInto(devInfo.iRequestCost)
         .Run(CheckResponseInfoFromPlatform, [&](const std::string& body) { return ParseP2PDevInfo(body, devInfo); });

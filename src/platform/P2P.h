@@ -7,17 +7,17 @@
 
 #include <string>
 
-#include "requests/RequestCall.h"
+#include "requests/Route.h"
 #include "vantix/records/P2PDevInfo.h"
 #include "vantix/records/P2PUserInfo.h"
 
 namespace vantix {
 
 /// Fetches the user's P2P identity. The elapsed milliseconds are stored whatever the outcome.
-int GetP2PUserInfoFromPlatform(const Caller& caller, P2PUserInfo& userInfo);
+int GetP2PUserInfoFromPlatform(const PlatformRoute& route, P2PUserInfo& userInfo);
 
 /// Fetches one device's P2P information. The elapsed milliseconds are stored whatever the outcome.
-int GetP2PDevInfoFromPlatform(const Caller& caller, const std::string& deviceSerial, P2PDevInfo& devInfo);
+int GetP2PDevInfoFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, P2PDevInfo& devInfo);
 
 /// Reads "result"."data", which must be objects.
 int ParseP2PUserInfo(const std::string& body, P2PUserInfo& userInfo);

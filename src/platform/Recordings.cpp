@@ -11,18 +11,18 @@ namespace vantix {
 
 namespace requests = platform_requests;
 
-int GetDeviceFileBySerialFromPlatform(const Caller& caller, const std::string& deviceSerial, int cameraNo,
+int GetDeviceFileBySerialFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
                                       const TimeSpan& span, int recordType, int location, bool sdkPath,
                                       RecordFileList& list) {
-    return RequestCall(VANTIX_HERE, sdkPath ? requests::kDeviceFilesSdk : requests::kDeviceFiles, caller)
+    return RequestCall(VANTIX_HERE, sdkPath ? requests::kDeviceFilesSdk : requests::kDeviceFiles, route)
         .With(deviceSerial, cameraNo, span.startTime, span.endTime, recordType, location)
         .Run(CheckResponseInfoFromPlatform, [&](const std::string& body) { return ParseDeviceRecordFile(body, list); });
 }
 
-int GetDeviceFileBySerialFromPlatformEx(const Caller& caller, const std::string& deviceSerial, int channelNo,
+int GetDeviceFileBySerialFromPlatformEx(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                         const TimeSpan& span, int recordType, bool withLocation, RecordFileList& list) {
     constexpr int kLocation = 2;
-    RequestCall call(VANTIX_HERE, requests::kDeviceFilesEx, caller);
+    RequestCall call(VANTIX_HERE, requests::kDeviceFilesEx, route);
     call.With(WithFirstBlankEscaped(span.startTime), WithFirstBlankEscaped(span.endTime), deviceSerial, channelNo);
     if (withLocation) {
         call.WithOptional("location", kLocation);
@@ -33,50 +33,48 @@ int GetDeviceFileBySerialFromPlatformEx(const Caller& caller, const std::string&
     return call.Run([&](const std::string& body) { return ParseLocalDeviceRecordFile(body, list); });
 }
 
-int GetCloudRecordFileFromPlatform(const Caller& caller, const std::string& deviceSerial, int localIndex, int spaceId,
-                                   const TimeSpan& span, RecordFileList& list) {
-    return RequestCall(VANTIX_HERE, requests::kCloudRecordFile, caller)
+int GetCloudRecordFileFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int localIndex,
+                                   int spaceId, const TimeSpan& span, RecordFileList& list) {
+    return RequestCall(VANTIX_HERE, requests::kCloudRecordFile, route)
         .With(spaceId, WithFirstBlankEscaped(span.startTime), WithFirstBlankEscaped(span.endTime), deviceSerial,
               localIndex)
         .Run([&](const std::string& body) { return ParseLocalDeviceRecordFile(body, list); });
 }
 
-int GetCloudFileBySerialFromPlatform(const Caller& caller, const std::string& deviceSerial, int cameraNo,
+int GetCloudFileBySerialFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
                                      const TimeSpan& span, int fileType, std::string& json) {
-    return RequestCall(VANTIX_HERE, requests::kCloudFiles, caller)
+    return RequestCall(VANTIX_HERE, requests::kCloudFiles, route)
         .With(deviceSerial, cameraNo, span.startTime, span.endTime, fileType)
         .Run(Keeping(CheckResponseInfoFromPlatform, json));
 }
 
-int GetCloudFileInfoBySerialEXFromPlatform(const Caller& caller, const std::string& query, std::string& json) {
-    return RequestCall(VANTIX_HERE, requests::kCloudFileDetails, caller)
+int GetCloudFileInfoBySerialEXFromPlatform(const PlatformRoute& route, const std::string& query, std::string& json) {
+    return RequestCall(VANTIX_HERE, requests::kCloudFileDetails, route)
         .Body(query)
         .Run(Keeping(CheckCloudResponseInfoFromPlatform, json));
 }
 
-int GetCloudFileBySerialEXFromPlatform(const Caller& caller, const std::string& deviceSerial, int channelNo,
+int GetCloudFileBySerialEXFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                        int videoType, const CloudFileQuery& query, std::string& json) {
-    return RequestCall(VANTIX_HERE, requests::kCloudFilesPerDay, caller)
+    return RequestCall(VANTIX_HERE, requests::kCloudFilesPerDay, route)
         .With(deviceSerial, channelNo, videoType, query.searchDate, query.maxCreateTime, query.detailFileCount)
         .Run(Keeping(CheckCloudResponseInfoFromPlatform, json));
 }
 
-int GetLocalFileBySerialFromPlatform(const Caller& caller, const std::string& deviceSerial, int channelNo,
+int GetLocalFileBySerialFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                      const TimeSpan& span, const BusinessPlatform& business, std::string& json) {
-    return RequestCall(VANTIX_HERE, requests::kLocalFiles, caller)
+    return RequestCall(VANTIX_HERE, requests::kLocalFiles, route)
         .With(business.bizType, deviceSerial, channelNo, business.platFormId, span.startTime, span.endTime)
         .Run(Keeping(CheckResponseInfoFromPlatform, json));
 }
 
-int GetRecordByAlarmIdFromPlatform(const Caller& caller, const std::string& deviceSerial, int channelNo,
+int GetRecordByAlarmIdFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                    const std::string& alarmId, std::string& json) {
-    return RequestCall(VANTIX_HERE, requests::kRecordByAlarm, caller)
-        .With(deviceSerial, channelNo, alarmId)
-        .Fetch(json);
+    return RequestCall(VANTIX_HERE, requests::kRecordByAlarm, route).With(deviceSerial, channelNo, alarmId).Fetch(json);
 }
 
-int GetClouduploadUrlPlatform(const Caller& caller, const UploadQuery& query, RecordFileList& list) {
-    return RequestCall(VANTIX_HERE, requests::kCloudUploadUrl, caller)
+int GetClouduploadUrlPlatform(const PlatformRoute& route, const UploadQuery& query, RecordFileList& list) {
+    return RequestCall(VANTIX_HERE, requests::kCloudUploadUrl, route)
         .With(query.fileName, query.fileType, query.expireDays, query.urlExpireTime, query.bizType)
         .Run([&](const std::string& body) { return ParseLocalDeviceRecordFile(body, list); });
 }

@@ -8,34 +8,34 @@
 
 #include <string>
 
-#include "requests/RequestCall.h"
+#include "requests/Route.h"
 #include "vantix/records/CloudFileQuery.h"
 #include "vantix/records/RecordFileList.h"
 
 namespace vantix {
 
 /// Recordings on a device. `sdkPath` chooses the older of the platform's two paths.
-int GetDeviceFileBySerialFromPlatform(const Caller& caller, const std::string& deviceSerial, int cameraNo,
+int GetDeviceFileBySerialFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
                                       const TimeSpan& span, int recordType, int location, bool sdkPath,
                                       RecordFileList& list);
 
 /// Recordings on a device, by the newer query. A record type of 0 and no location are not sent.
-int GetDeviceFileBySerialFromPlatformEx(const Caller& caller, const std::string& deviceSerial, int channelNo,
+int GetDeviceFileBySerialFromPlatformEx(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                         const TimeSpan& span, int recordType, bool withLocation, RecordFileList& list);
 
 /// Recordings in a cloud storage space.
-int GetCloudRecordFileFromPlatform(const Caller& caller, const std::string& deviceSerial, int localIndex, int spaceId,
-                                   const TimeSpan& span, RecordFileList& list);
+int GetCloudRecordFileFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int localIndex,
+                                   int spaceId, const TimeSpan& span, RecordFileList& list);
 
 /// Cloud recordings of a channel, as the platform answers them.
-int GetCloudFileBySerialFromPlatform(const Caller& caller, const std::string& deviceSerial, int cameraNo,
+int GetCloudFileBySerialFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
                                      const TimeSpan& span, int fileType, std::string& json);
 
 /// Details of cloud recordings; `query` is the whole JSON text to send.
-int GetCloudFileInfoBySerialEXFromPlatform(const Caller& caller, const std::string& query, std::string& json);
+int GetCloudFileInfoBySerialEXFromPlatform(const PlatformRoute& route, const std::string& query, std::string& json);
 
 /// Cloud recordings of a day, as the platform answers them.
-int GetCloudFileBySerialEXFromPlatform(const Caller& caller, const std::string& deviceSerial, int channelNo,
+int GetCloudFileBySerialEXFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                        int videoType, const CloudFileQuery& query, std::string& json);
 
 /// Which business platform a device belongs to.
@@ -45,11 +45,11 @@ struct BusinessPlatform {
 };
 
 /// Local recordings of a device of a business platform, as the platform answers them.
-int GetLocalFileBySerialFromPlatform(const Caller& caller, const std::string& deviceSerial, int channelNo,
+int GetLocalFileBySerialFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                      const TimeSpan& span, const BusinessPlatform& business, std::string& json);
 
 /// The recording of an alarm, as the platform answers it; the answer's envelope is not looked at.
-int GetRecordByAlarmIdFromPlatform(const Caller& caller, const std::string& deviceSerial, int channelNo,
+int GetRecordByAlarmIdFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                    const std::string& alarmId, std::string& json);
 
 /// The picture that an upload address is asked for.
@@ -62,7 +62,7 @@ struct UploadQuery {
 };
 
 /// Asks for an address to upload a picture to; the answer's "data" is in the list's text.
-int GetClouduploadUrlPlatform(const Caller& caller, const UploadQuery& query, RecordFileList& list);
+int GetClouduploadUrlPlatform(const PlatformRoute& route, const UploadQuery& query, RecordFileList& list);
 
 /// Uploads a local file to an address that was handed out. Only the transfer can fail.
 int UploadCloudPicFile(const std::string& url, const std::string& localPath);

@@ -59,24 +59,24 @@ void AppendBackups(const CallSite& site, const JsonCppView& backups, ServerInfo&
 
 }  // namespace
 
-int GetServerInfoFromPlatform(const Caller& caller, ServerInfo& serverInfo) {
-    RequestCall call(VANTIX_HERE, platform_requests::kServerInfo, caller);
+int GetServerInfoFromPlatform(const PlatformRoute& route, ServerInfo& serverInfo) {
+    RequestCall call(VANTIX_HERE, platform_requests::kServerInfo, route);
     return call.CostInto(serverInfo.iRequestCost).Run([&](const std::string& body) {
         return ParseServerInfoFromPlatform(body, serverInfo);
     });
 }
 
-int GetServerInfoFromPlatform(const Caller& caller, const std::string& deviceSerial, int localIndex,
+int GetServerInfoFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int localIndex,
                               ServerInfo& serverInfo) {
-    RequestCall call(VANTIX_HERE, platform_requests::kServerInfoOfDevice, caller);
+    RequestCall call(VANTIX_HERE, platform_requests::kServerInfoOfDevice, route);
     return call.With(deviceSerial, localIndex).CostInto(serverInfo.iRequestCost).Run([&](const std::string& body) {
         return ParseServerInfoFromPlatform(body, serverInfo);
     });
 }
 
-int GetRelayServerInfoFromPlatform(const Caller& caller, const std::string& deviceSerial, int channelNo,
+int GetRelayServerInfoFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                    RelayServerInfo& relay) {
-    RequestCall call(VANTIX_HERE, platform_requests::kRelayServer, caller);
+    RequestCall call(VANTIX_HERE, platform_requests::kRelayServer, route);
     return call.With(deviceSerial, channelNo).Run([&](const std::string& body) {
         return ParseRealyInfoFromPlatform(body, relay);
     });

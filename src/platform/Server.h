@@ -8,20 +8,20 @@
 #include <string>
 
 #include "records/RelayServerInfo.h"
-#include "requests/RequestCall.h"
+#include "requests/Route.h"
 #include "vantix/records/ServerInfo.h"
 
 namespace vantix {
 
 /// Fetches the media servers. The elapsed milliseconds are stored whatever the outcome.
-int GetServerInfoFromPlatform(const Caller& caller, ServerInfo& serverInfo);
+int GetServerInfoFromPlatform(const PlatformRoute& route, ServerInfo& serverInfo);
 
 /// Fetches the media servers of one device, with the video relays that serve it.
-int GetServerInfoFromPlatform(const Caller& caller, const std::string& deviceSerial, int localIndex,
+int GetServerInfoFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int localIndex,
                               ServerInfo& serverInfo);
 
 /// Fetches the relay server of a channel.
-int GetRelayServerInfoFromPlatform(const Caller& caller, const std::string& deviceSerial, int channelNo,
+int GetRelayServerInfoFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                    RelayServerInfo& relay);
 
 /// Reads "serverResp". Every member is optional; video relays are appended.

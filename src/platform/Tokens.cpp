@@ -43,47 +43,49 @@ const char* ReadRefresh(const JsonCppView& data, RefreshTokenInfo& info) {
 
 }  // namespace
 
-int GetTicketInfoBySerial(const Caller& caller, const std::string& deviceSerial, int channelNo, std::string& ticket) {
-    return RequestCall(VANTIX_HERE, requests::kTicket, caller)
+int GetTicketInfoBySerial(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
+                          std::string& ticket) {
+    return RequestCall(VANTIX_HERE, requests::kTicket, route)
         .With(deviceSerial, channelNo)
         .Run([&](const std::string& body) { return ParseTicketInfoFromPlatform(body, ticket); });
 }
 
-int GetCloudTicketInfoBySerial(const Caller& caller, const std::string& deviceSerial, int localIndex, int spaceId,
+int GetCloudTicketInfoBySerial(const PlatformRoute& route, const std::string& deviceSerial, int localIndex, int spaceId,
                                std::string& ticket) {
-    return RequestCall(VANTIX_HERE, requests::kCloudTicket, caller)
+    return RequestCall(VANTIX_HERE, requests::kCloudTicket, route)
         .With(spaceId, deviceSerial, localIndex)
         .Run([&](const std::string& body) { return ParseRealyTicketInfoFromPlatform(body, ticket); });
 }
 
-int GetRelayTicketInfoBySerial(const Caller& caller, const std::string& deviceSerial, int channelNo,
+int GetRelayTicketInfoBySerial(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                std::string& ticket) {
-    return RequestCall(VANTIX_HERE, requests::kRelayTicket, caller)
+    return RequestCall(VANTIX_HERE, requests::kRelayTicket, route)
         .With(deviceSerial, channelNo)
         .Run([&](const std::string& body) { return ParseRealyTicketInfoFromPlatform(body, ticket); });
 }
 
-int GetAuthInfoFromPlatform(const Caller& caller, const std::string& deviceSerial, int cameraNo, bool playback) {
-    return RequestCall(VANTIX_HERE, requests::kPermission, caller)
+int GetAuthInfoFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo, bool playback) {
+    return RequestCall(VANTIX_HERE, requests::kPermission, route)
         .With(deviceSerial, cameraNo, playback ? "Replay" : "Real")
         .Run(CheckResponseAuthInfoFromPlatform);
 }
 
-int GetStreamTokensFromPlatform(const Caller& caller, int count, std::string& answer) {
-    return RequestCall(VANTIX_HERE, requests::kStreamTokens, caller)
+int GetStreamTokensFromPlatform(const PlatformRoute& route, int count, std::string& answer) {
+    return RequestCall(VANTIX_HERE, requests::kStreamTokens, route)
         .With(count)
         .Run(Keeping(CheckResponseInfoFromPlatform, answer));
 }
 
-int GetStreamTokensFromPlatform(const Caller& caller, int count, std::deque<std::string>& tokens) {
-    return RequestCall(VANTIX_HERE, requests::kStreamTokensParsed, caller)
-        .With(count)
-        .Run([&](const std::string& body) { return ParseTokensFromPlatform(body, tokens); });
+int GetStreamTokensFromPlatform(const PlatformRoute& route, int count, std::deque<std::string>& tokens) {
+    return RequestCall(VANTIX_HERE, requests::kStreamTokensParsed, route).With(count).Run([&](const std::string& body) {
+        return ParseTokensFromPlatform(body, tokens);
+    });
 }
 
-int RefreshTokenFromPlatform(const Caller& caller, const RefreshCredentials& credentials, RefreshTokenInfo& info) {
-    return RequestCall(VANTIX_HERE, requests::kRefreshToken, caller)
-        .With(credentials.refreshToken, caller.appKey, credentials.openId, credentials.scope, credentials.state)
+int RefreshTokenFromPlatform(const AuthorizationRoute& route, const RefreshCredentials& credentials,
+                             RefreshTokenInfo& info) {
+    return RequestCall(VANTIX_HERE, requests::kRefreshToken, route)
+        .With(credentials.refreshToken, route.AppKey(), credentials.openId, credentials.scope, credentials.state)
         .Run([&](const std::string& body) { return ParseRefreshTokenFromPlatform(body, info); });
 }
 

@@ -9,29 +9,30 @@
 #include <string>
 
 #include "records/RefreshTokenInfo.h"
-#include "requests/RequestCall.h"
+#include "requests/Route.h"
 
 namespace vantix {
 
 /// The ticket that opens a stream of a channel.
-int GetTicketInfoBySerial(const Caller& caller, const std::string& deviceSerial, int channelNo, std::string& ticket);
+int GetTicketInfoBySerial(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
+                          std::string& ticket);
 
 /// The ticket that opens cloud recordings in a storage space.
-int GetCloudTicketInfoBySerial(const Caller& caller, const std::string& deviceSerial, int localIndex, int spaceId,
+int GetCloudTicketInfoBySerial(const PlatformRoute& route, const std::string& deviceSerial, int localIndex, int spaceId,
                                std::string& ticket);
 
 /// The ticket that a relay server asks for.
-int GetRelayTicketInfoBySerial(const Caller& caller, const std::string& deviceSerial, int channelNo,
+int GetRelayTicketInfoBySerial(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                std::string& ticket);
 
 /// Whether a channel may be viewed live, or its recordings.
-int GetAuthInfoFromPlatform(const Caller& caller, const std::string& deviceSerial, int cameraNo, bool playback);
+int GetAuthInfoFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo, bool playback);
 
 /// A batch of stream tokens, as the platform answers it.
-int GetStreamTokensFromPlatform(const Caller& caller, int count, std::string& answer);
+int GetStreamTokensFromPlatform(const PlatformRoute& route, int count, std::string& answer);
 
 /// A batch of stream tokens, appended in order.
-int GetStreamTokensFromPlatform(const Caller& caller, int count, std::deque<std::string>& tokens);
+int GetStreamTokensFromPlatform(const PlatformRoute& route, int count, std::deque<std::string>& tokens);
 
 /// What a refresh of the access token sends.
 struct RefreshCredentials {
@@ -42,7 +43,8 @@ struct RefreshCredentials {
 };
 
 /// Renews the access token. The caller's address is the authorisation service's, its app key goes as "client_id".
-int RefreshTokenFromPlatform(const Caller& caller, const RefreshCredentials& credentials, RefreshTokenInfo& info);
+int RefreshTokenFromPlatform(const AuthorizationRoute& route, const RefreshCredentials& credentials,
+                             RefreshTokenInfo& info);
 
 /// Reads "ticketInfo"."ticket"; an answer without it succeeds and copies nothing.
 int ParseTicketInfoFromPlatform(const std::string& body, std::string& ticket);

@@ -15,14 +15,14 @@ constexpr char kFormContentType[] = "application/x-www-form-urlencoded";
 
 bool Carries(const RequestRow& row, unsigned what) { return (row.carried & what) != 0; }
 
-ParamMap HeadersOf(const RequestRow& row, const Caller& caller, const ClientInfo* client) {
+ParamMap HeadersOf(const RequestRow& row, const std::string& credential, const ClientInfo* client) {
     ParamMap headers;
     if (Carries(row, carries::kHeadersA)) {
-        headers = ConsumerHeadersA(client != nullptr ? *client : ClientInfo(), caller.credential);
+        headers = ConsumerHeadersA(client != nullptr ? *client : ClientInfo(), credential);
     } else if (Carries(row, carries::kHeadersB)) {
-        headers = ConsumerHeadersB(client != nullptr ? *client : ClientInfo(), caller.credential);
+        headers = ConsumerHeadersB(client != nullptr ? *client : ClientInfo(), credential);
     } else if (Carries(row, carries::kSessionHeader)) {
-        headers.Add("sessionId", caller.credential);
+        headers.Add("sessionId", credential);
     }
     if (Carries(row, carries::kFormHeader)) {
         headers.Add("Content-Type", kFormContentType);
@@ -30,16 +30,16 @@ ParamMap HeadersOf(const RequestRow& row, const Caller& caller, const ClientInfo
     return headers;
 }
 
-ParamMap CommonParameters(const RequestRow& row, const Caller& caller) {
+ParamMap CommonParameters(const RequestRow& row, const std::string& credential, const std::string& appKey) {
     ParamMap params;
     if (Carries(row, carries::kAccessToken)) {
-        params.Add("accessToken", caller.credential);
+        params.Add("accessToken", credential);
     }
     if (Carries(row, carries::kClientSet)) {
         AddClientSet(params, ClientInfo());
     }
     if (Carries(row, carries::kAppKey)) {
-        params.Add("appKey", caller.appKey);
+        params.Add("appKey", appKey);
     }
     for (const FixedParameter& fixed : row.fixed) {
         params.Add(fixed.key, fixed.value);
@@ -49,12 +49,27 @@ ParamMap CommonParameters(const RequestRow& row, const Caller& caller) {
 
 }  // namespace
 
-RequestCall::RequestCall(const CallSite& site, const RequestRow& row, const Caller& caller, const ClientInfo* client)
+RequestCall::RequestCall(const CallSite& site, const RequestRow& row, const ConsumerRoute& route,
+                         const ClientInfo* client)
     : m_site(site),
       m_row(row),
-      m_url(caller.url),
-      m_params(CommonParameters(row, caller)),
-      m_headers(HeadersOf(row, caller, client)) {}
+      m_url(route.Address()),
+      m_params(CommonParameters(row, {}, {})),
+      m_headers(HeadersOf(row, route.SessionId(), client)) {}
+
+RequestCall::RequestCall(const CallSite& site, const RequestRow& row, const PlatformRoute& route)
+    : m_site(site),
+      m_row(row),
+      m_url(route.Address()),
+      m_params(CommonParameters(row, route.AccessToken(), route.AppKey())),
+      m_headers(HeadersOf(row, {}, nullptr)) {}
+
+RequestCall::RequestCall(const CallSite& site, const RequestRow& row, const AuthorizationRoute& route)
+    : m_site(site),
+      m_row(row),
+      m_url(route.Address()),
+      m_params(CommonParameters(row, {}, route.AppKey())),
+      m_headers(HeadersOf(row, {}, nullptr)) {}
 
 RequestCall& RequestCall::Body(const std::string& json) {
     m_json = json;

@@ -12,16 +12,10 @@
 #include "log/Logger.h"
 #include "requests/ClientInfo.h"
 #include "requests/MessageText.h"
+#include "requests/Route.h"
 #include "transport/ParamMap.h"
 
 namespace vantix {
-
-/// Whom a request is made for.
-struct Caller {
-    std::string url;         ///< Base address of the server.
-    std::string credential;  ///< Access token (or the per-device token that stands in for it), or session id.
-    std::string appKey;      ///< The host's app id.
-};
 
 /// How a request travels.
 enum class Way {
@@ -74,7 +68,10 @@ public:
 
     /// `client` is what the headers tell of this computer, where several requests or parameters must tell the same;
     /// without it the call makes its own.
-    RequestCall(const CallSite& site, const RequestRow& row, const Caller& caller, const ClientInfo* client = nullptr);
+    RequestCall(const CallSite& site, const RequestRow& row, const ConsumerRoute& route,
+                const ClientInfo* client = nullptr);
+    RequestCall(const CallSite& site, const RequestRow& row, const PlatformRoute& route);
+    RequestCall(const CallSite& site, const RequestRow& row, const AuthorizationRoute& route);
 
     /// Gives the row's own parameters their values, in the row's order; none may be left out.
     template <class... Values>

@@ -29,7 +29,7 @@ int FixedDigest(const void* /*data*/, unsigned /*length*/, char* digestText, uns
     return 0;
 }
 
-const Caller kCaller{"https://cloud.test", "the-credential", "the-app"};
+const PlatformRoute kCaller = Caller{"https://cloud.test", "the-credential", "the-app"};
 
 /// A row with one own parameter and every text.
 RequestRow Row(Way way = Way::Form, unsigned carried = 0) {
@@ -280,7 +280,7 @@ TEST_F(Requests, ABodyWithZerosReachesTheReaderWhole) {
 
 TEST_F(Requests, AnEmptyCallerStillSends) {
     const RequestRow row = Row(Way::Form, carries::kAccessToken | carries::kAppKey);
-    EXPECT_EQ(RequestCall(m_site, row, Caller()).With("").Run(Says(0)), 0);
+    EXPECT_EQ(RequestCall(m_site, row, PlatformRoute(Caller())).With("").Run(Says(0)), 0);
     EXPECT_EQ(m_spy.Url(), "/api/user/getUserName");
     EXPECT_EQ(m_spy.Body(), "accessToken=&appKey=&deviceSerial=");
 }
