@@ -23,6 +23,12 @@ void SetClock(const Clock& clock);
 
 /// Seconds since the epoch, or -1.
 int64_t WallSeconds();
+/// The same, truncated to 32 bits.
+inline int32_t TruncatedWallSeconds() { return static_cast<int32_t>(WallSeconds()); }
+/// How many seconds lie between two truncated times: a difference that wraps, as of a clock of 32 bits.
+inline int32_t SecondsBetween(int32_t earlier, int32_t later) {
+    return static_cast<int32_t>(static_cast<uint32_t>(later) - static_cast<uint32_t>(earlier));
+}
 
 /// Measures how long something takes, in whole milliseconds, truncated.
 class Stopwatch {

@@ -68,11 +68,11 @@ void CVantixDataCenterWrapper::setDomain(const std::string& bDomain, const std::
 }
 
 const std::string& CVantixDataCenterWrapper::getDomain(const std::string& serial, int ch) {
-    return *Shielded([&] { return &core->getDomain(serial, ch).Live(); }, &kNoText);
+    return *Shielded([&] { return &core->getDomain(serial, ch); }, &kNoText);
 }
 
 const std::string& CVantixDataCenterWrapper::getDomainByToken(const std::string& token) {
-    return *Shielded([&] { return &core->getDomainByToken(token).Live(); }, &kNoText);
+    return *Shielded([&] { return &core->getDomainByToken(token); }, &kNoText);
 }
 
 void CVantixDataCenterWrapper::setAuthAddr(const std::string& addr) {

@@ -1,44 +1,36 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
-#include <functional>
 #include <future>
-#include <optional>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include "base/Guarded.h"
-#include "core/DeviceCaches.h"
-#include "core/Query.h"
-#include "core/Settings.h"
-#include "core/SingleRecordCache.h"
-#include "core/Source.h"
-#include "core/StreamTokens.h"
-#include "core/TokenRecords.h"
-#include "log/Logger.h"
-#include "vantix/records/BWCheckInfo.h"
-#include "vantix/records/CloudFileQuery.h"
-#include "vantix/records/ConfigInfo.h"
-#include "vantix/records/DevChannelInfo.h"
-#include "vantix/records/DevDetailInfo.h"
-#include "vantix/records/DeviceList.h"
-#include "vantix/records/P2PDevInfo.h"
-#include "vantix/records/P2PUserInfo.h"
-#include "vantix/records/RecordFileList.h"
-#include "vantix/records/ServerInfo.h"
-#include "vantix/records/TransparentMsgDetail.h"
-
 namespace vantix {
 
-/// The one object behind every handle: settings, tokens and caches, and the operations that fill them from the cloud.
+struct BWCheckInfo;
+struct CloudFileQuery;
+struct ConfigInfo;
+struct CoreParts;
+struct DevChannelInfo;
+struct DevDetailInfo;
+struct DeviceList;
+struct P2PDevInfo;
+struct P2PServerAddr;
+struct P2PUserInfo;
+struct RecordFileList;
+struct ServerInfo;
+struct TimeSpan;
+struct TransparentMsgDetail;
+
+/// The one object behind every handle: it names the operations, and its parts do them.
 ///
-/// What the operations mean is told at `IVantixDataCenter`; each file of this folder holds one concern of them. Every
-/// guarded value has a lock of its own; no operation holds two, and none is held across a request.
+/// What the operations mean stands at `IVantixDataCenter`; each hands on to the part that owns the state it needs.
+/// Every guarded value has a lock of its own; no operation holds two, and none is held across a request.
 class CVantixDataCenter {
 public:
-    CVantixDataCenter() = default;
-    ~CVantixDataCenter() = default;
+    CVantixDataCenter();
+    ~CVantixDataCenter();
     CVantixDataCenter(const CVantixDataCenter&) = delete;
     CVantixDataCenter& operator=(const CVantixDataCenter&) = delete;
 
@@ -58,9 +50,6 @@ public:
     int IsSupportPlaybackSpeed(const std::string& serial, int speed);
     int getDeviceRecord(const std::string& serial, int ch, DevDetailInfo& detail);
     int SetDevInfoCache(const std::string& serial, int ch);
-    /// The key of a channel: serial, "_", channel number. A serial of no or more than 128 characters is logged and is
-    /// itself the key.
-    static std::string getDevDetailInfoMapKey(const std::string& serial, int ch);
     int getDevInfoCache(const std::string& serial, int ch, DevChannelInfo& channelInfo, DevDetailInfo& detail);
 
     // ---- Detail of other platforms, servers, P2P
@@ -160,9 +149,8 @@ public:
     bool isOpenP2P();
     bool isVTDUType1();
     void setDomain(const std::string& bDomain, const std::string& cDomain);
-    /// The domain that requests for this channel go to. Internal callers copy it under its lock.
-    const GuardedText& getDomain(const std::string& serial, int ch);
-    const GuardedText& getDomainByToken(const std::string& token);
+    const std::string& getDomain(const std::string& serial, int ch);
+    const std::string& getDomainByToken(const std::string& token);
     void setAuthAddr(const std::string& addr);
     const std::string& getAuthAddr();
     void setAppId(const std::string& appId);
@@ -195,86 +183,7 @@ public:
     bool isExpired(int64_t storeTime);
 
 private:
-    // ---- Device caches, internal reads and the refill
-    int getDevDetailInfoFromLocal(const std::string& serial, int ch, DevChannelInfo& channelInfo,
-                                  DevDetailInfo& detail);
-    int getDevDetailInfoFromLocalByRelation(const std::string& serial, int ch, DevChannelInfo& channelInfo,
-                                            DevDetailInfo& detail);
-    int updateDevDetailInfo(const std::string& serial, int ch, DevChannelInfo& channelInfo, DevDetailInfo& detail);
-    int fetchDevDetailInfo(const CallSite& site, const std::string& serial, int ch, DevChannelInfo& channelInfo,
-                           DevDetailInfo& detail, std::optional<BelongDevInfo>& parent);
-    void storeDevDetailInfo(const std::string& key, const DevChannelInfo& channelInfo, const DevDetailInfo& detail,
-                            const std::optional<BelongDevInfo>& parent);
-    /// Copies a channel's record out; false when it is not cached.
-    bool readChannel(const std::string& key, DevChannelInfo& channelInfo);
-    std::optional<DevDetailInfo> cachedDevice(const std::string& serial);
-    bool supportsPlayback(const CallSite& site, const std::string& serial,
-                          const std::function<bool(const DevDetailInfo&)>& test);
-
-    // ---- Credentials
-    std::string tkToken(const CallSite& site, int tkType, const std::string& key);
-    /// The device's Tk token of this type in the small-permission mode, the access token in every other.
-    std::string ownCredential(const std::string& serial, int ch, int tkType);
-    /// The same, but in B2C mode the channel's B2C token.
-    std::string detailCredential(const std::string& serial, int ch);
-    /// Whether there is one; when not, the line and the thread's last error have been written.
-    bool hasCredential(const CallSite& site, const std::string& credential);
-    /// Whether the consumer servers answer for this token, or for this channel.
-    bool isServedByConsumer(const std::string& token);
-    bool isServedByConsumer(const std::string& serial, int ch);
-    Caller callerFor(const std::string& domain, const std::string& token);
-    /// Renew the access token or the session: the new one, or empty.
-    std::string refreshedToken();
-    std::string refreshedSession();
-
-    /// Whether the credential of a channel's fetch had expired, by its result, and is renewed now.
-    bool isRenewed(const std::string& serial, int ch, int result);
-
-    // ---- Fetches that either server family may answer
-    FetchTokens tokensOf(const std::string& token);
-    FetchTokens tokensOf(const std::string& serial, int ch, int tkType);
-    /// Family and credential, still without a domain; nothing when the credential is empty.
-    std::optional<Source> sourceOf(const CallSite& site, const FetchTokens& tokens);
-    /// Renews the credential when the result says that it has expired. Nothing when the fetch is not to be repeated,
-    /// else the token to repeat it with.
-    std::optional<std::string> tokenForRepeat(const Source& source, int result, const std::string& token, bool retried);
-    int refillServerInfo(const CallSite& site, const std::string& token, ServerInfo& serverInfo, bool retried);
-    int videoRelays(const CallSite& site, const std::string& token, const std::string& serial, int ch,
-                    std::string& json, bool retried);
-    int refillP2PUserInfo(const CallSite& site, const FetchTokens& tokens, P2PUserInfo& userInfo, bool retried);
-    int getP2PDevInfoFromLocal(const std::string& serial, P2PDevInfo& devInfo);
-    /// Serves a cached record that is not marked; `result` is that of the read in any case.
-    bool serveP2PDevInfo(const CallSite& site, const std::string& serial, P2PDevInfo& devInfo, int& result);
-    int updateP2PDevInfo(const CallSite& site, const std::string& serial, int ch, const FetchTokens& tokens,
-                         P2PDevInfo& devInfo, bool retried);
-
-    // ---- Stream tokens
-    /// Takes a queued token of this access token. Another access token empties the queue.
-    bool takeQueuedToken(const std::string& accessToken, std::string& token);
-    void prefetchStreamToken(const CallSite& site);
-
-    // ---- Queries
-    int query(const CallSite& site, const QueryRow& row, const Subject& subject, bool retried, const SendQuery& send);
-    /// Whether the credential had expired, by the result, and is renewed now.
-    bool isRenewedFor(const QueryRow& row, const Subject& subject, int result);
-    std::string queryDomain(const CallSite& site, const QueryRow& row, const Subject& subject,
-                            const std::string& token);
-    /// One of the two domains, told in the name of the call site.
-    std::string domainInPlace(const CallSite& site, bool isShared);
-    int consumerDeviceFiles(const Caller& caller, const std::string& serial, int ch, const TimeSpan& span,
-                            int recordType, RecordFileList& list);
-
-    Settings m_settings;
-    Guarded<DeviceTkTokenMap> m_mapDeviceTkTokens;
-    Guarded<B2CTokenMap> m_mapB2CTokens;
-    Guarded<ChannelMap> m_mapDevDetailInfo;
-    Guarded<DeviceMap> m_mapDeviceInfoCache;   ///< By channel key.
-    Guarded<DeviceMap> m_mapSerialDetailInfo;  ///< By serial; parents too.
-    SingleRecordCache<ServerInfo> m_serverInfo;
-    SingleRecordCache<P2PUserInfo> m_p2pUserInfo;
-    Guarded<P2PDevMap> m_mapP2PDevInfo;               ///< By serial.
-    Guarded<std::deque<std::string>> m_streamTokens;  ///< Of the current access token.
-    Guarded<FirstToken> m_firstToken;
+    const std::unique_ptr<CoreParts> m_parts;
 };
 
 }  // namespace vantix

@@ -5,13 +5,35 @@
 #include <string>
 
 #include "core/CVantixDataCenter.h"
+#include "core/CoreParts.h"
 #include "support/CleanSwitches.h"
 #include "support/DetailAnswer.h"
 #include "support/FakeClock.h"
 #include "support/LogCapture.h"
 #include "support/ScriptedTransport.h"
+#include "vantix/records/BWCheckInfo.h"
+#include "vantix/records/CloudFileQuery.h"
+#include "vantix/records/ConfigInfo.h"
+#include "vantix/records/DevChannelInfo.h"
+#include "vantix/records/DevDetailInfo.h"
+#include "vantix/records/DeviceList.h"
+#include "vantix/records/P2PDevInfo.h"
+#include "vantix/records/P2PUserInfo.h"
+#include "vantix/records/RecordFileList.h"
+#include "vantix/records/ServerInfo.h"
+#include "vantix/records/TransparentMsgDetail.h"
 
 namespace vantix::test {
+
+using PartsPointer = const std::unique_ptr<CoreParts> CVantixDataCenter::*;
+const std::unique_ptr<CoreParts>& PartsPointerOf(const CVantixDataCenter& core);
+
+/// Only the core reaches its parts; an explicit instantiation may name a private member.
+template <PartsPointer kParts>
+struct PrivateParts {
+    friend const std::unique_ptr<CoreParts>& PartsPointerOf(const CVantixDataCenter& core) { return core.*kParts; }
+};
+template struct PrivateParts<&CVantixDataCenter::m_parts>;
 
 /// A core of its own, fresh, with a clock to set, scripted transfers and its log lines.
 class CoreTest : public testing::Test {
@@ -23,6 +45,7 @@ protected:
         core.setAccessToken("access-token");
         lines.Clear();
     }
+    CoreParts& Parts() const { return *PartsPointerOf(core); }
     /// Puts a detail answer into the caches by a forced fetch.
     void Cache(const std::string& serial, int ch, const nlohmann::json& answer) {
         transport.Answer(answer.dump());

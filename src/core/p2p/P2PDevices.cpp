@@ -1,0 +1,126 @@
+#include "core/p2p/P2PDevices.h"
+
+#include <utility>
+
+#include "base/AsyncTask.h"
+#include "core/CoreSite.h"
+#include "cserver/P2P.h"
+#include "platform/P2P.h"
+#include "vantix/ReturnCodes.h"
+
+namespace vantix {
+namespace {
+
+/// The token decides who responds, the channel where the platform's request goes.
+constexpr RouteRow kByToken{.family = FamilyRule::ByToken};
+constexpr RouteRow kByDevice{
+    .credential = Credential::TkToken,
+    .tkKind = tk::kDevice,
+    .family = FamilyRule::ByToken,
+};
+constexpr CallSite kSite = VANTIX_CORE_HERE("getP2PDevInfo");
+
+}  // namespace
+
+int P2PDevices::getP2PDevInfoFromLocal(const std::string& serial, P2PDevInfo& devInfo) const {
+    if (!m_mapP2PDevInfo.CopyOut(serial, devInfo)) {
+        return VANTIX_ERROR;
+    }
+    devInfo.iRequestCost = 0;
+    return VANTIX_NOERROR;
+}
+
+void P2PDevices::Keep(const P2PDevInfo& devInfo) {
+    m_mapP2PDevInfo.Put(decltype(m_mapP2PDevInfo)::EntryFor(devInfo.deviceSerial, devInfo));
+}
+
+int P2PDevices::updateP2PDevInfo(const CallSite& site, const RouteRow& row, const Subject& subject, P2PDevInfo& devInfo,
+                                 bool retried) {
+    P2PDevInfo fresh;
+    ServerFamily family = ServerFamily::Platform;
+    bool isSent = false;
+    const int result = m_renewal.Run(site, {}, retried, subject, [&](const Attempt& attempt) {
+        fresh = {};
+        const Outcome outcome = SendAlong(
+            m_routes.Decide(site, row, attempt.subject),
+            [&](const PlatformRoute& route) { return GetP2PDevInfoFromPlatform(route, subject.serial, fresh); },
+            [&](const ConsumerRoute& route) { return GetP2PDevInfoFromCServer(route, subject.serial, fresh); });
+        family = outcome.family;
+        isSent = !outcome.isCredentialMissing;
+        return outcome;
+    });
+    if (result != VANTIX_NOERROR) {
+        if (isSent && family == ServerFamily::Platform) {
+            devInfo.iRequestCost = fresh.iRequestCost;
+        }
+        return result;
+    }
+    fresh.deviceSerial = subject.serial;
+    Keep(fresh);
+    devInfo = std::move(fresh);
+    return VANTIX_NOERROR;
+}
+
+bool P2PDevices::Serve(const std::string& serial, P2PDevInfo& devInfo, int& result) const {
+    result = getP2PDevInfoFromLocal(serial, devInfo);
+    if (result != VANTIX_NOERROR || devInfo.isUpdate) {
+        return false;
+    }
+    VANTIX_LOG_INFO(kSite, level::kInfo, "getP2PDevInfoFromLocal SUCCESS iRet = %d stP2PDevInfo.isUpdate = %d", result,
+                    devInfo.isUpdate ? 1 : 0);
+    return true;
+}
+
+int P2PDevices::getP2PDevInfo(P2PDevInfo& devInfo, const std::string& token, const std::string& serial,
+                              std::future<int32_t>& future) {
+    int result = VANTIX_ERROR;
+    if (!Serve(serial, devInfo, result)) {
+        future = StartTask([this, subject = Subject::OfBoth(serial, kFirstChannel, token), &devInfo]() -> int32_t {
+            const CallSite site = VANTIX_CORE_HERE("getP2PDevInfo::<lambda()>");
+            VANTIX_LOG_INFO(site, level::kInfo, "futureDevInfo async strDeviceSerial = %s ", subject.serial.c_str());
+            return updateP2PDevInfo(site, kByToken, subject, devInfo, false);
+        });
+    }
+    return result;
+}
+
+int P2PDevices::getP2PDevInfo(const std::string& serial, int ch, const std::string& token, P2PDevInfo& devInfo,
+                              bool retried) {
+    int result = VANTIX_ERROR;
+    if (Serve(serial, devInfo, result)) {
+        return result;
+    }
+    return updateP2PDevInfo(kSite, kByToken, Subject::OfBoth(serial, ch, token), devInfo, retried);
+}
+
+int P2PDevices::getP2PDevInfoCached(const std::string& serial, std::vector<P2PServerAddr>& servers, P2PDevInfo& devInfo,
+                                    bool forceFetch) {
+    int result = forceFetch ? static_cast<int>(VANTIX_ERROR) : getP2PDevInfoFromLocal(serial, devInfo);
+    if (result != VANTIX_NOERROR) {
+        result = updateP2PDevInfo(VANTIX_CORE_HERE("getP2PDevInfoCached"), kByDevice,
+                                  Subject::OfChannel(serial, kFirstChannel), devInfo, false);
+    }
+    if (result == VANTIX_NOERROR) {
+        servers = devInfo.serverInfos;
+    }
+    return result;
+}
+
+int P2PDevices::isP2PV3download(const std::string& serial, int ch) {
+    const CallSite site = VANTIX_CORE_HERE("isP2PV3download");
+    const Subject subject = Subject::OfChannel(serial, ch);
+    if (m_routes.IsCredentialEmpty(kByDevice, subject)) {
+        RefuseWithoutCredential(site);
+        return 1;  // without a credential the newer way is assumed
+    }
+    P2PDevInfo devInfo;
+    if (getP2PDevInfoFromLocal(serial, devInfo) != VANTIX_NOERROR &&
+        updateP2PDevInfo(site, kByDevice, subject, devInfo, false) != VANTIX_NOERROR) {
+        VANTIX_LOG_ERROR(site, level::kError, "%s", "get p2p device info failed");
+        return 0;
+    }
+    VANTIX_LOG_INFO(site, level::kInfo, "strV3Download[%s]", devInfo.strV3Download.c_str());
+    return devInfo.strV3Download == "1" ? 1 : 0;
+}
+
+}  // namespace vantix

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <future>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "base/GuardedMap.h"
+#include "core/renewal/Renewal.h"
+#include "vantix/records/P2PDevInfo.h"
+
+namespace vantix {
+
+/// What a player needs to reach a device by P2P, kept by serial. Lines bear the core's tags.
+class P2PDevices {
+public:
+    /// The parts outlive this one, and this one outlives its tasks.
+    P2PDevices(const Routes& routes, Renewal& renewal) : m_routes(routes), m_renewal(renewal) {}
+
+    int getP2PDevInfo(P2PDevInfo& devInfo, const std::string& token, const std::string& serial,
+                      std::future<int32_t>& future);
+    int getP2PDevInfo(const std::string& serial, int ch, const std::string& token, P2PDevInfo& devInfo, bool retried);
+    int getP2PDevInfoCached(const std::string& serial, std::vector<P2PServerAddr>& servers, P2PDevInfo& devInfo,
+                            bool forceFetch);
+    int isP2PV3download(const std::string& serial, int ch);
+
+    /// Copies a kept record out, as one that took no request: 0, or -1 when there is none.
+    int getP2PDevInfoFromLocal(const std::string& serial, P2PDevInfo& devInfo) const;
+    /// Keeps a record under its serial.
+    void Keep(const P2PDevInfo& devInfo);
+    void Clear() { m_mapP2PDevInfo.Clear(); }
+
+private:
+    /// Serves a kept record that is not marked; `result` is that of the read in any case.
+    bool Serve(const std::string& serial, P2PDevInfo& devInfo, int& result) const;
+    int updateP2PDevInfo(const CallSite& site, const RouteRow& row, const Subject& subject, P2PDevInfo& devInfo,
+                         bool retried);
+
+    const Routes& m_routes;
+    Renewal& m_renewal;
+    GuardedMap<std::map<std::string, P2PDevInfo>> m_mapP2PDevInfo;  ///< By serial.
+};
+
+}  // namespace vantix

@@ -1,0 +1,44 @@
+#include "core/routes/Look.h"
+
+namespace vantix {
+
+const B2CTokenMap& Look::Map() {
+    if (!m_map) {
+        m_map = m_b2cTokens.Current();
+    }
+    return *m_map;
+}
+
+std::string Look::CredentialOf(const RouteRow& row, const Subject& subject) {
+    switch (row.credential) {
+        case Credential::None: return {};
+        case Credential::GivenToken: return subject.token.value_or(std::string());
+        case Credential::ChannelToken:
+            if (IsB2C()) {
+                return ChannelToken(subject);
+            }
+            [[fallthrough]];
+        case Credential::TkToken:
+            if (Mode() == permission_mode::kSmall) {
+                const std::string global = row.tkKind == tk::kGlobal ? m_settings.globalTkToken.Copy() : std::string();
+                return m_tkTokens.getDeviceTkTokens(row.tkKind, subject.serial, subject.ch, global);
+            }
+            break;
+        case Credential::AccessToken: break;
+    }
+    return AccessToken();
+}
+
+std::string Look::ChannelToken(const Subject& subject) {
+    return IsB2C() ? getB2CTokens(Map(), subject.serial, std::to_string(subject.ch)) : std::string();
+}
+
+bool Look::IsSharedChannel(const std::string& serial, int ch) {
+    return IsB2C() && isB2CSharedDevice(Map(), serial, ch);
+}
+
+bool Look::IsSharedToken(const std::string& token) {
+    return IsB2C() && isB2CSharedDevice(Map(), token, AccessToken(), m_settings.sharedAccessToken.Copy());
+}
+
+}  // namespace vantix

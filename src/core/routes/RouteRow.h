@@ -1,0 +1,65 @@
+#pragma once
+
+/// @file
+/// How an operation finds its route, as data.
+
+#include <optional>
+#include <string>
+
+#include "core/tokens/TkTokens.h"
+
+namespace vantix {
+
+/// What the platform's servers are given to know the account by.
+enum class Credential {
+    None,
+    AccessToken,
+    TkToken,       ///< In the small-permission mode the Tk token of a kind; the access token in every other.
+    ChannelToken,  ///< The same, but in the B2C mode the channel's B2C token.
+    GivenToken,    ///< The token that the host gave with the call.
+};
+
+/// Which of the two families responds, in the B2C mode; the platform in every other.
+enum class FamilyRule {
+    Platform,   ///< Always the platform's requests.
+    ByToken,    ///< The consumer servers for a token that is shared.
+    ByChannel,  ///< The consumer servers for a channel that is shared; the platform's credential is needed even then.
+};
+
+/// Where the platform's requests go: to the platform, or, in the B2C mode, to the consumer servers.
+enum class AddressRule {
+    ByChannel,  ///< To the consumer servers for a channel that is shared.
+    ByToken,    ///< To the consumer servers for a token that is shared.
+};
+
+/// Under which name the choice of the address is logged.
+enum class Wording {
+    OfGetDomain,  ///< As `getDomain` and `getDomainByToken` log it.
+    OfOperation,  ///< Under the operation's name.
+};
+
+/// How one operation finds its route.
+struct RouteRow {
+    Credential credential = Credential::AccessToken;
+    int tkKind = 0;  ///< Of `Credential::TkToken` and `ChannelToken`.
+    FamilyRule family = FamilyRule::Platform;
+    AddressRule address = AddressRule::ByChannel;
+    Wording wording = Wording::OfGetDomain;
+};
+
+/// The channel of operations on a whole device.
+inline constexpr int kFirstChannel = 1;
+
+/// What an operation is about: a channel, a token, both, or the account as a whole.
+struct Subject {
+    std::string serial;
+    int ch = kFirstChannel;
+    std::optional<std::string> token;  ///< Given by the host with the call.
+
+    static Subject OfAccount() { return {}; }
+    static Subject OfChannel(const std::string& serial, int ch) { return {serial, ch, std::nullopt}; }
+    static Subject OfToken(const std::string& token) { return {{}, kFirstChannel, token}; }
+    static Subject OfBoth(const std::string& serial, int ch, const std::string& token) { return {serial, ch, token}; }
+};
+
+}  // namespace vantix

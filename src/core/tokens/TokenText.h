@@ -1,0 +1,39 @@
+#pragma once
+
+/// @file
+/// The JSON texts in which the host hands tokens in: arrays of objects, one for each channel.
+
+#include <cstddef>
+#include <string>
+#include <utility>
+
+#include "json/Fields.h"
+#include "json/Json11Reader.h"
+#include "log/Logger.h"
+
+namespace vantix {
+
+/// How many buckets a map of tokens begins with.
+inline constexpr size_t kTokenBuckets = 8;
+
+/// Reads a text and calls `take` with each entry, in order. False, and a line, when the text is not JSON; well-formed
+/// JSON that is no array has no entries.
+template <class Entry, size_t Count, class Take>
+bool ReadTokenText(const CallSite& site, const std::string& text, const json::Field<Entry> (&members)[Count],
+                   Take take) {
+    json::Json11Document document;
+    if (!document.Parse(text)) {
+        // The line names one kind of tokens for both, on purpose.
+        VANTIX_LOG_ERROR(site, level::kError, "szDeviceTkTokens parse error %s", document.Error().c_str());
+        return false;
+    }
+    const json::Json11View root = document.Root();
+    for (size_t i = 0; i < root.Size(); ++i) {
+        Entry entry;
+        json::ReadFields(root.Element(i), members, entry);
+        take(std::move(entry));
+    }
+    return true;
+}
+
+}  // namespace vantix

@@ -1,0 +1,192 @@
+// A cache of one record: valid or not, and how old it may be when it is expired on demand.
+
+#include "core/servers/SingleRecordCache.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "support/FakeClock.h"
+#include "vantix/records/P2PUserInfo.h"
+
+namespace vantix::test {
+namespace {
+
+using Cache = SingleRecordCache<P2PUserInfo>;
+
+P2PUserInfo User(const std::string& id, int cost = 7) {
+    P2PUserInfo user;
+    user.userId = id;
+    user.data = id;
+    user.version = 3;
+    user.saltIndex = 4;
+    user.iRequestCost = cost;
+    return user;
+}
+
+class SingleRecord : public testing::Test {
+protected:
+    bool IsServed() const {
+        P2PUserInfo user;
+        return cache.Serve(user);
+    }
+
+    FakeClock clock;
+    Cache cache;
+};
+
+TEST_F(SingleRecord, FreshCacheServesNothingAndTouchesNothing) {
+    P2PUserInfo user = User("mine");
+    EXPECT_FALSE(cache.Serve(user));
+    EXPECT_EQ(user.userId, "mine");
+    EXPECT_EQ(user.iRequestCost, 7);
+}
+
+TEST_F(SingleRecord, KeptRecordIsServedWholeAndAsOneThatTookNoRequest) {
+    cache.Keep(User("kept"));
+    P2PUserInfo user;
+    ASSERT_TRUE(cache.Serve(user));
+    EXPECT_EQ(user.userId, "kept");
+    EXPECT_EQ(user.data, "kept");
+    EXPECT_EQ(user.version, 3);
+    EXPECT_EQ(user.saltIndex, 4);
+    EXPECT_EQ(user.iRequestCost, 0);
+}
+
+TEST_F(SingleRecord, ServedRecordIsACopy) {
+    cache.Keep(User("kept"));
+    P2PUserInfo user;
+    cache.Serve(user);
+    user.userId = "changed";
+    ASSERT_TRUE(cache.Serve(user));
+    EXPECT_EQ(user.userId, "kept");
+}
+
+TEST_F(SingleRecord, LaterRecordReplacesTheEarlierOne) {
+    cache.Keep(User("first"));
+    cache.Keep(User("second"));
+    P2PUserInfo user;
+    ASSERT_TRUE(cache.Serve(user));
+    EXPECT_EQ(user.userId, "second");
+}
+
+TEST_F(SingleRecord, InvalidRecordIsNotServedUntilOneIsKeptAgain) {
+    cache.Keep(User("kept"));
+    cache.Invalidate();
+    P2PUserInfo user = User("mine");
+    EXPECT_FALSE(cache.Serve(user));
+    EXPECT_EQ(user.userId, "mine");
+    EXPECT_EQ(user.iRequestCost, 7);
+    cache.Keep(User("again"));
+    EXPECT_TRUE(cache.Serve(user));
+}
+
+TEST_F(SingleRecord, ValidRecordIsServedHoweverOld) {
+    cache.Keep(User("kept"));
+    clock.AdvanceSeconds(10'000'000);
+    EXPECT_TRUE(IsServed());
+}
+
+TEST_F(SingleRecord, OlderThanMeansStrictlyOlder) {
+    for (const auto& [age, served] : {std::pair(0, true), {119, true}, {120, true}, {121, false}, {122, false}}) {
+        cache.Keep(User("kept"));
+        clock.AdvanceSeconds(age);
+        cache.InvalidateOlderThan(120);
+        EXPECT_EQ(IsServed(), served) << age;
+    }
+}
+
+TEST_F(SingleRecord, AgeCountsFromTheLastRecordKept) {
+    cache.Keep(User("first"));
+    clock.AdvanceSeconds(121);
+    cache.Keep(User("second"));
+    cache.InvalidateOlderThan(120);
+    EXPECT_TRUE(IsServed());
+}
+
+TEST_F(SingleRecord, ServingDoesNotMakeARecordYounger) {
+    cache.Keep(User("kept"));
+    clock.AdvanceSeconds(120);
+    EXPECT_TRUE(IsServed());
+    clock.AdvanceSeconds(1);
+    cache.InvalidateOlderThan(120);
+    EXPECT_FALSE(IsServed());
+}
+
+TEST_F(SingleRecord, YoungRecordDoesNotBecomeValidByTheAgeTest) {
+    cache.Keep(User("kept"));
+    cache.Invalidate();
+    cache.InvalidateOlderThan(120);
+    EXPECT_FALSE(IsServed());
+}
+
+TEST_F(SingleRecord, RecordFromTheFutureIsNotOld) {
+    cache.Keep(User("kept"));
+    clock.AdvanceSeconds(-3600);
+    cache.InvalidateOlderThan(120);
+    EXPECT_TRUE(IsServed());
+}
+
+TEST_F(SingleRecord, AgeIsADifferenceOf32BitsThatWraps) {
+    const struct {
+        int64_t kept;
+        int64_t now;
+        bool served;
+    } rows[] = {
+        {INT32_MAX, int64_t{INT32_MAX} + 120, true},  // the truncated clock jumps to its lowest number
+        {INT32_MAX, int64_t{INT32_MAX} + 121, false},
+        {0xFFFF'FFFFLL, 0x1'0000'0000LL + 119, true},
+        {0xFFFF'FFFFLL, 0x1'0000'0000LL + 120, false},
+        {1'800'000'000, 1'800'000'000 + 0x1'0000'0000LL, true},  // 136 years are a difference of 0
+        {1'800'000'000, 1'800'000'000LL + 0x8000'0000LL, true},  // the lowest difference
+        {1'800'000'000, 1'800'000'000LL + 0x7FFF'FFFFLL, false},
+    };
+    for (const auto& row : rows) {
+        clock.SetWall(row.kept);
+        cache.Keep(User("kept"));
+        clock.SetWall(row.now);
+        cache.InvalidateOlderThan(120);
+        EXPECT_EQ(IsServed(), row.served) << row.kept << " " << row.now;
+    }
+}
+
+TEST_F(SingleRecord, WithoutAClockNothingGrowsOld) {
+    cache.Keep(User("kept"));
+    clock.Break();
+    cache.InvalidateOlderThan(120);
+    EXPECT_TRUE(IsServed());
+}
+
+TEST_F(SingleRecord, RecordsStayWholeWhenManyKeepServeAndInvalidate) {
+    const std::string longText(200, 'x');
+    std::vector<std::thread> threads;
+    threads.reserve(8);
+    for (int i = 0; i < 8; ++i) {
+        threads.emplace_back([&, i] {
+            const std::string own = longText + std::to_string(i);
+            for (int k = 0; k < 300; ++k) {
+                cache.Keep(User(own, i + 1));
+                P2PUserInfo user;
+                if (cache.Serve(user)) {
+                    EXPECT_EQ(user.userId, user.data);
+                    EXPECT_EQ(user.iRequestCost, 0);
+                }
+                if (k % 5 == 0) {
+                    cache.Invalidate();
+                }
+                cache.InvalidateOlderThan(120);
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    cache.Keep(User("last"));
+    EXPECT_TRUE(IsServed());
+}
+
+}  // namespace
+}  // namespace vantix::test

@@ -1,0 +1,296 @@
+// The stream token that is fetched ahead of time: what fills it, what is too long for it, and its one use.
+
+#include <atomic>
+#include <thread>
+
+#include "core/streams/FirstStreamToken.h"
+#include "unit/core/FetchTest.h"
+
+namespace vantix::test {
+namespace {
+
+constexpr char kFast[] = "CVantixDataCenter::GetStreamTokenFast";
+constexpr char kFrom[] = "CVantixDataCenter::GetStreamTokenFromQueue";
+
+class FirstStreamTokenTest : public FetchTest {
+protected:
+    int Take(const std::string& accessToken = "access-token") {
+        return core.GetStreamTokenFromQueue(accessToken, buffer);
+    }
+    void Prefetch(const std::string& answer = kTokenBatch) {
+        transport.Answer(answer);
+        EXPECT_EQ(core.GetStreamTokenFast(), 0);
+    }
+    /// An answer of exactly this many characters.
+    static std::string AnswerOf(size_t length) {
+        const std::string empty = R"({"resultCode":"200","x":""})";
+        return R"({"resultCode":"200","x":")" + std::string(length - empty.size(), 'x') + R"("})";
+    }
+    void ExpectNothingPrefetched() {
+        EXPECT_EQ(Take(), -1);
+        EXPECT_STREQ(buffer, "untouched");
+    }
+
+    char buffer[size_t{4096} + 1] = "untouched";
+};
+
+// ---- Filling it
+
+TEST_F(FirstStreamTokenTest, SmallPermissionModeStops) {
+    core.setPermissionMode(1);
+    EXPECT_EQ(core.GetStreamTokenFast(), 0);
+    ExpectLine("Small permissions do not need to use the following logic.", "INFO ", 3, kFast);
+    EXPECT_EQ(lines.Lines().size(), 1U);
+    EXPECT_EQ(transport.Count(), 0U);
+}
+
+TEST_F(FirstStreamTokenTest, B2CModeStops) {
+    core.setPermissionMode(2);
+    EXPECT_EQ(core.GetStreamTokenFast(), 0);
+    ExpectLine("4200 B2c do not need to use the following logic.", "INFO ", 3, kFast);
+    EXPECT_EQ(lines.Lines().size(), 1U);
+    EXPECT_EQ(transport.Count(), 0U);
+}
+
+TEST_F(FirstStreamTokenTest, TokenThatIsThereStops) {
+    Prefetch();
+    lines.Clear();
+    EXPECT_EQ(core.GetStreamTokenFast(), 0);
+    ExpectLine("m_strFirstToken is not NULL", "INFO ", 3, kFast);
+    EXPECT_EQ(lines.Lines().size(), 1U);
+    EXPECT_EQ(transport.Count(), 1U);
+    core.setAccessToken("");
+    EXPECT_EQ(core.GetStreamTokenFast(), 0);
+    ExpectNoLine("getAccessToken is NULL");
+}
+
+TEST_F(FirstStreamTokenTest, EmptyAccessTokenStops) {
+    core.setAccessToken("");
+    EXPECT_EQ(core.GetStreamTokenFast(), 0);
+    ExpectLine("getAccessToken is NULL", "INFO ", 3, kFast);
+    EXPECT_EQ(lines.Lines().size(), 1U);
+    EXPECT_EQ(transport.Count(), 0U);
+}
+
+TEST_F(FirstStreamTokenTest, RequestIsForTenTokens) {
+    Prefetch();
+    ASSERT_EQ(transport.Count(), 1U);
+    EXPECT_EQ(transport.Sent()[0].url, "https://b.example/api/user/token");
+    EXPECT_EQ(transport.Sent()[0].Param("count"), "10");
+    EXPECT_EQ(Token(0), "access-token");
+}
+
+TEST_F(FirstStreamTokenTest, FailedRequestStops) {
+    for (const auto& [curl, body] :
+         {std::pair(7, std::string()), {0, CodeAnswer("20007")}, {0, "no json"}, {0, "{}"}}) {
+        lines.Clear();
+        transport.Make([curl = curl, body = body](const SentRequest&) { return ScriptedAnswer{curl, body}; });
+        EXPECT_EQ(core.GetStreamTokenFast(), 0);
+        ExpectLine("getStreamToken failed", "INFO ", 3, kFast);
+        ExpectNothingPrefetched();
+    }
+}
+
+TEST_F(FirstStreamTokenTest, TextualResultCodeThatIsNoSuccessOfTheAuthenticationStops) {
+    transport.Answer(R"({"resultCode":"0"})");  // a success of the envelope, but not of the mapping
+    EXPECT_EQ(core.GetStreamTokenFast(), 0);
+    ExpectLine("getStreamToken resultCode Error", "INFO ", 3, kFast);
+    ExpectLine("Authentication server response: OpenAPIRet:0, TokenError:-1", "INFO ", 3, "ConvertVerifyErrorCode");
+    ExpectNothingPrefetched();
+}
+
+TEST_F(FirstStreamTokenTest, ResultCodeThatIsNoTextIsNotMapped) {
+    for (const char* answer :
+         {R"({"code":"200"})", R"({"code":"0"})", R"({"resultCode":0,"code":"200"})", R"({"result":{"code":200}})"}) {
+        SCOPED_TRACE(answer);
+        lines.Clear();
+        Prefetch(answer);
+        ExpectNoLine("Authentication server response");
+        EXPECT_EQ(Take(), 0);
+        EXPECT_STREQ(buffer, answer);
+    }
+}
+
+TEST_F(FirstStreamTokenTest, LongestTextHas4096Characters) {
+    for (const size_t length : {100U, 4095U, 4096U}) {
+        const std::string answer = AnswerOf(length);
+        ASSERT_EQ(answer.size(), length);
+        Prefetch(answer);
+        EXPECT_EQ(Take(), 0) << length;
+        EXPECT_EQ(std::string(buffer), answer);
+    }
+}
+
+TEST_F(FirstStreamTokenTest, LongerTextIsNotKept) {
+    for (const size_t length : {4097U, 5000U, 20000U}) {
+        lines.Clear();
+        Prefetch(AnswerOf(length));
+        ExpectLine("strTokens length is over limited,length= " + std::to_string(length) + " ", "INFO ", 3, kFast);
+        ExpectNothingPrefetched();
+    }
+}
+
+TEST_F(FirstStreamTokenTest, ExpiredTokenIsRenewedOnceAndTheNewOneIsTheOwner) {
+    transport.Answer(kExpired);
+    transport.Answer(RefreshAnswer());
+    Prefetch();
+    ASSERT_EQ(transport.Count(), 3U);
+    EXPECT_EQ(Token(2), "new-token");
+    EXPECT_EQ(transport.Sent()[2].Param("count"), "10");
+    EXPECT_EQ(Take("access-token"), -1) << "it was not fetched for the expired one";
+    EXPECT_EQ(Take("new-token"), 0);
+    EXPECT_STREQ(buffer, kTokenBatch);
+}
+
+TEST_F(FirstStreamTokenTest, ExpiredTwiceStops) {
+    transport.Answer(kExpired);
+    transport.Answer(RefreshAnswer());
+    Prefetch(kExpired);
+    EXPECT_EQ(transport.Count(), 3U);
+    ExpectLine("getStreamToken failed", "INFO ", 3, kFast);
+    EXPECT_EQ(Take("new-token"), -1);
+}
+
+TEST_F(FirstStreamTokenTest, AccessTokenThatTheHostSetsMeanwhileIsNotTheOwner) {
+    transport.Make([&](const SentRequest&) {
+        core.setAccessToken("set-meanwhile");
+        return ScriptedAnswer{0, kTokenBatch};
+    });
+    EXPECT_EQ(core.GetStreamTokenFast(), 0);
+    EXPECT_EQ(Take("set-meanwhile"), -1);
+    EXPECT_EQ(Take("access-token"), 0);
+}
+
+// ---- Its one use
+
+TEST_F(FirstStreamTokenTest, TokenIsServedOnceToItsOwner) {
+    Prefetch();
+    lines.Clear();
+    EXPECT_EQ(Take(), 0);
+    EXPECT_STREQ(buffer, kTokenBatch);
+    ExpectLine("GetStreamTokenFromQueue SUC", "INFO ", 3, kFrom);
+    EXPECT_EQ(lines.Lines().size(), 1U);
+    lines.Clear();
+    EXPECT_EQ(Take(), -1);
+    ExpectLine("GetStreamTokenFromQueue failed", "INFO ", 3, kFrom);
+    EXPECT_EQ(lines.Lines().size(), 1U);
+}
+
+TEST_F(FirstStreamTokenTest, OnlyTheTextAndItsZeroAreWritten) {
+    std::fill(std::begin(buffer), std::end(buffer), '#');
+    Prefetch();
+    EXPECT_EQ(Take(), 0);
+    const size_t length = std::string(kTokenBatch).size();
+    EXPECT_EQ(buffer[length], '\0');
+    EXPECT_EQ(buffer[length + 1], '#');
+}
+
+TEST_F(FirstStreamTokenTest, NobodyElseIsServedAndNothingIsLogged) {
+    EXPECT_EQ(Take(), -1) << "no owner yet";
+    EXPECT_EQ(Take(""), -1) << "an empty owner is none";
+    EXPECT_TRUE(lines.Lines().empty());
+    Prefetch();
+    lines.Clear();
+    for (const char* other : {"", "access-toke", "access-token2", "ACCESS-TOKEN"}) {
+        EXPECT_EQ(Take(other), -1) << other;
+    }
+    EXPECT_STREQ(buffer, "untouched");
+    EXPECT_TRUE(lines.Lines().empty());
+    EXPECT_EQ(Take(), 0);
+}
+
+TEST_F(FirstStreamTokenTest, TokenIsServedFor18000Seconds) {
+    for (const auto& [age, result] : {std::pair(0, 0), {17'999, 0}, {18'000, 0}, {18'001, -1}, {100'000, -1}}) {
+        SCOPED_TRACE(age);
+        Prefetch();
+        clock.AdvanceSeconds(age);
+        lines.Clear();
+        EXPECT_EQ(Take(), result);
+        EXPECT_EQ(lines.Count("GetStreamTokenFromQueue failed"), result == 0 ? 0U : 1U);
+        if (result != 0) {
+            clock.AdvanceSeconds(-age);
+            EXPECT_EQ(Take(), 0) << "it was refused and not dropped";
+        }
+    }
+}
+
+TEST_F(FirstStreamTokenTest, StaleTokenStillStopsThePrefetch) {
+    Prefetch();
+    clock.AdvanceSeconds(18'001);
+    EXPECT_EQ(core.GetStreamTokenFast(), 0);
+    EXPECT_EQ(lines.Count("m_strFirstToken is not NULL"), 1U);
+    EXPECT_EQ(transport.Count(), 1U);
+}
+
+TEST_F(FirstStreamTokenTest, AgeIsADifferenceOf32BitsThatWraps) {
+    const struct {
+        int64_t fetched;
+        int64_t taken;
+        int result;
+    } rows[] = {
+        {INT32_MAX, int64_t{INT32_MAX} + 18'000, 0},
+        {INT32_MAX, int64_t{INT32_MAX} + 18'001, -1},
+        {0xFFFF'FFFFLL, 0x1'0000'0000LL + 17'999, 0},
+        {0xFFFF'FFFFLL, 0x1'0000'0000LL + 18'000, -1},
+        {1'800'000'000, 1'700'000'000, 0},  // a clock that was put back
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.taken);
+        clock.SetWall(row.fetched);
+        Prefetch();
+        clock.SetWall(row.taken);
+        EXPECT_EQ(Take(), row.result);
+        clock.SetWall(row.fetched);
+        Take();
+    }
+}
+
+TEST_F(FirstStreamTokenTest, ServedTokenMayBeFetchedAgain) {
+    Prefetch();
+    EXPECT_EQ(Take(), 0);
+    Prefetch(R"({"code":"200","again":1})");
+    EXPECT_EQ(transport.Count(), 2U);
+    EXPECT_EQ(Take(), 0);
+    EXPECT_STREQ(buffer, R"({"code":"200","again":1})");
+}
+
+TEST_F(FirstStreamTokenTest, ItIsNotOfTheQueueAndNoCache) {
+    Prefetch();
+    std::string one;
+    transport.Answer(R"({"resultCode":"200","tokenArray":["q1","q2"]})");
+    EXPECT_EQ(core.getOneStreamToken("access-token", one), 0);
+    EXPECT_EQ(one, "q1");
+    core.ClearAllCache();
+    EXPECT_EQ(Take(), 0);
+    EXPECT_STREQ(buffer, kTokenBatch);
+}
+
+TEST_F(FirstStreamTokenTest, WithoutABufferNothingIsServed) {
+    Prefetch();
+    EXPECT_EQ(core.GetStreamTokenFromQueue("access-token", nullptr), -1);
+    EXPECT_EQ(Take(), 0) << "it is still there";
+}
+
+TEST_F(FirstStreamTokenTest, OfManyCallersOneIsServed) {
+    iLogLevel = 6;
+    Prefetch();
+    std::atomic<int> served{0};
+    std::vector<std::thread> threads;
+    threads.reserve(16);
+    for (int i = 0; i < 16; ++i) {
+        threads.emplace_back([&] {
+            char own[size_t{4096} + 1] = {};
+            if (core.GetStreamTokenFromQueue("access-token", own) == 0) {
+                ++served;
+                EXPECT_STREQ(own, kTokenBatch);
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(served, 1);
+}
+
+}  // namespace
+}  // namespace vantix::test
