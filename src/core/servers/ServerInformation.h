@@ -4,7 +4,7 @@
 #include <future>
 #include <string>
 
-#include "core/servers/SingleRecordFetch.h"
+#include "core/fetch/SingleRecordFetch.h"
 #include "vantix/records/ServerInfo.h"
 
 namespace vantix {

@@ -276,14 +276,17 @@ TEST_F(P2PDevicesTest, SecondTaskIntoTheSameFutureWaitsForTheFirst) {
     transport.Make([&](const SentRequest&) {
         started.set_value();
         release.get_future().wait();
-        return ScriptedAnswer{7, ""};
+        return ScriptedAnswer{0, R"({"resultCode":"200","result":{"data":{"defaultKey":"first"}}})"};
+    });
+    transport.Make([&](const SentRequest&) {
+        release.set_value();  // only the second lets the first end
+        return ScriptedAnswer{0, kPlatformDevice};
     });
     P2PDevInfo first;
     EXPECT_EQ(core.getP2PDevInfo(first, "own-token", "OWN", future), -1);
     started.get_future().wait();
-    transport.Answer(kPlatformDevice);
-    release.set_value();
     EXPECT_EQ(FetchInBackground(), -1);
+    EXPECT_EQ(first.defaultKey, "first") << "the first task has ended";
     EXPECT_EQ(future.get(), 0);
     EXPECT_EQ(IP(), "10.0.0.1");
 }

@@ -280,14 +280,17 @@ TEST_F(P2PUser, SecondTaskIntoTheSameFutureWaitsForTheFirst) {
     transport.Make([&](const SentRequest&) {
         started.set_value();
         release.get_future().wait();
-        return ScriptedAnswer{7, ""};
+        return ScriptedAnswer{0, R"({"resultCode":"200","result":{"data":{"userId":"first","data":"first"}}})"};
+    });
+    transport.Make([&](const SentRequest&) {
+        release.set_value();  // only the second lets the first end
+        return ScriptedAnswer{0, kPlatformUser};
     });
     P2PUserInfo first;
     EXPECT_EQ(core.getP2PUserInfo(first, "own-token", future, false), 0);
     started.get_future().wait();
-    transport.Answer(kPlatformUser);
-    release.set_value();
     EXPECT_EQ(FetchInBackground(), 0);
+    EXPECT_EQ(first.userId, "first") << "the first task has ended";
     EXPECT_EQ(future.get(), 0);
     ExpectPlatformUser();
 }

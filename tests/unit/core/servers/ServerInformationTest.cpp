@@ -242,14 +242,17 @@ TEST_F(ServerInformation, SecondTaskIntoTheSameFutureWaitsForTheFirst) {
     transport.Make([&](const SentRequest&) {
         started.set_value();
         release.get_future().wait();
-        return ScriptedAnswer{7, ""};
+        return ScriptedAnswer{0, R"({"resultCode":"200","serverResp":{"stun1Addr":"first"}})"};
+    });
+    transport.Make([&](const SentRequest&) {
+        release.set_value();  // only the second lets the first end
+        return ScriptedAnswer{0, kPlatformServers};
     });
     ServerInfo first;
     EXPECT_EQ(core.getServerInfo("own-token", first, future, false), 0);
     started.get_future().wait();
-    transport.Answer(kPlatformServers);
-    release.set_value();
     EXPECT_EQ(FetchInBackground(), 0);
+    EXPECT_EQ(first.stun1Addr, "first") << "the first task has ended";
     EXPECT_EQ(future.get(), 0);
     EXPECT_EQ(servers.stun1Addr, "platform");
     EXPECT_EQ(transport.Count(), 2U);

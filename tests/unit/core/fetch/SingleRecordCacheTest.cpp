@@ -1,6 +1,6 @@
 // A cache of one record: valid or not, and how old it may be when it is expired on demand.
 
-#include "core/servers/SingleRecordCache.h"
+#include "core/fetch/SingleRecordCache.h"
 
 #include <gtest/gtest.h>
 

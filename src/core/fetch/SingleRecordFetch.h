@@ -7,7 +7,7 @@
 
 #include "base/AsyncTask.h"
 #include "core/renewal/Renewal.h"
-#include "core/servers/SingleRecordCache.h"
+#include "core/fetch/SingleRecordCache.h"
 #include "log/Logger.h"
 
 namespace vantix {

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+namespace vantix::test {
+
+/// Notes the mutexes of the runtime that the calling thread takes while this lives. One at a time for each thread. The
+/// program is linked with the options that LockRecorder.cpp names.
+class LockRecorder {
+public:
+    LockRecorder();
+    ~LockRecorder();
+    LockRecorder(const LockRecorder&) = delete;
+    LockRecorder& operator=(const LockRecorder&) = delete;
+
+    /// The mutexes taken so far, in order; each time counts.
+    const std::vector<void*>& Taken() const { return m_taken; }
+
+    /// How many mutexes the calling thread holds now.
+    static size_t HeldByThisThread();
+    /// The most that any thread of the process has held at once so far.
+    static size_t MostHeldByAnyThread();
+
+private:
+    friend struct LockNotes;
+
+    std::vector<void*> m_taken;
+};
+
+}  // namespace vantix::test
