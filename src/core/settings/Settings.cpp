@@ -6,15 +6,15 @@
 
 namespace vantix {
 
-void Settings::setDomain(const std::string& bDomain, const std::string& cDomain) {
+void Settings::setDomain(const std::string& szBDomain, const std::string& szCDomain) {
     VANTIX_LOG_INFO(VANTIX_CORE_HERE("setDomain"), level::kInfo,
                     "SetDomain OldAreaBDomain:%s, szBDomain:%s, szCDomain:%s", AreaBDomain.Copy().c_str(),
-                    bDomain.c_str(), cDomain.c_str());
-    if (!bDomain.empty()) {
-        AreaBDomain.Assign(bDomain);
+                    szBDomain.c_str(), szCDomain.c_str());
+    if (!szBDomain.empty()) {
+        AreaBDomain.Assign(szBDomain);
     }
-    if (!cDomain.empty()) {
-        CDomain.Assign(cDomain);
+    if (!szCDomain.empty()) {
+        CDomain.Assign(szCDomain);
     }
 }
 

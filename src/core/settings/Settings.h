@@ -49,7 +49,7 @@ public:
     Guarded<std::string> refreshSessionId;
 
     /// An empty domain leaves the old one.
-    void setDomain(const std::string& bDomain, const std::string& cDomain);
+    void setDomain(const std::string& szBDomain, const std::string& szCDomain);
     void setAuthAddr(const std::string& addr);
     void setTokenExpireTime(const std::string& text);
     /// An empty token leaves the old one.
