@@ -138,8 +138,8 @@ void CVantixDataCenter::expireServerInfo() { m_parts->servers.expireServerInfo()
 
 // ---- Stream tokens and credentials
 
-int CVantixDataCenter::getStreamTokens(const std::string& token, int count, std::string& answer, bool retried) {
-    return m_parts->streamTokens.getStreamTokens(token, count, answer, retried);
+int CVantixDataCenter::getStreamTokens(const std::string& token, int count, std::string& response, bool retried) {
+    return m_parts->streamTokens.getStreamTokens(token, count, response, retried);
 }
 
 int CVantixDataCenter::getAuthInfo(const std::string& serial, int ch, bool playback) {
@@ -215,9 +215,9 @@ int CVantixDataCenter::getTransparentMsgDetail(const std::string& serial, const 
     return m_parts->queries.getTransparentMsgDetail(serial, msgSeq, detail, retried);
 }
 
-int CVantixDataCenter::setVideoDefinition(const std::string& serial, std::string& answer, int ch, int videoLevel,
+int CVantixDataCenter::setVideoDefinition(const std::string& serial, std::string& response, int ch, int videoLevel,
                                           bool retried) {
-    return m_parts->queries.setVideoDefinition(serial, answer, ch, videoLevel, retried);
+    return m_parts->queries.setVideoDefinition(serial, response, ch, videoLevel, retried);
 }
 
 int CVantixDataCenter::setAlarmRead(const std::string& alarmId) { return m_parts->queries.setAlarmRead(alarmId); }

@@ -77,7 +77,7 @@ public:
 
     // ---- Stream tokens and credentials
 
-    int getStreamTokens(const std::string& token, int count, std::string& answer, bool retried);
+    int getStreamTokens(const std::string& token, int count, std::string& response, bool retried);
     int getAuthInfo(const std::string& serial, int ch, bool playback);
     int RefreshToken(std::string& newToken);
     int getOneStreamToken(const std::string& accessToken, std::string& token);
@@ -101,7 +101,7 @@ public:
     int getConfigInfo(ConfigInfo& config);
     int getTransparentMsgDetail(const std::string& serial, const std::string& msgSeq, TransparentMsgDetail& detail,
                                 bool retried);
-    int setVideoDefinition(const std::string& serial, std::string& answer, int ch, int videoLevel, bool retried);
+    int setVideoDefinition(const std::string& serial, std::string& response, int ch, int videoLevel, bool retried);
     int setAlarmRead(const std::string& alarmId);
     int getRecordByAlarmID(const std::string& serial, int ch, const std::string& alarmId, std::string& json);
     int getDeviceFileBySerial(const std::string& serial, int ch, const std::string& startTime,

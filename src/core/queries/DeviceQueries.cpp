@@ -69,9 +69,10 @@ int Queries::getTransparentMsgDetail(const std::string& serial, const std::strin
                [&](const PlatformRoute& route) { return GetTransparentMsgDetailFromPlatform(route, msgSeq, detail); });
 }
 
-int Queries::setVideoDefinition(const std::string& serial, std::string& answer, int ch, int videoLevel, bool retried) {
+int Queries::setVideoDefinition(const std::string& serial, std::string& response, int ch, int videoLevel,
+                                bool retried) {
     return Run(queries::kVideoDefinition, Subject::OfChannel(serial, ch), retried, [&](const PlatformRoute& route) {
-        return SetVideoDefinitionOnPlatform(route, serial, ch, videoLevel, answer);
+        return SetVideoDefinitionOnPlatform(route, serial, ch, videoLevel, response);
     });
 }
 
@@ -79,7 +80,7 @@ int Queries::getAuthInfo(const std::string& serial, int ch, bool playback) {
     const int result =
         Run(queries::kPermission, Subject::OfChannel(serial, ch), false,
             [&](const PlatformRoute& route) { return GetAuthInfoFromPlatform(route, serial, ch, playback); });
-    // An expired token is not renewed here, and not told from other failures.
+    // An expired token is not renewed here, and looks like any other failure.
     return result == VANTIX_ACCESS_TOKEN_EXPIRED ? VANTIX_ERROR : result;
 }
 

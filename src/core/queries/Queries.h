@@ -43,7 +43,7 @@ public:
     int getConfigInfo(ConfigInfo& config);
     int getTransparentMsgDetail(const std::string& serial, const std::string& msgSeq, TransparentMsgDetail& detail,
                                 bool retried);
-    int setVideoDefinition(const std::string& serial, std::string& answer, int ch, int videoLevel, bool retried);
+    int setVideoDefinition(const std::string& serial, std::string& response, int ch, int videoLevel, bool retried);
     int setAlarmRead(const std::string& alarmId);
     int getRecordByAlarmID(const std::string& serial, int ch, const std::string& alarmId, std::string& json);
     int getDeviceFileBySerial(const std::string& serial, int ch, const std::string& startTime,
