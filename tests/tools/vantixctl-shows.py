@@ -217,7 +217,7 @@ class Detail(Case):
     def test_bytes_that_are_no_utf8_still_give_json(self):
         with Cloud() as cloud:
             body = b'{"result":{"code":"200","data":{"camera":{"cameraId":"\xff\xfe"},"device":{"deviceSerial":"A"}}}}'
-            cloud.control("POST", "/plans", {"path": "/api/device/detail", "bodyHex": body.hex()})
+            cloud.control("POST", "/scripted-responses", {"path": "/api/device/detail", "bodyHex": body.hex()})
             done = run("detail", CAMERA, "--json", "--b-domain", cloud.b_domain, "--access-token",
                        cloud.account["accessToken"])
         answer = json.loads(done.out)

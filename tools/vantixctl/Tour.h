@@ -36,7 +36,7 @@ public:
     /// Whether every step went as it should.
     bool WentWell() const;
     /// What the loopback cloud saw.
-    std::vector<SeenRequest> Seen() const { return m_session.Loopback()->Seen(); }
+    std::vector<ReceivedRequest> ReceivedRequests() const { return m_session.Loopback()->ReceivedRequests(); }
 
 private:
     struct Expected {

@@ -69,7 +69,7 @@ void PrintForPeople(const Context& context, const Tour& tour) {
     const bool well = tour.WentWell();
     Print(heading("A tour of the data center") + StepTable(context, tour.Steps()) +
           heading("What these return codes mean") + CodeTable(context, tour.Steps()) + heading("What the cloud saw") +
-          JournalTable(context, tour.Seen()) + "\n  " +
+          JournalTable(context, tour.ReceivedRequests()) + "\n  " +
           context.paint(well ? Style::Good : Style::Bad, well ? "✓" : "✗") +
           (well ? " every step went as it should\n" : " not every step went as it should\n"));
 }
@@ -88,7 +88,7 @@ Json AsJson(const Tour& tour) {
                          {"cost", CodeOrNull(step.cost)},
                          {"asExpected", step.asExpected}});
     }
-    return {{"steps", std::move(steps)}, {"seen", JournalJson(tour.Seen())}};
+    return {{"steps", std::move(steps)}, {"seen", JournalJson(tour.ReceivedRequests())}};
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 namespace vantix::ctl {
 
 /// One request as the loopback cloud received it.
-struct SeenRequest {
+struct ReceivedRequest {
     std::string server;  ///< "platform" or "consumer"
     std::string method;
     std::string path;
@@ -35,7 +35,7 @@ public:
     /// Where it is told what to do, such as "http://127.0.0.1:40003".
     std::string ControlAddress() const;
     /// What it has received so far.
-    std::vector<SeenRequest> Seen() const;
+    std::vector<ReceivedRequest> ReceivedRequests() const;
 
 private:
     struct Parts;
