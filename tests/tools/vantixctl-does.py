@@ -239,7 +239,7 @@ class Watch(Case):
                 cloud.control("POST", "/scripted-responses",
                               {"path": "/api/device/detail", "times": 2, "code": "20007"})
                 self.assertIn("320007", process.stdout.readline().decode())
-                self.assertIn("answers again", process.stdout.readline().decode())
+                self.assertIn("can be fetched again", process.stdout.readline().decode())
                 process.send_signal(signal.SIGINT)
                 rest, errors = process.communicate(timeout=60)
             finally:

@@ -31,10 +31,10 @@ std::string ParameterText(const ReceivedRequest& request) {
 
 }  // namespace
 
-std::string JournalTable(const Context& context, const std::vector<ReceivedRequest>& seen) {
+std::string JournalTable(const Context& context, const std::vector<ReceivedRequest>& requests) {
     Table table({{"#", Align::Right}, {"server"}, {"request and its parameters", Align::Left, true}});
     int number = 0;
-    for (const ReceivedRequest& request : seen) {
+    for (const ReceivedRequest& request : requests) {
         if (number > 0) {
             table.AddRule();
         }
@@ -45,9 +45,9 @@ std::string JournalTable(const Context& context, const std::vector<ReceivedReque
     return table.Drawn(context.paint, context.width);
 }
 
-Json JournalJson(const std::vector<ReceivedRequest>& seen) {
+Json JournalJson(const std::vector<ReceivedRequest>& requests) {
     Json list = Json::array();
-    for (const ReceivedRequest& request : seen) {
+    for (const ReceivedRequest& request : requests) {
         Json parameters = Json::object();
         for (const auto& parameter : request.parameters) {
             parameters[parameter.first] = Shown(parameter);
