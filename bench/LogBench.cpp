@@ -1,4 +1,4 @@
-// A log line that is dropped, and one that is written to sinks that do nothing.
+// Log lines that are dropped, and log lines that are written to sinks without effect.
 
 #include "Cases.h"
 #include "log/Logger.h"
@@ -10,11 +10,11 @@ void UsualLevel() { iLogLevel = level::kInfo; }
 
 void FilteredOut() { VANTIX_LOG_INFO(level::kTrace, "SetDeviceTkTokens key = %s ", "C100000011"); }
 
-void FilteredOutFurtherDown() { LogInfoAt(VANTIX_HERE, level::kTrace, "SetDeviceTkTokens key = %s ", "C100000011"); }
+void FilteredOutAtCallSite() { LogInfoAt(VANTIX_HERE, level::kTrace, "SetDeviceTkTokens key = %s ", "C100000011"); }
 
 void Written() { VANTIX_LOG_INFO(level::kInfo, "m_mapDevDetailInfo not exist key = %s", "C10000001_1"); }
 
-void WrittenFurtherDown() {
+void WrittenAtCallSite() {
     LogInfoAt(VANTIX_HERE, level::kInfo, "m_mapDevDetailInfo not exist key = %s", "C10000001_1");
 }
 
@@ -23,9 +23,9 @@ void WrittenFurtherDown() {
 std::vector<Case> LogCases() {
     return {
         MakeCase<UsualLevel, FilteredOut>("Log/filtered/macro"),
-        MakeCase<UsualLevel, FilteredOutFurtherDown>("Log/filtered/call_site"),
+        MakeCase<UsualLevel, FilteredOutAtCallSite>("Log/filtered/call_site"),
         MakeCase<UsualLevel, Written>("Log/written/macro"),
-        MakeCase<UsualLevel, WrittenFurtherDown>("Log/written/call_site"),
+        MakeCase<UsualLevel, WrittenAtCallSite>("Log/written/call_site"),
     };
 }
 
