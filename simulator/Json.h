@@ -23,7 +23,7 @@ const Json& Member(const Json& object, std::string_view key);
 /// The member as text: a string unchanged, a number in decimal; the fallback for anything else.
 std::string TextOf(const Json& object, std::string_view key, std::string_view fallback = {});
 
-/// The member as a number: a number (truncated) or a decimal text; the fallback for anything else.
+/// The member as a number: a number (a real one truncated) or a decimal text; the fallback for anything else.
 long long NumberOf(const Json& object, std::string_view key, long long fallback = 0);
 
 /// The decimal number at the beginning of a text; the fallback when there is none or it is out of range.

@@ -35,7 +35,7 @@ struct Response {
     HeaderList headers;
     Delivery delivery = Delivery::whole;
     std::size_t dripBytes = 0;  ///< size of the pieces in which the body is sent; 0: all at once
-    int dripMs = 0;             ///< delays before each piece
+    int dripMs = 0;             ///< milliseconds to wait before each piece
 };
 
 }  // namespace vantix::simulator

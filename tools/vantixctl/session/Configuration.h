@@ -51,11 +51,11 @@ public:
     /// The value of an option, empty when it was not given.
     const std::string& Get(std::string_view option) const;
 
-    /// Sets what is still missing from the environment.
+    /// Takes values that are not set yet from the environment.
     void TakeEnvironment();
-    /// Sets what is still missing from a credentials object, or from its member "account".
+    /// Takes values that are not set yet from a credentials object, or from its member "account".
     void TakeJson(const Json& content);
-    /// Sets what is still missing from a credentials file. Throws UsageError when it cannot be read.
+    /// Takes values that are not set yet from a credentials file. Throws UsageError when it cannot be read.
     void TakeFile(const std::string& path);
 
     bool HasDomain() const { return Has("b-domain") || Has("c-domain"); }
