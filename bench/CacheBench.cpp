@@ -1,4 +1,4 @@
-// A cache hit, through the interface, as a host sees it.
+// Cache hits, through the interface, as a host calls it.
 
 #include <cstddef>
 #include <cstdio>
@@ -27,7 +27,7 @@ std::vector<std::string>& CachedSerials() {
     return serials;
 }
 
-/// Fetches the details of so many devices from a server that answers at once.
+/// Fetches the details of so many devices; the canned responses stand for a server.
 void FillCache(size_t devices) {
     std::vector<std::string>& serials = CachedSerials();
     if (serials.size() == devices) {
@@ -43,7 +43,7 @@ void FillCache(size_t devices) {
         DevChannelInfo channel;
         DevDetailInfo detail;
         if (Center().getDevDetailInfoSync(serials.back(), 1, true, channel, detail) != VANTIX_NOERROR) {
-            std::puts("the cache could not be filled: its figures mean nothing");
+            std::puts("the cache could not be filled: its figures are invalid");
         }
     }
 }
@@ -54,7 +54,7 @@ void Prepare() {
     Center().setLogLevel(LogLevel);
 }
 
-/// The cached devices in turn; each thread goes its own round.
+/// The serials of the cached devices in turn, for each thread.
 const std::string& NextSerial() {
     thread_local size_t next = 0;
     const std::vector<std::string>& serials = CachedSerials();

@@ -1,4 +1,4 @@
-// A log line that is dropped, and one that is written to sinks that do nothing.
+// Log lines that are dropped, and log lines that are written to sinks without effect.
 
 #include "Cases.h"
 #include "log/Logger.h"

@@ -1,6 +1,6 @@
 // Runs the benchmarks:   vantix_bench [BENCHMARK_ARGUMENTS...]
 // Lists their names:     vantix_bench --names
-// Repeats one body:      vantix_bench --repeat NAME COUNT      (for tools that count what is executed)
+// Repeats one body:      vantix_bench --repeat NAME COUNT      (for tools that count instructions)
 
 #include <cstdio>
 #include <cstdlib>
@@ -39,7 +39,7 @@ int Repeat(const std::string& name, const char* count) {
             return 0;
         }
     }
-    std::fprintf(stderr, "no benchmark '%s': --names tells them\n", name.c_str());
+    std::fprintf(stderr, "no benchmark '%s': --names lists them\n", name.c_str());
     return 2;
 }
 

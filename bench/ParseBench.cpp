@@ -1,4 +1,4 @@
-// A device detail answer read into records, and what the JSON libraries alone cost for the same texts.
+// A device detail response read into records, and the same texts read by the JSON libraries alone.
 
 #include <json/json.h>
 
@@ -7,7 +7,7 @@
 #include <string>
 
 #include "Cases.h"
-#include "DetailAnswer.h"
+#include "DetailResponse.h"
 #include "log/Logger.h"
 #include "platform/DeviceDetailParser.h"
 #include "requests/CapabilityByNumber.h"
@@ -19,9 +19,9 @@
 namespace vantix::bench {
 namespace {
 
-const std::string& Answer() {
-    static const std::string answer = DetailAnswer("C10000001");
-    return answer;
+const std::string& Response() {
+    static const std::string response = DetailResponse("C10000001");
+    return response;
 }
 
 const std::string& Nested() {
@@ -31,7 +31,7 @@ const std::string& Nested() {
 
 template <int LogLevel>
 void Prepare() {
-    Answer();
+    Response();
     Nested();
     iLogLevel = LogLevel;
 }
@@ -41,10 +41,10 @@ void Json11(const std::string& text) {
     benchmark::DoNotOptimize(json11::Json::parse(text, error));
 }
 
-void Json11Dom() { Json11(Answer()); }
+void Json11Dom() { Json11(Response()); }
 
 void Json11Doms() {
-    Json11(Answer());
+    Json11(Response());
     Json11(Nested());
 }
 
@@ -54,22 +54,22 @@ void JsonCpp(const std::string& text) {
     benchmark::DoNotOptimize(reader.parse(text, root, false));
 }
 
-void JsonCppDom() { JsonCpp(Answer()); }
+void JsonCppDom() { JsonCpp(Response()); }
 
 void JsonCppDoms() {
-    JsonCpp(Answer());
+    JsonCpp(Response());
     JsonCpp(Nested());
 }
 
 const std::string& ShortList() {
     static const std::string list = [] {
         std::string error;
-        return json11::Json::parse(Answer(), error)["result"]["data"]["device"]["supportExtShort"].string_value();
+        return json11::Json::parse(Response(), error)["result"]["data"]["device"]["supportExtShort"].string_value();
     }();
     return list;
 }
 
-/// As many look-ups as one answer takes.
+/// As many look-ups as one response needs.
 void ShortCapabilities() {
     for (const unsigned number : {257U, 836U, 149U, 585U}) {
         benchmark::DoNotOptimize(CapabilityByNumber(ShortList(), number));
@@ -80,7 +80,7 @@ void DetailIntoRecords() {
     DevChannelInfo channel;
     DevDetailInfo device;
     std::optional<BelongDevInfo> parent;
-    benchmark::DoNotOptimize(ParseDevDetailInfoFromPlatform(Answer(), channel, device, parent));
+    benchmark::DoNotOptimize(ParseDevDetailInfoFromPlatform(Response(), channel, device, parent));
 }
 
 constexpr int kQuiet = 6;
@@ -90,10 +90,10 @@ constexpr int kUsual = 3;
 
 std::vector<Case> ParseCases() {
     return {
-        MakeCase<Prepare<kQuiet>, Json11Dom>("Parse/dom/json11/answer"),
-        MakeCase<Prepare<kQuiet>, Json11Doms>("Parse/dom/json11/answer_and_nested"),
-        MakeCase<Prepare<kQuiet>, JsonCppDom>("Parse/dom/JsonCpp/answer"),
-        MakeCase<Prepare<kQuiet>, JsonCppDoms>("Parse/dom/JsonCpp/answer_and_nested"),
+        MakeCase<Prepare<kQuiet>, Json11Dom>("Parse/dom/json11/response"),
+        MakeCase<Prepare<kQuiet>, Json11Doms>("Parse/dom/json11/response_and_nested"),
+        MakeCase<Prepare<kQuiet>, JsonCppDom>("Parse/dom/JsonCpp/response"),
+        MakeCase<Prepare<kQuiet>, JsonCppDoms>("Parse/dom/JsonCpp/response_and_nested"),
         MakeCase<Prepare<kQuiet>, ShortCapabilities>("Parse/short_capabilities"),
         MakeCase<Prepare<kQuiet>, DetailIntoRecords>("Parse/detail/quiet"),
         MakeCase<Prepare<kUsual>, DetailIntoRecords>("Parse/detail/logged"),

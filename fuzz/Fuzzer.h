@@ -1,20 +1,21 @@
 #pragma once
 
 /// @file
-/// What the fuzzers share. Each file of this folder is one program: it defines `Try`, which libFuzzer hands text after
-/// text; a crash, an exception, a sanitizer's finding or a broken promise ends the program.
+/// Shared by the fuzzers. Each other file of this folder is one program: it defines `FuzzOne`, which libFuzzer calls
+/// with one text after the other; a crash, an exception, a sanitizer's finding or an unmet requirement ends the
+/// program.
 
 #include <cstdlib>
 #include <string>
 
 namespace vantix::fuzz {
 
-/// What the program does with one text.
-void Try(const std::string& text);
+/// Runs the code under test with one text.
+void FuzzOne(const std::string& text);
 
-/// A promise of the library that holds for every text.
-inline void Promise(bool isKept) {
-    if (!isKept) {
+/// Ends the program when a requirement, which holds for every text, is not met.
+inline void Require(bool isMet) {
+    if (!isMet) {
         std::abort();
     }
 }

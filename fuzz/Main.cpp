@@ -1,4 +1,4 @@
-// What libFuzzer calls.
+// The entry points that libFuzzer calls.
 
 #include <cstdint>
 
@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::string text(reinterpret_cast<const char*>(data), size);
     for (const bool isB2C : {false, true}) {
         vantix::bB2CMode = isB2C;
-        vantix::fuzz::Try(text);
+        vantix::fuzz::FuzzOne(text);
     }
     return 0;
 }

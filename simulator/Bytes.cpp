@@ -18,13 +18,14 @@ int DigitOf(char c) {
     return -1;
 }
 
+/// What the first byte of a UTF-8 sequence says about it.
 struct Lead {
-    std::size_t following;
-    std::uint32_t bits;
-    std::uint32_t smallest;
+    std::size_t following;   ///< number of bytes that follow
+    std::uint32_t bits;      ///< the bits of the code point in the first byte
+    std::uint32_t smallest;  ///< the smallest code point that needs a sequence of this length
 };
 
-/// What a first byte announces; `smallest` above every code point when it announces nothing valid.
+/// Reads the first byte of a UTF-8 sequence; when it is invalid, `smallest` is above every code point.
 Lead LeadOf(unsigned char byte) {
     if (byte < 0x80U) {
         return {0, byte, 0};

@@ -9,7 +9,7 @@ namespace vantix::simulator {
 /// Lower-case hexadecimal digits of the bytes.
 std::string ToHex(std::string_view bytes);
 
-/// The bytes of a hexadecimal text of either case; nothing when it is none.
+/// The bytes of a hexadecimal text of either case; nothing when the text is not hexadecimal.
 std::optional<std::string> FromHex(std::string_view hex);
 
 /// Whether the bytes are well-formed UTF-8.

@@ -8,25 +8,25 @@
 
 namespace vantix::simulator {
 
-/// Members keep the order in which they were written, as a reader of an answer expects.
+/// JSON whose members keep the order in which they were added.
 using Json = nlohmann::ordered_json;
 
-/// Compact text; bytes that are no UTF-8 become U+FFFD. Never throws for content.
+/// Compact text; bytes that are not UTF-8 become U+FFFD. Never throws, whatever the value holds.
 std::string Dump(const Json& value);
 
 /// The value, or nothing when the text is not JSON.
 std::optional<Json> Parse(std::string_view text);
 
-/// The member, or a null value when `object` is no object or has no such member.
+/// The member, or a null value when `object` is not an object or has no such member.
 const Json& Member(const Json& object, std::string_view key);
 
-/// The member as text: a string as it is, a number in decimal, anything else the fallback.
+/// The member as text: a string unchanged, a number in decimal; the fallback for anything else.
 std::string TextOf(const Json& object, std::string_view key, std::string_view fallback = {});
 
-/// The member as a number: a number (reals truncated), a decimal text, anything else the fallback.
+/// The member as a number: a number (a real one truncated) or a decimal text; the fallback for anything else.
 long long NumberOf(const Json& object, std::string_view key, long long fallback = 0);
 
-/// Leading decimal number of a text; the fallback when there is none or it does not fit.
+/// The decimal number at the beginning of a text; the fallback when there is none or it is out of range.
 long long ToNumber(std::string_view text, long long fallback = 0);
 
 }  // namespace vantix::simulator

@@ -1,4 +1,4 @@
-#include "Child.h"
+#include "ChildProcess.h"
 #include "Simulator.h"
 
 #include <poll.h>
@@ -24,9 +24,9 @@ constexpr const char* usage =
     "usage: vantix-simulator [--b-port N] [--c-port N] [--control-port N] [--until-eof]\n"
     "       vantix-simulator [ports] --run -- COMMAND [ARGUMENT...]\n"
     "\n"
-    "Without --run: prints the addresses as a line of JSON and serves until SIGINT or SIGTERM, with\n"
-    "--until-eof also until standard input ends. With --run: serves while COMMAND runs, with\n"
-    "VANTIX_SIMULATOR=<control address> in its environment, and ends with its exit status.\n";
+    "Without --run: prints the addresses as a line of JSON and serves until SIGINT, SIGTERM or SIGHUP,\n"
+    "with --until-eof also until standard input ends. With --run: serves while COMMAND runs, with\n"
+    "VANTIX_SIMULATOR=<control address> in its environment, and exits with its status.\n";
 
 struct Arguments {
     simulator::Options options;
@@ -76,7 +76,7 @@ std::optional<Arguments> ReadArguments(char** argv) {
     return arguments.run ? std::nullopt : std::optional(arguments);
 }
 
-/// Blocks the signals that end or wake the program, so that every thread started later leaves them to the descriptor.
+/// Blocks the signals for every thread started later; the returned descriptor receives them instead.
 int BlockSignals(sigset_t& before) {
     sigset_t handled;
     sigemptyset(&handled);
@@ -84,7 +84,7 @@ int BlockSignals(sigset_t& before) {
         sigaddset(&handled, number);
     }
     sigprocmask(SIG_BLOCK, &handled, &before);
-    sigdelset(&handled, SIGPIPE);  // blocked only, never waited for
+    sigdelset(&handled, SIGPIPE);  // only blocked: the descriptor does not receive it
     return signalfd(-1, &handled, SFD_CLOEXEC);
 }
 
@@ -93,7 +93,7 @@ bool InputEnded() {
     return read(STDIN_FILENO, ignored.data(), ignored.size()) <= 0;
 }
 
-int ServeUntilTold(int signals, bool untilEof) {
+int ServeUntilStopped(int signals, bool untilEof) {
     std::array<pollfd, 2> watched = {{{signals, POLLIN, 0}, {untilEof ? STDIN_FILENO : -1, POLLIN, 0}}};
     for (;;) {
         if (poll(watched.data(), watched.size(), -1) < 0) {
@@ -116,12 +116,12 @@ int Start(const Arguments& arguments) {
     const int signals = BlockSignals(before);
     simulator::Simulator cloud(arguments.options);
     if (arguments.run) {
-        return simulator::RunChild(arguments.command, cloud.ControlAddress(), signals, before);
+        return simulator::RunChildProcess(arguments.command, cloud.ControlAddress(), signals, before);
     }
     std::printf("{\"bDomain\":\"%s\",\"cDomain\":\"%s\",\"control\":\"%s\"}\n", cloud.BDomain().c_str(),
                 cloud.CDomain().c_str(), cloud.ControlAddress().c_str());
     std::fflush(stdout);
-    return ServeUntilTold(signals, arguments.untilEof);
+    return ServeUntilStopped(signals, arguments.untilEof);
 }
 
 }  // namespace

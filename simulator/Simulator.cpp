@@ -9,21 +9,22 @@ namespace vantix::simulator {
 
 struct Simulator::Parts {
     explicit Parts(const Options& options)
-        : service(pause), control(service, [this] { return Statistics(); }), certificate(MakeCertificate()) {
-        // Both addresses must be known before the account can name them, so requests wait at the door till then.
-        std::unique_lock closed(door);
+        : service(delays), control(service, [this] { return Statistics(); }), certificate(MakeCertificate()) {
+        // The account names both addresses, which exist only when both servers listen; requests wait until then.
+        const std::lock_guard lock(startup);
         b.emplace(
-            options.bPort, certificate, [this](const Request& request) { return Serve(Domain::b, request); }, pause);
+            options.bPort, certificate, [this](const Request& request) { return Serve(Domain::b, request); }, delays);
         c.emplace(
-            options.cPort, certificate, [this](const Request& request) { return Serve(Domain::c, request); }, pause);
+            options.cPort, certificate, [this](const Request& request) { return Serve(Domain::c, request); }, delays);
         controlServer.emplace(
-            options.controlPort, std::nullopt, [this](const Request& request) { return ServeControl(request); }, pause);
-        service.Open(b->Address(), c->Address());
+            options.controlPort, std::nullopt, [this](const Request& request) { return ServeControl(request); },
+            delays);
+        service.CreateCloud(b->Address(), c->Address());
         control.SetAddress(controlServer->Address());
     }
 
     ~Parts() {
-        pause.Stop();
+        delays.Stop();
         for (auto* server : {&controlServer, &c, &b}) {
             if (*server) {
                 (*server)->Stop();
@@ -36,16 +37,16 @@ struct Simulator::Parts {
     Parts(Parts&&) = delete;
     Parts& operator=(Parts&&) = delete;
 
-    void PassDoor() { const std::lock_guard wait(door); }
+    void WaitUntilStarted() { const std::lock_guard lock(startup); }
 
-    Answer Serve(Domain domain, const Request& request) {
-        PassDoor();
+    Response Serve(Domain domain, const Request& request) {
+        WaitUntilStarted();
         ++(domain == Domain::b ? bRequests : cRequests);
         return service.Handle(domain, request);
     }
 
-    Answer ServeControl(const Request& request) {
-        PassDoor();
+    Response ServeControl(const Request& request) {
+        WaitUntilStarted();
         return control.Handle(request);
     }
 
@@ -57,14 +58,14 @@ struct Simulator::Parts {
         };
         return {{"B", port(*b, bRequests.load())},
                 {"C", port(*c, cRequests.load())},
-                {"journalDropped", service.JournalOf().Dropped()}};
+                {"journalDropped", service.GetJournal().Dropped()}};
     }
 
-    Pause pause;
+    RequestDelays delays;
     Service service;
     Control control;
     Certificate certificate;
-    std::mutex door;
+    std::mutex startup;  ///< locked while the constructor runs
     std::atomic<std::uint64_t> bRequests{0};
     std::atomic<std::uint64_t> cRequests{0};
     std::optional<Server> b;
@@ -84,9 +85,9 @@ std::string Simulator::ControlAddress() const { return m_parts->controlServer->A
 
 std::string Simulator::InfoJson() const { return Dump(m_parts->control.Info()); }
 
-std::vector<Exchange> Simulator::Journal() const { return m_parts->service.JournalOf().Entries(); }
+std::vector<ReceivedRequest> Simulator::Journal() const { return m_parts->service.GetJournal().Entries(); }
 
-void Simulator::ClearJournal() { m_parts->service.JournalOf().Clear(); }
+void Simulator::ClearJournal() { m_parts->service.GetJournal().Clear(); }
 
 void Simulator::Reset() { m_parts->service.Reset(); }
 

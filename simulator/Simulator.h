@@ -12,7 +12,7 @@ namespace vantix::simulator {
 enum class Domain { b, c };
 
 /// One request that the cloud received; nothing in it is decoded.
-struct Exchange {
+struct ReceivedRequest {
     Domain domain = Domain::b;
     std::string method;
     std::string path;
@@ -21,7 +21,7 @@ struct Exchange {
     std::vector<std::pair<std::string, std::string>> headers;  ///< name and value, in the order received
 };
 
-/// Ports to listen on; 0 takes a free one.
+/// Ports to listen on; 0 takes a free port.
 struct Options {
     std::uint16_t bPort = 0;
     std::uint16_t cPort = 0;
@@ -29,13 +29,13 @@ struct Options {
 };
 
 /// The loopback cloud: both server families over HTTPS and a control interface over HTTP, on 127.0.0.1.
-/// It serves from the end of the constructor to the destructor, on threads of its own. Safe from any thread.
+/// It serves from the end of the constructor to the destructor, on its own threads. Safe from any thread.
 class Simulator {
 public:
     /// Starts with the sample account. Throws std::runtime_error when a port is taken.
     explicit Simulator(const Options& options = {});
 
-    /// Ends waiting answers, closes all connections, joins all threads.
+    /// Ends all delays, closes all connections, joins all threads.
     ~Simulator();
 
     Simulator(const Simulator&) = delete;
@@ -50,14 +50,14 @@ public:
     /// Base address of the control interface, such as "http://127.0.0.1:40003".
     [[nodiscard]] std::string ControlAddress() const;
 
-    /// What the control interface answers to GET /info: the addresses and the account, as JSON text.
+    /// The response of the control interface to GET /info: the addresses and the account, as JSON text.
     [[nodiscard]] std::string InfoJson() const;
 
-    /// Everything received since the start or the last clearing, in order.
-    [[nodiscard]] std::vector<Exchange> Journal() const;
+    /// All requests received since the start or the last ClearJournal, in order.
+    [[nodiscard]] std::vector<ReceivedRequest> Journal() const;
     void ClearJournal();
 
-    /// Back to the sample data, without plans and with an empty journal.
+    /// Restores the sample data and empties the journal; removes scripted responses and fault ports.
     void Reset();
 
 private:

@@ -14,14 +14,14 @@ build_preset() {
     locked_tree "$1" build_preset_locked "$@"
 }
 
-# locked_tree PRESET COMMAND...: two scripts never work in one build tree at the same time.
+# locked_tree PRESET COMMAND...: runs COMMAND while no other script works in the build tree.
 locked_tree() {
     local tree=$ROOT/build/$1
     shift
     locked "build-$(printf '%s' "$tree" | sha256sum | cut -c1-16)" "$@"
 }
 
-# CMake reads a preset's and a toolchain's values only into a fresh tree, so a change of those makes one.
+# CMake reads the values of presets and toolchains only into a fresh tree, so a change of those files makes a fresh one.
 configure_preset_locked() {
     local tree=$ROOT/build/$1 settings=(-DVANTIX_JSON11_DIR="$CACHE/json11") origin
     origin=$(cat "$ROOT/CMakePresets.json" "$ROOT"/cmake/toolchains/* | sha256sum)
@@ -42,7 +42,7 @@ build_preset_locked() {
         cmake --build "$ROOT/build/$preset" --parallel "$JOBS" "${targets[@]}"
 }
 
-# test_preset PRESET [CTEST_ARGUMENTS...]: runs the tests; CTest's summary is the last that is printed.
+# test_preset PRESET [CTEST_ARGUMENTS...]: runs the tests; CTest prints its summary last.
 test_preset() {
     local preset=$1
     shift

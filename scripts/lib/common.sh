@@ -1,4 +1,4 @@
-# Shared by every script: where things are, how progress is shown, how a script stops.
+# Shared by every script: folders, messages, locks.
 # shellcheck shell=bash
 
 set -euo pipefail
@@ -13,7 +13,7 @@ die() {
     exit 1
 }
 
-# say TEXT: progress goes to standard error, so that a script's own output stays clean.
+# say TEXT: progress goes to standard error, so that standard output has only the results of a script.
 say() {
     printf '%s\n' "$*" >&2
 }
@@ -50,8 +50,8 @@ locked() {
     ) 9>"$CACHE/locks/$name"
 }
 
-# strictly FUNCTION ARGS...: calls a function of these files in a shell of its own, where the first failure ends it
-# (bash ignores "set -e" in whatever runs inside a condition).
+# strictly FUNCTION ARGS...: calls a function of these files in a new shell, where the first failure ends it (bash
+# ignores "set -e" in a command that is part of a condition).
 strictly() {
     bash -c 'for file in "$ROOT"/scripts/lib/*.sh; do . "$file"; done; "$@"' "$(basename "$0")" "$@"
 }

@@ -1,4 +1,4 @@
-# json11 has no package of its own: it is taken, unchanged, out of a source package that carries it.
+# json11 has no Debian package: it is copied, unchanged, from a source package that includes it.
 # shellcheck shell=bash
 
 copy_json11() {

@@ -1,4 +1,4 @@
-# Debian packages: what each task needs, installed once and only where missing.
+# Debian packages: the list for each task, and the installation of those that are missing.
 # shellcheck shell=bash
 
 BUILD_PACKAGES=(
@@ -33,7 +33,7 @@ apt_get() {
     as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -y -o DPkg::Lock::Timeout=600 -o Acquire::Retries=3 "$@"
 }
 
-# The package lists are fetched only when the install cannot be made from those that are there.
+# Fetches the package lists only when the installation fails with the present ones.
 install_or_update() {
     apt_get install --no-install-recommends "$@" && return 0
     apt_get update || true
@@ -45,7 +45,7 @@ install_packages_locked() {
     mapfile -t missing < <(missing_packages "$@")
     [ "${#missing[@]}" -eq 0 ] && return 0
     if [ "$(id -u)" -ne 0 ] && ! command -v sudo >/dev/null; then
-        die "not root and no sudo; please have these Debian packages installed: ${missing[*]}"
+        die "not root and no sudo; please install these Debian packages: ${missing[*]}"
     fi
     quietly "$CACHE/logs/packages.log" "installing ${#missing[@]} Debian packages" install_or_update "${missing[@]}" ||
         die "could not install: ${missing[*]}"

@@ -1,4 +1,4 @@
-# One-line entries ("deb [options] uri suite component...") of the wanted places, turned into deb-src entries.
+# One-line entries ("deb [options] uri suite component...") of the wanted addresses, turned into deb-src entries.
 BEGIN { count = split(places, wanted, "\n") }
 $1 == "deb" {
     line = $0

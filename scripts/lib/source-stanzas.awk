@@ -1,4 +1,4 @@
-# Stanzas ("Types: deb ... URIs: ...") that name one of the wanted places, turned into deb-src stanzas.
+# Stanzas ("Types: deb ... URIs: ...") with one of the wanted addresses, turned into deb-src stanzas.
 BEGIN { RS = ""; FS = "\n"; count = split(places, wanted, "\n") }
 {
     stanza = ""; binary = 0; found = 0; in_types = 0

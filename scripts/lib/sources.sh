@@ -1,17 +1,17 @@
-# Debian source packages, fetched beside the system: its own apt configuration and lists are only read.
+# Debian source packages, fetched without changing the system: its apt configuration and lists are only read.
 # shellcheck shell=bash
 
 SOURCE_APT=$CACHE/apt
 
-# The places that hold Debian's own packages, as apt itself knows them.
+# Prints the addresses of Debian's packages from apt's configuration.
 debian_places() {
     # shellcheck disable=SC2016
     apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' 'Origin: Debian' 2>/dev/null |
         sed 's|/*$||' | sort -u
 }
 
-# derive_source_entries PLACES OUT_FOLDER: every entry of the system for one of PLACES, as one for source packages.
-# Both formats keep all their other fields (Signed-By above all).
+# derive_source_entries PLACES OUT_FOLDER: turns every entry of the system for one of PLACES into one for source packages.
+# In both formats all other fields stay, such as Signed-By.
 derive_source_entries() {
     local places=$1 out=$2 etc=${VANTIX_APT_ETC:-/etc/apt}
     mkdir -p "$out"
@@ -40,7 +40,7 @@ refresh_source_lists() {
         places=$(debian_places)
     fi
     if [ -z "$places" ]; then
-        echo "apt knows no place for Debian packages (apt-get indextargets shows none)"
+        echo "apt has no address of Debian packages (apt-get indextargets lists none)"
         return 1
     fi
     mkdir -p "$SOURCE_APT/lists/partial" "$SOURCE_APT/cache/archives/partial"
@@ -49,7 +49,7 @@ refresh_source_lists() {
     touch "$SOURCE_APT/lists-are-fresh"
 }
 
-# The lists serve for a day; older ones may name files that are gone.
+# Lists are used for one day; older ones may name files that no longer exist.
 ensure_source_lists() {
     if [ -n "$(find "$SOURCE_APT/lists-are-fresh" -mtime -1 2>/dev/null)" ]; then
         return 0
@@ -57,7 +57,7 @@ ensure_source_lists() {
     quietly "$CACHE/logs/source-lists.log" "reading the lists of Debian source packages" strictly refresh_source_lists
 }
 
-# verify_dsc FILE.dsc: every file that it names is there and has the SHA-256 sum that it states.
+# verify_dsc FILE.dsc: checks that every file in it exists and has the stated SHA-256 sum.
 verify_dsc() {
     local folder sums
     folder=$(dirname "$1")
@@ -89,7 +89,7 @@ fetch_source() {
 
 # from_source NAME PACKAGE BUILDER [ARGS]: makes $CACHE/NAME-VERSION from a Debian source package, once for each version
 # and recipe (the text of BUILDER, ARGS, the files in RECIPE_INPUTS), and points the link $CACHE/NAME at it. BUILDER
-# SOURCE_FOLDER OUT_FOLDER [ARGS] fills the folder; an interrupted run leaves nothing that a later one takes for complete.
+# SOURCE_FOLDER OUT_FOLDER [ARGS] fills the folder; the result of an interrupted run is never used.
 from_source() {
     is_made "$CACHE/$1" "${@:3}" || locked "source-$(basename "$1")" from_source_locked "$@"
 }
@@ -129,7 +129,7 @@ from_source_locked() {
     ln -sfn "$(basename "$target")" "$CACHE/$name"
 }
 
-# The next from_source of each part looks for the newest version again.
+# Makes the next from_source of each package look for the newest version.
 forget_sources() {
     [ -d "$CACHE" ] || return 0
     rm -f "$CACHE/apt/lists-are-fresh"

@@ -1,9 +1,9 @@
-"""Runs clang-tidy over the files of a build tree, side by side, and remembers which texts it has already passed.
+"""Runs clang-tidy over the files of a build tree in parallel, and skips files that it has passed before.
 
     tidy.py TREE ROOT CACHE_FOLDER JOBS [FILE...]
 
-A file is looked at again when the text of the file, of a project header that it includes, of the check list or of its
-compile command has changed.
+A file is checked again when the file, a project header that it includes, the list of checks or its compile command has
+changed.
 """
 import concurrent.futures
 import hashlib
@@ -58,7 +58,7 @@ class Linter:
         return digest(*parts)
 
     def lint(self, entry):
-        """The complaints about one file, and whether it was looked at now."""
+        """The findings in one file, and whether the file was checked in this run."""
         key = self.key(entry)
         if key and (self.memory / key).exists():
             return "", False
@@ -73,7 +73,7 @@ class Linter:
 
 
 def findings(text):
-    """A complaint with all its notes, one by one: a header's own come back with every file that includes it."""
+    """The findings of an output, each with its notes: those in a header are repeated for every file that includes it."""
     return [f.rstrip() for f in re.split(r"(?m)^(?=\S+:\d+:\d+: (?:error|warning):)", text) if f.strip()]
 
 
@@ -87,18 +87,18 @@ def main(tree, root, memory, jobs, *only):
         if inside and (not wanted or path in wanted):
             entries.setdefault(path, entry)
     linter = Linter(tree, root, pathlib.Path(memory))
-    looked, bad, shown = 0, 0, set()
+    checked, bad, shown = 0, 0, set()
     with concurrent.futures.ThreadPoolExecutor(int(jobs)) as pool:
-        for complaint, now in pool.map(linter.lint, [entries[p] for p in sorted(entries)]):
-            looked += now
-            if complaint:
+        for output, now in pool.map(linter.lint, [entries[p] for p in sorted(entries)]):
+            checked += now
+            if output:
                 bad += 1
-                for finding in findings(complaint):
+                for finding in findings(output):
                     title = finding.splitlines()[0]
                     if title not in shown:
                         shown.add(title)
                         print(finding, flush=True)
-    print(f"clang-tidy: {len(entries)} files, {looked} of them new or changed, {bad} with complaints")
+    print(f"clang-tidy: {len(entries)} files, {checked} of them new or changed, {bad} with findings")
     return 1 if bad else 0
 
 

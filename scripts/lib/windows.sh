@@ -1,4 +1,4 @@
-# What the Windows build needs: the cross compiler, Wine, and the libraries built for Windows from Debian sources.
+# Everything for the Windows build: the cross compiler, Wine, and libraries built for Windows from Debian sources.
 # shellcheck shell=bash
 
 # build_for_windows SOURCE OUT CMAKE_ARGUMENTS...: a static library, installed into OUT.
@@ -22,7 +22,7 @@ JSONCPP_SETTINGS=(
 )
 GOOGLETEST_SETTINGS=(-DBUILD_GMOCK=ON -DINSTALL_GTEST=ON -Dgtest_disable_pthreads=ON)
 
-# Headers only: the same ones that the native build uses.
+# Headers only: those of the native build.
 link_nlohmann_json() {
     mkdir -p "$CACHE/windows/nlohmann-json/include"
     ln -sfn /usr/include/nlohmann "$CACHE/windows/nlohmann-json/include/nlohmann"
@@ -37,5 +37,5 @@ ensure_windows_tools() {
     from_source windows/googletest googletest build_for_windows "${GOOGLETEST_SETTINGS[@]}"
     [ -e "$CACHE/windows/nlohmann-json/include/nlohmann/json.hpp" ] || link_nlohmann_json
     [ -e "$CACHE/windows/wine-home/.ready" ] ||
-        quietly "$CACHE/logs/wine.log" "making a Wine home" "$ROOT/scripts/lib/wine-run" --prepare
+        quietly "$CACHE/logs/wine.log" "making a Wine prefix" "$ROOT/scripts/lib/wine-run" --prepare
 }

@@ -14,15 +14,15 @@ void Accept(std::set<std::string>& known, const Json& account, std::string_view 
 void AcceptCredentials(CloudState& state, const Json& source) {
     Accept(state.tokens.valid, source, "accessToken");
     Accept(state.tokens.valid, source, "sharedAccessToken");
-    Accept(state.tokens.refreshers, source, "refreshToken");
+    Accept(state.tokens.validForRefresh, source, "refreshToken");
     Accept(state.sessions.valid, source, "sessionId");
-    Accept(state.sessions.refreshers, source, "refreshSessionId");
+    Accept(state.sessions.validForRefresh, source, "refreshSessionId");
 }
 
 }  // namespace
 
-std::string CloudState::Fresh(const std::string& prefix) {
-    std::string digits = std::to_string(++m_handedOut);
+std::string CloudState::IssueUnique(const std::string& prefix) {
+    std::string digits = std::to_string(++m_issued);
     digits.insert(0, digits.size() < 6 ? 6 - digits.size() : 0, '0');
     return prefix + digits;
 }

@@ -13,13 +13,13 @@ namespace vantix::simulator {
 /// Credentials of one kind: several may be valid at once, since two clients may refresh at the same time.
 struct Credentials {
     std::set<std::string> valid;
-    std::set<std::string> refreshers;
+    std::set<std::string> validForRefresh;
 
-    /// None of those handed out so far is accepted any longer.
+    /// Makes all credentials issued so far invalid.
     void Expire() { valid.clear(); }
 };
 
-/// An upload address that was handed out, and what arrived at it.
+/// An upload address that was issued, and what was uploaded to it.
 struct Upload {
     std::string id;
     std::string url;
@@ -30,7 +30,7 @@ struct Upload {
     std::string content;
 };
 
-/// Everything that the cloud knows. Not safe by itself: `Cloud` guards it.
+/// The data of the cloud. Not safe by itself: `Cloud` guards it.
 struct CloudState {
     Json account = Json::object();
     Json devices = Json::array();
@@ -40,17 +40,17 @@ struct CloudState {
     std::string bDomain;
     std::string cDomain;
 
-    /// A text that was never handed out before, beginning with the prefix.
-    std::string Fresh(const std::string& prefix);
+    /// Issues a text that was never issued before: the prefix and a number.
+    std::string IssueUnique(const std::string& prefix);
 
 private:
-    unsigned long long m_handedOut = 0;
+    unsigned long long m_issued = 0;
 };
 
-/// The account's state behind one lock. No request waits under it.
+/// The account's state behind one lock, which no request keeps while it is delayed.
 class Cloud {
 public:
-    /// Sample data for these addresses.
+    /// Starts with the sample data for these addresses.
     Cloud(std::string bDomain, std::string cDomain);
 
     void Reset();
@@ -72,7 +72,7 @@ Json* FindDevice(CloudState& state, const std::string& serial);
 /// The device's camera of this number, null when there is none.
 Json* FindCamera(Json& device, long long cameraNo);
 
-/// Takes over account members (null deletes); new credentials are valid from now on.
+/// Merges the changes into the account (null deletes a member); new credentials in them become valid.
 void MergeAccount(CloudState& state, const Json& changes);
 
 }  // namespace vantix::simulator

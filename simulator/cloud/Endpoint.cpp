@@ -19,18 +19,18 @@ Json* Call::Camera() const {
     return device == nullptr ? nullptr : FindCamera(*device, Channel());
 }
 
-Reply Refuse(std::string_view code) { return {std::string(code), Json::object()}; }
+Outcome Refuse(std::string_view code) { return {std::string(code), Json::object()}; }
 
-Reply ResultData(Json data) {
-    Reply reply;
-    reply.payload["result"]["data"] = std::move(data);
-    return reply;
+Outcome ResultData(Json data) {
+    Outcome outcome;
+    outcome.payload["result"]["data"] = std::move(data);
+    return outcome;
 }
 
-Reply Data(Json data) {
-    Reply reply;
-    reply.payload["data"] = std::move(data);
-    return reply;
+Outcome Data(Json data) {
+    Outcome outcome;
+    outcome.payload["data"] = std::move(data);
+    return outcome;
 }
 
 const Endpoint* FindEndpoint(std::string_view path) {

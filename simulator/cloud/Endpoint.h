@@ -11,7 +11,7 @@
 
 namespace vantix::simulator {
 
-/// One request while it is answered, under the cloud's lock.
+/// One request while it is handled, under the cloud's lock.
 struct Call {
     CloudState& state;
     const Request& request;
@@ -24,35 +24,35 @@ struct Call {
     [[nodiscard]] Json* Camera() const;
 };
 
-/// What a handler answers: a code and, with success, the members that stand beside or inside the envelope.
-struct Reply {
+/// What a handler returns: a code and, with success, the members that are merged into the envelope.
+struct Outcome {
     std::string code{code::success};
     Json payload = Json::object();
 };
 
-/// A failure of this code.
-Reply Refuse(std::string_view code);
+/// A failure with this code.
+Outcome Refuse(std::string_view code);
 
 /// {"result":{"data":data}}
-Reply ResultData(Json data);
+Outcome ResultData(Json data);
 
 /// {"data":data}
-Reply Data(Json data);
+Outcome Data(Json data);
 
-/// What proves that the caller may ask.
-enum class Proof { none, token, session };
+/// The credential that an endpoint requires.
+enum class Authentication { none, accessToken, session };
 
-enum class Verb { get, post, put };
+enum class Method { get, post, put };
 
-/// One row: a path, how it is asked, and who answers.
+/// One endpoint of the servers: its path, what it requires of a request, and its handler.
 struct Endpoint {
     std::string_view path;
-    Verb verb;
+    Method method;
     Envelope envelope;
-    Proof proof;
-    /// Parameters that must be there and not empty; with "deviceSerial" the device must exist as well.
+    Authentication authentication;
+    /// Parameters that must be present and not empty; with "deviceSerial" the device must exist as well.
     std::array<std::string_view, 5> required;
-    Reply (*handler)(Call& call);
+    Outcome (*handler)(Call& call);
 };
 
 std::span<const Endpoint> DeviceEndpoints();
@@ -68,7 +68,7 @@ std::span<const Endpoint> PageListEndpoints();
 std::span<const Endpoint> ConsumerRecordEndpoints();
 std::span<const Endpoint> SharedListEndpoints();
 
-/// The row of the path, null when nobody answers there.
+/// The endpoint with this path, null when there is none.
 const Endpoint* FindEndpoint(std::string_view path);
 
 }  // namespace vantix::simulator

@@ -35,22 +35,22 @@ std::string_view MessageOf(std::string_view code) {
 }
 
 Json Wrap(Envelope envelope, std::string_view code, std::string_view message, const Json& payload) {
-    Json answer = Json::object();
+    Json response = Json::object();
     switch (envelope) {
-        case Envelope::result: answer["result"] = {{"code", code}, {"msg", message}}; break;
+        case Envelope::result: response["result"] = {{"code", code}, {"msg", message}}; break;
         case Envelope::resultCode:
-            answer["resultCode"] = code;
-            answer["resultDesc"] = message;
+            response["resultCode"] = code;
+            response["resultDesc"] = message;
             break;
         case Envelope::meta:
-            answer["meta"] = {{"code", code}, {"message", message}};
+            response["meta"] = {{"code", code}, {"message", message}};
             if (IsNumber(code)) {
-                answer["meta"]["code"] = ToNumber(code);
+                response["meta"]["code"] = ToNumber(code);
             }
             break;
     }
-    answer.update(payload, true);
-    return answer;
+    response.update(payload, true);
+    return response;
 }
 
 }  // namespace vantix::simulator

@@ -7,14 +7,14 @@
 
 namespace vantix::simulator {
 
-/// Where an answer carries its code.
+/// Where the body of a response has its code.
 enum class Envelope {
     result,      ///< {"result":{"code":"200","msg":…}}
     resultCode,  ///< {"resultCode":"200","resultDesc":…}
     meta,        ///< {"meta":{"code":200,"message":…}}
 };
 
-/// What goes wrong, as the platform numbers it.
+/// Response codes of the platform.
 namespace code {
 inline constexpr std::string_view success = "200";
 inline constexpr std::string_view sessionExpired = "401";
@@ -28,10 +28,10 @@ inline constexpr std::string_view nothingFound = "20034";
 inline constexpr std::string_view serverFailed = "50000";
 }  // namespace code
 
-/// What a code means in words; a general text for those that are not known here.
+/// The message for a code; a general one for codes that are not in the table.
 std::string_view MessageOf(std::string_view code);
 
-/// The payload with its code around it: `payload` is an object whose members stand where the answer has them.
+/// The body of a response: the envelope with code and message, and the members of `payload` merged into it.
 Json Wrap(Envelope envelope, std::string_view code, std::string_view message, const Json& payload);
 
 }  // namespace vantix::simulator

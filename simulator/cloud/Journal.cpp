@@ -22,7 +22,7 @@ bool AllUtf8(const HeaderList& headers) {
 }  // namespace
 
 void Journal::Add(Domain domain, const Request& request) {
-    Exchange entry{domain, request.method, request.path, request.query, request.body, request.headers};
+    ReceivedRequest entry{domain, request.method, request.path, request.query, request.body, request.headers};
     const std::lock_guard lock(m_mutex);
     m_entries.push_back(std::move(entry));
     if (m_entries.size() > capacity) {
@@ -31,7 +31,7 @@ void Journal::Add(Domain domain, const Request& request) {
     }
 }
 
-std::vector<Exchange> Journal::Entries() const {
+std::vector<ReceivedRequest> Journal::Entries() const {
     const std::lock_guard lock(m_mutex);
     return {m_entries.begin(), m_entries.end()};
 }
@@ -47,7 +47,7 @@ std::uint64_t Journal::Dropped() const {
     return m_dropped;
 }
 
-Json ToJson(const Exchange& entry) {
+Json ToJson(const ReceivedRequest& entry) {
     Json json;
     json["domain"] = entry.domain == Domain::b ? "B" : "C";
     json["method"] = entry.method;

@@ -8,8 +8,8 @@
 
 namespace vantix::simulator {
 
-/// The named values of a request: of its query, of a form body and of a JSON body's top level together. A name that
-/// comes twice keeps its first value. "%XX" is decoded, "+" is not: clients send times and serials as they are.
+/// The named values of a request: of its query, of a form body and of a JSON body's top level together. Of a name
+/// that occurs twice the first value counts. "%XX" is decoded, "+" is not: clients do not encode times and serials.
 class Parameters {
 public:
     Parameters() = default;
@@ -18,7 +18,7 @@ public:
     [[nodiscard]] bool Has(std::string_view name) const;
     /// Empty when absent.
     [[nodiscard]] std::string Text(std::string_view name) const;
-    /// The fallback when absent, empty or no number.
+    /// The fallback when absent, empty or not a number.
     [[nodiscard]] long long Number(std::string_view name, long long fallback) const;
 
 private:

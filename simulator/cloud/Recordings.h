@@ -13,7 +13,7 @@ struct RecordingFilter {
     long long type = 0;  ///< 0: every type
 };
 
-/// The device's recordings that fit, in stored order, as answers show them.
+/// The device's recordings that fit, in stored order, in the form of the responses.
 Json FindRecordings(const Json& device, const RecordingFilter& filter);
 
 }  // namespace vantix::simulator

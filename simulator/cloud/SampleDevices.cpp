@@ -6,7 +6,7 @@
 namespace vantix::simulator {
 namespace {
 
-/// What tells the sample devices apart.
+/// What differs between the sample devices.
 struct Row {
     std::string_view serial;
     std::string_view name;
@@ -33,7 +33,7 @@ constexpr std::array sampleRows = {
 
 constexpr int shortCapabilities = 900;
 
-/// Capabilities by number, counted from 1; those that have no row here follow a plain pattern.
+/// Capabilities with fixed values, by number from 1; the others follow a pattern.
 constexpr std::array<std::pair<int, int>, 10> namedCapabilities = {
     {{149, 2}, {257, 1}, {585, 1}, {836, 1}, {263, 1}, {264, 1}, {265, 1}, {266, 1}, {267, 1}, {289, 1}}};
 

@@ -1,7 +1,7 @@
 #include "Service.h"
 
 #include "../Bytes.h"
-#include "Answering.h"
+#include "Responses.h"
 
 #include <algorithm>
 
@@ -11,8 +11,8 @@ namespace {
 constexpr std::chrono::milliseconds longestHold{60000};
 constexpr long long longestDelayMs = 600000;
 
-bool IsSet(const Json& plan, std::string_view key) {
-    const Json& member = Member(plan, key);
+bool IsSet(const Json& script, std::string_view key) {
+    const Json& member = Member(script, key);
     return member.is_boolean() && member.get<bool>();
 }
 
@@ -20,39 +20,39 @@ std::chrono::milliseconds Milliseconds(const Json& object, std::string_view key)
     return std::chrono::milliseconds(std::clamp(NumberOf(object, key), 0LL, longestDelayMs));
 }
 
-void Wait(const Json& plan, Pause& pause) {
-    if (const auto delay = Milliseconds(plan, "delayMs"); delay.count() > 0) {
-        pause.For(delay);
+void Wait(const Json& script, RequestDelays& delays) {
+    if (const auto delay = Milliseconds(script, "delayMs"); delay.count() > 0) {
+        delays.Sleep(delay);
     }
-    if (const std::string gate = TextOf(plan, "hold"); !gate.empty()) {
-        pause.At(gate, longestHold);
+    if (const std::string hold = TextOf(script, "hold"); !hold.empty()) {
+        delays.WaitAtHold(hold, longestHold);
     }
 }
 
-/// An answer that does not come from the account's data; nothing when the plan leaves that alone.
-std::optional<Answer> Replacement(const Json& plan, const std::string& path) {
-    if (IsSet(plan, "reset") || IsSet(plan, "closeWithoutAnswer")) {
-        Answer answer;
-        answer.delivery = IsSet(plan, "reset") ? Delivery::reset : Delivery::close;
-        return answer;
+/// The response that replaces that from the account's data; nothing when the script only changes or delays it.
+std::optional<Response> Replacement(const Json& script, const std::string& path) {
+    if (IsSet(script, "reset") || IsSet(script, "closeWithoutResponse")) {
+        Response response;
+        response.delivery = IsSet(script, "reset") ? Delivery::reset : Delivery::close;
+        return response;
     }
-    if (plan.contains("raw") || plan.contains("rawHex")) {
-        Answer answer;
-        answer.delivery = Delivery::raw;
-        answer.body = plan.contains("raw") ? TextOf(plan, "raw") : FromHex(TextOf(plan, "rawHex")).value_or("");
-        return answer;
+    if (script.contains("raw") || script.contains("rawHex")) {
+        Response response;
+        response.delivery = Delivery::raw;
+        response.body = script.contains("raw") ? TextOf(script, "raw") : FromHex(TextOf(script, "rawHex")).value_or("");
+        return response;
     }
-    if (auto body = PlannedBody(plan)) {
-        Answer answer;
-        answer.body = std::move(*body);
-        answer.headers.emplace_back("Content-Type", "application/json;charset=UTF-8");
-        return answer;
+    if (auto body = ScriptedBody(script)) {
+        Response response;
+        response.body = std::move(*body);
+        response.headers.emplace_back("Content-Type", "application/json;charset=UTF-8");
+        return response;
     }
-    if (plan.contains("code")) {
-        return AnswerWithCode(path, TextOf(plan, "code"), TextOf(plan, "message"));
+    if (script.contains("code")) {
+        return ResponseWithCode(path, TextOf(script, "code"), TextOf(script, "message"));
     }
-    if (plan.contains("status")) {
-        return AnswerWithStatus(static_cast<int>(NumberOf(plan, "status", 500)));
+    if (script.contains("status")) {
+        return ResponseWithStatus(static_cast<int>(NumberOf(script, "status", 500)));
     }
     return std::nullopt;
 }
@@ -64,47 +64,48 @@ void SetHeader(HeaderList& headers, const std::pair<std::string, std::string>& h
     headers.push_back(header);
 }
 
-void Spoil(const Json& plan, Answer& answer) {
-    answer.status = static_cast<int>(NumberOf(plan, "status", answer.status));
-    for (const auto& header : PlannedHeaders(plan)) {
-        SetHeader(answer.headers, header);
+/// Changes the response as the script asks: status, headers, and how much of the body is sent and how fast.
+void ApplyScript(const Json& script, Response& response) {
+    response.status = static_cast<int>(NumberOf(script, "status", response.status));
+    for (const auto& header : ScriptedHeaders(script)) {
+        SetHeader(response.headers, header);
     }
-    if (IsSet(plan, "malformed")) {
-        answer.body.resize(answer.body.size() / 2);
+    if (IsSet(script, "malformed")) {
+        response.body.resize(response.body.size() / 2);
     }
-    if (IsSet(plan, "truncated")) {
-        answer.delivery = Delivery::truncated;
+    if (IsSet(script, "truncated")) {
+        response.delivery = Delivery::truncated;
     }
-    if (const Json& drip = Member(plan, "drip"); drip.is_object()) {
-        answer.dripBytes = static_cast<std::size_t>(std::max(1LL, NumberOf(drip, "bytes", 1)));
-        answer.dripMs = static_cast<int>(Milliseconds(drip, "ms").count());
+    if (const Json& drip = Member(script, "drip"); drip.is_object()) {
+        response.dripBytes = static_cast<std::size_t>(std::max(1LL, NumberOf(drip, "bytes", 1)));
+        response.dripMs = static_cast<int>(Milliseconds(drip, "ms").count());
     }
 }
 
 }  // namespace
 
-void Service::Open(std::string bDomain, std::string cDomain) {
+void Service::CreateCloud(std::string bDomain, std::string cDomain) {
     m_cloud = std::make_unique<Cloud>(std::move(bDomain), std::move(cDomain));
 }
 
-Answer Service::Handle(Domain domain, const Request& request) {
+Response Service::Handle(Domain domain, const Request& request) {
     m_journal.Add(domain, request);
     const Parameters parameters(request);
-    const auto plan = m_plans.Take(domain, request.path, parameters);
-    if (!plan) {
-        return AnswerFrom(*m_cloud, request, parameters);
+    const auto script = m_scripted.Take(domain, request.path, parameters);
+    if (!script) {
+        return HandleRequest(*m_cloud, request, parameters);
     }
-    Wait(*plan, m_pause);
-    auto replacement = Replacement(*plan, request.path);
-    Answer answer = replacement ? std::move(*replacement) : AnswerFrom(*m_cloud, request, parameters);
-    Spoil(*plan, answer);
-    return answer;
+    Wait(*script, m_delays);
+    auto replacement = Replacement(*script, request.path);
+    Response response = replacement ? std::move(*replacement) : HandleRequest(*m_cloud, request, parameters);
+    ApplyScript(*script, response);
+    return response;
 }
 
 void Service::Reset() {
-    m_plans.Clear();
-    m_traps.Clear();
-    m_pause.ReleaseAll();
+    m_scripted.Clear();
+    m_faults.Clear();
+    m_delays.ReleaseAll();
     m_cloud->Reset();
     m_journal.Clear();
 }

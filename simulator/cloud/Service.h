@@ -1,36 +1,36 @@
 #pragma once
 
-#include "../http/Pause.h"
-#include "../http/Traps.h"
+#include "../http/Faults.h"
+#include "../http/RequestDelays.h"
 #include "Cloud.h"
 #include "Journal.h"
-#include "Plans.h"
+#include "ScriptedResponses.h"
 
 namespace vantix::simulator {
 
-/// What both ports share: a request is written down, meets its plan, and is answered from the account's data.
+/// What both ports do with a request: record it in the journal, then respond as scripted or from the account's data.
 class Service {
 public:
-    explicit Service(Pause& pause) : m_pause(pause) {}
+    explicit Service(RequestDelays& delays) : m_delays(delays) {}
 
-    /// Call once, before the first request.
-    void Open(std::string bDomain, std::string cDomain);
+    /// Creates the cloud with the sample data for these addresses. Call once, before the first request.
+    void CreateCloud(std::string bDomain, std::string cDomain);
 
-    Answer Handle(Domain domain, const Request& request);
+    Response Handle(Domain domain, const Request& request);
     void Reset();
 
-    Cloud& CloudOf() { return *m_cloud; }
-    Journal& JournalOf() { return m_journal; }
-    Plans& PlansOf() { return m_plans; }
-    Pause& PauseOf() { return m_pause; }
-    Traps& TrapsOf() { return m_traps; }
+    Cloud& GetCloud() { return *m_cloud; }
+    Journal& GetJournal() { return m_journal; }
+    ScriptedResponses& GetScriptedResponses() { return m_scripted; }
+    RequestDelays& GetDelays() { return m_delays; }
+    Faults& GetFaults() { return m_faults; }
 
 private:
-    Pause& m_pause;
+    RequestDelays& m_delays;
     std::unique_ptr<Cloud> m_cloud;
     Journal m_journal;
-    Plans m_plans;
-    Traps m_traps;
+    ScriptedResponses m_scripted;
+    Faults m_faults;
 };
 
 }  // namespace vantix::simulator

@@ -12,14 +12,14 @@ struct Part {
     std::string content;
 };
 
-/// The value of `name="…"` in a part's head.
-std::string NameIn(std::string_view head) {
+/// The value of `name="…"` in the headers of a part.
+std::string NameIn(std::string_view headers) {
     static constexpr std::string_view key = " name=\"";
-    const auto start = head.find(key);
+    const auto start = headers.find(key);
     if (start == std::string_view::npos) {
         return {};
     }
-    const std::string_view rest = head.substr(start + key.size());
+    const std::string_view rest = headers.substr(start + key.size());
     return std::string(rest.substr(0, rest.find('"')));
 }
 
@@ -42,36 +42,36 @@ std::vector<Part> PartsOf(const Request& request) {
     while (at != std::string_view::npos) {
         const auto start = at + delimiter.size();
         const auto next = body.find("\r\n" + delimiter, start);
-        const auto headEnd = body.find("\r\n\r\n", start);
-        if (next == std::string_view::npos || headEnd == std::string_view::npos || headEnd > next) {
+        const auto headersEnd = body.find("\r\n\r\n", start);
+        if (next == std::string_view::npos || headersEnd == std::string_view::npos || headersEnd > next) {
             break;
         }
-        const auto from = std::min(headEnd + 4, next);
-        parts.push_back({NameIn(body.substr(start, headEnd - start)), std::string(body.substr(from, next - from))});
+        const auto from = std::min(headersEnd + 4, next);
+        parts.push_back({NameIn(body.substr(start, headersEnd - start)), std::string(body.substr(from, next - from))});
         at = next + 2;
     }
     return parts;
 }
 
-Answer UploadAnswer(int status, std::string_view code) {
-    Answer answer;
-    answer.status = status;
-    answer.body = Dump(Wrap(Envelope::meta, code, MessageOf(code), Json::object()));
-    answer.headers.emplace_back("Content-Type", "application/json;charset=UTF-8");
-    return answer;
+Response UploadResponse(int status, std::string_view code) {
+    Response response;
+    response.status = status;
+    response.body = Dump(Wrap(Envelope::meta, code, MessageOf(code), Json::object()));
+    response.headers.emplace_back("Content-Type", "application/json;charset=UTF-8");
+    return response;
 }
 
 }  // namespace
 
-Answer TakeUpload(const Call& call, const std::string& id) {
+Response StoreUpload(const Call& call, const std::string& id) {
     auto& uploads = call.state.uploads;
     const auto upload = std::find_if(uploads.begin(), uploads.end(), [&](const Upload& one) { return one.id == id; });
     if (upload == uploads.end()) {
-        return UploadAnswer(404, code::nothingFound);
+        return UploadResponse(404, code::nothingFound);
     }
     const auto parts = PartsOf(call.request);
     if (std::none_of(parts.begin(), parts.end(), [](const Part& part) { return part.name == "file"; })) {
-        return UploadAnswer(400, code::badParameter);
+        return UploadResponse(400, code::badParameter);
     }
     for (const Part& part : parts) {
         if (part.name == "file") {
@@ -81,7 +81,7 @@ Answer TakeUpload(const Call& call, const std::string& id) {
             upload->fields[part.name] = part.content;
         }
     }
-    return UploadAnswer(200, code::success);
+    return UploadResponse(200, code::success);
 }
 
 Json ToJson(const Upload& upload) {

@@ -4,8 +4,8 @@
 
 namespace vantix::simulator {
 
-/// A form that arrives at an upload address: its "file" part becomes the upload's content, its other parts fields.
-Answer TakeUpload(const Call& call, const std::string& id);
+/// Stores a form that was sent to the upload address with this id: the "file" part as content, the others as fields.
+Response StoreUpload(const Call& call, const std::string& id);
 
 /// An upload as the control interface shows it.
 Json ToJson(const Upload& upload);

@@ -5,17 +5,18 @@
 namespace vantix::simulator {
 namespace {
 
-/// A member of a group and the member of the stored "device" part that it shows.
-struct Shown {
+/// A member of a group and the member of the stored "device" part with its value.
+struct GroupMember {
     const char* name;
     const char* source;
 };
 
-/// A group of the answer, keyed by serial; it is sent when the request's filter names it (an empty filter: always).
+/// A group of the response, keyed by serial. It is sent when the request's filter is empty or names it, or when the
+/// group has no filter name.
 struct Group {
     std::string_view filter;
     const char* name;
-    std::array<Shown, 11> members;
+    std::array<GroupMember, 11> members;
 };
 
 constexpr std::array groups = {
@@ -51,9 +52,9 @@ bool Names(std::string_view list, std::string_view word) {
 
 Json GroupEntry(const Group& group, const Json& part) {
     Json entry = Json::object();
-    for (const Shown& shown : group.members) {
-        if (shown.name != nullptr && !Member(part, shown.source).is_null()) {
-            entry[shown.name] = Member(part, shown.source);
+    for (const GroupMember& member : group.members) {
+        if (member.name != nullptr && !Member(part, member.source).is_null()) {
+            entry[member.name] = Member(part, member.source);
         }
     }
     return entry;
@@ -79,7 +80,7 @@ Json Camera(const Json& camera, const Json& part) {
     return entry;
 }
 
-/// Named and numbered capabilities in one JSON text, as the consumer servers send them.
+/// Capabilities by name and by number in one JSON text, as the consumer servers send them.
 std::string Capabilities(const Json& part) {
     Json all = Member(part, "supportExt").is_object() ? Member(part, "supportExt") : Json::object();
     std::string_view list = Member(part, "supportExtShort").is_string()
@@ -95,7 +96,7 @@ std::string Capabilities(const Json& part) {
     return Dump(all);
 }
 
-/// The six capabilities of direct connections under the servers' numbers.
+/// The six P2P capabilities under the numbers of the consumer servers.
 std::string NumberedP2p(const Json& p2p) {
     const Json& named = Member(p2p, "capability");
     Json numbered = Json::object();
@@ -124,54 +125,58 @@ Json DeviceEntry(const Json& device, const Json& part) {
             {"kmsInfos", KeyEntry(Member(device, "p2p"))}};
 }
 
-void AddGroups(const std::string& filter, const std::string& serial, const Json& device, Json& answer) {
+void AddGroups(const std::string& filter, const std::string& serial, const Json& device, Json& response) {
     const Json& part = Member(device, "device");
-    const auto asked = [&filter](std::string_view name) {
+    const auto isRequested = [&filter](std::string_view name) {
         return filter.empty() || name.empty() || Names(filter, name);
     };
     for (const Group& group : groups) {
-        if (asked(group.filter)) {
-            answer[group.name][serial] = GroupEntry(group, part);
+        if (isRequested(group.filter)) {
+            response[group.name][serial] = GroupEntry(group, part);
         }
     }
-    if (asked("WIFI")) {
-        answer["wifiInfos"][serial] = {{"mask", TextOf(part, "maskIp")}, {"netType", "wire"}};
+    if (isRequested("WIFI")) {
+        response["wifiInfos"][serial] = {{"mask", TextOf(part, "maskIp")}, {"netType", "wire"}};
     }
-    if (asked("TTS")) {
-        answer["ttsInfos"][serial] = {
+    if (isRequested("TTS")) {
+        response["ttsInfos"][serial] = {
             {"externalIp", Member(part, "ttsIp")},
             {"port", Member(part, "ttsPort")},
             {"publicKey", {{"key", Member(part, "publicKey")}, {"version", Member(part, "version")}}}};
     }
-    if (asked("KMS")) {
-        answer["kmsInfos"][serial] = KeyEntry(Member(device, "p2p"));
+    if (isRequested("KMS")) {
+        response["kmsInfos"][serial] = KeyEntry(Member(device, "p2p"));
     }
-    if (asked("P2P")) {
-        answer["p2pInfos"] = Member(Member(device, "p2p"), "serverInfos");
+    if (isRequested("P2P")) {
+        response["p2pInfos"] = Member(Member(device, "p2p"), "serverInfos");
     }
 }
 
-Reply PageList(Call& call) {
+Outcome PageList(Call& call) {
     const Json& device = *call.Device();
     const Json& part = Member(device, "device");
-    Reply reply;
-    Json& answer = reply.payload;
-    answer["page"] = {{"offset", 0}, {"limit", 1}, {"totalResults", 1}, {"hasNext", false}};
-    answer["deviceInfos"] = Json::array({DeviceEntry(device, part)});
-    answer["cameraInfos"] = Json::array();
+    Outcome outcome;
+    Json& response = outcome.payload;
+    response["page"] = {{"offset", 0}, {"limit", 1}, {"totalResults", 1}, {"hasNext", false}};
+    response["deviceInfos"] = Json::array({DeviceEntry(device, part)});
+    response["cameraInfos"] = Json::array();
     for (const Json& camera : Member(device, "cameras")) {
-        answer["cameraInfos"].push_back(Camera(camera, part));
+        response["cameraInfos"].push_back(Camera(camera, part));
     }
-    AddGroups(call.parameters.Text("filter"), call.parameters.Text("deviceSerial"), device, answer);
+    AddGroups(call.parameters.Text("filter"), call.parameters.Text("deviceSerial"), device, response);
     if (const Json& changes = Member(device, "pageList"); changes.is_object()) {
-        answer.merge_patch(changes);
+        response.merge_patch(changes);
     }
-    return reply;
+    return outcome;
 }
 
 constexpr std::array rows = {
-    Endpoint{
-        "/v3/userdevices/v1/devices/pagelist", Verb::get, Envelope::meta, Proof::session, {"deviceSerial"}, PageList},
+    Endpoint{"/v3/userdevices/v1/devices/pagelist",
+             Method::get,
+             Envelope::meta,
+             Authentication::session,
+             {"deviceSerial"},
+             PageList},
 };
 
 }  // namespace

@@ -5,7 +5,7 @@
 namespace vantix::simulator {
 namespace {
 
-Reply Records(Call& call) {
+Outcome Records(Call& call) {
     if (call.Camera() == nullptr) {
         return Refuse(code::noChannel);
     }
@@ -19,14 +19,14 @@ Reply Records(Call& call) {
     filter.type = call.parameters.Number("recordType", 0);
     const Json found = FindRecordings(*call.Device(), filter);
     const long long size = call.parameters.Number("size", 100);
-    Reply reply;
-    reply.payload["isFinished"] = static_cast<long long>(found.size()) <= size;
-    reply.payload["records"] = Slice(found, 0, size);
-    return reply;
+    Outcome outcome;
+    outcome.payload["isFinished"] = static_cast<long long>(found.size()) <= size;
+    outcome.payload["records"] = Slice(found, 0, size);
+    return outcome;
 }
 
 constexpr std::array rows = {
-    Endpoint{"/v3/streaming/records", Verb::get, Envelope::meta, Proof::session, {"deviceSerial"}, Records},
+    Endpoint{"/v3/streaming/records", Method::get, Envelope::meta, Authentication::session, {"deviceSerial"}, Records},
 };
 
 }  // namespace

@@ -10,7 +10,7 @@ Json Camera(const Json& camera) {
             {"permission", Member(camera, "permission")}, {"videoQualityInfos", Member(camera, "videoQualityInfos")}};
 }
 
-/// "deviceVesion" is how these servers spell it.
+/// These servers spell "deviceVersion" without its "r".
 Json Resource(const Json& device) {
     const Json& part = Member(device, "device");
     Json resource;
@@ -32,7 +32,7 @@ Json Resource(const Json& device) {
     return resource;
 }
 
-Reply SharedDevices(Call& call) {
+Outcome SharedDevices(Call& call) {
     Json list = Json::array();
     for (const Json& device : call.state.devices) {
         if (Member(device, "shared") == Json(true)) {
@@ -46,9 +46,9 @@ Reply SharedDevices(Call& call) {
 
 constexpr std::array rows = {
     Endpoint{"/v3/hc/userdevice/b2c/shared/resources/devices/pagelist",
-             Verb::get,
+             Method::get,
              Envelope::meta,
-             Proof::session,
+             Authentication::session,
              {},
              SharedDevices},
 };

@@ -9,15 +9,15 @@ namespace {
 
 bool HasBody(const Request& request) { return !request.body.empty(); }
 
-Answer AsAnswer(const ControlReply& reply) {
-    Answer answer;
-    answer.status = reply.status;
-    answer.body = Dump(reply.content) + "\n";
-    answer.headers.emplace_back("Content-Type", "application/json");
-    return answer;
+Response ToResponse(const ControlOutcome& outcome) {
+    Response response;
+    response.status = outcome.status;
+    response.body = Dump(outcome.content) + "\n";
+    response.headers.emplace_back("Content-Type", "application/json");
+    return response;
 }
 
-/// "/devices/S/cameras/1" into its four names.
+/// The parts of a path: four for "/devices/S/cameras/1".
 std::vector<std::string> Names(std::string_view path) {
     std::vector<std::string> names;
     while (!path.empty()) {
@@ -39,33 +39,33 @@ bool Fits(const Route& route, const std::string& method, const std::vector<std::
 
 }  // namespace
 
-ControlReply Problem(int status, std::string text) { return {status, {{"error", std::move(text)}}}; }
+ControlOutcome Problem(int status, std::string text) { return {status, {{"error", std::move(text)}}}; }
 
 Control::Control(Service& service, std::function<Json()> statistics)
     : m_service(service), m_statistics(std::move(statistics)) {}
 
-Answer Control::Handle(const Request& request) {
+Response Control::Handle(const Request& request) {
     const auto names = Names(request.path);
     const auto routes = Routes();
     const auto route =
         std::find_if(routes.begin(), routes.end(), [&](const Route& one) { return Fits(one, request.method, names); });
     if (route == routes.end()) {
-        return AsAnswer(Problem(404, "nothing answers " + request.method + " " + request.path));
+        return ToResponse(Problem(404, "no such call: " + request.method + " " + request.path));
     }
     Json content;
     if (HasBody(request)) {
         auto parsed = Parse(request.body);
         if (!parsed) {
-            return AsAnswer(Problem(400, "the body is not JSON"));
+            return ToResponse(Problem(400, "the body is not JSON"));
         }
         content = std::move(*parsed);
     }
     ControlCall call{*this, names, content};
-    return AsAnswer(route->handler(call));
+    return ToResponse(route->handler(call));
 }
 
 Json Control::Info() {
-    return m_service.CloudOf().With([&](CloudState& state) -> Json {
+    return m_service.GetCloud().With([&](CloudState& state) -> Json {
         return {
             {"bDomain", state.bDomain}, {"cDomain", state.cDomain}, {"control", m_address}, {"account", state.account}};
     });

@@ -11,26 +11,26 @@
 namespace vantix::simulator {
 namespace {
 
-Cloud& CloudOf(ControlCall& call) { return call.control.ServiceOf().CloudOf(); }
+Cloud& CloudOf(ControlCall& call) { return call.control.GetService().GetCloud(); }
 
-ControlReply Done(Json content = Json::object()) { return {200, std::move(content)}; }
+ControlOutcome Done(Json content = Json::object()) { return {200, std::move(content)}; }
 
-ControlReply GetInfo(ControlCall& call) { return Done(call.control.Info()); }
+ControlOutcome GetInfo(ControlCall& call) { return Done(call.control.Info()); }
 
-ControlReply GetStatistics(ControlCall& call) { return Done(call.control.Statistics()); }
+ControlOutcome GetStatistics(ControlCall& call) { return Done(call.control.Statistics()); }
 
-ControlReply Reset(ControlCall& call) {
-    call.control.ServiceOf().Reset();
+ControlOutcome Reset(ControlCall& call) {
+    call.control.GetService().Reset();
     return Done(call.control.Info());
 }
 
-ControlReply GetDevices(ControlCall& call) {
+ControlOutcome GetDevices(ControlCall& call) {
     return Done(CloudOf(call).With([](CloudState& state) { return state.devices; }));
 }
 
 bool IsDevice(const Json& device) { return Member(device, "deviceSerial").is_string(); }
 
-ControlReply PutDevices(ControlCall& call) {
+ControlOutcome PutDevices(ControlCall& call) {
     if (!call.content.is_array() || !std::all_of(call.content.begin(), call.content.end(), IsDevice)) {
         return Problem(400, "an array of devices is expected, each with a deviceSerial");
     }
@@ -40,14 +40,14 @@ ControlReply PutDevices(ControlCall& call) {
     }));
 }
 
-ControlReply GetDevice(ControlCall& call) {
+ControlOutcome GetDevice(ControlCall& call) {
     return CloudOf(call).With([&](CloudState& state) {
         const Json* device = FindDevice(state, call.names[1]);
         return device == nullptr ? Problem(404, "no such device") : Done(*device);
     });
 }
 
-ControlReply PutDevice(ControlCall& call) {
+ControlOutcome PutDevice(ControlCall& call) {
     if (!call.content.is_object()) {
         return Problem(400, "an object is expected");
     }
@@ -62,7 +62,7 @@ ControlReply PutDevice(ControlCall& call) {
     });
 }
 
-ControlReply DeleteDevice(ControlCall& call) {
+ControlOutcome DeleteDevice(ControlCall& call) {
     return CloudOf(call).With([&](CloudState& state) {
         for (auto device = state.devices.begin(); device != state.devices.end(); ++device) {
             if (TextOf(*device, "deviceSerial") == call.names[1]) {
@@ -74,7 +74,7 @@ ControlReply DeleteDevice(ControlCall& call) {
     });
 }
 
-ControlReply PutCamera(ControlCall& call) {
+ControlOutcome PutCamera(ControlCall& call) {
     if (!call.content.is_object()) {
         return Problem(400, "an object is expected");
     }
@@ -89,11 +89,11 @@ ControlReply PutCamera(ControlCall& call) {
     });
 }
 
-ControlReply GetAccount(ControlCall& call) {
+ControlOutcome GetAccount(ControlCall& call) {
     return Done(CloudOf(call).With([](CloudState& state) { return state.account; }));
 }
 
-ControlReply PutAccount(ControlCall& call) {
+ControlOutcome PutAccount(ControlCall& call) {
     if (!call.content.is_object()) {
         return Problem(400, "an object is expected");
     }
@@ -103,7 +103,7 @@ ControlReply PutAccount(ControlCall& call) {
     }));
 }
 
-ControlReply Expire(ControlCall& call) {
+ControlOutcome Expire(ControlCall& call) {
     const std::string what = TextOf(call.content, "what");
     if (what != "accessToken" && what != "session") {
         return Problem(400, "what is accessToken or session");
@@ -112,79 +112,81 @@ ControlReply Expire(ControlCall& call) {
     return Done();
 }
 
-ControlReply AddPlans(ControlCall& call) {
-    const std::string problem = call.control.ServiceOf().PlansOf().Add(call.content);
+ControlOutcome AddScriptedResponses(ControlCall& call) {
+    const std::string problem = call.control.GetService().GetScriptedResponses().Add(call.content);
     return problem.empty() ? Done() : Problem(400, problem);
 }
 
-ControlReply GetPlans(ControlCall& call) { return Done(call.control.ServiceOf().PlansOf().List()); }
+ControlOutcome ListScriptedResponses(ControlCall& call) {
+    return Done(call.control.GetService().GetScriptedResponses().List());
+}
 
-ControlReply DeletePlans(ControlCall& call) {
-    call.control.ServiceOf().PlansOf().Clear();
-    call.control.ServiceOf().PauseOf().ReleaseAll();
+ControlOutcome DeleteScriptedResponses(ControlCall& call) {
+    call.control.GetService().GetScriptedResponses().Clear();
+    call.control.GetService().GetDelays().ReleaseAll();
     return Done();
 }
 
-ControlReply GetHolds(ControlCall& call) { return Done(Json(call.control.ServiceOf().PauseOf().Waiting())); }
+ControlOutcome GetHolds(ControlCall& call) { return Done(Json(call.control.GetService().GetDelays().Waiting())); }
 
-ControlReply Release(ControlCall& call) {
-    const std::string gate = TextOf(call.content, "hold");
-    if (gate.empty()) {
-        return Problem(400, "which hold?");
+ControlOutcome Release(ControlCall& call) {
+    const std::string hold = TextOf(call.content, "hold");
+    if (hold.empty()) {
+        return Problem(400, "hold is the name of a hold");
     }
-    call.control.ServiceOf().PauseOf().Release(gate);
+    call.control.GetService().GetDelays().Release(hold);
     return Done();
 }
 
-std::optional<TrapConduct::End> EndOf(const std::string& then) {
+std::optional<Fault::End> EndOf(const std::string& then) {
     if (then.empty() || then == "close") {
-        return TrapConduct::End::close;
+        return Fault::End::close;
     }
     if (then == "reset") {
-        return TrapConduct::End::reset;
+        return Fault::End::reset;
     }
-    return then == "hold" ? std::optional(TrapConduct::End::hold) : std::nullopt;
+    return then == "keepOpen" ? std::optional(Fault::End::keepOpen) : std::nullopt;
 }
 
-/// `{"protocol":"http/1.1"|"h2","isExpired":false}`, both optional; without the member no hands are shaken.
-std::optional<TlsConduct> TlsOf(const Json& content) {
+/// `{"protocol":"http/1.1"|"h2","isExpired":false}`, both optional; without the member "tls" there is no handshake.
+std::optional<TlsOptions> TlsOf(const Json& content) {
     const Json& tls = Member(content, "tls");
     if (!tls.is_object()) {
         return std::nullopt;
     }
     const auto validity = Member(tls, "isExpired") == true ? Validity::expired : Validity::current;
-    return TlsConduct{TextOf(tls, "protocol", "http/1.1"), MakeCertificate(validity)};
+    return TlsOptions{TextOf(tls, "protocol", "http/1.1"), MakeCertificate(validity)};
 }
 
-ControlReply OpenTrap(ControlCall& call) {
+ControlOutcome OpenFault(ControlCall& call) {
     const auto bytes = FromHex(TextOf(call.content, "sendHex"));
     const auto end = EndOf(TextOf(call.content, "then"));
     if (!bytes || !end) {
-        return Problem(400, "sendHex is hexadecimal, then is close, reset or hold");
+        return Problem(400, "sendHex is hexadecimal, then is close, reset or keepOpen");
     }
     const std::string text = TextOf(call.content, "send");
-    return Done({{"address", call.control.ServiceOf().TrapsOf().Open({text + *bytes, *end, TlsOf(call.content)})}});
+    return Done({{"address", call.control.GetService().GetFaults().Open({text + *bytes, *end, TlsOf(call.content)})}});
 }
 
-ControlReply CloseTraps(ControlCall& call) {
-    call.control.ServiceOf().TrapsOf().Clear();
+ControlOutcome CloseFaults(ControlCall& call) {
+    call.control.GetService().GetFaults().Clear();
     return Done();
 }
 
-ControlReply GetJournal(ControlCall& call) {
+ControlOutcome GetJournal(ControlCall& call) {
     Json list = Json::array();
-    for (const Exchange& entry : call.control.ServiceOf().JournalOf().Entries()) {
+    for (const ReceivedRequest& entry : call.control.GetService().GetJournal().Entries()) {
         list.push_back(ToJson(entry));
     }
     return Done(std::move(list));
 }
 
-ControlReply DeleteJournal(ControlCall& call) {
-    call.control.ServiceOf().JournalOf().Clear();
+ControlOutcome DeleteJournal(ControlCall& call) {
+    call.control.GetService().GetJournal().Clear();
     return Done();
 }
 
-ControlReply GetUploads(ControlCall& call) {
+ControlOutcome GetUploads(ControlCall& call) {
     return Done(CloudOf(call).With([](CloudState& state) {
         Json list = Json::array();
         for (const Upload& upload : state.uploads) {
@@ -207,13 +209,13 @@ constexpr std::array routes = {
     Route{"GET", "/account", GetAccount},
     Route{"PUT", "/account", PutAccount},
     Route{"POST", "/expire", Expire},
-    Route{"GET", "/plans", GetPlans},
-    Route{"POST", "/plans", AddPlans},
-    Route{"DELETE", "/plans", DeletePlans},
+    Route{"GET", "/scripted-responses", ListScriptedResponses},
+    Route{"POST", "/scripted-responses", AddScriptedResponses},
+    Route{"DELETE", "/scripted-responses", DeleteScriptedResponses},
     Route{"GET", "/holds", GetHolds},
     Route{"POST", "/release", Release},
-    Route{"POST", "/traps", OpenTrap},
-    Route{"DELETE", "/traps", CloseTraps},
+    Route{"POST", "/faults", OpenFault},
+    Route{"DELETE", "/faults", CloseFaults},
     Route{"GET", "/journal", GetJournal},
     Route{"DELETE", "/journal", DeleteJournal},
     Route{"GET", "/uploads", GetUploads},

@@ -8,7 +8,7 @@
 
 namespace vantix::simulator {
 
-struct ControlReply {
+struct ControlOutcome {
     int status = 200;
     Json content = Json::object();
 };
@@ -19,16 +19,16 @@ struct ControlCall {
     const Json& content;                    ///< the body, null when there was none
 };
 
-/// One row: a method, a path whose "*" stands for any name, and who answers.
+/// One call of the control interface: its method, its path, where "*" stands for any name, and its handler.
 struct Route {
     std::string_view method;
     std::string_view path;
-    ControlReply (*handler)(ControlCall& call);
+    ControlOutcome (*handler)(ControlCall& call);
 };
 
 std::span<const Route> Routes();
 
 /// {"error":text}
-ControlReply Problem(int status, std::string text);
+ControlOutcome Problem(int status, std::string text);
 
 }  // namespace vantix::simulator

@@ -12,10 +12,10 @@ struct Certificate {
 
 enum class Validity {
     current,  ///< from yesterday for ten years
-    expired,  ///< it ended yesterday
+    expired,  ///< until yesterday
 };
 
-/// Makes a fresh one in memory. Throws std::runtime_error.
+/// Makes a new certificate in memory. Throws std::runtime_error.
 Certificate MakeCertificate(Validity validity = Validity::current);
 
 }  // namespace vantix::simulator

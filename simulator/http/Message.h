@@ -19,22 +19,23 @@ struct Request {
     HeaderList headers;
 };
 
-/// How an answer leaves the server.
+/// How a response is sent.
 enum class Delivery {
-    whole,      ///< status, headers and body as they should be
-    truncated,  ///< the announced length is not reached before the connection closes
-    reset,      ///< nothing but a TCP reset
-    close,      ///< nothing but the end of the connection
-    raw,        ///< `body` is written as it is, status line and headers included, then the connection closes
+    whole,      ///< as a well-formed HTTP response
+    truncated,  ///< Content-Length of the whole body, half of the body, then the connection closes
+    reset,      ///< nothing is sent but a TCP reset
+    close,      ///< nothing is sent and the connection closes
+    raw,        ///< `body` alone, which holds status line and headers as well, then the connection closes
 };
 
-struct Answer {
+/// One response of a server.
+struct Response {
     int status = 200;
     std::string body;
     HeaderList headers;
     Delivery delivery = Delivery::whole;
-    std::size_t dripBytes = 0;  ///< with a value: the body goes out in pieces of this size
-    int dripMs = 0;             ///< pause before each piece
+    std::size_t dripBytes = 0;  ///< size of the pieces in which the body is sent; 0: all at once
+    int dripMs = 0;             ///< milliseconds to wait before each piece
 };
 
 }  // namespace vantix::simulator

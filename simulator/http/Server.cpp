@@ -1,6 +1,6 @@
 #include "Server.h"
 
-#include "Deliver.h"
+#include "ResponseWriter.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
@@ -16,12 +16,12 @@ namespace vantix::simulator {
 namespace {
 
 constexpr std::size_t largestBody = 256UL * 1024 * 1024;
-/// Holds the request line and headers: a serial of a million characters in a query must fit.
+/// Bytes for the request line and headers: a serial of a million characters in a query must fit.
 constexpr std::size_t connectionMemory = 4UL * 1024 * 1024;
 constexpr unsigned idleSeconds = 120;
 constexpr unsigned backlog = 1024;
 
-/// The target is only seen undecoded here, before the library splits it.
+/// Keeps the undecoded target: the HTTP library shows it only here and decodes it afterwards.
 void* BeginRequest(void* /*context*/, const char* target, MHD_Connection* /*connection*/) noexcept {
     try {
         auto request = std::make_unique<Request>();
@@ -51,19 +51,20 @@ MHD_Result AddHeader(void* context, MHD_ValueKind /*kind*/, const char* name, st
     }
 }
 
-Answer AnswerSafely(const Server& server, const Request& request) {
+Response HandleSafely(const Server& server, const Request& request) {
     try {
-        return server.HandlerOf()(request);
+        return server.GetHandler()(request);
     } catch (const std::exception& problem) {
-        Answer answer;
-        answer.status = 500;
-        answer.body = std::string("the simulator failed: ") + problem.what();
-        return answer;
+        Response response;
+        response.status = 500;
+        response.body = std::string("the simulator failed: ") + problem.what();
+        return response;
     }
 }
 
-MHD_Result Proceed(Server& server, MHD_Connection* connection, Request& request, const char* method,
-                   const char* received, std::size_t* size) {
+/// Takes the next part of the request: its headers, then its body, then its end, which sends the response.
+MHD_Result Continue(Server& server, MHD_Connection* connection, Request& request, const char* method,
+                    const char* received, std::size_t* size) {
     if (request.method.empty()) {
         request.method = method;
         MHD_get_connection_values_n(connection, MHD_HEADER_KIND, AddHeader, &request.headers);
@@ -77,7 +78,7 @@ MHD_Result Proceed(Server& server, MHD_Connection* connection, Request& request,
         *size = 0;
         return MHD_YES;
     }
-    return Deliver(connection, AnswerSafely(server, request), server.PauseOf());
+    return WriteResponse(connection, HandleSafely(server, request), server.GetDelays());
 }
 
 MHD_Result OnAccess(void* context, MHD_Connection* connection, const char* /*url*/, const char* method,
@@ -87,7 +88,7 @@ MHD_Result OnAccess(void* context, MHD_Connection* connection, const char* /*url
         return MHD_NO;
     }
     try {
-        return Proceed(*static_cast<Server*>(context), connection, *request, method, received, size);
+        return Continue(*static_cast<Server*>(context), connection, *request, method, received, size);
     } catch (...) {
         return MHD_NO;
     }
@@ -132,8 +133,8 @@ std::vector<MHD_OptionItem> OptionsFor(Server& server, sockaddr_in& address, std
 
 }  // namespace
 
-Server::Server(std::uint16_t port, std::optional<Certificate> certificate, Handler handler, Pause& pause)
-    : m_certificate(std::move(certificate)), m_handler(std::move(handler)), m_pause(pause) {
+Server::Server(std::uint16_t port, std::optional<Certificate> certificate, Handler handler, RequestDelays& delays)
+    : m_certificate(std::move(certificate)), m_handler(std::move(handler)), m_delays(delays) {
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_port = htons(port);

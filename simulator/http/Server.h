@@ -2,7 +2,7 @@
 
 #include "Certificate.h"
 #include "Message.h"
-#include "Pause.h"
+#include "RequestDelays.h"
 
 #include <atomic>
 #include <cstdint>
@@ -17,11 +17,11 @@ namespace vantix::simulator {
 /// An HTTP/1.1 server on 127.0.0.1 with a thread for each connection, over TLS when it has a certificate.
 class Server {
 public:
-    /// Called on the connection's thread, many at once. What it throws becomes an answer of status 500.
-    using Handler = std::function<Answer(const Request&)>;
+    /// Called on the connection's thread, many at once. An exception from it becomes a response with status 500.
+    using Handler = std::function<Response(const Request&)>;
 
-    /// Listens at once; port 0 takes a free one. `pause` must outlive the server. Throws std::runtime_error.
-    Server(std::uint16_t port, std::optional<Certificate> certificate, Handler handler, Pause& pause);
+    /// Starts to listen; port 0 takes a free port. `delays` must outlive the server. Throws std::runtime_error.
+    Server(std::uint16_t port, std::optional<Certificate> certificate, Handler handler, RequestDelays& delays);
     ~Server();
     Server(const Server&) = delete;
     Server& operator=(const Server&) = delete;
@@ -31,22 +31,22 @@ public:
     /// "https://127.0.0.1:PORT" or "http://127.0.0.1:PORT".
     [[nodiscard]] std::string Address() const;
 
-    /// Ends all connections and joins their threads. Call `Pause::Stop` before, or it waits for those who pause.
+    /// Ends all connections and joins their threads. Call `RequestDelays::Stop` first: this waits for delayed requests.
     void Stop();
 
     [[nodiscard]] std::uint64_t ConnectionsOpened() const { return m_opened.load(); }
     [[nodiscard]] std::uint64_t ConnectionsOpen() const { return m_opened.load() - m_closed.load(); }
 
     /// For the daemon's callbacks.
-    [[nodiscard]] const Handler& HandlerOf() const { return m_handler; }
-    [[nodiscard]] Pause& PauseOf() const { return m_pause; }
+    [[nodiscard]] const Handler& GetHandler() const { return m_handler; }
+    [[nodiscard]] RequestDelays& GetDelays() const { return m_delays; }
     void CountOpened() { ++m_opened; }
     void CountClosed() { ++m_closed; }
 
 private:
     std::optional<Certificate> m_certificate;
     Handler m_handler;
-    Pause& m_pause;
+    RequestDelays& m_delays;
     MHD_Daemon* m_daemon = nullptr;
     std::uint16_t m_port = 0;
     std::atomic<std::uint64_t> m_opened{0};

@@ -6,33 +6,33 @@ namespace {
 constexpr long long mayWatch = 1;
 constexpr long long mayPlayBack = 2;
 
-Reply UserName(Call& call) {
-    Reply reply;
-    reply.payload["userName"] = Member(call.state.account, "userName");
-    return reply;
+Outcome UserName(Call& call) {
+    Outcome outcome;
+    outcome.payload["userName"] = Member(call.state.account, "userName");
+    return outcome;
 }
 
-Reply UserId(Call& call) { return ResultData({{"userId", Member(call.state.account, "userId")}}); }
+Outcome UserId(Call& call) { return ResultData({{"userId", Member(call.state.account, "userId")}}); }
 
-Reply PushSession(Call& call) {
-    Reply reply;
-    reply.payload["pushSessionId"] = call.state.Fresh("push.");
-    return reply;
+Outcome PushSession(Call& call) {
+    Outcome outcome;
+    outcome.payload["pushSessionId"] = call.state.IssueUnique("push.");
+    return outcome;
 }
 
-Reply Message(Call& call) {
+Outcome Message(Call& call) {
     for (const Json& message : Member(call.state.account, "messages")) {
         if (TextOf(message, "msgSeq") == call.parameters.Text("msgSeq")) {
-            Reply reply;
-            reply.payload["result"]["msgData"] = message;
-            return reply;
+            Outcome outcome;
+            outcome.payload["result"]["msgData"] = message;
+            return outcome;
         }
     }
     return Refuse(code::nothingFound);
 }
 
 /// The camera's "permission" is a sum of rights: 1 to watch, 2 to play recordings.
-Reply Permission(Call& call) {
+Outcome Permission(Call& call) {
     const Json* camera = call.Camera();
     if (camera == nullptr) {
         return Refuse(code::noChannel);
@@ -42,18 +42,24 @@ Reply Permission(Call& call) {
         return Refuse(code::badParameter);
     }
     const long long right = wanted == "Real" ? mayWatch : mayPlayBack;
-    return (NumberOf(*camera, "permission") / right) % 2 == 1 ? Reply{} : Refuse(code::noPermission);
+    return (NumberOf(*camera, "permission") / right) % 2 == 1 ? Outcome{} : Refuse(code::noPermission);
 }
 
 constexpr std::array rows = {
-    Endpoint{"/api/user/getUserName", Verb::post, Envelope::resultCode, Proof::token, {}, UserName},
-    Endpoint{"/api/service/user/get", Verb::post, Envelope::result, Proof::token, {}, UserId},
-    Endpoint{"/api/service/set/push", Verb::post, Envelope::meta, Proof::token, {"pushAppId"}, PushSession},
-    Endpoint{"/api/common/transparent/getMsgDetail", Verb::post, Envelope::result, Proof::token, {"msgSeq"}, Message},
-    Endpoint{"/api/service/auth/device/user/permission",
-             Verb::post,
+    Endpoint{"/api/user/getUserName", Method::post, Envelope::resultCode, Authentication::accessToken, {}, UserName},
+    Endpoint{"/api/service/user/get", Method::post, Envelope::result, Authentication::accessToken, {}, UserId},
+    Endpoint{
+        "/api/service/set/push", Method::post, Envelope::meta, Authentication::accessToken, {"pushAppId"}, PushSession},
+    Endpoint{"/api/common/transparent/getMsgDetail",
+             Method::post,
              Envelope::result,
-             Proof::token,
+             Authentication::accessToken,
+             {"msgSeq"},
+             Message},
+    Endpoint{"/api/service/auth/device/user/permission",
+             Method::post,
+             Envelope::result,
+             Authentication::accessToken,
              {"deviceSerial", "cameraNo", "permission"},
              Permission},
 };

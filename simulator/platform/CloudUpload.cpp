@@ -3,9 +3,9 @@
 namespace vantix::simulator {
 namespace {
 
-Reply UploadAddress(Call& call) {
+Outcome UploadAddress(Call& call) {
     Upload upload;
-    upload.id = call.state.Fresh("up-");
+    upload.id = call.state.IssueUnique("up-");
     upload.url = call.state.bDomain + "/upload/" + upload.id;
     upload.fileName = call.parameters.Text("fileName");
     upload.fileType = call.parameters.Text("fileType");
@@ -17,7 +17,12 @@ Reply UploadAddress(Call& call) {
 }
 
 constexpr std::array rows = {
-    Endpoint{"/api/service/cloud/upload/url", Verb::get, Envelope::meta, Proof::token, {"fileName"}, UploadAddress},
+    Endpoint{"/api/service/cloud/upload/url",
+             Method::get,
+             Envelope::meta,
+             Authentication::accessToken,
+             {"fileName"},
+             UploadAddress},
 };
 
 }  // namespace

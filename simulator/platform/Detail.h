@@ -4,8 +4,8 @@
 
 namespace vantix::simulator {
 
-/// The "device" part of a detail answer: the stored members, the parent's under "belongDevice" when the device stands
-/// behind one, and those members as JSON text that the device's "nestedAsText" names.
+/// The "device" part of a detail response: the stored members, those of the parent under "belongDevice" when the device
+/// has one; members named in the device's "nestedAsText" are JSON texts.
 Json DeviceAsSent(CloudState& state, const Json& device);
 
 }  // namespace vantix::simulator

@@ -16,7 +16,7 @@ void TurnIntoText(const Json& device, Json& sent) {
     }
 }
 
-Reply Detail(Call& call) {
+Outcome Detail(Call& call) {
     const Json* camera = call.Camera();
     if (camera == nullptr) {
         return Refuse(code::noChannel);
@@ -24,7 +24,7 @@ Reply Detail(Call& call) {
     return ResultData({{"camera", *camera}, {"device", DeviceAsSent(call.state, *call.Device())}});
 }
 
-Reply SetVideoLevel(Call& call) {
+Outcome SetVideoLevel(Call& call) {
     Json* camera = call.Camera();
     if (camera == nullptr) {
         return Refuse(code::noChannel);
@@ -34,17 +34,18 @@ Reply SetVideoLevel(Call& call) {
 }
 
 constexpr std::array rows = {
-    Endpoint{"/api/device/detail", Verb::post, Envelope::result, Proof::token, {"deviceSerial"}, Detail},
+    Endpoint{
+        "/api/device/detail", Method::post, Envelope::result, Authentication::accessToken, {"deviceSerial"}, Detail},
     Endpoint{"/api/device/setVideoLevel",
-             Verb::post,
+             Method::post,
              Envelope::result,
-             Proof::token,
+             Authentication::accessToken,
              {"deviceSerial", "videoLevel"},
              SetVideoLevel},
     Endpoint{"/api/camera/setVideoLevel",
-             Verb::post,
+             Method::post,
              Envelope::result,
-             Proof::token,
+             Authentication::accessToken,
              {"deviceSerial", "videoLevel"},
              SetVideoLevel},
 };

@@ -59,23 +59,23 @@ Json Devices(const Call& call, bool shared) {
     return list;
 }
 
-Reply Paged(const Call& call, const Json& list, const char* name) {
+Outcome Paged(const Call& call, const Json& list, const char* name) {
     Json page;
     Json data = PageOf(call, list, page);
-    Reply reply = ResultData(name == nullptr ? std::move(data) : Json{{name, std::move(data)}});
-    reply.payload["result"]["page"] = std::move(page);
-    return reply;
+    Outcome outcome = ResultData(name == nullptr ? std::move(data) : Json{{name, std::move(data)}});
+    outcome.payload["result"]["page"] = std::move(page);
+    return outcome;
 }
 
-Reply OwnDevices(Call& call) { return Paged(call, Devices(call, false), "deviceInfos"); }
+Outcome OwnDevices(Call& call) { return Paged(call, Devices(call, false), "deviceInfos"); }
 
-Reply SharedDevices(Call& call) { return Paged(call, Devices(call, true), "deviceInfos"); }
+Outcome SharedDevices(Call& call) { return Paged(call, Devices(call, true), "deviceInfos"); }
 
-Reply PlainDevices(Call& call) { return Paged(call, Devices(call, false), nullptr); }
+Outcome PlainDevices(Call& call) { return Paged(call, Devices(call, false), nullptr); }
 
-Reply DeviceInfo(Call& call) { return ResultData(DeviceEntry(*call.Device())); }
+Outcome DeviceInfo(Call& call) { return ResultData(DeviceEntry(*call.Device())); }
 
-/// An empty parameter, or one below zero, asks for everything; so does a status of 2.
+/// Whether the value is the one that the parameter asks for; an empty or negative parameter and `everything` match all.
 bool Wanted(const Call& call, const char* name, const Json& value, long long everything) {
     const long long wanted = call.parameters.Number(name, -1);
     return wanted < 0 || wanted == everything || wanted == ToNumber(Dump(value), -2);
@@ -90,7 +90,7 @@ bool AlarmFits(const Call& call, const Json& alarm, const TimeSpan& span) {
            Wanted(call, "status", Member(alarm, "isChecked"), 2) && SpanOf(time, time).Overlaps(span);
 }
 
-Reply Alarms(Call& call) {
+Outcome Alarms(Call& call) {
     const TimeSpan span = SpanOf(call.parameters.Text("startTime"), call.parameters.Text("endTime"));
     Json list = Json::array();
     for (const Json& alarm : Member(call.state.account, "alarms")) {
@@ -101,7 +101,7 @@ Reply Alarms(Call& call) {
     return Paged(call, list, nullptr);
 }
 
-Reply ReadAlarm(Call& call) {
+Outcome ReadAlarm(Call& call) {
     for (Json& alarm : call.state.account["alarms"]) {
         if (TextOf(alarm, "alarmId") == call.parameters.Text("alarmId")) {
             alarm["isChecked"] = 1;
@@ -112,12 +112,18 @@ Reply ReadAlarm(Call& call) {
 }
 
 constexpr std::array rows = {
-    Endpoint{"/api/device/list", Verb::post, Envelope::result, Proof::token, {}, OwnDevices},
-    Endpoint{"/api/device/sharelist", Verb::post, Envelope::result, Proof::token, {}, SharedDevices},
-    Endpoint{"/api/lapp/device/list", Verb::post, Envelope::result, Proof::token, {}, PlainDevices},
-    Endpoint{"/api/device/getDeviceInfo", Verb::post, Envelope::result, Proof::token, {"deviceSerial"}, DeviceInfo},
-    Endpoint{"/api/alarm/list", Verb::post, Envelope::result, Proof::token, {}, Alarms},
-    Endpoint{"/api/alarm/sdk/setRead", Verb::post, Envelope::result, Proof::token, {"alarmId"}, ReadAlarm},
+    Endpoint{"/api/device/list", Method::post, Envelope::result, Authentication::accessToken, {}, OwnDevices},
+    Endpoint{"/api/device/sharelist", Method::post, Envelope::result, Authentication::accessToken, {}, SharedDevices},
+    Endpoint{"/api/lapp/device/list", Method::post, Envelope::result, Authentication::accessToken, {}, PlainDevices},
+    Endpoint{"/api/device/getDeviceInfo",
+             Method::post,
+             Envelope::result,
+             Authentication::accessToken,
+             {"deviceSerial"},
+             DeviceInfo},
+    Endpoint{"/api/alarm/list", Method::post, Envelope::result, Authentication::accessToken, {}, Alarms},
+    Endpoint{
+        "/api/alarm/sdk/setRead", Method::post, Envelope::result, Authentication::accessToken, {"alarmId"}, ReadAlarm},
 };
 
 }  // namespace

@@ -3,13 +3,13 @@
 namespace vantix::simulator {
 namespace {
 
-Reply UserInfo(Call& call) {
+Outcome UserInfo(Call& call) {
     Json data = {{"userId", TextOf(call.state.account, "userId")}};
     data.update(Member(call.state.account, "p2pUser"));
     return ResultData(std::move(data));
 }
 
-Reply DeviceInfo(Call& call) {
+Outcome DeviceInfo(Call& call) {
     const Json& p2p = Member(*call.Device(), "p2p");
     Json data;
     for (const char* name : {"serverInfos", "defaultKey", "defaultKeyVer"}) {
@@ -23,8 +23,13 @@ Reply DeviceInfo(Call& call) {
 }
 
 constexpr std::array rows = {
-    Endpoint{"/api/sdk/p2p/user/info/get", Verb::post, Envelope::result, Proof::token, {}, UserInfo},
-    Endpoint{"/api/sdk/p2p/dev/info/get", Verb::post, Envelope::result, Proof::token, {"deviceSerial"}, DeviceInfo},
+    Endpoint{"/api/sdk/p2p/user/info/get", Method::post, Envelope::result, Authentication::accessToken, {}, UserInfo},
+    Endpoint{"/api/sdk/p2p/dev/info/get",
+             Method::post,
+             Envelope::result,
+             Authentication::accessToken,
+             {"deviceSerial"},
+             DeviceInfo},
 };
 
 }  // namespace

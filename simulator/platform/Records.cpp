@@ -19,8 +19,8 @@ Json Matching(Call& call, std::string_view place, std::string_view typeName) {
     return FindRecordings(*call.Device(), filter);
 }
 
-/// A list in the envelope's own place, or the reason why there is none.
-Reply Listed(Call& call, std::string_view place, std::string_view typeName, Reply (*wrap)(Json)) {
+/// The matching recordings, wrapped as the endpoint needs them, or a failure.
+Outcome Listed(Call& call, std::string_view place, std::string_view typeName, Outcome (*wrap)(Json)) {
     if (call.Camera() == nullptr) {
         return Refuse(code::noChannel);
     }
@@ -30,17 +30,17 @@ Reply Listed(Call& call, std::string_view place, std::string_view typeName, Repl
     return wrap(Matching(call, place, typeName));
 }
 
-Reply OnDevice(Call& call) { return Listed(call, "device", "recordType", ResultData); }
+Outcome OnDevice(Call& call) { return Listed(call, "device", "recordType", ResultData); }
 
-Reply OnDeviceExtended(Call& call) { return Listed(call, "device", "recordType", Data); }
+Outcome OnDeviceExtended(Call& call) { return Listed(call, "device", "recordType", Data); }
 
-Reply OnPlatform(Call& call) { return Listed(call, "platform", {}, ResultData); }
+Outcome OnPlatform(Call& call) { return Listed(call, "platform", {}, ResultData); }
 
-Reply InCloud(Call& call) { return Listed(call, "cloud", "fileType", ResultData); }
+Outcome InCloud(Call& call) { return Listed(call, "cloud", "fileType", ResultData); }
 
-Reply InCloudSpace(Call& call) { return Listed(call, "cloud", {}, Data); }
+Outcome InCloudSpace(Call& call) { return Listed(call, "cloud", {}, Data); }
 
-Reply OfAlarm(Call& call) {
+Outcome OfAlarm(Call& call) {
     const std::string id = call.parameters.Text("alarmId");
     for (const Json& alarm : Member(call.state.account, "alarms")) {
         if (TextOf(alarm, "alarmId") == id) {
@@ -51,14 +51,14 @@ Reply OfAlarm(Call& call) {
     return Refuse(code::nothingFound);
 }
 
-Reply Videos(Json list) {
-    Reply reply;
-    reply.payload["hasMore"] = false;
-    reply.payload["videos"] = std::move(list);
-    return reply;
+Outcome Videos(Json list) {
+    Outcome outcome;
+    outcome.payload["hasMore"] = false;
+    outcome.payload["videos"] = std::move(list);
+    return outcome;
 }
 
-Reply OfDay(Call& call) {
+Outcome OfDay(Call& call) {
     if (call.Camera() == nullptr) {
         return Refuse(code::noChannel);
     }
@@ -68,8 +68,8 @@ Reply OfDay(Call& call) {
         FindRecordings(*call.Device(), {"cloud", call.Channel(), span, call.parameters.Number("videoType", 0)}));
 }
 
-/// The request names its files in "fileIds", or asks for all of the channel without it.
-Reply Details(Call& call) {
+/// The files that the request names in "fileIds"; without "fileIds" all files of the channel.
+Outcome Details(Call& call) {
     const Json wanted = Parse(call.parameters.Text("fileIds")).value_or(Json());
     Json list = FindRecordings(*call.Device(), {"cloud", call.Channel(), {}, 0});
     if (wanted.is_array()) {
@@ -79,16 +79,16 @@ Reply Details(Call& call) {
         });
         list = std::move(chosen);
     }
-    Reply reply;
-    reply.payload["videoDetails"] = std::move(list);
-    return reply;
+    Outcome outcome;
+    outcome.payload["videoDetails"] = std::move(list);
+    return outcome;
 }
 
-constexpr auto post = Verb::post;
-constexpr auto get = Verb::get;
+constexpr auto post = Method::post;
+constexpr auto get = Method::get;
 constexpr auto result = Envelope::result;
 constexpr auto meta = Envelope::meta;
-constexpr auto token = Proof::token;
+constexpr auto token = Authentication::accessToken;
 
 constexpr std::array rows = {
     Endpoint{"/api/sdk/device/local/video", post, result, token, {"deviceSerial", "cameraNo"}, OnDevice},

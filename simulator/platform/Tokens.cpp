@@ -8,35 +8,35 @@ namespace {
 constexpr long long largestBatch = 100;
 constexpr long long sessionBatch = 20;
 
-Reply Batch(Call& call, long long count) {
+Outcome Batch(Call& call, long long count) {
     Json tokens = Json::array();
     for (long long number = 0; number < std::min(count, largestBatch); ++number) {
-        tokens.push_back(call.state.Fresh("st.5d1f3a0c."));
+        tokens.push_back(call.state.IssueUnique("st.5d1f3a0c."));
     }
-    Reply reply;
-    reply.payload["tokenArray"] = std::move(tokens);
-    return reply;
+    Outcome outcome;
+    outcome.payload["tokenArray"] = std::move(tokens);
+    return outcome;
 }
 
-Reply StreamTokens(Call& call) {
+Outcome StreamTokens(Call& call) {
     const long long count = call.parameters.Number("count", 0);
     return count < 1 ? Refuse(code::badParameter) : Batch(call, count);
 }
 
-Reply SessionStreamTokens(Call& call) { return Batch(call, sessionBatch); }
+Outcome SessionStreamTokens(Call& call) { return Batch(call, sessionBatch); }
 
-/// Earlier refresh tokens stay good, as the answer's own one need not be kept by a client.
-Reply Refresh(Call& call) {
+/// Earlier refresh tokens stay valid: a client need not keep the new one.
+Outcome Refresh(Call& call) {
     auto& account = call.state.account;
     auto& tokens = call.state.tokens;
-    if (!tokens.refreshers.contains(call.parameters.Text("refresh_token")) ||
+    if (!tokens.validForRefresh.contains(call.parameters.Text("refresh_token")) ||
         call.parameters.Text("open_id") != TextOf(account, "openId")) {
         return Refuse(code::tokenExpired);
     }
-    account["accessToken"] = call.state.Fresh("at.fresh.7c2e90b4.");
-    account["refreshToken"] = call.state.Fresh("rt.fresh.d81a5f36.");
+    account["accessToken"] = call.state.IssueUnique("at.fresh.7c2e90b4.");
+    account["refreshToken"] = call.state.IssueUnique("rt.fresh.d81a5f36.");
     tokens.valid.insert(TextOf(account, "accessToken"));
-    tokens.refreshers.insert(TextOf(account, "refreshToken"));
+    tokens.validForRefresh.insert(TextOf(account, "refreshToken"));
     return ResultData({{"access_token", account["accessToken"]},
                        {"openId", account["openId"]},
                        {"refresh_token", account["refreshToken"]},
@@ -45,12 +45,14 @@ Reply Refresh(Call& call) {
 }
 
 constexpr std::array rows = {
-    Endpoint{"/api/user/token", Verb::post, Envelope::resultCode, Proof::token, {"count"}, StreamTokens},
-    Endpoint{"/api/user/token/get", Verb::post, Envelope::resultCode, Proof::session, {}, SessionStreamTokens},
+    Endpoint{
+        "/api/user/token", Method::post, Envelope::resultCode, Authentication::accessToken, {"count"}, StreamTokens},
+    Endpoint{
+        "/api/user/token/get", Method::post, Envelope::resultCode, Authentication::session, {}, SessionStreamTokens},
     Endpoint{"/oauth/token/refreshToken",
-             Verb::post,
+             Method::post,
              Envelope::result,
-             Proof::none,
+             Authentication::none,
              {"refresh_token", "grant_type", "client_id", "open_id"},
              Refresh},
 };

@@ -31,7 +31,7 @@ protected:
     }
     void Answer(const ConsumerTransfer& transfer, Json plan) const {
         plan["path"] = transfer.path;
-        Cloud().Plan(plan);
+        Cloud().ScriptResponse(plan);
     }
     bool IsUnchecked() const { return GetParam().name == "StreamTokens"; }
 
@@ -255,7 +255,7 @@ INSTANTIATE_TEST_SUITE_P(Consumer, ConsumerWireTest, ::testing::ValuesIn(Consume
 /// The joined answer is shown where it is refused, without the user's secret.
 TEST_F(CoreFixture, ConsumerP2PUserIsRefusedWithItsSecretMasked) {
     const Caller caller{CDomain(), Account("sessionId"), Account("appKey")};
-    Cloud().Plan({{"path", "/v3/users/info"}, {"json", {{"meta", {{"code", 200}}}}}});
+    Cloud().ScriptResponse({{"path", "/v3/users/info"}, {"json", {{"meta", {{"code", 200}}}}}});
     const LogCapture log;
     Json output;
     for (const ConsumerCase& row : ConsumerCases()) {

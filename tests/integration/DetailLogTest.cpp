@@ -52,7 +52,7 @@ protected:
 TEST_F(DetailLogTest, FetchBehindAFutureThenAHit) {
     FakeClock clock;
     clock.SetSteadyStep(42'000'000);
-    Cloud().Plan({{"path", kDetailPath}, {"body", kAnswer}});
+    Cloud().ScriptResponse({{"path", kDetailPath}, {"body", kAnswer}});
     const LogCapture log;
     ASSERT_EQ(Ask(kCamera, 1).fetched, 0);
     ASSERT_EQ(Ask(kCamera, 1).returned, 0);
@@ -149,11 +149,11 @@ TEST_F(DetailLogTest, BodyBeyondTheLimitIsNotLogged) {
     const std::string limit = kAnswer + tail.substr(sizeof(kAnswer) - 1);
     ASSERT_EQ(limit.size(), 10240U);
     const LogCapture log;
-    Cloud().Plan({{"path", kDetailPath}, {"body", limit}});
+    Cloud().ScriptResponse({{"path", kDetailPath}, {"body", limit}});
     ASSERT_EQ(Fetch(kCamera, 1), 0);
     EXPECT_EQ(log.Count("strRsp:" + limit), 1U);
     EXPECT_EQ(log.Count("strRsp outlen"), 0U);
-    Cloud().Plan({{"path", kDetailPath}, {"body", limit + " "}});
+    Cloud().ScriptResponse({{"path", kDetailPath}, {"body", limit + " "}});
     ASSERT_EQ(Fetch(kCamera, 1), 0);
     EXPECT_EQ(log.Count("strRsp outlen"), 1U);
     EXPECT_FALSE(log.Contains(limit + " "));

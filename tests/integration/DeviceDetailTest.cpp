@@ -86,7 +86,7 @@ TEST_F(DeviceDetailTest, CostIsTheElapsedTimeInWholeMilliseconds) {
 TEST_F(DeviceDetailTest, CostIsStoredWhenTheRequestFails) {
     FakeClock clock;
     clock.SetSteadyStep(12'000'000);
-    Cloud().Plan({{"path", kDetailPath}, {"code", "20002"}});
+    Cloud().ScriptResponse({{"path", kDetailPath}, {"code", "20002"}});
     Detail refused;
     EXPECT_EQ(Fetch(kCamera, 1, refused), 320002);
     EXPECT_EQ(refused.device.iRequestCost, 12);

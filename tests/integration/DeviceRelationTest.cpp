@@ -123,10 +123,10 @@ TEST_F(DeviceRelationTest, AnswerWithoutItsParentKeepsTheCachedOne) {
 }
 
 TEST_F(DeviceRelationTest, FailedFetchReturnsItsCode) {
-    Cloud().Plan({{"path", kDetailPath}, {"code", "20002"}});
+    Cloud().ScriptResponse({{"path", kDetailPath}, {"code", "20002"}});
     Detail detail;
     EXPECT_EQ(ByRelation(kBehindOnline, detail), 320002);
-    Cloud().Plan({{"path", kDetailPath}, {"code", "10002"}, {"times", 0}});
+    Cloud().ScriptResponse({{"path", kDetailPath}, {"code", "10002"}, {"times", 0}});
     EXPECT_EQ(ByRelation(kBehindOnline, detail), 310002);
 }
 

@@ -17,7 +17,7 @@ void PrintTo(const JsonRow& row, std::ostream* out) { *out << row.name; }
 class HostileJsonTest : public SurvivalFixture, public ::testing::WithParamInterface<JsonRow> {};
 
 TEST_P(HostileJsonTest, GivesItsCodeAndLosesNothing) {
-    Cloud().Plan({{"path", kDetailPath}, {"bodyHex", Hex(GetParam().body)}, {"times", 0}});
+    Cloud().ScriptResponse({{"path", kDetailPath}, {"bodyHex", Hex(GetParam().body)}, {"times", 0}});
     ExpectSurvival(GetParam().result, 1);
 }
 
@@ -79,7 +79,7 @@ INSTANTIATE_TEST_SUITE_P(Types, HostileJsonTest, ::testing::ValuesIn(kTypeRows),
 class HostileMemberTest : public SurvivalFixture {
 protected:
     DevDetailInfo Read(const std::string& members) const {
-        Cloud().Plan({{"path", kDetailPath}, {"body", Device(members)}});
+        Cloud().ScriptResponse({{"path", kDetailPath}, {"body", Device(members)}});
         Detail detail;
         EXPECT_EQ(Fetch(kCamera, 1, detail), 0);
         return detail.device;
@@ -107,7 +107,7 @@ TEST_F(HostileMemberTest, FailedCallLeavesTheCallersRecordsAlone) {
     ASSERT_EQ(Fetch(kCamera, 1, detail), 0);
     const Json before = ToJson(detail);
     for (const char* body : {"no json", "[]", R"({"result":{"code":"20002"}})", R"({"result":{"code":"200"}})"}) {
-        Cloud().Plan({{"path", kDetailPath}, {"body", body}});
+        Cloud().ScriptResponse({{"path", kDetailPath}, {"body", body}});
         EXPECT_NE(Fetch(kCamera, 1, detail), 0) << body;
         detail.device.iRequestCost = before.at("device").at("iRequestCost");  // the time is stored whatever happens
         EXPECT_EQ(ToJson(detail), before) << body;

@@ -62,7 +62,7 @@ protected:
 
     /// The core keeps the platform's configuration: back to the one that it begins with.
     void RestoreConfiguration() const {
-        Cloud().Delete("/plans");
+        Cloud().Delete("/scripted-responses");
         Cloud().Put("/account", {{"config", {{"streamType", 1}, {"dataCollect", 2}}}});
         ConfigInfo config;
         EXPECT_EQ(Center().getConfigInfo(config), 0);

@@ -129,7 +129,7 @@ TEST_P(PlatformRenewalTest, RenewsTheAccessTokenWhereTheTableSaysSo) {
     const OperationInput input = Enter(kOrdinary);
     SetRefreshCredentials();
     const std::string path = PathsOf(Row().ownRequest).front();
-    Cloud().Plan({{"path", path}, {"code", "10002"}});
+    Cloud().ScriptResponse({{"path", path}, {"code", "10002"}});
     Call(input);
     const size_t renewals = Row().Renews("310002") ? 1 : 0;
     EXPECT_EQ(Count(path), 1 + renewals);
@@ -144,10 +144,10 @@ TEST_P(PlatformRenewalTest, TriesAgainAfterFailuresOfTheMomentWhereTheTableSaysS
     attempts = Row().Renews("one repeat on 349999, 350000") ? 2 : attempts;
     for (const char* code : {"49999", "50000"}) {
         const OperationInput input = Enter(kOrdinary);
-        Cloud().Plan({{"path", PathsOf(Row().ownRequest).front()}, {"code", code}, {"times", 0}});
+        Cloud().ScriptResponse({{"path", PathsOf(Row().ownRequest).front()}, {"code", code}, {"times", 0}});
         Call(input);
         EXPECT_EQ(Cloud().RequestCount(), attempts) << code;
-        Cloud().Delete("/plans");
+        Cloud().Delete("/scripted-responses");
     }
 }
 
@@ -160,7 +160,7 @@ TEST_P(SessionRenewalTest, RenewsTheSessionWhereTheTableSaysSo) {
     SetRefreshCredentials();
     const OperationInput input = Enter(kSharedInB2C);
     const std::string path = PathsOf(Row().sharedRequest).front();
-    Cloud().Plan({{"path", path}, {"domain", "C"}, {"code", 401}});
+    Cloud().ScriptResponse({{"path", path}, {"domain", "C"}, {"code", 401}});
     Call(input);
     const size_t renewals = Row().Renews("session 401") ? 1 : 0;
     EXPECT_EQ(Count(path), 1 + renewals);

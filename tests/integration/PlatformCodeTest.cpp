@@ -23,9 +23,9 @@ protected:
         Json plan = answer;
         plan["path"] = kDetailPath;
         plan["times"] = 0;
-        Cloud().Plan(plan);
+        Cloud().ScriptResponse(plan);
     }
-    void AnswerNormally() const { Cloud().Delete("/plans"); }
+    void AnswerNormally() const { Cloud().Delete("/scripted-responses"); }
 };
 
 TEST_P(PlatformAnswerTest, BecomesTheReturnCodeOfEveryForm) {
@@ -85,8 +85,8 @@ INSTANTIATE_TEST_SUITE_P(Answers, PlatformAnswerTest, ::testing::ValuesIn(kCodeR
 class PlatformCodeTest : public DetailFixture {};
 
 TEST_F(PlatformCodeTest, TransientFailureIsAskedAgainUntilItPasses) {
-    Cloud().Plan({{"path", kDetailPath}, {"code", "49999"}});
-    Cloud().Plan({{"path", kDetailPath}, {"code", "50000"}});
+    Cloud().ScriptResponse({{"path", kDetailPath}, {"code", "49999"}});
+    Cloud().ScriptResponse({{"path", kDetailPath}, {"code", "50000"}});
     Detail detail;
     EXPECT_EQ(Fetch(kCamera, 1, detail), 0);
     ExpectStored(Cloud(), kCamera, 1, detail);
@@ -94,8 +94,8 @@ TEST_F(PlatformCodeTest, TransientFailureIsAskedAgainUntilItPasses) {
 }
 
 TEST_F(PlatformCodeTest, AnotherFailureEndsTheAttempts) {
-    Cloud().Plan({{"path", kDetailPath}, {"code", "50000"}});
-    Cloud().Plan({{"path", kDetailPath}, {"code", "20007"}});
+    Cloud().ScriptResponse({{"path", kDetailPath}, {"code", "50000"}});
+    Cloud().ScriptResponse({{"path", kDetailPath}, {"code", "20007"}});
     EXPECT_EQ(Fetch(kCamera, 1), 320007);
     EXPECT_EQ(DetailRequests(), 2U);
 }
@@ -115,7 +115,7 @@ TEST_F(PlatformCodeTest, UnknownDeviceAndChannelGiveThePlatformsCodes) {
 
 TEST_F(PlatformCodeTest, FailureLineNamesTheParserTheBodyAndTheCode) {
     const LogCapture log;
-    Cloud().Plan({{"path", kDetailPath}, {"body", "no json"}});
+    Cloud().ScriptResponse({{"path", kDetailPath}, {"body", "no json"}});
     EXPECT_EQ(Fetch(kCamera, 1), 300001);
     const LogLine bad = log.Find("platform response bad, szInfo = no json");
     EXPECT_EQ(bad.level, 5U);
@@ -130,7 +130,7 @@ TEST_F(PlatformCodeTest, FailureLineNamesTheParserTheBodyAndTheCode) {
 TEST_F(PlatformCodeTest, RefusalLineShowsTheCodeAndTheAnswer) {
     const LogCapture log;
     const std::string body = R"({"result":{"code":"20002","msg":"100%s %n"}})";
-    Cloud().Plan({{"path", kDetailPath}, {"body", body}});
+    Cloud().ScriptResponse({{"path", kDetailPath}, {"body", body}});
     EXPECT_EQ(Fetch(kCamera, 1), 320002);
     const LogLine refused = log.Find("Platform Response Error:20002, Resp:" + body);
     EXPECT_EQ(refused.level, 3U);

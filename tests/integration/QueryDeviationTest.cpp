@@ -34,7 +34,7 @@ protected:
         EXPECT_EQ(line.Tag(), "CVantixDataCenter::" + tag) << message;
     }
     void Answer(const std::string& path, const std::string& code, int times = 1) const {
-        Cloud().Plan({{"path", path}, {"code", code}, {"times", times}});
+        Cloud().ScriptResponse({{"path", path}, {"code", code}, {"times", times}});
     }
     int DeviceDetail(Detail& detail) const {
         return Center().getDeviceDetailInfo(kOwn, 1, "GB", "P-7", detail.channel, detail.device);
@@ -153,7 +153,7 @@ TEST_F(QueryDeviationTest, DetailIsAskedForAgainAfterAFailureOfTheMoment) {
 }
 
 TEST_F(QueryDeviationTest, DetailGoesToTheDomainThatWasSetMeanwhile) {
-    Cloud().Plan({{"path", kDetailPath}, {"code", "49999"}, {"hold", "detail"}});
+    Cloud().ScriptResponse({{"path", kDetailPath}, {"code", "49999"}, {"hold", "detail"}});
     Detail detail;
     auto call = std::async(std::launch::async, [&] { return DeviceDetail(detail); });
     ASSERT_TRUE(Cloud().WaitUntilHeld("detail", 1));

@@ -36,7 +36,7 @@ protected:
         return Call(input, output);
     }
     void Answer(const Json& code, int times) const {
-        Cloud().Plan({{"path", Path()}, {"code", code}, {"times", times}});
+        Cloud().ScriptResponse({{"path", Path()}, {"code", code}, {"times", times}});
     }
 
     /// What the operation makes of an expired token that it does not renew.
@@ -226,7 +226,7 @@ TEST_P(QueryTest, RenewalThatGivesNothingReturnsTheFirstResult) {
     EXPECT_EQ(Call(Input()), Unrenewed());
     EXPECT_EQ(Cloud().RequestCount(), 1U);
     SetRefreshCredentials();
-    Cloud().Plan({{"path", kRefreshPath}, {"code", "10002"}, {"times", 0}});
+    Cloud().ScriptResponse({{"path", kRefreshPath}, {"code", "10002"}, {"times", 0}});
     EXPECT_EQ(Call(Input()), Unrenewed());
     EXPECT_EQ(Count(Path()), 2U);
     EXPECT_EQ(Count(kRefreshPath), Row().isRefreshed ? 1U : 0U);

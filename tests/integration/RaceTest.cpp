@@ -273,7 +273,7 @@ TEST_F(RaceTest, EveryRecordIsWholeAndEveryRequestIsExplained) {
 
 TEST_F(RaceTest, EveryCallerOutlivesTheTokenWithOneRefreshOfItsOwn) {
     // All are refused before the first of them may renew the token.
-    Cloud().Plan({{"path", kDetailPath}, {"times", kThreads}, {"hold", "all"}, {"code", "10002"}});
+    Cloud().ScriptResponse({{"path", kDetailPath}, {"times", kThreads}, {"hold", "all"}, {"code", "10002"}});
     std::atomic<int> ready{0};
     std::thread opener([&] {
         EXPECT_TRUE(Cloud().WaitUntilHeld("all", kThreads));

@@ -35,7 +35,7 @@ protected:
 
 TEST_P(RequestRuleTest, ReadsTheAnswerByItsOwnRule) {
     const PlatformCase request = Request();
-    Cloud().Plan({{"path", request.path}, {"body", GetParam().answer}});
+    Cloud().ScriptResponse({{"path", request.path}, {"body", GetParam().answer}});
     const LogCapture log;
     Json output;
     EXPECT_EQ(request.call({BDomain(), Account("accessToken"), Account("appKey")}, output), GetParam().result);

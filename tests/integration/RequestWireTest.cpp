@@ -38,7 +38,7 @@ protected:
     }
     void Answer(Json plan) const {
         plan["path"] = GetParam().path;
-        Cloud().Plan(plan);
+        Cloud().ScriptResponse(plan);
     }
 
     /// What a request leaves in its output when it fails before a parser was asked.

@@ -38,7 +38,7 @@ TEST_P(ServerFaultTest, FailsThatCallAlone) {
     Json plan = GetParam().plan;
     plan["path"] = kDetailPath;
     plan["times"] = 0;
-    Cloud().Plan(plan);
+    Cloud().ScriptResponse(plan);
     ExpectSurvival(Expected(), 1);
 }
 
@@ -68,7 +68,7 @@ const FaultRow kFramingRows[] = {
     {"MissingLastChunk", Raw(kOk + "Transfer-Encoding: chunked\r\n", "2\r\n{}\r\n"), 100018, true},
     {"AnswerWithoutAStatusLine", Raw("hello"), 100001},
     {"StatusZero", Raw("HTTP/1.1 000 Nothing\r\n"), 100001},
-    {"NoReply", {{"closeWithoutAnswer", true}}, 100052, true},
+    {"NoReply", {{"closeWithoutResponse", true}}, 100052, true},
     {"ResetBeforeTheAnswer", {{"reset", true}}, 100056},
     {"NulInAHeader", Raw(kOk + "X-Odd: a" + std::string(1, '\0') + "b\r\n" + Length(kLength), kSmallAnswer), 100008},
     {"ThreeHundredKilobytesOfHeaders", Raw(kOk + ManyHeaders() + Length(kLength), kSmallAnswer), 100056},
@@ -125,7 +125,7 @@ TEST_F(RedirectTest, ToAPortThatRefuses) {
     Json plan = RedirectTo(Cloud().ClosedPort().c_str());
     plan["path"] = kDetailPath;
     plan["times"] = 0;
-    Cloud().Plan(plan);
+    Cloud().ScriptResponse(plan);
     ExpectSurvival(100007, 1);
 }
 
@@ -133,7 +133,7 @@ TEST_F(RedirectTest, ToAPortThatRefuses) {
 TEST_F(RedirectTest, FoundTurnsTheFormIntoAGet) {
     Json plan = RedirectTo(kDetailPath);
     plan["path"] = kDetailPath;
-    Cloud().Plan(plan);
+    Cloud().ScriptResponse(plan);
     EXPECT_EQ(Fetch(kCamera, 1), 300001);
     const auto requests = Cloud().Requests();
     ASSERT_EQ(requests.size(), 2U);
@@ -146,7 +146,7 @@ TEST_F(RedirectTest, FoundTurnsTheFormIntoAGet) {
 TEST_F(RedirectTest, TemporaryRedirectRepeatsTheForm) {
     Json plan = RedirectTo((CDomain() + kDetailPath).c_str(), 307);
     plan["path"] = kDetailPath;
-    Cloud().Plan(plan);
+    Cloud().ScriptResponse(plan);
     Detail detail;
     EXPECT_EQ(Fetch(kCamera, 1, detail), 0);
     const auto requests = Cloud().Requests();
@@ -165,7 +165,7 @@ protected:
         return answer.insert(answer.find(R"("releaseVersion")"), member + ",");
     }
     int FetchAnswer(const std::string& answer, Detail& detail) const {
-        Cloud().Plan({{"path", kDetailPath}, {"body", answer}});
+        Cloud().ScriptResponse({{"path", kDetailPath}, {"body", answer}});
         return Fetch(kCamera, 1, detail);
     }
 };

@@ -33,7 +33,7 @@ protected:
         plan["path"] = kDetailPath;
         plan["match"] = {{"deviceSerial", name}};
         plan["times"] = 0;
-        Cloud().Plan(plan);
+        Cloud().ScriptResponse(plan);
         return {name, BDomain(), name};
     }
 };
@@ -41,18 +41,18 @@ protected:
 TEST_F(SlowServerTest, EveryTransferEndsAfterItsTime) {
     const std::string endless = "HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\n";
     std::vector<Waiting> waiting = {
-        {"Silence", Cloud().Trap({{"then", "hold"}}), "S"},
+        {"Silence", Cloud().OpenFaultPort({{"then", "keepOpen"}}), "S"},
         Plan("HeldAnswer", {{"hold", "forever"}}),
         Plan("DrippedHeaders", {{"raw", endless}, {"drip", {{"bytes", 1}, {"ms", 1000}}}}),
         Plan("DrippedBody", {{"raw", endless + std::string(1000, ' ')}, {"drip", {{"bytes", 48}, {"ms", 2000}}}}),
         // Requests of a loop carry no form after the first, so it is planned for whoever comes without one.
         {"RedirectLoop", BDomain(), "RedirectLoop"},
     };
-    Cloud().Plan({{"path", kDetailPath},
-                  {"status", 302},
-                  {"headers", {{"Location", kDetailPath}}},
-                  {"delayMs", 200},
-                  {"times", 0}});
+    Cloud().ScriptResponse({{"path", kDetailPath},
+                            {"status", 302},
+                            {"headers", {{"Location", kDetailPath}}},
+                            {"delayMs", 200},
+                            {"times", 0}});
     std::vector<std::thread> threads;
     threads.reserve(waiting.size());
     for (Waiting& one : waiting) {
@@ -64,7 +64,7 @@ TEST_F(SlowServerTest, EveryTransferEndsAfterItsTime) {
     for (const Waiting& one : waiting) {
         EXPECT_EQ(one.result, 100028) << one.name;
     }
-    Cloud().Delete("/plans");
+    Cloud().Delete("/scripted-responses");
     EXPECT_EQ(Fetch(kCamera, 1), 0);
 }
 

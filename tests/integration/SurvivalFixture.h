@@ -47,7 +47,7 @@ protected:
 
     /// The next good call succeeds, and neither descriptors nor threads were lost.
     void ExpectGoodCall() const {
-        Cloud().Delete("/plans");
+        Cloud().Delete("/scripted-responses");
         Center().setDomain(BDomain(), "");
         Detail detail;
         EXPECT_EQ(Fetch(kCamera, 1, detail), 0);

@@ -17,7 +17,7 @@ inline void PrintTo(const TrapRow& row, std::ostream* out) { *out << row.name; }
 class TrapFixture : public SurvivalFixture, public ::testing::WithParamInterface<TrapRow> {
 protected:
     void ExpectSurvivalOfTheTrap() const {
-        Center().setDomain(Cloud().Trap(GetParam().conduct), "");
+        Center().setDomain(Cloud().OpenFaultPort(GetParam().conduct), "");
         ExpectSurvival(GetParam().result, 0);
     }
 };

@@ -39,7 +39,7 @@ std::string FromHex(const std::string& hex) {
     return bytes;
 }
 
-/// Bytes that are no UTF-8 stand exactly under the second key.
+/// The text of an entry; bytes that are not UTF-8 are under the second key.
 std::string Bytes(const Json& entry, const char* key, const char* hexKey) {
     return entry.contains(hexKey) ? FromHex(entry.at(hexKey)) : entry.at(key).get<std::string>();
 }
@@ -60,7 +60,7 @@ ReceivedRequest FromJournal(const Json& entry) {
     return request;
 }
 
-/// A curl handle that is freed.
+/// Owns a curl handle.
 class Handle {
 public:
     Handle() : m_handle(curl_easy_init()) {
@@ -145,7 +145,7 @@ SimulatorClient::SimulatorClient() {
 
 Json SimulatorClient::Call(const char* method, const std::string& path, const Json* content) const {
     Handle handle;
-    std::string answer;
+    std::string response;
     const std::string url = m_address + path;
     const std::string body = content == nullptr ? "" : content->dump();
     handle.Set(CURLOPT_URL, url.c_str());
@@ -157,11 +157,11 @@ Json SimulatorClient::Call(const char* method, const std::string& path, const Js
     handle.Set(CURLOPT_NOPROXY, "*");
     handle.Set(CURLOPT_NOSIGNAL, 1L);
     handle.Set(CURLOPT_WRITEFUNCTION, &Append);
-    handle.Set(CURLOPT_WRITEDATA, &answer);
+    handle.Set(CURLOPT_WRITEDATA, &response);
     if (const long status = handle.Perform(); status != 200) {
-        throw std::runtime_error(std::string(method) + " " + path + ": " + std::to_string(status) + " " + answer);
+        throw std::runtime_error(std::string(method) + " " + path + ": " + std::to_string(status) + " " + response);
     }
-    return Json::parse(answer);
+    return Json::parse(response);
 }
 
 Json SimulatorClient::Get(const std::string& path) const { return Call("GET", path, nullptr); }
@@ -180,15 +180,15 @@ Json SimulatorClient::Camera(const std::string& serial, int cameraNo) const {
 }
 
 std::string SimulatorClient::ClosedPort() const {
-    std::string address = Trap({{"then", "close"}});
-    Delete("/traps");
+    std::string address = OpenFaultPort({{"then", "close"}});
+    Delete("/faults");
     return address;
 }
 
-bool SimulatorClient::WaitUntilHeld(const std::string& gate, int count) const {
+bool SimulatorClient::WaitUntilHeld(const std::string& hold, int count) const {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(1);
     while (std::chrono::steady_clock::now() < deadline) {
-        if (Get("/holds").value(gate, 0) >= count) {
+        if (Get("/holds").value(hold, 0) >= count) {
             return true;
         }
     }

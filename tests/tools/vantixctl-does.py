@@ -196,7 +196,7 @@ class Prefetch(Case):
 
     def test_tasks_are_bounded(self):
         with Cloud() as cloud:
-            cloud.control("POST", "/plans", {"path": "/api/device/detail", "times": 0, "hold": "gate"})
+            cloud.control("POST", "/scripted-responses", {"path": "/api/device/detail", "times": 0, "hold": "gate"})
             process = subprocess.Popen([*TOOL, "prefetch", "--tasks", "3", "--b-domain", cloud.b_domain,
                                         "--access-token", cloud.account["accessToken"]],
                                        stdout=subprocess.PIPE, stderr=subprocess.PIPE, env=environment())
@@ -211,7 +211,7 @@ class Prefetch(Case):
 
     def test_one_that_fails_is_shown_and_is_status_1(self):
         with Cloud() as cloud:
-            cloud.control("POST", "/plans", {"path": "/api/device/detail", "times": 0, "code": "20007",
+            cloud.control("POST", "/scripted-responses", {"path": "/api/device/detail", "times": 0, "code": "20007",
                                              "match": {"deviceSerial": CAMERA}})
             done = run("prefetch", "--b-domain", cloud.b_domain, "--access-token", cloud.account["accessToken"])
         self.assertEqual(done.returncode, 1)
@@ -236,9 +236,10 @@ class Watch(Case):
                 self.assertIn("● online", process.stdout.readline().decode())
                 cloud.control("PUT", "/devices/" + CAMERA, {"device": {"deviceStatus": 2}})
                 self.assertIn("device.deviceStatus  1 → 2", process.stdout.readline().decode())
-                cloud.control("POST", "/plans", {"path": "/api/device/detail", "times": 2, "code": "20007"})
+                cloud.control("POST", "/scripted-responses",
+                              {"path": "/api/device/detail", "times": 2, "code": "20007"})
                 self.assertIn("320007", process.stdout.readline().decode())
-                self.assertIn("answers again", process.stdout.readline().decode())
+                self.assertIn("can be fetched again", process.stdout.readline().decode())
                 process.send_signal(signal.SIGINT)
                 rest, errors = process.communicate(timeout=60)
             finally:

@@ -17,8 +17,8 @@ class Usage(Case):
         (["xyzzyxyzzy"], 'no command "xyzzyxyzzy"'),
         (["detail"], "--serial"),
         (["detail", CAMERA, "one"], "--channel takes a number"),
-        (["detail", CAMERA, "1", "2"], 'no use for "2"'),
-        (["detail", CAMERA, "--channel"], "wants a value"),
+        (["detail", CAMERA, "1", "2"], 'no further argument, but got "2"'),
+        (["detail", CAMERA, "--channel"], "needs a value"),
         (["detail", CAMERA, "--nothing", "1"], "unknown option --nothing"),
         (["detail", CAMERA, "-x"], "unknown option -x"),
         (["detail", CAMERA, "--json=1"], "takes no value"),
@@ -105,7 +105,7 @@ class Explain(Case):
 
 
 class Tour(Case):
-    def test_it_tells_the_whole_story(self):
+    def test_it_prints_every_step(self):
         text = self.succeeds("tour")
         for words in ("Configure", "untouched", "Mark it for update", "capabilities", "ClearAllCache", "a miss",
                       "6 devices, 24 channels", "320002", "600001", "100007", "POST /api/device/detail", "deviceSerial=" + CAMERA,
@@ -114,13 +114,13 @@ class Tour(Case):
         self.assertNotIn(ESCAPE, text)
 
     def test_steps_and_requests(self):
-        told = self.document("tour")
-        self.assertTrue(all(step["asExpected"] for step in told["steps"]))
-        fetches = [step for step in told["steps"] if step["call"].startswith(f"getDevDetailInfo({CAMERA}")]
+        tour = self.document("tour")
+        self.assertTrue(all(step["asExpected"] for step in tour["steps"]))
+        fetches = [step for step in tour["steps"] if step["call"].startswith(f"getDevDetailInfo({CAMERA}")]
         self.assertEqual([(step["returned"], step["future"]) for step in fetches],
                          [(-1, 0), (0, None), (0, 0), (-1, 100007)])
         self.assertEqual(fetches[1]["cost"], 0)
-        self.assertEqual([(request["path"], request["parameters"].get("deviceSerial")) for request in told["seen"]],
+        self.assertEqual([(request["path"], request["parameters"].get("deviceSerial")) for request in tour["requests"]],
                          [("/api/device/detail", CAMERA), ("/api/device/detail", CAMERA), ("/api/device/list", None),
                           ("/api/service/media/server/info", None), ("/api/sdk/p2p/dev/info/get", CAMERA),
                           ("/api/user/token", None), ("/api/device/detail", "X99999999"),
@@ -217,7 +217,7 @@ class Detail(Case):
     def test_bytes_that_are_no_utf8_still_give_json(self):
         with Cloud() as cloud:
             body = b'{"result":{"code":"200","data":{"camera":{"cameraId":"\xff\xfe"},"device":{"deviceSerial":"A"}}}}'
-            cloud.control("POST", "/plans", {"path": "/api/device/detail", "bodyHex": body.hex()})
+            cloud.control("POST", "/scripted-responses", {"path": "/api/device/detail", "bodyHex": body.hex()})
             done = run("detail", CAMERA, "--json", "--b-domain", cloud.b_domain, "--access-token",
                        cloud.account["accessToken"])
         answer = json.loads(done.out)

@@ -32,7 +32,7 @@ size_t Distance(std::string_view from, std::string_view to) {
 
 }  // namespace
 
-int Arguments::Number(std::string_view name) const { return ToNumber(Text(name), "--" + std::string(name)); }
+int ArgumentValues::Number(std::string_view name) const { return ToNumber(Text(name), "--" + std::string(name)); }
 
 std::span<const Family> Families() {
     static const std::array families = {

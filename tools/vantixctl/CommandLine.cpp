@@ -18,23 +18,23 @@ void ReadColour(CommandLine& line, const std::string& value) {
 }
 
 constexpr std::array kGlobalOptions = {
-    GlobalOption{"json", "", "print JSON, for machines",
+    GlobalOption{"json", "", "print JSON instead of tables",
                  [](CommandLine& line, const std::string&) { line.json = true; }},
-    GlobalOption{"show-secrets", "", "do not mask keys and passwords of records for people",
+    GlobalOption{"show-secrets", "", "do not mask keys and passwords in tables",
                  [](CommandLine& line, const std::string&) { line.showSecrets = true; }},
-    GlobalOption{"credentials", "FILE", "take what no option and no variable gives from a JSON file",
+    GlobalOption{"credentials", "FILE", "a JSON file with the settings that no option and no variable gives",
                  [](CommandLine& line, const std::string& value) { line.credentials = value; }},
     GlobalOption{"log", "FILE", "append the library's log lines to a file; - writes them to standard error",
                  [](CommandLine& line, const std::string& value) { line.session.log.target = value; }},
     GlobalOption{
-        "log-level", "N", "drop log lines below this level, 1 to 5 (3 when not given)",
+        "log-level", "N", "drop log lines below this level, 1 to 5 (default 3)",
         [](CommandLine& line, const std::string& value) { line.session.log.level = ToNumber(value, "--log-level"); }},
     GlobalOption{"utf8", "", "keep texts in UTF-8 (the default)",
                  [](CommandLine& line, const std::string&) { line.session.utf8 = true; }},
     GlobalOption{"ansi", "", "convert texts to the system's code page",
                  [](CommandLine& line, const std::string&) { line.session.utf8 = false; }},
     GlobalOption{"color", "WHEN", "auto, always or never", &ReadColour},
-    GlobalOption{"help", "", "explain the tool, or the command that it stands behind",
+    GlobalOption{"help", "", "explain the tool, or the command before it",
                  [](CommandLine& line, const std::string&) {
                      (line.invocations.empty() ? line.help : line.invocations.back().help) = true;
                  }},
@@ -46,12 +46,12 @@ bool IsNegativeNumber(const std::string& word) {
     return word.size() > 1 && word[0] == '-' && word[1] >= '0' && word[1] <= '9';
 }
 
-/// Reads word after word.
-class Reader {
+/// Parses the words of the command line one by one.
+class Parser {
 public:
-    explicit Reader(const std::vector<std::string>& words) : m_words(words) {}
+    explicit Parser(const std::vector<std::string>& words) : m_words(words) {}
 
-    CommandLine Read() {
+    CommandLine Parse() {
         while (m_at < m_words.size()) {
             TakeWord(m_words[m_at++]);
         }
@@ -93,20 +93,21 @@ private:
 
     void TakePositional(const std::string& word) {
         Invocation& invocation = m_line.invocations.back();
-        for (const Use& use : invocation.command->uses.All()) {
-            if (!invocation.arguments.Has(use.name) && FindParameter(use.name).kind != Kind::Flag) {
-                SetArgument(invocation, use.name, word);
+        for (const Argument& argument : invocation.command->arguments.All()) {
+            if (!invocation.values.Has(argument.name) && FindParameter(argument.name).kind != Kind::Flag) {
+                SetArgument(invocation, argument.name, word);
                 return;
             }
         }
-        throw UsageError(std::string(invocation.command->name) + " has no use for \"" + word + "\"");
+        throw UsageError(std::string(invocation.command->name) + " takes no further argument, but got \"" + word +
+                         "\"");
     }
 
     void SetArgument(Invocation& invocation, std::string_view name, const std::string& value) {
         if (FindParameter(name).kind == Kind::Number) {
             ToNumber(value, "--" + std::string(name));
         }
-        invocation.arguments.Set(name, value);
+        invocation.values.Set(name, value);
     }
 
     std::string ValueOf(const std::string& name, const std::optional<std::string>& inlineValue) {
@@ -114,7 +115,7 @@ private:
             return *inlineValue;
         }
         if (m_at == m_words.size()) {
-            throw UsageError("--" + name + " wants a value");
+            throw UsageError("--" + name + " needs a value");
         }
         return m_words[m_at++];
     }
@@ -140,16 +141,17 @@ private:
             return false;
         }
         Invocation& invocation = m_line.invocations.back();
-        const auto uses = invocation.command->uses.All();
-        const auto use = std::find_if(uses.begin(), uses.end(), [&](const Use& one) { return one.name == name; });
-        if (use == uses.end()) {
+        const auto arguments = invocation.command->arguments.All();
+        const auto argument =
+            std::find_if(arguments.begin(), arguments.end(), [&](const Argument& one) { return one.name == name; });
+        if (argument == arguments.end()) {
             return false;
         }
-        if (FindParameter(use->name).kind == Kind::Flag) {
+        if (FindParameter(argument->name).kind == Kind::Flag) {
             RefuseValue(name, value);
-            invocation.arguments.Set(use->name, "1");
+            invocation.values.Set(argument->name, "1");
         } else {
-            SetArgument(invocation, use->name, ValueOf(name, value));
+            SetArgument(invocation, argument->name, ValueOf(name, value));
         }
         return true;
     }
@@ -169,23 +171,23 @@ private:
         return true;
     }
 
-    /// Fills in the fallbacks and misses what has none.
+    /// Sets the fallbacks of arguments that were not given. Throws UsageError when one has none.
     void FinishCommand() {
         if (m_line.invocations.empty()) {
             return;
         }
         if (m_expectsCommand) {
-            throw UsageError("a command is missing behind \"then\"");
+            throw UsageError("a command is missing after \"then\"");
         }
         Invocation& invocation = m_line.invocations.back();
-        for (const Use& use : invocation.command->uses.All()) {
-            if (invocation.arguments.Has(use.name) || invocation.help) {
+        for (const Argument& argument : invocation.command->arguments.All()) {
+            if (invocation.values.Has(argument.name) || invocation.help) {
                 continue;
             }
-            if (!use.fallback) {
-                throw UsageError(std::string(invocation.command->name) + " wants --" + std::string(use.name));
+            if (!argument.fallback) {
+                throw UsageError(std::string(invocation.command->name) + " needs --" + std::string(argument.name));
             }
-            invocation.arguments.Set(use.name, std::string(*use.fallback));
+            invocation.values.Set(argument.name, std::string(*argument.fallback));
         }
     }
 
@@ -200,7 +202,7 @@ private:
 std::span<const GlobalOption> GlobalOptions() { return kGlobalOptions; }
 
 CommandLine ReadCommandLine(const std::vector<std::string>& words) {
-    CommandLine line = Reader(words).Read();
+    CommandLine line = Parser(words).Parse();
     Configuration& configuration = line.session.configuration;
     configuration.TakeEnvironment();
     const char* variable = std::getenv(kCredentialsVariable);

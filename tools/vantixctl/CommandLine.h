@@ -9,16 +9,16 @@
 
 namespace vantix::ctl {
 
-/// A command and what it was given.
+/// A command and the values of its arguments.
 struct Invocation {
     const Command* command = nullptr;
-    Arguments arguments;
-    bool help = false;  ///< its help was asked for
+    ArgumentValues values;
+    bool help = false;  ///< its help is requested
 };
 
-/// Everything that the command line says.
+/// The parsed command line.
 struct CommandLine {
-    std::vector<Invocation> invocations;  ///< "then" stands between them
+    std::vector<Invocation> invocations;  ///< separated by "then"
     SessionChoice session;
     ColourChoice colour = ColourChoice::Auto;
     std::string credentials;  ///< file, empty for none
@@ -28,7 +28,7 @@ struct CommandLine {
     bool version = false;
 };
 
-/// An option that every command understands, besides the settings.
+/// An option that every command accepts, besides the settings.
 struct GlobalOption {
     std::string_view name;         ///< without the dashes
     std::string_view placeholder;  ///< empty when it takes no value
@@ -38,7 +38,7 @@ struct GlobalOption {
 
 std::span<const GlobalOption> GlobalOptions();
 
-/// Reads the arguments behind the program's name, with what the environment and the credentials file add.
+/// Parses the words after the program's name, and adds settings from the environment and the credentials file.
 /// Throws UsageError.
 CommandLine ReadCommandLine(const std::vector<std::string>& words);
 

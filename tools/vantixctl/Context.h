@@ -5,13 +5,13 @@
 
 namespace vantix::ctl {
 
-/// Everything that a command needs besides its own arguments.
+/// What every command needs besides its own arguments.
 struct Context {
     SessionChoice session;
-    bool json = false;         ///< for machines
-    bool showSecrets = false;  ///< do not mask them for people
-    Painter paint{false};      ///< for standard output
-    int width = 100;           ///< of the screen
+    bool json = false;         ///< print JSON instead of tables
+    bool showSecrets = false;  ///< do not mask them in tables
+    Painter paint{false};      ///< colours standard output
+    int width = 100;           ///< of the screen, in columns
 };
 
 }  // namespace vantix::ctl

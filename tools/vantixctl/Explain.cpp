@@ -18,43 +18,45 @@ struct Known {
 
 constexpr std::array kKnown = {
     Known{VANTIX_NOERROR, "success", "success", ""},
-    Known{VANTIX_ERROR, "core", "nothing is cached, or the data center could not even ask",
-          "Look for an empty credential, a bad argument, something that was never fetched in this call of the tool, or "
-          "a renewal that was refused. \"--log -\" shows which."},
-    Known{VANTIX_RESP_NOT_JSON, "answer", "the consumer server's answer about the P2P user is not JSON",
-          "Something other than that server answered: check the consumer domain, and proxies on the way."},
+    Known{VANTIX_ERROR, "core", "nothing is cached, or no request could be sent",
+          "Possible causes: an empty credential, a bad argument, a record that was not fetched in this run of the "
+          "tool, a "
+          "refused renewal. \"--log -\" shows which."},
+    Known{VANTIX_RESP_NOT_JSON, "response", "the consumer server's response about the P2P user is not JSON",
+          "Something other than that server responded: check the consumer domain, and proxies on the way."},
     Known{VANTIX_VERIFY_CODE_10001, "core", "the authentication server refused a stream token (its code 10001)", ""},
-    Known{VANTIX_VERIFY_TOKEN_EXPIRED, "core", "the access token has expired, says the authentication server",
-          "Renew it (RefreshToken) and ask again."},
+    Known{VANTIX_VERIFY_TOKEN_EXPIRED, "core", "the authentication server reports that the access token has expired",
+          "Renew it (RefreshToken) and try again."},
     Known{VANTIX_VERIFY_CODE_20031, "core", "the authentication server refused a stream token (its code 20031)", ""},
-    Known{VANTIX_PLATFORM_ERROR_BASE + VANTIX_RESP_NOT_JSON, "answer", "the answer is not JSON",
-          "Something other than the platform answered: check the domain, and proxies on the way."},
-    Known{VANTIX_PLATFORM_ERROR_BASE + VANTIX_RESP_BAD_FORMAT, "answer",
-          "the answer is JSON, but its envelope or a required member is missing or of the wrong type",
-          "Check that the domain is that of the right server family; the log shows the whole answer."},
+    Known{VANTIX_PLATFORM_ERROR_BASE + VANTIX_RESP_NOT_JSON, "response", "the response is not JSON",
+          "Something other than the platform responded: check the domain, and proxies on the way."},
+    Known{VANTIX_PLATFORM_ERROR_BASE + VANTIX_RESP_BAD_FORMAT, "response",
+          "the response is JSON, but its envelope or a required member is missing or of the wrong type",
+          "Check that the domain is that of the right server family; the log shows the whole response."},
     Known{VANTIX_PLATFORM_ERROR_BASE + 401, "platform", "the consumer session has expired",
-          "It is renewed once by itself when a refresh session is known; else log in again."},
+          "The data center renews it once when it has a refresh session; otherwise log in again."},
     Known{VANTIX_ACCESS_TOKEN_EXPIRED, "platform", "the access token has expired",
-          "The data center renews it once by itself; that needs --auth-addr, --app-id, --open-id and --refresh-token; "
-          "else log in again."},
-    Known{VANTIX_PLATFORM_CODE_49999, "platform", "the platform stumbled (its code 49999)",
-          "This passes: ask again later. The data center has already asked for a detail more than once."},
-    Known{VANTIX_PLATFORM_CODE_50000, "platform", "the platform stumbled (its code 50000)",
-          "This passes: ask again later. The data center has already asked for a detail more than once."},
+          "The data center renews it once, which needs --auth-addr, --app-id, --open-id and --refresh-token; otherwise "
+          "log in again."},
+    Known{VANTIX_PLATFORM_CODE_49999, "platform", "the platform failed for the moment (its code 49999)",
+          "This is temporary: try again later. Requests for a detail are already repeated by the data center."},
+    Known{VANTIX_PLATFORM_CODE_50000, "platform", "the platform failed for the moment (its code 50000)",
+          "This is temporary: try again later. Requests for a detail are already repeated by the data center."},
     Known{VANTIX_DEV_RELEASE_MISMATCH, "core", "the cached device is of another release and is not served from a cache",
           "Fetch it (getDevDetailInfoSync with --force); only VERSION_17 is served from caches."},
 };
 
-/// What -1 means of an operation.
+/// Advice about the return code -1 of one operation.
 struct Reason {
     std::string_view operation;
     std::string_view advice;
 };
 
 constexpr std::string_view kNotFetched =
-    "Caches last as long as the tool runs: fetch it first, as in \"vantixctl getDevDetailInfoSync SERIAL then …\".";
+    "Caches last only as long as the tool runs: fetch it first, as in \"vantixctl getDevDetailInfoSync SERIAL then "
+    "…\".";
 constexpr std::string_view kNoRelays =
-    "The answer names no relays, or the request failed: this operation does not tell which. \"--log -\" does.";
+    "The response names no relays, or the request failed: the return code does not say which, \"--log -\" does.";
 
 constexpr std::array kReasons = {
     Reason{"getDevInfoCache", kNotFetched},
@@ -64,7 +66,7 @@ constexpr std::array kReasons = {
     Reason{"SetDevInfoCache", kNotFetched},
     Reason{"getVideoVtmAddr", kNoRelays},
     Reason{"getServerInfoEx", kNoRelays},
-    Reason{"getB2CSharedDevList", "It needs --session-id, and asks the server of --c-domain."},
+    Reason{"getB2CSharedDevList", "It needs --session-id and --c-domain."},
     Reason{"getAuthInfo", "There is no credential for the channel, or it has expired: it is not renewed here."},
     Reason{"RefreshToken",
            "It needs --auth-addr, --app-id, --open-id and --refresh-token, and not --mode 1; or the "
@@ -88,7 +90,7 @@ Explanation OfTransport(int32_t code) {
     }
     const std::string text = curl_easy_strerror(static_cast<CURLcode>(curl));
     return {"transport", "the transfer failed: " + text + WithNumber(" (libcurl's code ", curl, ")"),
-            "No answer came. Check the domain, the network and whether the server is up."};
+            "There was no response. Check the domain, the network and whether the server is up."};
 }
 
 }  // namespace
@@ -104,9 +106,9 @@ Explanation Explain(int32_t code) {
     if (code > VANTIX_PLATFORM_ERROR_BASE) {
         return {"platform",
                 WithNumber("the platform refused with its own code ", code - VANTIX_PLATFORM_ERROR_BASE, ""),
-                "Its documentation tells what that code means; the log shows the whole answer."};
+                "The platform's documentation explains that code; the log shows the whole response."};
     }
-    return {"unknown", "no operation of the data center answers this", ""};
+    return {"unknown", "no operation of the data center returns this", ""};
 }
 
 Explanation Explain(int32_t code, std::string_view operation) {

@@ -18,7 +18,7 @@ std::string Shown(const std::pair<std::string, std::string>& parameter) {
     return isSecret ? std::string(kMask) : parameter.second;
 }
 
-std::string ParameterText(const SeenRequest& request) {
+std::string ParameterText(const ReceivedRequest& request) {
     std::string text;
     for (const auto& parameter : request.parameters) {
         text += (text.empty() ? "" : "  ") + parameter.first + "=" + Shown(parameter);
@@ -31,10 +31,10 @@ std::string ParameterText(const SeenRequest& request) {
 
 }  // namespace
 
-std::string JournalTable(const Context& context, const std::vector<SeenRequest>& seen) {
+std::string JournalTable(const Context& context, const std::vector<ReceivedRequest>& requests) {
     Table table({{"#", Align::Right}, {"server"}, {"request and its parameters", Align::Left, true}});
     int number = 0;
-    for (const SeenRequest& request : seen) {
+    for (const ReceivedRequest& request : requests) {
         if (number > 0) {
             table.AddRule();
         }
@@ -45,9 +45,9 @@ std::string JournalTable(const Context& context, const std::vector<SeenRequest>&
     return table.Drawn(context.paint, context.width);
 }
 
-Json JournalJson(const std::vector<SeenRequest>& seen) {
+Json JournalJson(const std::vector<ReceivedRequest>& requests) {
     Json list = Json::array();
-    for (const SeenRequest& request : seen) {
+    for (const ReceivedRequest& request : requests) {
         Json parameters = Json::object();
         for (const auto& parameter : request.parameters) {
             parameters[parameter.first] = Shown(parameter);

@@ -8,10 +8,10 @@
 
 namespace vantix::ctl {
 
-/// What the loopback cloud saw, as a table for people; secrets are masked.
-std::string JournalTable(const Context& context, const std::vector<SeenRequest>& seen);
+/// The requests that the loopback cloud received, as a table; secrets are masked.
+std::string JournalTable(const Context& context, const std::vector<ReceivedRequest>& requests);
 
-/// The same for machines, masked as well.
-Json JournalJson(const std::vector<SeenRequest>& seen);
+/// The same as JSON; secrets are masked as well.
+Json JournalJson(const std::vector<ReceivedRequest>& requests);
 
 }  // namespace vantix::ctl

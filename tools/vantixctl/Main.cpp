@@ -23,14 +23,14 @@ using namespace vantix::ctl;
 
 constexpr int kUsageFailure = 2;
 
-/// Operations, which share one data center, one after the other.
+/// Runs operations one after the other with one data center.
 int RunChain(const Context& context, const std::vector<Invocation>& invocations) {
     const Session session(context.session);
     Json documents = Json::array();
     int status = kSuccess;
     for (const Invocation& invocation : invocations) {
         Json document;
-        if (RunOperation(context, session, *invocation.command, invocation.arguments, document) != kSuccess) {
+        if (RunOperation(context, session, *invocation.command, invocation.values, document) != kSuccess) {
             status = kFailure;
         }
         documents.push_back(std::move(document));
@@ -60,7 +60,7 @@ int Run(const std::vector<std::string>& words) {
         return kSuccess;
     }
     if (line.invocations.empty()) {
-        throw UsageError("what shall it do? \"vantixctl --help\" tells what it can");
+        throw UsageError("no command is given; \"vantixctl --help\" lists the commands");
     }
     const Invocation& first = line.invocations.front();
     const bool onlyOperations =
@@ -69,7 +69,7 @@ int Run(const std::vector<std::string>& words) {
     if (!onlyOperations && line.invocations.size() > 1) {
         throw UsageError("only operations of the interface can be chained with \"then\"");
     }
-    return onlyOperations ? RunChain(context, line.invocations) : first.command->run(context, first.arguments);
+    return onlyOperations ? RunChain(context, line.invocations) : first.command->run(context, first.values);
 }
 
 }  // namespace
@@ -77,15 +77,15 @@ int Run(const std::vector<std::string>& words) {
 int main(int argc, char** argv) {
 #if defined(_WIN32)
     SetConsoleOutputCP(CP_UTF8);
-    _setmode(_fileno(stdout), _O_BINARY);  // other programs read it, and a shell its completion: no carriage returns
+    _setmode(_fileno(stdout), _O_BINARY);  // no carriage returns: other programs read the output
 #endif
     try {
         return Run({argv + 1, argv + argc});
     } catch (const UsageError& error) {
-        Complain(error.what());
+        PrintError(error.what());
         return kUsageFailure;
     } catch (const std::exception& error) {
-        Complain(error.what());
+        PrintError(error.what());
         return kFailure;
     }
 }

@@ -1,4 +1,4 @@
-// The arguments that commands share: one row each.
+// The definitions of all arguments, one row each.
 
 #include <algorithm>
 #include <stdexcept>
@@ -15,7 +15,7 @@ constexpr std::array kParameters = {
     Parameter{"channel-text", Kind::Text, "CHANNEL", "number of the channel, as text"},
     Parameter{"biz-type", Kind::Text, "TYPE", "business type"},
     Parameter{"platform-id", Kind::Text, "ID", "id of the business platform"},
-    Parameter{"force", Kind::Flag, "", "fetch even when the cache could answer"},
+    Parameter{"force", Kind::Flag, "", "fetch even when it is cached"},
     Parameter{"value", Kind::Number, "N", "the value to set"},
     Parameter{"level", Kind::Number, "N", "level"},
     Parameter{"speed", Kind::Number, "N", "playback speed, 0 to 9"},
@@ -30,18 +30,18 @@ constexpr std::array kParameters = {
     Parameter{"record-type", Kind::Number, "N", "kind of recording"},
     Parameter{"location", Kind::Number, "N", "where to look for recordings"},
     Parameter{"sdk-path", Kind::Flag, "", "use the path for programs"},
-    Parameter{"with-location", Kind::Flag, "", "name the place of each recording"},
+    Parameter{"with-location", Kind::Flag, "", "include the place of each recording"},
     Parameter{"file-type", Kind::Number, "N", "kind of file"},
     Parameter{"video-type", Kind::Number, "N", "kind of video"},
     Parameter{"date", Kind::Text, "DATE", "day to search, as \"2024-01-02\"; today when empty"},
     Parameter{"before", Kind::Text, "TIME", "only recordings made before"},
-    Parameter{"detail-count", Kind::Number, "N", "recordings to describe in detail"},
+    Parameter{"detail-count", Kind::Number, "N", "number of recordings with details"},
     Parameter{"query", Kind::Text, "JSON", "a JSON object; all of the channel when empty"},
     Parameter{"local-index", Kind::Number, "N", "local index"},
     Parameter{"space-id", Kind::Number, "N", "storage space"},
     Parameter{"file-name", Kind::Text, "NAME", "name of the picture"},
     Parameter{"expire-days", Kind::Number, "DAYS", "how long the picture is kept"},
-    Parameter{"url-expire", Kind::Number, "SECONDS", "how long the address is good"},
+    Parameter{"url-expire", Kind::Number, "SECONDS", "how long the address is valid"},
     Parameter{"url", Kind::Text, "URL", "address to upload to"},
     Parameter{"file", Kind::Text, "FILE", "local picture"},
     // Alarms and messages
@@ -64,11 +64,11 @@ constexpr std::array kParameters = {
     Parameter{"consumer-url", Kind::Text, "URL", "base address of the consumer servers; empty keeps the old one"},
     Parameter{"check-type", Kind::Number, "N", "kind of check"},
     Parameter{"check-time", Kind::Text, "TIME", "time of the check"},
-    // Commands of the tool's own
+    // Commands of the tool
     Parameter{"code", Kind::Number, "CODE", "a return code"},
     Parameter{"tasks", Kind::Number, "N", "requests under way at once, 1 to 32"},
-    Parameter{"interval", Kind::Number, "SECONDS", "time between two looks"},
-    Parameter{"times", Kind::Number, "N", "looks before it ends; 0 for ever"},
+    Parameter{"interval", Kind::Number, "SECONDS", "time between two fetches"},
+    Parameter{"times", Kind::Number, "N", "fetches before it ends; 0 for no end"},
     Parameter{"shell", Kind::Text, "SHELL", "the shell: bash"},
     Parameter{"command", Kind::Text, "COMMAND", "a command"},
 };

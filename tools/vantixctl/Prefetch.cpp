@@ -14,15 +14,15 @@
 namespace vantix::ctl {
 namespace {
 
-constexpr int kMostPages = 10000;
+constexpr int kMaxPages = 10000;
 
 using Known = std::set<std::pair<std::string, int>>;
 
-/// Takes the channels of a page that were not on an earlier one. Returns whether there were any.
-bool Take(const DeviceList& page, Known& known, std::vector<Fetched>& channels) {
+/// Adds the channels that were not on an earlier page. Returns whether there were any.
+bool AddNewChannels(const DeviceList& page, Known& known, std::vector<FetchedChannel>& channels) {
     bool any = false;
     for (const DeviceListItem& item : page.devices) {
-        // A list that names only devices gives no channel; the first one is there in any case.
+        // A list may name devices without a channel number; every device has channel 1.
         const int channel = std::max(item.channelNo, 1);
         if (known.emplace(item.deviceSerial, channel).second) {
             channels.push_back(
@@ -33,7 +33,7 @@ bool Take(const DeviceList& page, Known& known, std::vector<Fetched>& channels) 
     return any;
 }
 
-void FetchOne(IVantixDataCenter& center, Fetched& fetched) {
+void FetchOne(IVantixDataCenter& center, FetchedChannel& fetched) {
     DevChannelInfo channel;
     DevDetailInfo device;
     fetched.code = center.getDevDetailInfoSync(fetched.serial, fetched.channel, true, channel, device);
@@ -46,23 +46,23 @@ void FetchOne(IVantixDataCenter& center, Fetched& fetched) {
 
 }  // namespace
 
-int32_t ListChannels(IVantixDataCenter& center, int pageSize, std::vector<Fetched>& channels) {
+int32_t ListChannels(IVantixDataCenter& center, int pageSize, std::vector<FetchedChannel>& channels) {
     Known known;
-    // A page that brings nothing new ends the walk: also that of a server which repeats its first page for ever.
-    for (int number = 0; number < kMostPages; ++number) {
+    // A page without new channels is the last one, also with a server that repeats its first page without end.
+    for (int number = 0; number < kMaxPages; ++number) {
         DeviceList page;
         const int32_t code = center.getDevList(number, pageSize, page);
         if (code != VANTIX_NOERROR) {
             return code;
         }
-        if (!Take(page, known, channels)) {
+        if (!AddNewChannels(page, known, channels)) {
             break;
         }
     }
     return VANTIX_NOERROR;
 }
 
-void FetchAll(IVantixDataCenter& center, int tasks, std::vector<Fetched>& channels,
+void FetchAll(IVantixDataCenter& center, int tasks, std::vector<FetchedChannel>& channels,
               const std::function<void(size_t)>& progress) {
     std::atomic<size_t> next{0};
     size_t done = 0;

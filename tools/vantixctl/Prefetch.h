@@ -11,8 +11,8 @@ class IVantixDataCenter;
 
 namespace vantix::ctl {
 
-/// One channel of the account, and how its detail came.
-struct Fetched {
+/// One channel of the account, and the outcome of fetching its detail.
+struct FetchedChannel {
     std::string serial;
     int channel = 1;
     std::string name;
@@ -22,12 +22,12 @@ struct Fetched {
     std::string release;
 };
 
-/// All channels of the account's device list, page after page. Returns the code of the page that failed, else 0.
-int32_t ListChannels(IVantixDataCenter& center, int pageSize, std::vector<Fetched>& channels);
+/// Reads all pages of the account's device list. Returns the code of the page that failed, else 0.
+int32_t ListChannels(IVantixDataCenter& center, int pageSize, std::vector<FetchedChannel>& channels);
 
-/// Fetches the details of all channels, `tasks` at once. `progress` hears, on any thread but never on two at once,
-/// how many are done.
-void FetchAll(IVantixDataCenter& center, int tasks, std::vector<Fetched>& channels,
+/// Fetches the details of all channels with `tasks` threads. `progress` is called with the number of channels done, on
+/// any thread but never on two at once.
+void FetchAll(IVantixDataCenter& center, int tasks, std::vector<FetchedChannel>& channels,
               const std::function<void(size_t)>& progress);
 
 }  // namespace vantix::ctl

@@ -12,18 +12,18 @@ namespace {
 
 constexpr size_t kLongestText = 160;
 
-/// Members that say again, as text, what another member shows.
-constexpr std::array<std::string_view, 1> kTwins = {"strDeviceRecordList"};
+/// Members with the same content, as text, as another member.
+constexpr std::array<std::string_view, 1> kDuplicates = {"strDeviceRecordList"};
 
-constexpr std::array<std::string_view, 3> kEnvelopeOfAnswer = {"resultCode", "resultDesc", "meta"};
-constexpr std::array<std::string_view, 2> kEnvelopeOfResult = {"code", "msg"};
+constexpr std::array<std::string_view, 3> kEnvelopeMembers = {"resultCode", "resultDesc", "meta"};
+constexpr std::array<std::string_view, 2> kResultEnvelopeMembers = {"code", "msg"};
 
 template <size_t Count>
 bool Contains(const std::array<std::string_view, Count>& names, std::string_view name) {
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-/// A text that is not longer than a few lines of a table.
+/// The text, cut to a few lines of a table when it is longer.
 std::string Cut(const std::string& text) {
     constexpr unsigned kContinuation = 0x80;
     constexpr unsigned kLeadingBits = 0xC0;
@@ -53,7 +53,7 @@ std::string Joined(const Json& texts) {
     return joined;
 }
 
-/// One value of a table: text as it is, yes and no, lists counted or joined.
+/// The cell for one value: text, yes or no, a list of texts joined, the number of entries of another list.
 Cell ScalarCell(const Json& value, bool isSecret) {
     if (value.is_string()) {
         const auto& text = value.get_ref<const std::string&>();
@@ -77,7 +77,7 @@ Cell ScalarCell(const Json& value, bool isSecret) {
     return {Cut(Dumped(value, -1))};
 }
 
-/// The names of the members that the objects of a list have, in the order in which they turn up.
+/// The names of all members of the objects in a list, in order of appearance.
 std::vector<std::string> Keys(const Json& list) {
     std::vector<std::string> keys;
     for (const Json& item : list) {
@@ -90,7 +90,7 @@ std::vector<std::string> Keys(const Json& list) {
     return keys;
 }
 
-/// Objects one under the other, for lists with more columns than a screen has room for.
+/// One table for each object, for lists with too many columns for the screen.
 std::string Records(const Context& context, const Json& list, std::string_view secret) {
     std::string text;
     for (const Json& item : list) {
@@ -99,7 +99,7 @@ std::string Records(const Context& context, const Json& list, std::string_view s
     return text;
 }
 
-/// A column of a list. Names and addresses stay in one piece, other texts may be wrapped.
+/// The column for a member. Texts with blanks may be wrapped, names and addresses are not.
 Column ColumnOf(const Json& list, const std::string& key) {
     const bool isNumber = list.front().contains(key) && list.front()[key].is_number();
     const bool mayWrap = std::any_of(list.begin(), list.end(), [&](const Json& item) {
@@ -135,7 +135,7 @@ std::string ObjectTable(const Context& context, const Json& object, std::string_
     for (const auto& [key, value] : object.items()) {
         if ((value.is_object() && !value.empty()) || IsListOfObjects(value)) {
             below += context.paint(Style::Strong, Printable(key)) + "\n" + Readable(context, value, secret);
-        } else if (!Contains(kTwins, key)) {
+        } else if (!Contains(kDuplicates, key)) {
             table.Add({Cell(key, Style::Accent), ScalarCell(value, key == secret)});
         }
     }
@@ -163,19 +163,19 @@ std::string Readable(const Context& context, const Json& value, std::string_view
     return Dumped(value, -1) + "\n";
 }
 
-Json WithoutEnvelope(const Json& answer) {
-    if (!answer.is_object()) {
-        return answer;
+Json WithoutEnvelope(const Json& response) {
+    if (!response.is_object()) {
+        return response;
     }
     Json rest = Json::object();
-    for (const auto& [key, value] : answer.items()) {
+    for (const auto& [key, value] : response.items()) {
         if (key == "result" && value.is_object()) {
             for (const auto& [inner, content] : value.items()) {
-                if (!Contains(kEnvelopeOfResult, inner)) {
+                if (!Contains(kResultEnvelopeMembers, inner)) {
                     rest[inner] = content;
                 }
             }
-        } else if (!Contains(kEnvelopeOfAnswer, key)) {
+        } else if (!Contains(kEnvelopeMembers, key)) {
             rest[key] = value;
         }
     }

@@ -8,13 +8,12 @@
 
 namespace vantix::ctl {
 
-/// A value for people: tables for objects and lists, plain text for the rest. `secret` names a member to mask.
+/// A value for reading: tables for objects and lists, plain text for the rest. `secret` names a member to mask.
 ///
-/// Long texts are cut and lists inside of tables are counted: machines get them whole.
+/// Long texts are cut, and of a list inside a table only the number of entries is shown.
 std::string Readable(const Context& context, const Json& value, std::string_view secret);
 
-/// A server's good answer without its envelope, whose codes say no more than that it is good. Null when it holds
-/// nothing else.
-Json WithoutEnvelope(const Json& answer);
+/// A server's successful response without its envelope. Null when it has nothing else.
+Json WithoutEnvelope(const Json& response);
 
 }  // namespace vantix::ctl

@@ -3,7 +3,7 @@
 #include <chrono>
 #include <cstdio>
 
-#include "DetailCard.h"
+#include "DetailTable.h"
 #include "Explain.h"
 #include "Readable.h"
 #include "commands/Commands.h"
@@ -13,13 +13,13 @@
 namespace vantix::ctl {
 namespace {
 
-/// An operation's success for people.
+/// The text for the outcome of a successful operation.
 std::string Shown(const Context& context, const Command& command, const Outcome& outcome) {
-    const Json value = outcome.isAnswer ? WithoutEnvelope(outcome.value) : outcome.value;
+    const Json value = outcome.isServerResponse ? WithoutEnvelope(outcome.value) : outcome.value;
     if (value.is_null()) {
         return context.paint(Style::Good, "done") + "\n";
     }
-    return outcome.isDetail ? DetailCard(context, value)
+    return outcome.isDetail ? DetailTable(context, value)
                             : Readable(context, value, context.showSecrets ? "" : command.secret);
 }
 
@@ -42,9 +42,9 @@ Json Document(const Command& command, const Outcome& outcome, int64_t millisecon
     return document;
 }
 
-void ComplainAbout(std::string_view operation, int32_t code) {
+void PrintFailure(std::string_view operation, int32_t code) {
     const Explanation explanation = Explain(code, operation);
-    Complain(std::string(operation) + ": " + std::to_string(code) + ": " + explanation.meaning);
+    PrintError(std::string(operation) + ": " + std::to_string(code) + ": " + explanation.meaning);
     if (!explanation.advice.empty()) {
         for (const std::string& line : Wrapped(explanation.advice, 86)) {
             std::fputs(("           " + line + "\n").c_str(), StandardError::Stream());
@@ -52,15 +52,15 @@ void ComplainAbout(std::string_view operation, int32_t code) {
     }
 }
 
-int RunOperation(const Context& context, const Session& session, const Command& command, const Arguments& arguments,
-                 Json& document) {
+int RunOperation(const Context& context, const Session& session, const Command& command,
+                 const ArgumentValues& arguments, Json& document) {
     using Clock = std::chrono::steady_clock;
     const Clock::time_point start = Clock::now();
     const Outcome outcome = command.operation({session.Center(), arguments});
     const auto cost = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start).count();
     document = Document(command, outcome, cost);
     if (!context.json && outcome.code != VANTIX_NOERROR) {
-        ComplainAbout(command.name, outcome.code);
+        PrintFailure(command.name, outcome.code);
     } else if (!context.json) {
         Print(Shown(context, command, outcome));
     }

@@ -12,14 +12,14 @@ namespace vantix::ctl {
 /// Writes text to standard output.
 void Print(std::string_view text);
 
-/// What an operation answered, as a document for machines.
+/// The outcome of an operation, as a JSON document.
 Json Document(const Command& command, const Outcome& outcome, int64_t milliseconds);
 
-/// Tells the person why an operation failed.
-void ComplainAbout(std::string_view operation, int32_t code);
+/// Prints why an operation failed, to standard error.
+void PrintFailure(std::string_view operation, int32_t code);
 
-/// Runs an operation and prints its answer. Returns the exit status and leaves the document in `document`.
-int RunOperation(const Context& context, const Session& session, const Command& command, const Arguments& arguments,
-                 Json& document);
+/// Runs an operation, stores its outcome in `document` and, without --json, prints it. Returns the exit status.
+int RunOperation(const Context& context, const Session& session, const Command& command,
+                 const ArgumentValues& arguments, Json& document);
 
 }  // namespace vantix::ctl

@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-#include "DetailCard.h"
+#include "DetailTable.h"
 #include "records/RecordJson.h"
 
 namespace vantix::ctl {
@@ -16,8 +16,8 @@ namespace {
 
 constexpr const char* kCamera = "C10000001";
 constexpr const char* kOldCamera = "V40000004";
-constexpr const char* kNobodysCamera = "X99999999";
-constexpr const char* kDeadServer = "https://127.0.0.1:1";
+constexpr const char* kUnknownCamera = "X99999999";
+constexpr const char* kUnreachableServer = "https://127.0.0.1:1";
 constexpr int kChannel = 1;
 constexpr int kPageSize = 20;
 constexpr int kFastForward = 4;
@@ -37,41 +37,42 @@ std::string Mark(bool yes) { return yes ? "✓\u00A0" : "✗\u00A0"; }
 
 }  // namespace
 
-std::string Tour::Token() const { return m_session.Told().Get("access-token"); }
+std::string Tour::Token() const { return m_session.AppliedConfiguration().Get("access-token"); }
 
 Tour::Tour(const SessionChoice& choice) : m_session(OnThisMachine(choice)) {}
 
-bool Tour::WentWell() const {
+bool Tour::Succeeded() const {
     return std::all_of(m_steps.begin(), m_steps.end(), [](const Step& step) { return step.asExpected; });
 }
 
-void Tour::Take() {
-    BeginChapter("set up");
+void Tour::Run() {
+    BeginSection("set up");
     Configure();
-    BeginChapter("fetch and cache");
+    BeginSection("fetch and cache");
     Fetch("Fetch the detail of a channel", kCamera, {VANTIX_ERROR, 0}, "nothing cached yet, so a fetch runs");
-    Fetch("Ask for it again", kCamera, {0, std::nullopt}, "fresh in the cache; no request, no future");
+    Fetch("Ask for it again", kCamera, {0, std::nullopt}, "served from the cache; no request, no future");
     Mark();
-    Fetch("Ask for it once more", kCamera, {0, 0}, "the cached copy at once, a new one behind the future");
+    Fetch("Ask for it once more", kCamera, {0, 0}, "returns the cached copy; the future fetches a new one");
     ReadCapabilities();
     Clear();
-    ReadCache("Look into the empty cache", kCamera, VANTIX_ERROR, "a miss; this operation never asks the cloud");
-    BeginChapter("what else the cloud knows");
+    ReadCache("Read the empty cache", kCamera, VANTIX_ERROR, "a miss; this operation sends no request");
+    BeginSection("other data of the account");
     ListDevices();
-    FindServers();
-    FindDevice();
-    TakeStreamToken();
-    BeginChapter("when it fails");
-    Fetch("Ask for a device that is not there", kNobodysCamera, {VANTIX_ERROR, kNoSuchDevice}, "the platform refuses");
-    Fetch("Ask for a camera of an old release", kOldCamera, {VANTIX_ERROR, 0}, "it can be fetched");
+    GetServers();
+    GetP2PServers();
+    GetStreamTokens();
+    BeginSection("failures");
+    Fetch("Ask for an unknown device", kUnknownCamera, {VANTIX_ERROR, kNoSuchDevice},
+          "the platform refuses the request");
+    Fetch("Ask for a camera of an old release", kOldCamera, {VANTIX_ERROR, 0}, "fetched like any other");
     ReadCache("Read that camera from the cache", kOldCamera, VANTIX_DEV_RELEASE_MISMATCH,
-              "but is not served from there");
-    LoseServer();
+              "only VERSION_17 is served from the cache");
+    FetchFromUnreachableServer();
 }
 
 Step& Tour::Add(std::string title, std::string call, std::string remark) {
     Step step;
-    step.chapter = m_chapter;
+    step.section = m_section;
     step.title = std::move(title);
     step.call = std::move(call);
     step.remark = std::move(remark);
@@ -79,7 +80,7 @@ Step& Tour::Add(std::string title, std::string call, std::string remark) {
 }
 
 void Tour::Configure() {
-    const std::string& platform = m_session.Told().Get("b-domain");
+    const std::string& platform = m_session.AppliedConfiguration().Get("b-domain");
     Step& step = Add("Configure the data center", "setDomain, setAppId, setAccessToken", "the cloud is at " + platform);
     step.asExpected = !platform.empty() && m_session.Center().getDomain(kCamera, kChannel) == platform;
 }
@@ -100,8 +101,8 @@ void Tour::Fetch(const std::string& title, const std::string& serial, const Expe
     if (step.future == VANTIX_NOERROR) {
         bool filled = false;
         const Json detail = {{"channel", ToJson(channel)}, {"device", ToJson(device)}};
-        step.remark += FilledIn("; it is {device.deviceStatus:online} at {device.deviceIP}, {device.releaseVersion}",
-                                detail, false, filled);
+        step.remark += FillPattern("; it is {device.deviceStatus:online} at {device.deviceIP}, {device.releaseVersion}",
+                                   detail, false, filled);
     }
 }
 
@@ -128,7 +129,7 @@ void Tour::ReadCapabilities() {
 }
 
 void Tour::Clear() {
-    Step& step = Add("Clear", "ClearAllCache()", "all caches are empty, the settings stay");
+    Step& step = Add("Clear the caches", "ClearAllCache()", "all caches are empty, the settings stay");
     step.returned = m_session.Center().ClearAllCache();
     step.asExpected = step.returned == VANTIX_NOERROR;
 }
@@ -141,41 +142,41 @@ void Tour::ListDevices() {
     step.asExpected = step.returned == VANTIX_NOERROR && !list.devices.empty();
 }
 
-void Tour::FindServers() {
+void Tour::GetServers() {
     ServerInfo servers;
-    Step& step = Add("Find the servers", "getServerInfoSync(token)", {});
+    Step& step = Add("Get the servers", "getServerInfoSync(token)", {});
     step.returned = m_session.Center().getServerInfoSync(Token(), servers);
     step.cost = servers.iRequestCost;
-    step.remark = "video comes over " + servers.vtmAddr + " and " + std::to_string(servers.vtmBackups.size()) + " more";
+    step.remark =
+        "the video relays are " + servers.vtmAddr + " and " + std::to_string(servers.vtmBackups.size()) + " more";
     step.asExpected = step.returned == VANTIX_NOERROR && !servers.vtmAddr.empty();
 }
 
-void Tour::FindDevice() {
+void Tour::GetP2PServers() {
     P2PDevInfo device;
     Step& step =
-        Add("Find a way to the device itself", std::string("getP2PDevInfoBySerial(token, ") + kCamera + ")", {});
+        Add("Get the P2P servers of a device", std::string("getP2PDevInfoBySerial(token, ") + kCamera + ")", {});
     step.returned = m_session.Center().getP2PDevInfoBySerial(device, Token(), kCamera);
     step.cost = device.iRequestCost;
-    step.remark = std::to_string(device.serverInfos.size()) + " servers bring the two together  " +
-                  ctl::Mark(device.strV3Download == "1") + "downloads over version 3";
+    step.remark = std::to_string(device.serverInfos.size()) + " servers  " + ctl::Mark(device.strV3Download == "1") +
+                  "downloads over P2P version 3";
     step.asExpected = step.returned == VANTIX_NOERROR && !device.serverInfos.empty();
 }
 
-void Tour::TakeStreamToken() {
+void Tour::GetStreamTokens() {
     std::string first;
     std::string second;
-    Step& step = Add("Take two stream tokens", "getOneStreamToken(token)",
-                     "one request brings a batch; the second token comes from the queue");
+    Step& step = Add("Get two stream tokens", "getOneStreamToken(token)",
+                     "one request returns a batch; the second token comes from the queue");
     step.returned = m_session.Center().getOneStreamToken(Token(), first);
     step.asExpected = step.returned == VANTIX_NOERROR &&
                       m_session.Center().getOneStreamToken(Token(), second) == VANTIX_NOERROR && first != second;
 }
 
-void Tour::LoseServer() {
-    m_session.Center().setDomain(kDeadServer, {});
-    Fetch("Ask a server that is not there", kCamera, {VANTIX_ERROR, kConnectionRefused},
-          "nobody listens at that address");
-    m_session.Center().setDomain(m_session.Told().Get("b-domain"), {});
+void Tour::FetchFromUnreachableServer() {
+    m_session.Center().setDomain(kUnreachableServer, {});
+    Fetch("Ask an unreachable server", kCamera, {VANTIX_ERROR, kConnectionRefused}, "nothing listens at that address");
+    m_session.Center().setDomain(m_session.AppliedConfiguration().Get("b-domain"), {});
 }
 
 }  // namespace vantix::ctl

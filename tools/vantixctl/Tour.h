@@ -10,33 +10,33 @@
 
 namespace vantix::ctl {
 
-/// One step of the tour: what was done, and what came of it.
+/// One step of the tour: the call and its outcome.
 struct Step {
-    std::string chapter;
+    std::string section;
     std::string title;
     std::string call;
     std::string remark;
     std::optional<int32_t> returned = std::nullopt;
-    std::optional<int32_t> future = std::nullopt;  ///< what it yielded, when one was handed back
-    std::optional<int32_t> cost = std::nullopt;    ///< milliseconds, as the record tells
-    bool takesFuture = false;                      ///< the call could hand one back
-    bool asExpected = false;                       ///< this is what a healthy data center does
+    std::optional<int32_t> future = std::nullopt;  ///< what the future yielded, when there was one
+    std::optional<int32_t> cost = std::nullopt;    ///< milliseconds, from the record
+    bool takesFuture = false;                      ///< the call may return a future
+    bool asExpected = false;                       ///< the outcome is the expected one
 };
 
-/// What the data center does for a host, step by step, against the loopback cloud.
+/// A tour of the data center against the loopback cloud, step by step.
 class Tour {
 public:
-    /// Uses the choice's log and text form; its configuration stays aside, so that a tour never leaves the machine.
+    /// Uses the log and the text encoding of the choice, but not its configuration: a tour never leaves the machine.
     explicit Tour(const SessionChoice& choice);
 
-    /// Takes all steps, once.
-    void Take();
+    /// Runs all steps. Call once.
+    void Run();
 
     const std::vector<Step>& Steps() const { return m_steps; }
-    /// Whether every step went as it should.
-    bool WentWell() const;
-    /// What the loopback cloud saw.
-    std::vector<SeenRequest> Seen() const { return m_session.Loopback()->Seen(); }
+    /// Whether every step had the expected outcome.
+    bool Succeeded() const;
+    /// The requests that the loopback cloud received.
+    std::vector<ReceivedRequest> ReceivedRequests() const { return m_session.Loopback()->ReceivedRequests(); }
 
 private:
     struct Expected {
@@ -45,7 +45,7 @@ private:
     };
 
     std::string Token() const;
-    void BeginChapter(std::string_view chapter) { m_chapter = chapter; }
+    void BeginSection(std::string_view section) { m_section = section; }
     Step& Add(std::string title, std::string call, std::string remark);
 
     void Configure();
@@ -56,13 +56,13 @@ private:
     void ReadCapabilities();
     void Clear();
     void ListDevices();
-    void FindServers();
-    void FindDevice();
-    void TakeStreamToken();
-    void LoseServer();
+    void GetServers();
+    void GetP2PServers();
+    void GetStreamTokens();
+    void FetchFromUnreachableServer();
 
     Session m_session;
-    std::string m_chapter;
+    std::string m_section;
     std::vector<Step> m_steps;
 };
 

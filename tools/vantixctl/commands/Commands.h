@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// The commands of the tool's own. Each returns the exit status.
+/// The commands of the tool that are not operations of the interface. Each returns the exit status.
 
 #include <span>
 
@@ -13,14 +13,14 @@ namespace vantix::ctl {
 constexpr int kSuccess = 0;
 constexpr int kFailure = 1;
 
-int RunTour(Context& context, const Arguments& arguments);
-int RunDetail(Context& context, const Arguments& arguments);
-int RunExplain(Context& context, const Arguments& arguments);
-int RunPrefetch(Context& context, const Arguments& arguments);
-int RunWatch(Context& context, const Arguments& arguments);
-int RunOperations(Context& context, const Arguments& arguments);
-int RunCompletion(Context& context, const Arguments& arguments);
-int RunHelp(Context& context, const Arguments& arguments);
+int RunTour(Context& context, const ArgumentValues& arguments);
+int RunDetail(Context& context, const ArgumentValues& arguments);
+int RunExplain(Context& context, const ArgumentValues& arguments);
+int RunPrefetch(Context& context, const ArgumentValues& arguments);
+int RunWatch(Context& context, const ArgumentValues& arguments);
+int RunOperations(Context& context, const ArgumentValues& arguments);
+int RunCompletion(Context& context, const ArgumentValues& arguments);
+int RunHelp(Context& context, const ArgumentValues& arguments);
 
 std::span<const Command> ToolCommands();
 

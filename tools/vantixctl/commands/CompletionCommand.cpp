@@ -1,4 +1,4 @@
-// Completion for bash, from the same rows that the command line is read with.
+// Completion for bash, from the same tables as the command line.
 
 #include "CommandLine.h"
 #include "Report.h"
@@ -30,7 +30,7 @@ std::string CommonOptions() {
     return names;
 }
 
-/// Options whose value is nothing that could be completed here.
+/// Options whose values are not completed.
 std::string OptionsWithValue() {
     std::string names;
     const auto add = [&](std::string_view name) { names += (names.empty() ? "" : "|") + Dashed(name); };
@@ -43,14 +43,14 @@ std::string OptionsWithValue() {
     return names;
 }
 
-/// The case branches that name the options of each command.
+/// The branches of the script's case statement: the options of each command.
 std::string OptionBranches() {
     std::string branches;
     for (const Family& family : Families()) {
         for (const Command& command : family.commands) {
             std::string options;
-            for (const Use& use : command.uses.All()) {
-                options += (options.empty() ? "" : " ") + Dashed(use.name);
+            for (const Argument& argument : command.arguments.All()) {
+                options += (options.empty() ? "" : " ") + Dashed(argument.name);
             }
             if (!options.empty()) {
                 branches += "        " + std::string(command.name) + ") own='" + options + "' ;;\n";
@@ -101,7 +101,7 @@ std::string BashScript() {
 
 }  // namespace
 
-int RunCompletion(Context& /*context*/, const Arguments& arguments) {
+int RunCompletion(Context& /*context*/, const ArgumentValues& arguments) {
     if (arguments.Text("shell") != "bash") {
         throw UsageError("completion knows bash only, not \"" + arguments.Text("shell") + "\"");
     }

@@ -1,13 +1,13 @@
-#include "DetailCard.h"
+#include "DetailTable.h"
 #include "Report.h"
 #include "commands/Commands.h"
 
 namespace vantix::ctl {
 
-int RunDetail(Context& context, const Arguments& arguments) {
+int RunDetail(Context& context, const ArgumentValues& arguments) {
     const Session session(context.session);
     const Command& command = *FindCommand("detail");
-    Arguments fresh = arguments;
+    ArgumentValues fresh = arguments;
     fresh.Set("force", "1");
     const Outcome outcome = FindCommand("getDevDetailInfoSync")->operation({session.Center(), fresh});
     if (context.json) {
@@ -15,9 +15,9 @@ int RunDetail(Context& context, const Arguments& arguments) {
             outcome.code == VANTIX_NOERROR ? outcome.value["device"]["iRequestCost"].get<int64_t>() : 0;
         Print(Dumped(Document(command, outcome, cost)) + "\n");
     } else if (outcome.code == VANTIX_NOERROR) {
-        Print(DetailCard(context, outcome.value));
+        Print(DetailTable(context, outcome.value));
     } else {
-        ComplainAbout("detail", outcome.code);
+        PrintFailure("detail", outcome.code);
     }
     return outcome.code == VANTIX_NOERROR ? kSuccess : kFailure;
 }

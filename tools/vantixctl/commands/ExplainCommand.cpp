@@ -6,7 +6,7 @@
 
 namespace vantix::ctl {
 
-int RunExplain(Context& context, const Arguments& arguments) {
+int RunExplain(Context& context, const ArgumentValues& arguments) {
     const int code = arguments.Number("code");
     const Explanation explanation = Explain(code);
     if (context.json) {

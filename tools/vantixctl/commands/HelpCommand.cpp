@@ -1,4 +1,4 @@
-// Help, for the tool and for each command, from the same rows that the command line is read with.
+// Help, for the tool and for each command, from the same tables as the command line.
 
 #include <algorithm>
 #include <cctype>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kNameColumn = 28;
 
-/// "  name      help", the help wrapped and indented.
+/// "  name      help", with the help wrapped and indented.
 std::string HelpLine(const Context& context, const std::string& name, std::string_view help) {
     const int indent = kNameColumn + 2;
     std::string text = "  " + context.paint(Style::Accent, name);
@@ -43,34 +43,34 @@ std::string Capitals(std::string_view name) {
     return text;
 }
 
-/// "serial [channel]" in capitals: what may be given without names.
+/// "vantixctl NAME SERIAL [CHANNEL]": the arguments that may be given without their names.
 std::string Usage(const Command& command) {
     std::string usage = "vantixctl " + std::string(command.name);
-    for (const Use& use : command.uses.All()) {
-        const bool isFlag = FindParameter(use.name).kind == Kind::Flag;
-        const std::string shown = isFlag ? OptionName(use.name, {}) : Capitals(use.name);
-        usage += use.fallback ? " [" + shown + "]" : " " + shown;
+    for (const Argument& argument : command.arguments.All()) {
+        const bool isFlag = FindParameter(argument.name).kind == Kind::Flag;
+        const std::string shown = isFlag ? OptionName(argument.name, {}) : Capitals(argument.name);
+        usage += argument.fallback ? " [" + shown + "]" : " " + shown;
     }
     return usage;
 }
 
-std::string ArgumentHelp(const Use& use) {
-    const Parameter& parameter = FindParameter(use.name);
-    const bool worthTelling = use.fallback && !use.fallback->empty() && parameter.kind != Kind::Flag;
+std::string ArgumentHelp(const Argument& argument) {
+    const Parameter& parameter = FindParameter(argument.name);
+    const bool isShown = argument.fallback && !argument.fallback->empty() && parameter.kind != Kind::Flag;
     return std::string(parameter.help) +
-           (worthTelling ? " (" + std::string(*use.fallback) + " when not given)" : std::string());
+           (isShown ? " (default " + std::string(*argument.fallback) + ")" : std::string());
 }
 
 std::string SettingsHelp(const Context& context) {
-    std::string text = Heading(context, "Whom to ask, and as whom");
+    std::string text = Heading(context, "Servers and credentials");
     for (const Setting& setting : Settings()) {
         text += HelpLine(context, OptionName(setting.option, setting.placeholder), setting.help);
     }
     text +=
-        "\n  Each also comes from the environment (VANTIXCTL_B_DOMAIN, VANTIXCTL_ACCESS_TOKEN, …) and from the\n"
-        "  file of --credentials or VANTIXCTL_CREDENTIALS ({\"bDomain\": …, \"accessToken\": …}); an option wins\n"
-        "  over the environment, and that over the file. Without a domain the tool starts a loopback cloud of\n"
-        "  its own and asks that with its sample account.\n";
+        "\n  Each can also be set in the environment (VANTIXCTL_B_DOMAIN, VANTIXCTL_ACCESS_TOKEN, …) and in the file\n"
+        "  of --credentials or VANTIXCTL_CREDENTIALS ({\"bDomain\": …, \"accessToken\": …}). An option overrides the\n"
+        "  environment, the environment overrides the file. Without a domain the tool starts its own loopback\n"
+        "  cloud and uses its sample account.\n";
     return text;
 }
 
@@ -78,7 +78,7 @@ std::string SettingsHelp(const Context& context) {
 
 std::string HelpText(const Context& context) {
     std::string text = context.paint(Style::Strong, "vantixctl") +
-                       ": asks the data center what the cloud knows about cameras and recorders\n\n"
+                       ": a host of the data center for the command line\n\n"
                        "  vantixctl [OPTION…] COMMAND [ARGUMENT…] [then COMMAND [ARGUMENT…]]…\n";
     text += Heading(context, Families().front().title);
     for (const Command& command : Families().front().commands) {
@@ -86,7 +86,7 @@ std::string HelpText(const Context& context) {
     }
     text += Heading(context, "Operations");
     text +=
-        "  Every operation of the interface is a command of its name: vantixctl getTicketInfo C10000001 1.\n"
+        "  Every operation of the interface is a command with the same name: vantixctl getTicketInfo C10000001 1.\n"
         "  \"vantixctl operations\" lists them. Caches last as long as the tool runs: chain operations with\n"
         "  \"then\", as in vantixctl getDevDetailInfoSync C10000001 then IsSupportSeekPlayback C10000001.\n";
     text += Heading(context, "Options");
@@ -95,7 +95,7 @@ std::string HelpText(const Context& context) {
     }
     text += SettingsHelp(context);
     text += Heading(context, "Exit status");
-    text += "  0 success, 1 the operation failed, 2 wrong usage. \"vantixctl explain CODE\" tells what a code means.\n";
+    text += "  0 success, 1 the operation failed, 2 wrong usage. \"vantixctl explain CODE\" explains a code.\n";
     return text;
 }
 
@@ -103,19 +103,20 @@ std::string HelpText(const Context& context, const Command& command) {
     std::string text = context.paint(Style::Strong, std::string(command.name)) + ": " + std::string(command.help);
     text += command.IsOperation() ? " (slot " + std::to_string(command.slot) + ")\n" : "\n";
     text += "\n  " + Usage(command) + "\n";
-    if (!command.uses.All().empty()) {
+    if (!command.arguments.All().empty()) {
         text += Heading(context, "Arguments, in this order or by name");
     }
-    for (const Use& use : command.uses.All()) {
-        text += HelpLine(context, OptionName(use.name, FindParameter(use.name).placeholder), ArgumentHelp(use));
+    for (const Argument& argument : command.arguments.All()) {
+        text += HelpLine(context, OptionName(argument.name, FindParameter(argument.name).placeholder),
+                         ArgumentHelp(argument));
     }
     if (!command.more.empty()) {
         text += "\n" + std::string(command.more) + "\n";
     }
-    return text + "\n\"vantixctl --help\" lists the options that every command understands.\n";
+    return text + "\n\"vantixctl --help\" lists the options that every command accepts.\n";
 }
 
-int RunHelp(Context& context, const Arguments& arguments) {
+int RunHelp(Context& context, const ArgumentValues& arguments) {
     const std::string& name = arguments.Text("command");
     if (name.empty()) {
         Print(HelpText(context));

@@ -7,12 +7,13 @@ namespace {
 
 Json AsJson(const Command& command, std::string_view family) {
     Json arguments = Json::array();
-    for (const Use& use : command.uses.All()) {
-        Json argument = {{"name", use.name}, {"required", !use.fallback}, {"help", FindParameter(use.name).help}};
-        if (use.fallback) {
-            argument["default"] = *use.fallback;
+    for (const Argument& argument : command.arguments.All()) {
+        Json entry = {
+            {"name", argument.name}, {"required", !argument.fallback}, {"help", FindParameter(argument.name).help}};
+        if (argument.fallback) {
+            entry["default"] = *argument.fallback;
         }
-        arguments.push_back(std::move(argument));
+        arguments.push_back(std::move(entry));
     }
     return {{"slot", command.slot},
             {"name", command.name},
@@ -23,7 +24,7 @@ Json AsJson(const Command& command, std::string_view family) {
 
 }  // namespace
 
-int RunOperations(Context& context, const Arguments& /*arguments*/) {
+int RunOperations(Context& context, const ArgumentValues& /*arguments*/) {
     Json list = Json::array();
     Table table({{"slot", Align::Right}, {"operation"}, {"", Align::Left, true}});
     for (const Family& family : Families().subspan(1)) {
@@ -39,7 +40,7 @@ int RunOperations(Context& context, const Arguments& /*arguments*/) {
     }
     Print(context.json ? Dumped(list) + "\n"
                        : table.Drawn(context.paint, context.width) +
-                             "  \"vantixctl help NAME\" tells the arguments of an operation.\n");
+                             "  \"vantixctl help NAME\" explains the arguments of an operation.\n");
     return kSuccess;
 }
 

@@ -11,9 +11,9 @@
 namespace vantix::ctl {
 namespace {
 
-constexpr int kMostTasks = 32;
+constexpr int kMaxTasks = 32;
 
-/// A bar on standard error, where a terminal shows it.
+/// A progress bar on standard error, shown only on a terminal.
 class ProgressBar {
 public:
     explicit ProgressBar(size_t total) : m_total(total), m_shown(IsTerminal(StandardError::Stream())) {}
@@ -45,32 +45,32 @@ private:
     bool m_shown;
 };
 
-bool IsGood(const Fetched& fetched) { return fetched.code == VANTIX_NOERROR; }
+bool IsGood(const FetchedChannel& fetched) { return fetched.code == VANTIX_NOERROR; }
 
-Cell StateCell(const Fetched& fetched) {
+Cell StateCell(const FetchedChannel& fetched) {
     if (!IsGood(fetched)) {
         return {std::to_string(fetched.code) + ": " + Explain(fetched.code).meaning, Style::Bad};
     }
     return fetched.isOnline ? Cell("● online", Style::Good) : Cell("○ offline", Style::Faint);
 }
 
-std::string AsTable(const Context& context, const std::vector<Fetched>& channels) {
+std::string AsTable(const Context& context, const std::vector<FetchedChannel>& channels) {
     Table table({{"serial"},
                  {"channel", Align::Right},
                  {"name", Align::Left, true},
                  {"state", Align::Left, true},
                  {"release"},
                  {"cost", Align::Right}});
-    for (const Fetched& fetched : channels) {
+    for (const FetchedChannel& fetched : channels) {
         table.Add({Cell(fetched.serial), std::to_string(fetched.channel), Cell(fetched.name), StateCell(fetched),
                    Cell(fetched.release), std::to_string(fetched.cost) + " ms"});
     }
     return table.Drawn(context.paint, context.width);
 }
 
-Json AsJson(const std::vector<Fetched>& channels) {
+Json AsJson(const std::vector<FetchedChannel>& channels) {
     Json list = Json::array();
-    for (const Fetched& fetched : channels) {
+    for (const FetchedChannel& fetched : channels) {
         list.push_back({{"serial", fetched.serial},
                         {"channel", fetched.channel},
                         {"name", fetched.name},
@@ -83,7 +83,7 @@ Json AsJson(const std::vector<Fetched>& channels) {
     return list;
 }
 
-int NumberWithin(const Arguments& arguments, std::string_view name, int least, int most) {
+int NumberWithin(const ArgumentValues& arguments, std::string_view name, int least, int most) {
     const int number = arguments.Number(name);
     if (number < least || number > most) {
         throw UsageError("--" + std::string(name) + " takes a number from " + std::to_string(least) + " to " +
@@ -94,15 +94,15 @@ int NumberWithin(const Arguments& arguments, std::string_view name, int least, i
 
 }  // namespace
 
-int RunPrefetch(Context& context, const Arguments& arguments) {
+int RunPrefetch(Context& context, const ArgumentValues& arguments) {
     constexpr int kLargestPage = 1000;
-    const int tasks = NumberWithin(arguments, "tasks", 1, kMostTasks);
+    const int tasks = NumberWithin(arguments, "tasks", 1, kMaxTasks);
     const int pageSize = NumberWithin(arguments, "page-size", 1, kLargestPage);
     const Session session(context.session);
-    std::vector<Fetched> channels;
+    std::vector<FetchedChannel> channels;
     const int32_t listed = ListChannels(session.Center(), pageSize, channels);
     if (listed != VANTIX_NOERROR) {
-        ComplainAbout("prefetch: getDevList", listed);
+        PrintFailure("prefetch: getDevList", listed);
         return kFailure;
     }
     const ProgressBar bar(channels.size());

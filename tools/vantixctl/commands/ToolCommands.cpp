@@ -3,8 +3,8 @@
 namespace vantix::ctl {
 namespace {
 
-constexpr Use kSerial{"serial"};
-constexpr Use kChannel{"channel", "1"};
+constexpr Argument kSerial{"serial"};
+constexpr Argument kChannel{"channel", "1"};
 
 constexpr std::array kRows = {
     Command{"tour",
@@ -14,8 +14,9 @@ constexpr std::array kRows = {
             nullptr,
             &RunTour,
             {},
-            "Fetches a detail, serves it from the cache, marks, clears, misses and fails; then prints what the cloud\n"
-            "received, secrets masked. Needs no account and no network."},
+            "Fetches a detail, reads it from the cache, marks it for update, clears the caches, calls some other\n"
+            "operations and provokes failures; then prints the requests that the cloud received, with secrets masked.\n"
+            "Needs no account and no network."},
     Command{"detail",
             kNoSlot,
             {kSerial, kChannel},
@@ -23,17 +24,18 @@ constexpr std::array kRows = {
             nullptr,
             &RunDetail,
             "encryptPwd",
-            "Without a domain it asks the loopback cloud, whose sample account has the devices C10000001 (a camera),\n"
-            "R20000016 (a recorder with 16 channels), B30000003 (a camera behind it) and some more."},
-    Command{"prefetch",
-            kNoSlot,
-            {{"tasks", "4"}, {"page-size", "50"}},
-            "fetches the details of all the account's channels",
-            nullptr,
-            &RunPrefetch,
-            {},
-            "Walks the account's device list page by page and fetches every channel's detail, so many at once; shows\n"
-            "a bar meanwhile and a table of what came. Fails when one of them did."},
+            "Without a domain it asks the loopback cloud. Its sample account has the devices C10000001 (a camera),\n"
+            "R20000016 (a recorder with 16 channels), B30000003 (a camera on that recorder) and others."},
+    Command{
+        "prefetch",
+        kNoSlot,
+        {{"tasks", "4"}, {"page-size", "50"}},
+        "fetches the details of all channels of the account",
+        nullptr,
+        &RunPrefetch,
+        {},
+        "Reads the account's device list page by page and fetches every channel's detail, --tasks at once. Shows a\n"
+        "progress bar, then a table of the channels. Fails when a fetch fails."},
     Command{"watch",
             kNoSlot,
             {kSerial, kChannel, {"interval", "2"}, {"times", "0"}},
@@ -41,16 +43,10 @@ constexpr std::array kRows = {
             nullptr,
             &RunWatch,
             "encryptPwd",
-            "Fetches again and again until it is interrupted, and prints what is different from the time before.\n"
-            "With --json a line of JSON for each change."},
-    Command{"explain",
-            kNoSlot,
-            {{"code"}},
-            "says a return code in words",
-            nullptr,
-            &RunExplain,
-            {},
-            "vantixctl explain 310002"},
+            "Fetches the detail repeatedly until it is interrupted, and prints what changes.\n"
+            "With --json it prints a line of JSON for each change."},
+    Command{
+        "explain", kNoSlot, {{"code"}}, "explains a return code", nullptr, &RunExplain, {}, "vantixctl explain 310002"},
     Command{"operations", kNoSlot, {}, "lists the operations of the interface by slot", nullptr, &RunOperations},
     Command{"completion",
             kNoSlot,

@@ -35,12 +35,11 @@ std::string StepTable(const Context& context, const std::vector<Step>& steps) {
                  {"cost", Align::Right}});
     for (size_t index = 0; index < steps.size(); ++index) {
         const Step& step = steps[index];
-        if (index > 0 && step.chapter != steps[index - 1].chapter) {
+        if (index > 0 && step.section != steps[index - 1].section) {
             table.AddRule();
         }
-        const Paragraph title = step.asExpected
-                                    ? Paragraph{step.title, Style::Strong}
-                                    : Paragraph{step.title + ": this is not what should happen", Style::Bad};
+        const Paragraph title = step.asExpected ? Paragraph{step.title, Style::Strong}
+                                                : Paragraph{step.title + ": unexpected result", Style::Bad};
         table.Add({Cell(std::to_string(index + 1)), Cell({title, {step.call + ": " + step.remark, Style::Faint}}),
                    CodeCell(step.returned), FutureCell(step), CostCell(step)});
     }
@@ -66,12 +65,12 @@ std::string CodeTable(const Context& context, const std::vector<Step>& steps) {
 
 void PrintForPeople(const Context& context, const Tour& tour) {
     const auto heading = [&](std::string_view text) { return "\n  " + context.paint(Style::Strong, text) + "\n"; };
-    const bool well = tour.WentWell();
+    const bool succeeded = tour.Succeeded();
     Print(heading("A tour of the data center") + StepTable(context, tour.Steps()) +
-          heading("What these return codes mean") + CodeTable(context, tour.Steps()) + heading("What the cloud saw") +
-          JournalTable(context, tour.Seen()) + "\n  " +
-          context.paint(well ? Style::Good : Style::Bad, well ? "✓" : "✗") +
-          (well ? " every step went as it should\n" : " not every step went as it should\n"));
+          heading("What these return codes mean") + CodeTable(context, tour.Steps()) +
+          heading("What the cloud received") + JournalTable(context, tour.ReceivedRequests()) + "\n  " +
+          context.paint(succeeded ? Style::Good : Style::Bad, succeeded ? "✓" : "✗") +
+          (succeeded ? " every step went as it should\n" : " not every step went as it should\n"));
 }
 
 Json CodeOrNull(const std::optional<int32_t>& code) { return code ? Json(*code) : Json(nullptr); }
@@ -79,7 +78,7 @@ Json CodeOrNull(const std::optional<int32_t>& code) { return code ? Json(*code) 
 Json AsJson(const Tour& tour) {
     Json steps = Json::array();
     for (const Step& step : tour.Steps()) {
-        steps.push_back({{"chapter", step.chapter},
+        steps.push_back({{"section", step.section},
                          {"title", step.title},
                          {"call", step.call},
                          {"remark", step.remark},
@@ -88,23 +87,23 @@ Json AsJson(const Tour& tour) {
                          {"cost", CodeOrNull(step.cost)},
                          {"asExpected", step.asExpected}});
     }
-    return {{"steps", std::move(steps)}, {"seen", JournalJson(tour.Seen())}};
+    return {{"steps", std::move(steps)}, {"requests", JournalJson(tour.ReceivedRequests())}};
 }
 
 }  // namespace
 
-int RunTour(Context& context, const Arguments& /*arguments*/) {
+int RunTour(Context& context, const ArgumentValues& /*arguments*/) {
     if (!Cloud::IsAvailable()) {
         throw std::runtime_error("this build has no loopback cloud to tour");
     }
     Tour tour(context.session);
-    tour.Take();
+    tour.Run();
     if (context.json) {
         Print(Dumped(AsJson(tour)) + "\n");
     } else {
         PrintForPeople(context, tour);
     }
-    return tour.WentWell() ? kSuccess : kFailure;
+    return tour.Succeeded() ? kSuccess : kFailure;
 }
 
 }  // namespace vantix::ctl

@@ -5,7 +5,7 @@
 #include <ctime>
 #include <thread>
 
-#include "DetailCard.h"
+#include "DetailTable.h"
 #include "Explain.h"
 #include "Report.h"
 #include "commands/Commands.h"
@@ -18,22 +18,22 @@ std::atomic<bool> g_interrupted{false};
 
 void Interrupt(int /*signal*/) { g_interrupted = true; }
 
-/// One difference between two looks.
+/// One difference between two fetches.
 struct Change {
     std::string member;
     Json before;
     Json after;
 };
 
-/// Members that change with every look.
-constexpr std::array<std::string_view, 4> kRestless = {"iRequestCost", "tCacheTime", "isFromCache", "isUpdate"};
+/// Members that change with every fetch.
+constexpr std::array<std::string_view, 4> kVolatile = {"iRequestCost", "tCacheTime", "isFromCache", "isUpdate"};
 
 std::vector<Change> Changes(const Json& before, const Json& after) {
     std::vector<Change> changes;
     for (const auto& [part, record] : after.items()) {
         for (const auto& [key, value] : record.items()) {
-            const bool isRestless = std::find(kRestless.begin(), kRestless.end(), key) != kRestless.end();
-            if (!isRestless && before[part][key] != value) {
+            const bool isVolatile = std::find(kVolatile.begin(), kVolatile.end(), key) != kVolatile.end();
+            if (!isVolatile && before[part][key] != value) {
                 changes.push_back({std::string(part).append(".").append(key), before[part][key], value});
             }
         }
@@ -52,20 +52,20 @@ class Watcher {
 public:
     Watcher(const Context& context, std::string_view secret) : m_context(context), m_secret(secret) {}
 
-    /// Tells what is new in this answer.
-    void Look(const Outcome& outcome) {
+    /// Prints what has changed since the last outcome.
+    void Report(const Outcome& outcome) {
         if (outcome.code != m_code) {
-            TellCode(outcome.code);
+            PrintCode(outcome.code);
         }
         m_code = outcome.code;
         if (outcome.code != VANTIX_NOERROR) {
             return;
         }
         if (m_last.is_null()) {
-            TellStart(outcome.value);
+            PrintStart(outcome.value);
         } else {
             for (const Change& change : Changes(m_last, outcome.value)) {
-                TellChange(change);
+                PrintChange(change);
             }
         }
         m_last = outcome.value;
@@ -78,30 +78,30 @@ private:
 
     void PrintLine(const Json& document) const { Print(Dumped(document, -1) + "\n"); }
 
-    void TellCode(int32_t code) const {
+    void PrintCode(int32_t code) const {
         if (m_context.json) {
             PrintLine({{"time", Clock()}, {"code", code}, {"meaning", Explain(code).meaning}});
         } else if (code != VANTIX_NOERROR) {
             Print(Stamp() + m_context.paint(Style::Bad, std::to_string(code)) + "  " + Explain(code).meaning + "\n");
         } else {
-            Print(Stamp() + m_context.paint(Style::Good, "it answers again") + "\n");
+            Print(Stamp() + m_context.paint(Style::Good, "it can be fetched again") + "\n");
         }
     }
 
-    void TellStart(const Json& detail) const {
+    void PrintStart(const Json& detail) const {
         if (m_context.json) {
             PrintLine({{"time", Clock()}, {"code", 0}, {"result", detail}});
             return;
         }
         bool filled = false;
         Print(Stamp() +
-              FilledIn("{device.deviceSerial}, channel {channel.cameraNo}: {device.deviceStatus:online}, level "
-                       "{channel.videoLevel}, {device.deviceIP}",
-                       detail, false, filled) +
+              FillPattern("{device.deviceSerial}, channel {channel.cameraNo}: {device.deviceStatus:online}, level "
+                          "{channel.videoLevel}, {device.deviceIP}",
+                          detail, false, filled) +
               "\n");
     }
 
-    void TellChange(const Change& change) const {
+    void PrintChange(const Change& change) const {
         if (m_context.json) {
             PrintLine(
                 {{"time", Clock()}, {"member", change.member}, {"before", change.before}, {"after", change.after}});
@@ -126,8 +126,8 @@ private:
     int32_t m_code = VANTIX_NOERROR;
 };
 
-/// Sleeps, but not through an interruption.
-void Pause(int seconds) {
+/// Sleeps until the time is over or the program is interrupted.
+void Sleep(int seconds) {
     constexpr std::chrono::milliseconds kSlice{50};
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(seconds);
     while (!g_interrupted && std::chrono::steady_clock::now() < end) {
@@ -135,7 +135,7 @@ void Pause(int seconds) {
     }
 }
 
-void TellControl(const Context& context, const Session& session, const std::string& serial) {
+void PrintControlHint(const Context& context, const Session& session, const std::string& serial) {
     if (session.Loopback() == nullptr || context.json) {
         return;
     }
@@ -148,23 +148,23 @@ void TellControl(const Context& context, const Session& session, const std::stri
 
 }  // namespace
 
-int RunWatch(Context& context, const Arguments& arguments) {
+int RunWatch(Context& context, const ArgumentValues& arguments) {
     const int interval = arguments.Number("interval");
     const int times = arguments.Number("times");
     if (interval < 0 || times < 0) {
         throw UsageError("--interval and --times take no negative numbers");
     }
     const Session session(context.session);
-    Arguments fresh = arguments;
+    ArgumentValues fresh = arguments;
     fresh.Set("force", "1");
     std::signal(SIGINT, &Interrupt);
-    TellControl(context, session, arguments.Text("serial"));
+    PrintControlHint(context, session, arguments.Text("serial"));
     Watcher watcher(context, FindCommand("watch")->secret);
-    for (int look = 0; !g_interrupted && (times == 0 || look < times); ++look) {
-        if (look > 0) {
-            Pause(interval);
+    for (int count = 0; !g_interrupted && (times == 0 || count < times); ++count) {
+        if (count > 0) {
+            Sleep(interval);
         }
-        watcher.Look(FindCommand("getDevDetailInfoSync")->operation({session.Center(), fresh}));
+        watcher.Report(FindCommand("getDevDetailInfoSync")->operation({session.Center(), fresh}));
     }
     return watcher.LastWasGood() ? kSuccess : kFailure;
 }

@@ -1,14 +1,14 @@
 #include <vantix/records/DevChannelInfo.h>
 #include <vantix/records/DevDetailInfo.h>
 
-#include "operations/Answers.h"
 #include "operations/Operations.h"
+#include "operations/Outcomes.h"
 
 namespace vantix::ctl {
 namespace {
 
-constexpr Use kSerial{"serial"};
-constexpr Use kChannel{"channel", "1"};
+constexpr Argument kSerial{"serial"};
+constexpr Argument kChannel{"channel", "1"};
 constexpr std::string_view kSecret = "encryptPwd";
 
 /// `int call(DevChannelInfo&, DevDetailInfo&)`: both records of a channel.
@@ -17,7 +17,7 @@ Outcome Pair(const Function& call) {
     DevChannelInfo channel;
     DevDetailInfo device;
     const int code = call(channel, device);
-    Outcome outcome = answers::WithValue(code, {{"channel", ToJson(channel)}, {"device", ToJson(device)}});
+    Outcome outcome = outcomes::WithValue(code, {{"channel", ToJson(channel)}, {"device", ToJson(device)}});
     outcome.isDetail = code == VANTIX_NOERROR;
     return outcome;
 }
@@ -41,7 +41,7 @@ constexpr std::array kRows = {
     Command{"getDevDetailInfoSync",
             5,
             {kSerial, kChannel, {"force", "0"}},
-            "a channel's detail, however old",
+            "a channel's detail, also from an expired cache entry",
             [](const Call& call) {
                 return Pair([&](DevChannelInfo& channel, DevDetailInfo& device) {
                     return call.center.getDevDetailInfoSync(call.Serial(), call.Channel(), call.Flag("force"), channel,
@@ -67,7 +67,7 @@ constexpr std::array kRows = {
             {kSerial, kChannel},
             "whether the device downloads over the third P2P version",
             [](const Call& call) {
-                return answers::YesNo([&] { return call.center.isP2PV3download(call.Serial(), call.Channel()); });
+                return outcomes::YesNo([&] { return call.center.isP2PV3download(call.Serial(), call.Channel()); });
             }},
     Command{"getDevDetailInfoByRelation",
             8,
@@ -85,39 +85,40 @@ constexpr std::array kRows = {
             {kSerial, kChannel},
             "the cached channel's trust value",
             [](const Call& call) {
-                return answers::Number([&] { return call.center.getChannelCacheValue(call.Serial(), call.Channel()); });
+                return outcomes::Number(
+                    [&] { return call.center.getChannelCacheValue(call.Serial(), call.Channel()); });
             }},
     Command{"setChannelCacheValue",
             31,
             {kSerial, {"value"}, kChannel},
-            "overwrites it",
+            "overwrites the cached channel's trust value",
             [](const Call& call) {
-                return answers::Done(
+                return outcomes::Done(
                     [&] { call.center.setChannelCacheValue(call.Serial(), call.Channel(), call.Number("value")); });
             }},
     Command{"ClearAllCache",
             50,
             {},
             "empties every cache",
-            [](const Call& call) { return answers::Code([&] { return call.center.ClearAllCache(); }); }},
+            [](const Call& call) { return outcomes::Code([&] { return call.center.ClearAllCache(); }); }},
     Command{"ClearDeviceInfoCache",
             52,
             {},
             "empties the device cache by channel",
-            [](const Call& call) { return answers::Code([&] { return call.center.ClearDeviceInfoCache(); }); }},
+            [](const Call& call) { return outcomes::Code([&] { return call.center.ClearDeviceInfoCache(); }); }},
     Command{"IsSupportSeekPlayback",
             53,
             {kSerial},
             "whether the cached device can seek in a playback",
             [](const Call& call) {
-                return answers::YesNo([&] { return call.center.IsSupportSeekPlayback(call.Serial()); });
+                return outcomes::YesNo([&] { return call.center.IsSupportSeekPlayback(call.Serial()); });
             }},
     Command{"IsSupportPlaybackSpeed",
             54,
             {kSerial, {"speed"}},
             "whether the cached device plays back at a speed",
             [](const Call& call) {
-                return answers::YesNo(
+                return outcomes::YesNo(
                     [&] { return call.center.IsSupportPlaybackSpeed(call.Serial(), call.Number("speed")); });
             }},
     Command{"getDeviceRecord",
@@ -125,7 +126,7 @@ constexpr std::array kRows = {
             {kSerial, kChannel},
             "the cached device record",
             [](const Call& call) {
-                return answers::Filled<DevDetailInfo>([&](DevDetailInfo& record) {
+                return outcomes::Filled<DevDetailInfo>([&](DevDetailInfo& record) {
                     return call.center.getDeviceRecord(call.Serial(), call.Channel(), record);
                 });
             },
@@ -134,9 +135,9 @@ constexpr std::array kRows = {
     Command{"getDeviceRecordAlt",
             56,
             {kSerial, kChannel},
-            "the same",
+            "the cached device record, as getDeviceRecord",
             [](const Call& call) {
-                return answers::Filled<DevDetailInfo>([&](DevDetailInfo& record) {
+                return outcomes::Filled<DevDetailInfo>([&](DevDetailInfo& record) {
                     return call.center.getDeviceRecordAlt(call.Serial(), call.Channel(), record);
                 });
             },
@@ -147,7 +148,7 @@ constexpr std::array kRows = {
             {kSerial, kChannel},
             "marks a cached device to be fetched again",
             [](const Call& call) {
-                return answers::Code([&] { return call.center.SetDevInfoCache(call.Serial(), call.Channel()); });
+                return outcomes::Code([&] { return call.center.SetDevInfoCache(call.Serial(), call.Channel()); });
             }},
     Command{"getDevInfoCache",
             68,

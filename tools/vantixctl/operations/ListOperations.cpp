@@ -3,19 +3,19 @@
 #include <vantix/records/DeviceList.h>
 #include <vantix/records/TransparentMsgDetail.h>
 
-#include "operations/Answers.h"
 #include "operations/Operations.h"
+#include "operations/Outcomes.h"
 
 namespace vantix::ctl {
 namespace {
 
-constexpr Use kSerial{"serial"};
-constexpr Use kChannel{"channel", "1"};
-constexpr Use kPageStart{"page-start", "0"};
-constexpr Use kPageSize{"page-size", "20"};
+constexpr Argument kSerial{"serial"};
+constexpr Argument kChannel{"channel", "1"};
+constexpr Argument kPageStart{"page-start", "0"};
+constexpr Argument kPageSize{"page-size", "20"};
 
 Outcome AlarmList(const Call& call) {
-    return answers::JsonText([&](std::string& json) {
+    return outcomes::JsonText([&](std::string& json) {
         return call.center.getAlarmList(call.Serial(), call.Channel(), call.Number("page-start"),
                                         call.Number("page-size"), call.Text("start"), call.Text("end"),
                                         call.Number("alarm-type"), call.Number("status"), json);
@@ -26,9 +26,9 @@ constexpr std::array kRows = {
     Command{"getDeviceInfoBySerial",
             14,
             {kSerial, kChannel},
-            "what the platform says about a device",
+            "the platform's list entry of a device",
             [](const Call& call) {
-                return answers::JsonText([&](std::string& json) {
+                return outcomes::JsonText([&](std::string& json) {
                     return call.center.getDeviceInfoBySerial(call.Serial(), call.Channel(), json);
                 });
             }},
@@ -37,7 +37,7 @@ constexpr std::array kRows = {
             {kPageStart, kPageSize},
             "one page of the account's devices",
             [](const Call& call) {
-                return answers::Filled<DeviceList>([&](DeviceList& list) {
+                return outcomes::Filled<DeviceList>([&](DeviceList& list) {
                     return call.center.getDevList(call.Number("page-start"), call.Number("page-size"), list);
                 });
             }},
@@ -46,7 +46,7 @@ constexpr std::array kRows = {
             {kPageStart, kPageSize, {"biz-type", ""}},
             "one page of the devices of a business type",
             [](const Call& call) {
-                return answers::Filled<DeviceList>([&](DeviceList& list) {
+                return outcomes::Filled<DeviceList>([&](DeviceList& list) {
                     return call.center.getDeviceList(call.Number("page-start"), call.Number("page-size"),
                                                      call.Text("biz-type"), list);
                 });
@@ -56,7 +56,7 @@ constexpr std::array kRows = {
             {kPageStart, kPageSize},
             "one page of the devices that others share",
             [](const Call& call) {
-                return answers::Filled<DeviceList>([&](DeviceList& list) {
+                return outcomes::Filled<DeviceList>([&](DeviceList& list) {
                     return call.center.getShareDevList(call.Number("page-start"), call.Number("page-size"), list);
                 });
             }},
@@ -65,7 +65,7 @@ constexpr std::array kRows = {
             {{"offset", "0"}, {"limit", "20"}},
             "devices shared on the consumer servers",
             [](const Call& call) {
-                return answers::JsonText([&](std::string& json) {
+                return outcomes::JsonText([&](std::string& json) {
                     return call.center.getB2CSharedDevList(call.Number("offset"), call.Number("limit"), json);
                 });
             }},
@@ -86,14 +86,14 @@ constexpr std::array kRows = {
             {},
             "the account's user name",
             [](const Call& call) {
-                return answers::Text([&](std::string& name) { return call.center.getUsername(name); });
+                return outcomes::Text([&](std::string& name) { return call.center.getUsername(name); });
             }},
     Command{"getConfigInfo",
             21,
             {},
             "the platform's configuration",
             [](const Call& call) {
-                return answers::Filled<ConfigInfo>(
+                return outcomes::Filled<ConfigInfo>(
                     [&](ConfigInfo& config) { return call.center.getConfigInfo(config); });
             }},
     Command{"getTransparentMsgDetail",
@@ -101,7 +101,7 @@ constexpr std::array kRows = {
             {kSerial, {"msg-seq"}},
             "a message that a device sent through the platform",
             [](const Call& call) {
-                return answers::Filled<TransparentMsgDetail>([&](TransparentMsgDetail& detail) {
+                return outcomes::Filled<TransparentMsgDetail>([&](TransparentMsgDetail& detail) {
                     return call.center.getTransparentMsgDetail(call.Serial(), call.Text("msg-seq"), detail);
                 });
             }},
@@ -110,8 +110,9 @@ constexpr std::array kRows = {
             {kSerial, {"level"}, kChannel},
             "sets a channel's picture quality",
             [](const Call& call) {
-                return answers::JsonText([&](std::string& answer) {
-                    return call.center.setVideoDefinition(call.Serial(), answer, call.Channel(), call.Number("level"));
+                return outcomes::JsonText([&](std::string& response) {
+                    return call.center.setVideoDefinition(call.Serial(), response, call.Channel(),
+                                                          call.Number("level"));
                 });
             }},
     Command{"setAlarmRead",
@@ -119,28 +120,28 @@ constexpr std::array kRows = {
             {{"alarm-id"}},
             "marks an alarm as read",
             [](const Call& call) {
-                return answers::Code([&] { return call.center.setAlarmRead(call.Text("alarm-id")); });
+                return outcomes::Code([&] { return call.center.setAlarmRead(call.Text("alarm-id")); });
             }},
     Command{"getUserId",
             57,
             {},
             "the account's user id",
             [](const Call& call) {
-                return answers::Text([&](std::string& userId) { return call.center.getUserId(userId); });
+                return outcomes::Text([&](std::string& userId) { return call.center.getUserId(userId); });
             }},
     Command{"getPushSessionId",
             58,
             {},
-            "registers for pushes; the push session",
+            "registers for push messages; the push session",
             [](const Call& call) {
-                return answers::Text([&](std::string& sessionId) { return call.center.getPushSessionId(sessionId); });
+                return outcomes::Text([&](std::string& sessionId) { return call.center.getPushSessionId(sessionId); });
             }},
     Command{"getBWCheckInfo",
             59,
             {{"check-type", "0"}, {"check-time", ""}, {"local-index", "1"}},
             "where the bandwidth may be measured",
             [](const Call& call) {
-                return answers::Filled<BWCheckInfo>([&](BWCheckInfo& info) {
+                return outcomes::Filled<BWCheckInfo>([&](BWCheckInfo& info) {
                     return call.center.getBWCheckInfo(call.Number("check-type"), call.Text("check-time"),
                                                       call.Number("local-index"), info);
                 });

@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// The operations of the interface as rows, a file for each family.
+/// The operations of the interface as rows, one file for each family.
 
 #include <span>
 

@@ -4,16 +4,16 @@
 #include <vantix/records/CloudFileQuery.h>
 #include <vantix/records/RecordFileList.h>
 
-#include "operations/Answers.h"
 #include "operations/Operations.h"
+#include "operations/Outcomes.h"
 
 namespace vantix::ctl {
 namespace {
 
-constexpr Use kSerial{"serial"};
-constexpr Use kChannel{"channel", "1"};
-constexpr Use kStart{"start", kEarliest};
-constexpr Use kEnd{"end", kLatest};
+constexpr Argument kSerial{"serial"};
+constexpr Argument kChannel{"channel", "1"};
+constexpr Argument kStart{"start", kEarliest};
+constexpr Argument kEnd{"end", kLatest};
 
 /// Today, as the day of a search.
 std::string Today() {
@@ -24,7 +24,7 @@ std::string Today() {
 }
 
 Outcome DeviceFiles(const Call& call) {
-    return answers::Filled<RecordFileList>([&](RecordFileList& list) {
+    return outcomes::Filled<RecordFileList>([&](RecordFileList& list) {
         return call.center.getDeviceFileBySerial(call.Serial(), call.Channel(), call.Text("start"), call.Text("end"),
                                                  call.Number("record-type"), call.Number("location"), list,
                                                  call.Flag("sdk-path"));
@@ -32,28 +32,28 @@ Outcome DeviceFiles(const Call& call) {
 }
 
 Outcome DeviceFilesEx(const Call& call) {
-    return answers::Filled<RecordFileList>([&](RecordFileList& list) {
+    return outcomes::Filled<RecordFileList>([&](RecordFileList& list) {
         return call.center.getDeviceFileBySerialEx(call.Serial(), call.Channel(), call.Text("start"), call.Text("end"),
                                                    call.Number("record-type"), call.Flag("with-location"), list);
     });
 }
 
 Outcome CloudFiles(const Call& call) {
-    return answers::JsonText([&](std::string& json) {
+    return outcomes::JsonText([&](std::string& json) {
         const TimeSpan span{call.Text("start"), call.Text("end")};
         return call.center.getCloudFileBySerial(call.Serial(), call.Channel(), span, call.Number("file-type"), json);
     });
 }
 
 Outcome LocalFiles(const Call& call) {
-    return answers::JsonText([&](std::string& json) {
+    return outcomes::JsonText([&](std::string& json) {
         return call.center.getLocalFileBySerial(call.Serial(), call.Channel(), call.Text("start"), call.Text("end"),
                                                 call.Text("biz-type"), call.Text("platform-id"), json);
     });
 }
 
 Outcome CloudFilesEx(const Call& call) {
-    return answers::JsonText([&](std::string& json) {
+    return outcomes::JsonText([&](std::string& json) {
         const std::string& day = call.Text("date");
         const CloudFileQuery query{day.empty() ? Today() : day, call.Text("before"), call.Number("detail-count")};
         return call.center.getCloudFileBySerialEX(call.Serial(), call.Channel(), call.Number("video-type"), query,
@@ -62,7 +62,7 @@ Outcome CloudFilesEx(const Call& call) {
 }
 
 Outcome CloudFileDetails(const Call& call) {
-    return answers::JsonText([&](std::string& json) {
+    return outcomes::JsonText([&](std::string& json) {
         const Json ofChannel = {{"deviceSerial", call.Serial()}, {"channelNo", call.Channel()}};
         const std::string query = call.Text("query").empty() ? Dumped(ofChannel, -1) : call.Text("query");
         return call.center.getCloudFileInfoBySerialEX(call.Serial(), call.Channel(), query, json);
@@ -70,14 +70,14 @@ Outcome CloudFileDetails(const Call& call) {
 }
 
 Outcome CloudRecords(const Call& call) {
-    return answers::Filled<RecordFileList>([&](RecordFileList& list) {
+    return outcomes::Filled<RecordFileList>([&](RecordFileList& list) {
         return call.center.GetCloudRecordFile(call.Serial(), call.Number("local-index"), call.Number("space-id"),
                                               call.Text("start"), call.Text("end"), list);
     });
 }
 
 Outcome UploadAddress(const Call& call) {
-    return answers::JsonText([&](std::string& json) {
+    return outcomes::JsonText([&](std::string& json) {
         return call.center.GetClouduploadUrl(call.Serial(), call.Channel(), call.Text("file-name"),
                                              call.Number("file-type"), call.Number("expire-days"),
                                              call.Number("url-expire"), call.Text("biz-type"), json);
@@ -90,7 +90,7 @@ constexpr std::array kRows = {
             {kSerial, {"alarm-id"}, kChannel},
             "the recording that belongs to an alarm",
             [](const Call& call) {
-                return answers::JsonText([&](std::string& json) {
+                return outcomes::JsonText([&](std::string& json) {
                     return call.center.getRecordByAlarmID(call.Serial(), call.Channel(), call.Text("alarm-id"), json);
                 });
             }},
@@ -145,7 +145,7 @@ constexpr std::array kRows = {
             {{"url"}, {"file"}},
             "uploads a picture",
             [](const Call& call) {
-                return answers::Code(
+                return outcomes::Code(
                     [&] { return call.center.UploadCloudPicFile(call.Text("url"), call.Text("file")); });
             }},
 };

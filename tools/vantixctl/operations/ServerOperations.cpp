@@ -2,19 +2,19 @@
 #include <vantix/records/P2PUserInfo.h>
 #include <vantix/records/ServerInfo.h>
 
-#include "operations/Answers.h"
 #include "operations/Operations.h"
+#include "operations/Outcomes.h"
 
 namespace vantix::ctl {
 namespace {
 
-constexpr Use kSerial{"serial"};
-constexpr Use kChannel{"channel", "1"};
-constexpr Use kToken{"token", ""};
+constexpr Argument kSerial{"serial"};
+constexpr Argument kChannel{"channel", "1"};
+constexpr Argument kToken{"token", ""};
 constexpr std::string_view kUserSecret = "data";
 constexpr std::string_view kDeviceSecret = "defaultKey";
 
-/// The token that was given, or the account's.
+/// The token that was given, else the account's.
 std::string Token(const Call& call) {
     return call.Text("token").empty() ? call.center.getAccessToken() : call.Text("token");
 }
@@ -23,7 +23,7 @@ Outcome CachedP2P(const Call& call) {
     std::vector<P2PServerAddr> servers;
     P2PDevInfo record;
     const int code = call.center.getP2PDevInfoCached(call.Serial(), servers, record, call.Flag("force"));
-    return answers::WithValue(code, {{"servers", ToJson(servers)}, {"device", ToJson(record)}});
+    return outcomes::WithValue(code, {{"servers", ToJson(servers)}, {"device", ToJson(record)}});
 }
 
 constexpr std::array kRows = {
@@ -32,7 +32,7 @@ constexpr std::array kRows = {
             {kSerial, kChannel},
             "the ticket that opens a stream",
             [](const Call& call) {
-                return answers::Text([&](std::string& ticket) {
+                return outcomes::Text([&](std::string& ticket) {
                     return call.center.getTicketInfo(call.Serial(), call.Channel(), ticket);
                 });
             }},
@@ -41,7 +41,7 @@ constexpr std::array kRows = {
             {kSerial, {"local-index", "1"}, {"space-id", "0"}},
             "the ticket that opens cloud recordings",
             [](const Call& call) {
-                return answers::Text([&](std::string& ticket) {
+                return outcomes::Text([&](std::string& ticket) {
                     return call.center.getCloudTicketInfo(call.Serial(), call.Number("local-index"),
                                                           call.Number("space-id"), ticket);
                 });
@@ -51,7 +51,7 @@ constexpr std::array kRows = {
             {kSerial, kChannel},
             "the ticket for a relay server",
             [](const Call& call) {
-                return answers::Text([&](std::string& ticket) {
+                return outcomes::Text([&](std::string& ticket) {
                     return call.center.getRelayTicket(call.Serial(), call.Channel(), ticket);
                 });
             }},
@@ -60,7 +60,7 @@ constexpr std::array kRows = {
             {kToken},
             "the servers of the user's area, fetched in the background",
             [](const Call& call) {
-                return answers::Awaited<ServerInfo>([&](ServerInfo& record, std::future<int32_t>& future) {
+                return outcomes::Awaited<ServerInfo>([&](ServerInfo& record, std::future<int32_t>& future) {
                     return call.center.getServerInfoAsync(Token(call), record, future);
                 });
             }},
@@ -69,7 +69,7 @@ constexpr std::array kRows = {
             {kSerial, kChannel, kToken},
             "the video relays of a channel, with a token",
             [](const Call& call) {
-                return answers::JsonText([&](std::string& text) {
+                return outcomes::JsonText([&](std::string& text) {
                     return call.center.getServerInfoEx(Token(call), text, call.Serial(), call.Channel());
                 });
             }},
@@ -78,7 +78,7 @@ constexpr std::array kRows = {
             {kToken},
             "the servers of the user's area",
             [](const Call& call) {
-                return answers::Filled<ServerInfo>(
+                return outcomes::Filled<ServerInfo>(
                     [&](ServerInfo& record) { return call.center.getServerInfoSync(Token(call), record); });
             }},
     Command{"getVideoVtmAddr",
@@ -86,7 +86,7 @@ constexpr std::array kRows = {
             {kSerial, kChannel},
             "the video relays of a channel",
             [](const Call& call) {
-                return answers::JsonText([&](std::string& text) {
+                return outcomes::JsonText([&](std::string& text) {
                     return call.center.getVideoVtmAddr(call.Serial(), call.Channel(), text);
                 });
             }},
@@ -95,7 +95,7 @@ constexpr std::array kRows = {
             {kSerial, kChannel},
             "the relay server of a channel",
             [](const Call& call) {
-                return answers::JsonText([&](std::string& text) {
+                return outcomes::JsonText([&](std::string& text) {
                     return call.center.getRelayServerInfo(call.Serial(), call.Channel(), text);
                 });
             }},
@@ -104,7 +104,7 @@ constexpr std::array kRows = {
             {kToken},
             "the user's P2P identity, fetched in the background",
             [](const Call& call) {
-                return answers::Awaited<P2PUserInfo>([&](P2PUserInfo& record, std::future<int32_t>& future) {
+                return outcomes::Awaited<P2PUserInfo>([&](P2PUserInfo& record, std::future<int32_t>& future) {
                     return call.center.getP2PUserInfoAsync(record, Token(call), future);
                 });
             },
@@ -115,7 +115,7 @@ constexpr std::array kRows = {
             {kToken},
             "the user's P2P identity",
             [](const Call& call) {
-                return answers::Filled<P2PUserInfo>(
+                return outcomes::Filled<P2PUserInfo>(
                     [&](P2PUserInfo& record) { return call.center.getP2PUserInfoByToken(Token(call), record); });
             },
             nullptr,
@@ -123,9 +123,9 @@ constexpr std::array kRows = {
     Command{"getP2PUserInfoByDevice",
             25,
             {kSerial, kChannel},
-            "the same, with the credential of a device",
+            "the user's P2P identity, with the credential of a device",
             [](const Call& call) {
-                return answers::Filled<P2PUserInfo>([&](P2PUserInfo& record) {
+                return outcomes::Filled<P2PUserInfo>([&](P2PUserInfo& record) {
                     return call.center.getP2PUserInfoByDevice(call.Serial(), call.Channel(), record);
                 });
             },
@@ -136,7 +136,7 @@ constexpr std::array kRows = {
             {kSerial, kToken},
             "a device's P2P information, fetched in the background",
             [](const Call& call) {
-                return answers::Awaited<P2PDevInfo>([&](P2PDevInfo& record, std::future<int32_t>& future) {
+                return outcomes::Awaited<P2PDevInfo>([&](P2PDevInfo& record, std::future<int32_t>& future) {
                     return call.center.getP2PDevInfoAsync(record, Token(call), call.Serial(), future);
                 });
             },
@@ -154,7 +154,7 @@ constexpr std::array kRows = {
             {kSerial, kToken},
             "a device's P2P information",
             [](const Call& call) {
-                return answers::Filled<P2PDevInfo>([&](P2PDevInfo& record) {
+                return outcomes::Filled<P2PDevInfo>([&](P2PDevInfo& record) {
                     return call.center.getP2PDevInfoBySerial(record, Token(call), call.Serial());
                 });
             },
@@ -165,7 +165,7 @@ constexpr std::array kRows = {
             {kSerial, kChannel, kToken},
             "the P2P information of a channel",
             [](const Call& call) {
-                return answers::Filled<P2PDevInfo>([&](P2PDevInfo& record) {
+                return outcomes::Filled<P2PDevInfo>([&](P2PDevInfo& record) {
                     return call.center.getP2PDevInfoByChannel(call.Serial(), call.Channel(), Token(call), record);
                 });
             },
@@ -175,7 +175,7 @@ constexpr std::array kRows = {
             51,
             {},
             "drops the cached servers when they are older than two minutes",
-            [](const Call& call) { return answers::Done([&] { call.center.expireServerInfo(); }); }},
+            [](const Call& call) { return outcomes::Done([&] { call.center.expireServerInfo(); }); }},
 };
 
 }  // namespace

@@ -1,12 +1,12 @@
-#include "operations/Answers.h"
 #include "operations/Operations.h"
+#include "operations/Outcomes.h"
 
 namespace vantix::ctl {
 namespace {
 
-constexpr Use kSerial{"serial"};
-constexpr Use kChannel{"channel", "1"};
-constexpr Use kToken{"token", ""};
+constexpr Argument kSerial{"serial"};
+constexpr Argument kChannel{"channel", "1"};
+constexpr Argument kToken{"token", ""};
 
 std::string Token(const Call& call) {
     return call.Text("token").empty() ? call.center.getAccessToken() : call.Text("token");
@@ -17,7 +17,7 @@ Outcome FromQueue(const Call& call) {
     std::vector<char> buffer(kRoom, '\0');
     const int code = call.center.GetStreamTokenFromQueue(Token(call), buffer.data());
     buffer.back() = '\0';
-    return answers::JsonText([&](std::string& text) {
+    return outcomes::JsonText([&](std::string& text) {
         text = buffer.data();
         return code;
     });
@@ -27,10 +27,10 @@ constexpr std::array kRows = {
     Command{"getStreamTokens",
             34,
             {{"count", "1"}, kToken},
-            "stream tokens, as the server answers them",
+            "stream tokens, as the server's response",
             [](const Call& call) {
-                return answers::JsonText([&](std::string& answer) {
-                    return call.center.getStreamTokens(Token(call), call.Number("count"), answer);
+                return outcomes::JsonText([&](std::string& response) {
+                    return call.center.getStreamTokens(Token(call), call.Number("count"), response);
                 });
             }},
     Command{"getAuthInfo",
@@ -38,7 +38,7 @@ constexpr std::array kRows = {
             {kSerial, kChannel, {"playback", "0"}},
             "whether the account may view a channel",
             [](const Call& call) {
-                return answers::Granted(
+                return outcomes::Granted(
                     [&] { return call.center.getAuthInfo(call.Serial(), call.Channel(), call.Flag("playback")); });
             }},
     Command{"RefreshToken",
@@ -46,14 +46,14 @@ constexpr std::array kRows = {
             {},
             "renews the access token",
             [](const Call& call) {
-                return answers::Text([&](std::string& token) { return call.center.RefreshToken(token); });
+                return outcomes::Text([&](std::string& token) { return call.center.RefreshToken(token); });
             }},
     Command{"getOneStreamToken",
             37,
             {kToken},
             "one stream token, from the queue or a fresh batch",
             [](const Call& call) {
-                return answers::Text(
+                return outcomes::Text(
                     [&](std::string& token) { return call.center.getOneStreamToken(Token(call), token); });
             }},
     Command{"GetStreamTokenFromQueue", 38, {kToken}, "the prefetched stream token, once", &FromQueue},
@@ -61,13 +61,13 @@ constexpr std::array kRows = {
             39,
             {},
             "prefetches a stream token",
-            [](const Call& call) { return answers::Code([&] { return call.center.GetStreamTokenFast(); }); }},
+            [](const Call& call) { return outcomes::Code([&] { return call.center.GetStreamTokenFast(); }); }},
     Command{"RefreshSession",
             72,
             {{"refresh-session-id", ""}},
             "renews the consumer session (mode 2)",
             [](const Call& call) {
-                return answers::Text([&](std::string& session) {
+                return outcomes::Text([&](std::string& session) {
                     return call.center.RefreshSession(call.Text("refresh-session-id"), session);
                 });
             }},
@@ -76,15 +76,15 @@ constexpr std::array kRows = {
         60,
         {{"tokens"}},
         "replaces all Tk tokens of devices",
-        [](const Call& call) { return answers::Done([&] { call.center.SetDeviceTkTokens(call.Text("tokens")); }); }},
+        [](const Call& call) { return outcomes::Done([&] { call.center.SetDeviceTkTokens(call.Text("tokens")); }); }},
     Command{"getDeviceTkTokensByText",
             61,
             {kSerial, {"channel-text", "1"}, {"tk-type", "2"}},
             "a device's Tk token",
             [](const Call& call) {
                 std::string token;
-                return answers::Plain(call.center.getDeviceTkTokensByText(token, call.Number("tk-type"), call.Serial(),
-                                                                          call.Text("channel-text")));
+                return outcomes::Value(call.center.getDeviceTkTokensByText(token, call.Number("tk-type"), call.Serial(),
+                                                                           call.Text("channel-text")));
             }},
     Command{"getDeviceTkTokensByNumber",
             62,
@@ -92,21 +92,21 @@ constexpr std::array kRows = {
             "a device's Tk token",
             [](const Call& call) {
                 std::string token;
-                return answers::Plain(call.center.getDeviceTkTokensByNumber(token, call.Number("tk-type"),
-                                                                            call.Serial(), call.Channel()));
+                return outcomes::Value(call.center.getDeviceTkTokensByNumber(token, call.Number("tk-type"),
+                                                                             call.Serial(), call.Channel()));
             }},
     Command{"SetB2CTokens",
             100,
             {{"tokens"}},
             "replaces all B2C tokens of devices",
-            [](const Call& call) { return answers::Done([&] { call.center.SetB2CTokens(call.Text("tokens")); }); }},
+            [](const Call& call) { return outcomes::Done([&] { call.center.SetB2CTokens(call.Text("tokens")); }); }},
     Command{"getB2CTokensByNumber",
             101,
             {kSerial, kChannel},
             "a channel's B2C token",
             [](const Call& call) {
                 std::string token;
-                return answers::Plain(call.center.getB2CTokensByNumber(call.Serial(), call.Channel(), token));
+                return outcomes::Value(call.center.getB2CTokensByNumber(call.Serial(), call.Channel(), token));
             }},
     Command{"getB2CTokensByText",
             102,
@@ -114,19 +114,20 @@ constexpr std::array kRows = {
             "a channel's B2C token",
             [](const Call& call) {
                 std::string token;
-                return answers::Plain(call.center.getB2CTokensByText(call.Serial(), call.Text("channel-text"), token));
+                return outcomes::Value(call.center.getB2CTokensByText(call.Serial(), call.Text("channel-text"), token));
             }},
     Command{"isB2CSharedToken",
             103,
             {kToken},
             "whether a token belongs to a shared device",
-            [](const Call& call) { return answers::Plain(call.center.isB2CSharedToken(Token(call))); }},
-    Command{
-        "isB2CSharedChannel",
-        104,
-        {kSerial, kChannel},
-        "whether a channel is shared with the account",
-        [](const Call& call) { return answers::Plain(call.center.isB2CSharedChannel(call.Serial(), call.Channel())); }},
+            [](const Call& call) { return outcomes::Value(call.center.isB2CSharedToken(Token(call))); }},
+    Command{"isB2CSharedChannel",
+            104,
+            {kSerial, kChannel},
+            "whether a channel is shared with the account",
+            [](const Call& call) {
+                return outcomes::Value(call.center.isB2CSharedChannel(call.Serial(), call.Channel()));
+            }},
 };
 
 }  // namespace

@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// The road that turns a table of fields and a record into JSON.
+/// Turns a record into JSON by a table of its fields.
 
 #include <array>
 #include <string>

@@ -27,14 +27,14 @@ void AddPairs(const std::string& text, PairList& pairs) {
     }
 }
 
-bool Same(char left, char right) {
+bool IsSameLetter(char left, char right) {
     return std::tolower(static_cast<unsigned char>(left)) == std::tolower(static_cast<unsigned char>(right));
 }
 
-bool IsForm(const simulator::Exchange& exchange) {
+bool IsForm(const simulator::ReceivedRequest& request) {
     constexpr std::string_view kName = "content-type";
-    return std::any_of(exchange.headers.begin(), exchange.headers.end(), [&](const auto& header) {
-        return std::equal(header.first.begin(), header.first.end(), kName.begin(), kName.end(), &Same) &&
+    return std::any_of(request.headers.begin(), request.headers.end(), [&](const auto& header) {
+        return std::equal(header.first.begin(), header.first.end(), kName.begin(), kName.end(), &IsSameLetter) &&
                header.second.starts_with("application/x-www-form-urlencoded");
     });
 }
@@ -53,20 +53,20 @@ Json Cloud::Credentials() const { return Parsed(m_parts->simulator.InfoJson()); 
 
 std::string Cloud::ControlAddress() const { return m_parts->simulator.ControlAddress(); }
 
-std::vector<SeenRequest> Cloud::Seen() const {
-    std::vector<SeenRequest> seen;
-    for (const simulator::Exchange& exchange : m_parts->simulator.Journal()) {
-        SeenRequest request{
-            exchange.domain == simulator::Domain::b ? "platform" : "consumer", exchange.method, exchange.path, {}, {}};
-        AddPairs(exchange.query, request.parameters);
-        if (IsForm(exchange)) {
-            AddPairs(exchange.body, request.parameters);
+std::vector<ReceivedRequest> Cloud::ReceivedRequests() const {
+    std::vector<ReceivedRequest> requests;
+    for (const simulator::ReceivedRequest& received : m_parts->simulator.Journal()) {
+        ReceivedRequest request{
+            received.domain == simulator::Domain::b ? "platform" : "consumer", received.method, received.path, {}, {}};
+        AddPairs(received.query, request.parameters);
+        if (IsForm(received)) {
+            AddPairs(received.body, request.parameters);
         } else {
-            request.otherBody = exchange.body;
+            request.otherBody = received.body;
         }
-        seen.push_back(std::move(request));
+        requests.push_back(std::move(request));
     }
-    return seen;
+    return requests;
 }
 
 #else
@@ -81,7 +81,7 @@ Json Cloud::Credentials() const { return Json::object(); }
 
 std::string Cloud::ControlAddress() const { return {}; }
 
-std::vector<SeenRequest> Cloud::Seen() const { return {}; }
+std::vector<ReceivedRequest> Cloud::ReceivedRequests() const { return {}; }
 
 #endif
 

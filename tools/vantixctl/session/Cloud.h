@@ -11,18 +11,18 @@
 namespace vantix::ctl {
 
 /// One request as the loopback cloud received it.
-struct SeenRequest {
+struct ReceivedRequest {
     std::string server;  ///< "platform" or "consumer"
     std::string method;
     std::string path;
     std::vector<std::pair<std::string, std::string>> parameters;  ///< of the query and the form, as received
-    std::string otherBody;                                        ///< a body that is no form
+    std::string otherBody;                                        ///< a body that is not a form
 };
 
-/// The loopback cloud inside this process, where the tool was built with it.
+/// The loopback cloud inside this process, if the tool was built with it.
 class Cloud {
 public:
-    /// Starts it with its sample account. Throws std::runtime_error when it cannot, or is not part of this build.
+    /// Starts it with its sample account. Throws std::runtime_error on failure, or when it is not part of this build.
     Cloud();
     ~Cloud();
     Cloud(const Cloud&) = delete;
@@ -32,10 +32,10 @@ public:
 
     /// Addresses and account, as `Configuration::TakeJson` reads them.
     Json Credentials() const;
-    /// Where it is told what to do, such as "http://127.0.0.1:40003".
+    /// Address of its control interface, such as "http://127.0.0.1:40003".
     std::string ControlAddress() const;
-    /// What it has received so far.
-    std::vector<SeenRequest> Seen() const;
+    /// All requests received so far.
+    std::vector<ReceivedRequest> ReceivedRequests() const;
 
 private:
     struct Parts;

@@ -23,7 +23,7 @@ constexpr std::array kSettings = {
             [](IVantixDataCenter& center, const std::string& value) { center.setAccessToken(value); }},
     Setting{"session-id", "sessionId", "", "ID", "the consumer session", true,
             [](IVantixDataCenter& center, const std::string& value) { center.setSessionId(value); }},
-    // No setter brings it in: a renewal keeps what it is given, and sends nothing while the mode is not 2.
+    // There is no setter: RefreshSession stores its argument, and sends no request while the mode is not 2.
     Setting{"refresh-session-id", "refreshSessionId", "", "ID", "renews the consumer session", true,
             [](IVantixDataCenter& center, const std::string& value) {
                 std::string none;
@@ -40,7 +40,7 @@ constexpr std::array kSettings = {
             [](IVantixDataCenter& center, const std::string& value) { center.setOpenID(value); }},
     Setting{"scope", "scope", "", "TEXT", "the scope that a renewal asks for", false,
             [](IVantixDataCenter& center, const std::string& value) { center.setScope(value); }},
-    Setting{"state", "state", "", "TEXT", "the state that a renewal carries", false,
+    Setting{"state", "state", "", "TEXT", "the state that a renewal sends", false,
             [](IVantixDataCenter& center, const std::string& value) { center.setState(value); }},
     Setting{"global-tk-token", "globalTkToken", "", "TOKEN", "the account-wide Tk token", true,
             [](IVantixDataCenter& center, const std::string& value) { center.setGlobalTkToken(value); }},

@@ -14,20 +14,20 @@ class IVantixDataCenter;
 
 namespace vantix::ctl {
 
-/// What the caller got wrong; the tool ends with status 2.
+/// Wrong usage of the tool, which ends with status 2.
 class UsageError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// One thing that a host tells the data center before it asks anything.
+/// One setting of the data center that a host makes before its first operation.
 ///
 /// It can come from an option (`--access-token`), from the environment (`VANTIXCTL_ACCESS_TOKEN`) or from a member of
-/// the credentials file ("accessToken"); the first of these that gives it wins.
+/// the credentials file ("accessToken"); the first of these that has it is used.
 struct Setting {
     std::string_view option;       ///< without the dashes
     std::string_view key;          ///< in the credentials file
-    std::string_view alias;        ///< another spelling there, may be empty
+    std::string_view alias;        ///< another name there; may be empty
     std::string_view placeholder;  ///< in the help
     std::string_view help;
     bool isSecret;
@@ -37,7 +37,7 @@ struct Setting {
 /// All settings, in the order in which they are applied.
 std::span<const Setting> Settings();
 
-/// The setting of this option name, or null.
+/// The setting with this option name, or null.
 const Setting* FindSetting(std::string_view option);
 
 /// The name of the environment variable of an option.
@@ -51,22 +51,22 @@ public:
     /// The value of an option, empty when it was not given.
     const std::string& Get(std::string_view option) const;
 
-    /// Takes from the environment what is still missing.
+    /// Takes values that are not set yet from the environment.
     void TakeEnvironment();
-    /// Takes from a credentials object, or from its member "account", what is still missing.
+    /// Takes values that are not set yet from a credentials object, or from its member "account".
     void TakeJson(const Json& content);
-    /// Takes from a credentials file what is still missing. Throws UsageError when it cannot be read.
+    /// Takes values that are not set yet from a credentials file. Throws UsageError when it cannot be read.
     void TakeFile(const std::string& path);
 
     bool HasDomain() const { return Has("b-domain") || Has("c-domain"); }
-    /// Hands everything to the data center.
+    /// Passes all values to the data center.
     void Apply(IVantixDataCenter& center) const;
 
 private:
     std::map<std::string_view, std::string> m_values;
 };
 
-/// The text as a number of 32 bits. Throws UsageError, naming `what`, when it is none.
+/// The text as a 32-bit number. Throws UsageError, with `what` as its subject, when it is not a number.
 int ToNumber(const std::string& text, std::string_view what);
 
 }  // namespace vantix::ctl

@@ -4,15 +4,15 @@
 
 namespace vantix::ctl {
 
-/// Where the library's log lines go, and from which level on.
+/// Where the library's log lines are written, and from which level on.
 struct LogChoice {
-    std::string target;  ///< a file, "-" for standard error, empty for nowhere
+    std::string target;  ///< a file, "-" for standard error, empty for none
     int level = 3;       ///< of `setLogLevel`
 
     bool Wanted() const { return !target.empty(); }
 };
 
-/// Takes the library's log lines while it lives. One at a time.
+/// Writes the library's log lines while it exists. Only one may exist at a time.
 class LogSink {
 public:
     /// Throws std::runtime_error when the file cannot be written.

@@ -12,15 +12,15 @@
 
 namespace vantix::ctl {
 
-/// How a session is to be set up.
+/// The options of a session.
 struct SessionChoice {
     Configuration configuration;
     LogChoice log;
-    bool utf8 = true;  ///< texts in UTF-8, not in the system's code page
+    bool utf8 = true;  ///< texts in UTF-8 instead of the system's code page
 };
 
-/// A configured data center, quiet unless log lines were asked for. Without a domain it stands against the loopback
-/// cloud and uses its account for whatever the configuration leaves open.
+/// A configured data center, without log lines unless the choice wants them. Without a domain it uses the loopback
+/// cloud, and the cloud's account for what the configuration does not set.
 class Session {
 public:
     explicit Session(const SessionChoice& choice);
@@ -29,10 +29,10 @@ public:
     Session& operator=(const Session&) = delete;
 
     IVantixDataCenter& Center() const { return *m_center; }
-    /// The loopback cloud, null when a real one is spoken to.
+    /// The loopback cloud, null with a real cloud.
     const Cloud* Loopback() const { return m_cloud ? &*m_cloud : nullptr; }
-    /// What the data center was told, with what came from the loopback cloud.
-    const Configuration& Told() const { return m_told; }
+    /// The settings of the data center, including those from the loopback cloud.
+    const Configuration& AppliedConfiguration() const { return m_configuration; }
 
 private:
     struct Destroy {
@@ -42,7 +42,7 @@ private:
     StandardError m_standardError;
     LogSink m_log;
     std::optional<Cloud> m_cloud;
-    Configuration m_told;
+    Configuration m_configuration;
     std::unique_ptr<IVantixDataCenter, Destroy> m_center;
 };
 

@@ -8,8 +8,8 @@ namespace vantix::ctl {
 /// Keeps standard error for the tool's own messages.
 ///
 /// The library copies every log line to the debugger channel, which is standard error on most systems. While this
-/// object lives, standard error's descriptor leads nowhere, and messages of the tool go to a duplicate of the old one.
-/// One at a time.
+/// object exists, standard error is redirected to the null device, and the tool's messages are written to a duplicate
+/// of the original. Only one may exist at a time.
 class StandardError {
 public:
     StandardError();
@@ -17,14 +17,14 @@ public:
     StandardError(const StandardError&) = delete;
     StandardError& operator=(const StandardError&) = delete;
 
-    /// What standard error was: the stream for messages, with or without such an object.
+    /// The stream for the tool's messages, with or without such an object.
     static std::FILE* Stream();
 
 private:
     int m_kept;
 };
 
-/// Writes one line, "vantixctl: …", for the person at the terminal.
-void Complain(std::string_view message);
+/// Writes the line "vantixctl: MESSAGE" to the stream for messages.
+void PrintError(std::string_view message);
 
 }  // namespace vantix::ctl

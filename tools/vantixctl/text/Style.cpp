@@ -13,9 +13,9 @@
 namespace vantix::ctl {
 namespace {
 
-constexpr int kUsualWidth = 100;
-constexpr int kLeastWidth = 60;
-constexpr int kMostWidth = 140;
+constexpr int kDefaultWidth = 100;
+constexpr int kMinWidth = 60;
+constexpr int kMaxWidth = 140;
 
 /// In the order of `Style`.
 constexpr std::array<std::string_view, 7> kSequences = {"",           "\033[1m",  "\033[2m", "\033[32m",
@@ -34,8 +34,9 @@ int WidthFromSystem() {
         return size.ws_col;
     }
 #endif
-    const int told = std::atoi(std::string(Environment("COLUMNS")).c_str());  // NOLINT(cert-err34-c): 0 serves as well
-    return told > 0 ? told : kUsualWidth;
+    const int columns =
+        std::atoi(std::string(Environment("COLUMNS")).c_str());  // NOLINT(cert-err34-c): 0 for no number
+    return columns > 0 ? columns : kDefaultWidth;
 }
 
 }  // namespace
@@ -57,10 +58,10 @@ bool ColourSuits(std::FILE* stream, ColourChoice choice) {
 
 int ScreenWidth() {
     const int width = WidthFromSystem();
-    if (width < kLeastWidth) {
-        return kLeastWidth;
+    if (width < kMinWidth) {
+        return kMinWidth;
     }
-    return width < kMostWidth ? width : kMostWidth;
+    return width < kMaxWidth ? width : kMaxWidth;
 }
 
 std::string Painter::operator()(Style style, std::string_view text) const {

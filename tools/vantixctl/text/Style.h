@@ -9,22 +9,22 @@
 
 namespace vantix::ctl {
 
-/// What a piece of text means; `Painter` decides how that looks.
+/// The meaning of a text; `Painter` maps it to a colour.
 enum class Style { Plain, Strong, Faint, Good, Bad, Notice, Accent };
 
 /// When colour is used.
 enum class ColourChoice { Auto, Always, Never };
 
-/// Whether text that goes to `stream` may be coloured: a terminal, and nobody asked for none (NO_COLOR, TERM=dumb).
+/// Whether text on `stream` may be coloured: it is a terminal, and neither NO_COLOR nor TERM=dumb is set.
 bool ColourSuits(std::FILE* stream, ColourChoice choice);
 
 /// Width of the terminal behind standard output in columns; COLUMNS or 100 when there is none.
 int ScreenWidth();
 
-/// Whether a person looks at `stream`.
+/// Whether `stream` is a terminal.
 bool IsTerminal(std::FILE* stream);
 
-/// Wraps text in the escape sequences of its style, or leaves it alone.
+/// Puts the escape sequences of a style around text, or returns the text unchanged.
 class Painter {
 public:
     explicit Painter(bool on) : m_on(on) {}

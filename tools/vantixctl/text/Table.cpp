@@ -8,8 +8,8 @@
 namespace vantix::ctl {
 namespace {
 
-constexpr int kFrameOfColumn = 3;  // "│ " before and " " behind
-constexpr int kLeastFlexible = 12;
+constexpr int kColumnFrameWidth = 3;  // "│ " before and " " after the text
+constexpr int kMinFlexible = 12;
 
 struct Joints {
     std::string_view left;
@@ -38,7 +38,7 @@ std::string Rule(const Painter& paint, const std::vector<int>& widths, const Joi
     return paint(Style::Faint, line) + "\n";
 }
 
-/// The cell's lines at this width, wrapped.
+/// The cell's lines, wrapped at this width.
 std::vector<Paragraph> Lines(const Cell& cell, int width) {
     std::vector<Paragraph> lines;
     for (const Paragraph& paragraph : cell.paragraphs) {
@@ -96,12 +96,12 @@ std::vector<int> Table::Widths(int screen) const {
         widths.push_back(width);
     }
     const int count = static_cast<int>(widths.size());
-    int tooMuch = std::accumulate(widths.begin(), widths.end(), count * kFrameOfColumn + 1) - screen;
+    int tooMuch = std::accumulate(widths.begin(), widths.end(), count * kColumnFrameWidth + 1) - screen;
     while (tooMuch > 0) {
-        // The widest flexible column gives way, one column at a time, so that equals stay equal.
+        // Narrows the widest flexible column by one, again and again, so that equal columns stay equal.
         int* widest = nullptr;
         for (size_t index = 0; index < widths.size(); ++index) {
-            const bool mayShrink = m_columns[index].flexible && widths[index] > kLeastFlexible;
+            const bool mayShrink = m_columns[index].flexible && widths[index] > kMinFlexible;
             if (mayShrink && (widest == nullptr || widths[index] > *widest)) {
                 widest = &widths[index];
             }
@@ -118,7 +118,7 @@ std::vector<int> Table::Widths(int screen) const {
 bool Table::Fits(int width) const {
     const std::vector<int> widths = Widths(width);
     const int count = static_cast<int>(widths.size());
-    return std::accumulate(widths.begin(), widths.end(), count * kFrameOfColumn + 1) <= width;
+    return std::accumulate(widths.begin(), widths.end(), count * kColumnFrameWidth + 1) <= width;
 }
 
 std::string Table::Drawn(const Painter& paint, int width) const {

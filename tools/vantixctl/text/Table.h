@@ -11,7 +11,7 @@ namespace vantix::ctl {
 
 enum class Align { Left, Right };
 
-/// What a column looks like. A flexible one gives way, by wrapping, when the table is wider than the screen.
+/// A column. A flexible one is narrowed, and its texts wrapped, when the table is wider than the screen.
 struct Column {
     std::string title;
     Align align = Align::Left;
@@ -24,7 +24,7 @@ struct Paragraph {
     Style style = Style::Plain;
 };
 
-/// What stands in one place of a table, paragraph under paragraph.
+/// A cell of a table: paragraphs, one under the other.
 struct Cell {
     Cell(std::string text, Style style = Style::Plain)  // NOLINT(google-explicit-constructor): cells are mostly text
         : paragraphs{{std::move(text), style}} {}
@@ -34,19 +34,19 @@ struct Cell {
     std::vector<Paragraph> paragraphs;
 };
 
-/// A table with a frame. Texts are UTF-8 and may hold anything; control characters are not passed on.
+/// A table with a frame. Texts are UTF-8 with any content; control characters are not printed.
 class Table {
 public:
     explicit Table(std::vector<Column> columns) : m_columns(std::move(columns)) {}
 
     void Add(std::vector<Cell> cells) { m_rows.push_back({std::move(cells), false}); }
-    /// A line between what was added before and what comes.
+    /// Adds a horizontal rule below the rows added so far.
     void AddRule() { m_rows.push_back({{}, true}); }
     bool Empty() const { return m_rows.empty(); }
-    /// Whether its columns, however narrow, have room on a screen of this width.
+    /// Whether the table, with its columns as narrow as they can be, fits a screen of this width.
     bool Fits(int width) const;
 
-    /// The table as text, every line ended. `width` is that of the screen.
+    /// The table as text; every line ends with a line break. `width` is that of the screen.
     std::string Drawn(const Painter& paint, int width) const;
 
 private:

@@ -12,7 +12,7 @@ struct Range {
     char32_t last;
 };
 
-/// What takes two columns: East Asian wide and full-width characters, and pictures.
+/// Characters of two columns: East Asian wide and full-width ones, and emoji.
 constexpr std::array<Range, 9> kWide = {{{0x1100, 0x115F},
                                          {0x2E80, 0x303E},
                                          {0x3041, 0xA4CF},
@@ -23,8 +23,8 @@ constexpr std::array<Range, 9> kWide = {{{0x1100, 0x115F},
                                          {0x1F300, 0x1FAFF},
                                          {0x20000, 0x3FFFD}}};
 
-/// What takes none: marks that join the character before them.
-constexpr std::array<Range, 3> kJoining = {{{0x0300, 0x036F}, {0x200B, 0x200F}, {0xFE00, 0xFE0F}}};
+/// Characters of no column: marks that combine with the character before them.
+constexpr std::array<Range, 3> kCombining = {{{0x0300, 0x036F}, {0x200B, 0x200F}, {0xFE00, 0xFE0F}}};
 
 template <size_t Count>
 bool IsIn(const std::array<Range, Count>& ranges, char32_t character) {
@@ -33,7 +33,7 @@ bool IsIn(const std::array<Range, Count>& ranges, char32_t character) {
 }
 
 int ColumnsOf(char32_t character) {
-    if (IsIn(kJoining, character)) {
+    if (IsIn(kCombining, character)) {
         return 0;
     }
     return IsIn(kWide, character) ? 2 : 1;
@@ -49,7 +49,7 @@ size_t SequenceLength(unsigned char lead) {
     return lead >= 0xE0 ? 3 : 2;
 }
 
-/// One character and where the next begins. A malformed sequence is taken byte by byte.
+/// Reads one character and moves `at` to the next. A malformed sequence is read byte by byte.
 char32_t Next(std::string_view text, size_t& at) {
     const auto lead = static_cast<unsigned char>(text[at]);
     const size_t length = SequenceLength(lead);
@@ -71,11 +71,11 @@ char32_t Next(std::string_view text, size_t& at) {
     return character;
 }
 
-bool MayBreakBehind(char character) {
+bool MayBreakAfter(char character) {
     return character == ' ' || character == '&' || character == ',' || character == '|';
 }
 
-/// Where the line that begins at `start` has to end.
+/// The end of the line that begins at `start`.
 size_t LineEnd(std::string_view text, size_t start, int width) {
     size_t lastBreak = start;
     int columns = 0;
@@ -86,7 +86,7 @@ size_t LineEnd(std::string_view text, size_t start, int width) {
         if (!fits) {
             return lastBreak > start ? lastBreak : std::max(at, start + 1);
         }
-        if (MayBreakBehind(text[at])) {
+        if (MayBreakAfter(text[at])) {
             lastBreak = next;
         }
         at = next;

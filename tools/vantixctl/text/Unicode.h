@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// UTF-8 text as a terminal shows it.
+/// UTF-8 text on a terminal.
 
 #include <string>
 #include <string_view>
@@ -9,16 +9,16 @@
 
 namespace vantix::ctl {
 
-/// The text without control characters, which a server could use to take over the terminal: each becomes a blank.
+/// The text with a blank for each control character: a server could control the terminal with them.
 std::string Printable(std::string_view text);
 
-/// Columns that the text takes on a terminal.
+/// Number of columns that the text takes on a terminal.
 int DisplayWidth(std::string_view text);
 
-/// The text cut into lines of at most `width` columns, preferably behind a blank, "&", "," or "|".
+/// The text cut into lines of at most `width` columns, preferably after a blank, "&", "," or "|".
 std::vector<std::string> Wrapped(std::string_view text, int width);
 
-/// "***" for a secret, with the first characters of a long one so that two can be told apart.
+/// "***" for a secret; a long one keeps its first characters, so that two differ.
 std::string Masked(std::string_view secret);
 
 }  // namespace vantix::ctl

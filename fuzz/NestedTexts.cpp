@@ -1,4 +1,4 @@
-// Texts inside of answers, and what the transport does with texts.
+// Readers of texts inside responses, and the masking and code page conversion of texts.
 
 #include "Fuzzer.h"
 #include "log/Masking.h"
@@ -9,9 +9,9 @@
 
 namespace vantix::fuzz {
 
-void Try(const std::string& text) {
+void FuzzOne(const std::string& text) {
     for (const unsigned number : {0U, 1U, 149U, 836U, 4294967295U}) {
-        Promise(CapabilityByNumber(text, number) >= 0);
+        Require(CapabilityByNumber(text, number) >= 0);
     }
     P2PDevInfo devInfo;
     ParseP2PQXDevCap(text, devInfo);

@@ -1,4 +1,4 @@
-#include "DetailAnswer.h"
+#include "DetailResponse.h"
 
 #include <array>
 
@@ -21,7 +21,7 @@ constexpr std::array<const char*, 12> kReadCapabilities{
     "support_quickplay_way",
     "support_device_playback_small_speed",
 };
-/// Capabilities that servers send and nobody here reads.
+/// Number of capabilities that servers send and the library does not read.
 constexpr int kOtherCapabilities = 28;
 
 std::string ShortList() {
@@ -60,7 +60,7 @@ std::string Camera(const std::string& serial) {
            R"({"videoQualityName":"Full HD","videoLevel":2,"streamType":1}]})";
 }
 
-/// The members that a device and its parent have alike, without braces.
+/// The members that both a device and its parent have, without braces.
 std::string DeviceMembers(const std::string& serial, const std::string& belongSerial) {
     return R"("deviceSerial":")" + serial +
            R"(","deviceIP":"198.51.100.21","devicePort":8000,"cmdPort":9010,"httpPort":80,"streamPort":9020,)"
@@ -98,7 +98,7 @@ std::string NestedText() {
     return text;
 }
 
-std::string DetailAnswer(const std::string& serial) {
+std::string DetailResponse(const std::string& serial) {
     return R"({"result":{"code":"200","msg":"ok","data":{"camera":)" + Camera(serial) + R"(,"device":)" +
            Device(serial) + "}}}";
 }

@@ -1,4 +1,4 @@
-// Every parser and check of the platform's answers.
+// All parsers and checks of the platform's responses.
 
 #include <deque>
 #include <optional>
@@ -16,7 +16,7 @@
 namespace vantix::fuzz {
 namespace {
 
-constexpr char kMark[] = "as it was";
+constexpr char kUnchanged[] = "unchanged";
 
 template <class Record>
 void Read(int (*parse)(const std::string& body, Record& record), const std::string& body) {
@@ -26,21 +26,21 @@ void Read(int (*parse)(const std::string& body, Record& record), const std::stri
 
 using DetailParser = int (*)(const std::string&, DevChannelInfo&, DevDetailInfo&, std::optional<BelongDevInfo>&);
 
-/// A refused answer leaves the records alone.
+/// Parses a detail; a response that is refused must not change the records.
 void ReadDetail(DetailParser parse, const std::string& body) {
     DevChannelInfo channel;
     DevDetailInfo device;
     std::optional<BelongDevInfo> parent;
-    channel.deviceSerial = device.deviceSerial = kMark;
+    channel.deviceSerial = device.deviceSerial = kUnchanged;
     device.iCloseBlong = 1;
     const int result = parse(body, channel, device, parent);
-    Promise(device.iCloseBlong == 1);
-    Promise(result == 0 || (channel.deviceSerial == kMark && device.deviceSerial == kMark && !parent));
+    Require(device.iCloseBlong == 1);
+    Require(result == 0 || (channel.deviceSerial == kUnchanged && device.deviceSerial == kUnchanged && !parent));
 }
 
 }  // namespace
 
-void Try(const std::string& text) {
+void FuzzOne(const std::string& text) {
     ReadDetail(ParseDevDetailInfoFromPlatform, text);
     ReadDetail(ParseDeviceDetailInfoFromPlatform, text);
     Read<ServerInfo>(ParseServerInfoFromPlatform, text);

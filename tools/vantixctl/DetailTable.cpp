@@ -1,4 +1,4 @@
-#include "DetailCard.h"
+#include "DetailTable.h"
 
 #include <algorithm>
 #include <array>
@@ -10,6 +10,7 @@
 namespace vantix::ctl {
 namespace {
 
+/// One line of the table; `pattern` is that of FillPattern.
 struct Line {
     std::string_view group;
     std::string_view label;
@@ -62,7 +63,7 @@ constexpr std::array kLines = {
 
 bool IsYes(const Json& value) { return value == true || (value.is_number() && value != 0) || value == "1"; }
 
-/// Whether a capability, a number or decimal text, says yes.
+/// Whether a capability, a number or a decimal text, is there: not empty, 0 or -1.
 bool IsThere(const Json& value) {
     if (!value.is_string()) {
         return IsYes(value);
@@ -93,7 +94,7 @@ std::string Relay(const Json& relay) {
     return relay["strVtmAddr"].get<std::string>() + ":" + Dumped(relay["iVtmPort"]);
 }
 
-/// "2 Full HD (main)", kept together on a line.
+/// "2 Full HD (main)", with no-break spaces.
 std::string Quality(const Json& quality) {
     std::string text = Dumped(quality["videoLevel"]) + " " + quality["videoQualityName"].get<std::string>() +
                        (quality["streamType"] == 1 ? " (main)" : " (sub)");
@@ -109,7 +110,7 @@ std::string Count(const Json& value) {
     return text.empty() ? "" : std::to_string(1 + std::count(text.begin(), text.end(), '|')) + " values";
 }
 
-/// How a member is shown in a form; the value itself when the form is empty or unknown.
+/// One form of a member and the function that shows a value in it.
 struct Form {
     std::string_view name;
     std::string (*show)(const Json&);
@@ -136,7 +137,7 @@ std::string Shown(const Json& value, std::string_view form) {
     return value.is_string() ? value.get<std::string>() : Dumped(value, -1);
 }
 
-/// The member that "device.deviceIP" names.
+/// The member with this name, such as "device.deviceIP".
 const Json& Member(const Json& detail, std::string_view name) {
     const size_t dot = name.find('.');
     return detail.at(std::string(name.substr(0, dot))).at(std::string(name.substr(dot + 1)));
@@ -151,7 +152,7 @@ Style StyleOf(const Line& line, const std::string& text) {
 
 }  // namespace
 
-std::string FilledIn(std::string_view pattern, const Json& detail, bool showSecrets, bool& filled) {
+std::string FillPattern(std::string_view pattern, const Json& detail, bool showSecrets, bool& filled) {
     std::string text;
     bool isFirst = true;
     filled = false;
@@ -177,7 +178,7 @@ std::string FilledIn(std::string_view pattern, const Json& detail, bool showSecr
     return text;
 }
 
-std::string DetailCard(const Context& context, const Json& detail) {
+std::string DetailTable(const Context& context, const Json& detail) {
     Table table({{""}, {""}, {"", Align::Left, true}});
     std::string_view group;
     for (const Line& line : kLines) {
@@ -187,7 +188,7 @@ std::string DetailCard(const Context& context, const Json& detail) {
         }
         group = line.group;
         bool filled = false;
-        const std::string text = FilledIn(line.pattern, detail, context.showSecrets, filled);
+        const std::string text = FillPattern(line.pattern, detail, context.showSecrets, filled);
         table.Add({Cell(isNewGroup ? std::string(group) : "", Style::Strong),
                    Cell(std::string(line.label), Style::Accent),
                    filled && !text.empty() ? Cell(text, StyleOf(line, text)) : Cell("–", Style::Faint)});

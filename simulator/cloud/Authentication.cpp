@@ -1,4 +1,4 @@
-#include "Proof.h"
+#include "Authentication.h"
 
 #include <algorithm>
 #include <array>
@@ -9,7 +9,7 @@ namespace {
 constexpr std::array<std::string_view, 6> tokenMembers = {"deviceTkToken",   "deviceVideoTkToken", "previewTkToken",
                                                           "playTackTkToken", "talkTkToken",        "token"};
 
-bool Carries(const Json& entry, const std::string& token) {
+bool HasToken(const Json& entry, const std::string& token) {
     return std::any_of(tokenMembers.begin(), tokenMembers.end(),
                        [&](std::string_view key) { return TextOf(entry, key) == token; });
 }
@@ -18,11 +18,11 @@ bool IsAccountToken(const CloudState& state, const std::string& token) {
     return state.tokens.valid.contains(token) || token == TextOf(state.account, "globalTkToken");
 }
 
-/// Whether some entry of the account's device tokens carries the token (and names the serial, when one is given).
+/// Whether an entry of the account's device tokens has the token (and the serial, when one is given).
 bool IsDeviceToken(const CloudState& state, const std::string& token, const std::string& serial) {
     for (const char* list : {"tkTokens", "b2cTokens"}) {
         for (const Json& entry : Member(state.account, list)) {
-            if (Carries(entry, token) && (serial.empty() || TextOf(entry, "deviceSerial") == serial)) {
+            if (HasToken(entry, token) && (serial.empty() || TextOf(entry, "deviceSerial") == serial)) {
                 return true;
             }
         }
@@ -32,17 +32,17 @@ bool IsDeviceToken(const CloudState& state, const std::string& token, const std:
 
 }  // namespace
 
-bool TokenHolds(const Call& call) {
+bool HasValidToken(const Call& call) {
     const std::string token = call.parameters.Text("accessToken");
     return !token.empty() && (IsAccountToken(call.state, token) || IsDeviceToken(call.state, token, {}));
 }
 
-bool TokenReachesDevice(const Call& call) {
+bool TokenCoversDevice(const Call& call) {
     const std::string token = call.parameters.Text("accessToken");
     return IsAccountToken(call.state, token) || IsDeviceToken(call.state, token, call.parameters.Text("deviceSerial"));
 }
 
-bool SessionHolds(const Call& call) {
+bool HasValidSession(const Call& call) {
     std::string session = HeaderValue(call.request.headers, "sessionId");
     if (session.empty()) {
         session = call.parameters.Text("sessionId");

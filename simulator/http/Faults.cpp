@@ -1,4 +1,4 @@
-#include "Traps.h"
+#include "Faults.h"
 
 #include <netinet/in.h>
 #include <poll.h>
@@ -17,7 +17,7 @@ namespace {
 
 constexpr int backlog = 128;
 
-/// A descriptor that is closed once.
+/// Owns a file descriptor and closes it.
 class Descriptor {
 public:
     explicit Descriptor(int number) : m_number(number) {
@@ -63,7 +63,7 @@ void Reset(int socket) {
     setsockopt(socket, SOL_SOCKET, SO_LINGER, &abort, sizeof abort);
 }
 
-/// Unread bytes would turn an orderly close into a reset.
+/// Reads what is still unread: the system turns a close with unread bytes into a reset.
 void Drain(int socket) {
     std::array<char, 4096> ignored{};
     pollfd readable{socket, POLLIN, 0};
@@ -72,27 +72,27 @@ void Drain(int socket) {
 
 }  // namespace
 
-/// One listening port and the thread that accepts on it.
-class Traps::Trap {
+/// A listening port with a fault, and the thread that accepts its connections.
+class Faults::Port {
 public:
-    explicit Trap(TrapConduct conduct)
-        : m_conduct(std::move(conduct)),
-          m_listener(Listen(m_port)),
+    explicit Port(Fault fault)
+        : m_fault(std::move(fault)),
+          m_listener(Listen(m_number)),
           m_stop(eventfd(0, EFD_CLOEXEC)),
           m_thread([this] { Run(); }) {}
 
-    ~Trap() {
+    ~Port() {
         const std::uint64_t one = 1;
         (void)!write(m_stop.Number(), &one, sizeof one);
         m_thread.join();
     }
 
-    Trap(const Trap&) = delete;
-    Trap& operator=(const Trap&) = delete;
-    Trap(Trap&&) = delete;
-    Trap& operator=(Trap&&) = delete;
+    Port(const Port&) = delete;
+    Port& operator=(const Port&) = delete;
+    Port(Port&&) = delete;
+    Port& operator=(Port&&) = delete;
 
-    [[nodiscard]] std::string Address() const { return "https://127.0.0.1:" + std::to_string(m_port); }
+    [[nodiscard]] std::string Address() const { return "https://127.0.0.1:" + std::to_string(m_number); }
 
 private:
     void Run() {
@@ -103,51 +103,51 @@ private:
             }
             const int accepted = accept4(m_listener.Number(), nullptr, nullptr, SOCK_CLOEXEC);
             if (accepted >= 0) {
-                Meet(Descriptor(accepted));
+                Serve(Descriptor(accepted));
             }
         }
     }
 
-    void Meet(Descriptor guest) {
-        if (m_conduct.tls) {
-            const bool isClosed = m_conduct.end == TrapConduct::End::close;
-            ServeOverTls(guest.Number(), *m_conduct.tls, m_conduct.bytes, isClosed);
-        } else if (!m_conduct.bytes.empty()) {
-            (void)send(guest.Number(), m_conduct.bytes.data(), m_conduct.bytes.size(), MSG_NOSIGNAL);
+    void Serve(Descriptor connection) {
+        if (m_fault.tls) {
+            const bool isClosed = m_fault.end == Fault::End::close;
+            ServeOverTls(connection.Number(), *m_fault.tls, m_fault.bytes, isClosed);
+        } else if (!m_fault.bytes.empty()) {
+            (void)send(connection.Number(), m_fault.bytes.data(), m_fault.bytes.size(), MSG_NOSIGNAL);
         }
-        switch (m_conduct.end) {
-            case TrapConduct::End::hold: m_held.push_back(std::move(guest)); break;
-            case TrapConduct::End::reset: Reset(guest.Number()); break;
-            case TrapConduct::End::close:
-                shutdown(guest.Number(), SHUT_WR);
-                Drain(guest.Number());
+        switch (m_fault.end) {
+            case Fault::End::keepOpen: m_keptOpen.push_back(std::move(connection)); break;
+            case Fault::End::reset: Reset(connection.Number()); break;
+            case Fault::End::close:
+                shutdown(connection.Number(), SHUT_WR);
+                Drain(connection.Number());
                 break;
         }
     }
 
-    TrapConduct m_conduct;
-    std::uint16_t m_port = 0;
+    Fault m_fault;
+    std::uint16_t m_number = 0;
     Descriptor m_listener;
     Descriptor m_stop;
-    std::vector<Descriptor> m_held;
+    std::vector<Descriptor> m_keptOpen;
     std::thread m_thread;
 };
 
-Traps::Traps() = default;
+Faults::Faults() = default;
 
-Traps::~Traps() = default;
+Faults::~Faults() = default;
 
-std::string Traps::Open(TrapConduct conduct) {
-    auto trap = std::make_unique<Trap>(std::move(conduct));
-    std::string address = trap->Address();
+std::string Faults::Open(Fault fault) {
+    auto port = std::make_unique<Port>(std::move(fault));
+    std::string address = port->Address();
     const std::lock_guard lock(m_mutex);
-    m_traps.push_back(std::move(trap));
+    m_ports.push_back(std::move(port));
     return address;
 }
 
-void Traps::Clear() {
+void Faults::Clear() {
     const std::lock_guard lock(m_mutex);
-    m_traps.clear();
+    m_ports.clear();
 }
 
 }  // namespace vantix::simulator

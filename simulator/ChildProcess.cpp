@@ -1,4 +1,4 @@
-#include "Child.h"
+#include "ChildProcess.h"
 
 #include <poll.h>
 #include <sys/prctl.h>
@@ -18,13 +18,14 @@ namespace {
 
 constexpr int notFound = 127;
 constexpr int signalBase = 128;
-/// A child that was told to end and does not is killed after this time.
+/// A child that does not end after a signal is killed after this time.
 constexpr std::chrono::seconds grace{10};
 
 using Clock = std::chrono::steady_clock;
 
-/// Only what is safe between fork and exec; a child whose cloud dies must not stay behind.
-[[noreturn]] void Become(char** command, const sigset_t& mask) {
+/// Replaces the forked process by the command. Calls only what is safe between fork and exec. The child is killed when
+/// the simulator dies, so that it never outlives the cloud.
+[[noreturn]] void Execute(char** command, const sigset_t& mask) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     sigprocmask(SIG_SETMASK, &mask, nullptr);
     execvp(command[0], command);
@@ -46,7 +47,7 @@ std::optional<int> StatusOf(pid_t child) {
     return WEXITSTATUS(state);
 }
 
-/// The next signal, or 0 when none came within half a second.
+/// Waits for the next signal; 0 when none arrives within half a second.
 int NextSignal(int signals) {
     pollfd watched{signals, POLLIN, 0};
     signalfd_siginfo info{};
@@ -75,11 +76,11 @@ int WaitFor(pid_t child, int signals) {
 
 }  // namespace
 
-int RunChild(char** command, const std::string& controlAddress, int signals, const sigset_t& mask) {
+int RunChildProcess(char** command, const std::string& controlAddress, int signals, const sigset_t& mask) {
     setenv("VANTIX_SIMULATOR", controlAddress.c_str(), 1);
     const pid_t child = fork();
     if (child == 0) {
-        Become(command, mask);
+        Execute(command, mask);
     }
     if (child < 0) {
         std::perror("fork");

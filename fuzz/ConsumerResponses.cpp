@@ -1,4 +1,4 @@
-// Every parser of the consumer servers' answers.
+// All parsers of the consumer servers' responses.
 
 #include <vector>
 
@@ -23,7 +23,7 @@ void Read(int (*parse)(const std::string& body, Record& record), const std::stri
 
 }  // namespace
 
-void Try(const std::string& text) {
+void FuzzOne(const std::string& text) {
     std::vector<ConsumerChannel> channels;
     ParseDevDetailInfoFromCServer(text, kSerial, channels);
     P2PDevInfo devInfo;

@@ -1,7 +1,8 @@
 #pragma once
 
 /// @file
-/// The shapes in which operations answer. Each takes the call of the slot as a callable.
+/// Makes the outcome of an operation, by the way in which the operation returns. Each takes the call of the slot as a
+/// callable; its signature stands before the description.
 
 #include <vantix/IVantixDataCenter.h>
 
@@ -14,15 +15,15 @@
 
 namespace vantix::ctl {
 
-/// Times that leave nothing out.
+/// A span of time that includes all recordings and alarms.
 inline constexpr std::string_view kEarliest = "2000-01-01 00:00:00";
 inline constexpr std::string_view kLatest = "2037-12-31 23:59:59";
 
 }  // namespace vantix::ctl
 
-namespace vantix::ctl::answers {
+namespace vantix::ctl::outcomes {
 
-/// A value that is only handed out with a success.
+/// A value that is shown only with success.
 inline Outcome WithValue(int code, Json value) {
     return {code, code == VANTIX_NOERROR ? std::move(value) : Json(nullptr)};
 }
@@ -33,7 +34,7 @@ Outcome Code(const Function& call) {
     return {call(), nullptr};
 }
 
-/// `int call()`: a number, of which only -1 means failure.
+/// `int call()`: a number, where only -1 means failure.
 template <class Function>
 Outcome Number(const Function& call) {
     const int number = call();
@@ -53,10 +54,10 @@ Outcome Granted(const Function& call) {
     return WithValue(call(), true);
 }
 
-/// Something that cannot fail.
-inline Outcome Plain(Json value) { return {VANTIX_NOERROR, std::move(value)}; }
+/// A value of a call that cannot fail.
+inline Outcome Value(Json value) { return {VANTIX_NOERROR, std::move(value)}; }
 
-/// `void call()`.
+/// `void call()`: nothing.
 template <class Function>
 Outcome Done(const Function& call) {
     call();
@@ -71,14 +72,14 @@ Outcome Text(const Function& call) {
     return WithValue(code, text);
 }
 
-/// `int call(std::string&)`: a JSON text, handed on as what it means.
+/// `int call(std::string&)`: a JSON text, which is parsed.
 template <class Function>
 Outcome JsonText(const Function& call) {
     std::string text;
     const int code = call(text);
     Json parsed = Parsed(text);
     Outcome outcome = WithValue(code, parsed.is_discarded() ? Json(text) : std::move(parsed));
-    outcome.isAnswer = true;
+    outcome.isServerResponse = true;
     return outcome;
 }
 
@@ -90,7 +91,7 @@ Outcome Filled(const Function& call) {
     return WithValue(code, ToJson(record));
 }
 
-/// `int call(Record&, std::future<int32_t>&)`: a record, from the cache or from a fetch that is waited for.
+/// `int call(Record&, std::future<int32_t>&)`: a record, from the cache or from a fetch, which is awaited.
 template <class Record, class Function>
 Outcome Awaited(const Function& call) {
     return Filled<Record>([&](Record& record) {
@@ -100,4 +101,4 @@ Outcome Awaited(const Function& call) {
     });
 }
 
-}  // namespace vantix::ctl::answers
+}  // namespace vantix::ctl::outcomes

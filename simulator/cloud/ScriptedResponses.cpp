@@ -1,0 +1,150 @@
+#include "ScriptedResponses.h"
+
+#include "../Bytes.h"
+
+#include <algorithm>
+#include <array>
+
+namespace vantix::simulator {
+namespace {
+
+/// Every member that a scripted response may have; a misspelt one is refused, so that it is not silently ignored.
+constexpr std::array<std::string_view, 20> knownMembers = {"path",    "domain",    "match",   "times",
+                                                           "code",    "message",   "status",  "body",
+                                                           "bodyHex", "json",      "delayMs", "hold",
+                                                           "headers", "malformed", "reset",   "truncated",
+                                                           "raw",     "rawHex",    "drip",    "closeWithoutResponse"};
+
+constexpr std::array<std::string_view, 8> effects = {"code",      "status", "delayMs",   "hold",
+                                                     "malformed", "reset",  "truncated", "closeWithoutResponse"};
+constexpr std::array<std::string_view, 7> contents = {"body", "bodyHex", "json", "raw", "rawHex", "drip", "headers"};
+
+template <std::size_t count>
+bool Contains(const std::array<std::string_view, count>& names, const std::string& name) {
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+bool IsHexOrAbsent(const Json& script, std::string_view key) {
+    const Json& member = Member(script, key);
+    return member.is_null() || (member.is_string() && FromHex(member.get_ref<const std::string&>()));
+}
+
+std::string Problem(const Json& script) {
+    if (!script.is_object()) {
+        return "a scripted response is an object";
+    }
+    if (!Member(script, "path").is_string()) {
+        return "a scripted response needs a path";
+    }
+    bool effective = false;
+    for (const auto& [key, value] : script.items()) {
+        if (!Contains(knownMembers, key)) {
+            return "a scripted response has no member " + key;
+        }
+        effective = effective || Contains(effects, key) || Contains(contents, key);
+    }
+    if (!effective) {
+        return "the scripted response has no effect";
+    }
+    if (!IsHexOrAbsent(script, "bodyHex") || !IsHexOrAbsent(script, "rawHex")) {
+        return "not hexadecimal";
+    }
+    const long long status = NumberOf(script, "status", 200);
+    return status < 200 || status > 999 ? "a status is 200 to 999; use raw for others" : "";
+}
+
+bool Fits(const Json& script, Domain domain, const std::string& path, const Parameters& parameters) {
+    const std::string wanted = TextOf(script, "path");
+    if (wanted != path && wanted != "*") {
+        return false;
+    }
+    const std::string only = TextOf(script, "domain");
+    if (!only.empty() && only != (domain == Domain::b ? "B" : "C")) {
+        return false;
+    }
+    const Json& match = Member(script, "match");
+    if (!match.is_object()) {
+        return true;
+    }
+    return std::all_of(match.items().begin(), match.items().end(), [&](const auto& item) {
+        return parameters.Has(item.key()) && parameters.Text(item.key()) == TextOf(match, item.key());
+    });
+}
+
+}  // namespace
+
+std::string ScriptedResponses::Add(const Json& script) {
+    const Json list = script.is_array() ? script : Json::array({script});
+    for (const Json& entry : list) {
+        if (std::string problem = Problem(entry); !problem.empty()) {
+            return problem;
+        }
+    }
+    const std::lock_guard lock(m_mutex);
+    for (const Json& entry : list) {
+        m_scripted.push_back({entry, NumberOf(entry, "times", 1)});
+    }
+    return {};
+}
+
+std::optional<Json> ScriptedResponses::Take(Domain domain, const std::string& path, const Parameters& parameters) {
+    const std::lock_guard lock(m_mutex);
+    const auto found = std::find_if(m_scripted.begin(), m_scripted.end(), [&](const ScriptedResponse& scripted) {
+        return Fits(scripted.content, domain, path, parameters);
+    });
+    if (found == m_scripted.end()) {
+        return std::nullopt;
+    }
+    Json content = found->content;
+    if (found->left > 0 && --found->left == 0) {
+        m_scripted.erase(found);
+    }
+    return content;
+}
+
+Json ScriptedResponses::List() const {
+    const std::lock_guard lock(m_mutex);
+    Json list = Json::array();
+    for (const ScriptedResponse& scripted : m_scripted) {
+        list.push_back(scripted.content);
+        list.back()["times"] = scripted.left;
+    }
+    return list;
+}
+
+void ScriptedResponses::Clear() {
+    const std::lock_guard lock(m_mutex);
+    m_scripted.clear();
+}
+
+HeaderList ScriptedHeaders(const Json& script) {
+    HeaderList headers;
+    const Json& given = Member(script, "headers");
+    if (given.is_object()) {
+        for (const auto& [name, value] : given.items()) {
+            headers.emplace_back(name, TextOf(given, name));
+        }
+    } else if (given.is_array()) {
+        for (const Json& pair : given) {
+            if (pair.is_array() && pair.size() == 2 && pair[0].is_string() && pair[1].is_string()) {
+                headers.emplace_back(pair[0].get<std::string>(), pair[1].get<std::string>());
+            }
+        }
+    }
+    return headers;
+}
+
+std::optional<std::string> ScriptedBody(const Json& script) {
+    if (const Json& hex = Member(script, "bodyHex"); hex.is_string()) {
+        return FromHex(hex.get_ref<const std::string&>());
+    }
+    if (const Json& text = Member(script, "body"); text.is_string()) {
+        return text.get<std::string>();
+    }
+    if (script.contains("json")) {
+        return Dump(script.at("json"));
+    }
+    return std::nullopt;
+}
+
+}  // namespace vantix::simulator
