@@ -19,16 +19,23 @@ namespace {
 constexpr int kBufferSize = 40960;
 constexpr char kModuleName[] = "Vantix";
 
+#if defined(VANTIX_DROP_OVERLONG_LINE)
+constexpr bool kDropsOverlongLine = true;
+#else
+constexpr bool kDropsOverlongLine = false;
+#endif
+
 /// Ends the process as a range-check failure does.
 [[noreturn]] void RangeCheckFailure() { std::abort(); }
 
 /// Ends the text of `length` characters in the buffer with a newline and hands it to the sinks. A negative length
 /// stands for a text that could not be formatted.
 void Emit(int lineLevel, char* buffer, int length) {
-    if (length == kBufferSize - 1 || length == kBufferSize) {
+    const bool fillsTheBuffer = length == kBufferSize - 1 || length == kBufferSize;
+    if (fillsTheBuffer && !kDropsOverlongLine) {
         RangeCheckFailure();
     }
-    if (length < 0 || length > kBufferSize) {
+    if (length < 0 || length >= kBufferSize - 1) {
         buffer[0] = '\0';
     } else {
         buffer[length] = '\n';

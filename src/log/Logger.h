@@ -44,7 +44,7 @@ inline bool LogPasses(int lineLevel) { return iLogLevel.load(std::memory_order_r
 /// log library. `format` begins with the line's prefix, and its first three values are process id, tag and line.
 ///
 /// A text that does not fit reaches both sinks as an empty text. One of 40,959 or 40,960 characters ends the process,
-/// as a range-check failure does.
+/// as a range-check failure does; a build with VANTIX_OVERLONG_LINE=drop makes an empty text of it, too.
 void log(int lineLevel, const char* format, ...) VANTIX_PRINTF_FORMAT(2, 3);
 
 /// The id that lines bear.

@@ -1,8 +1,26 @@
 #include "transport/CurlTransfer.h"
 
+#include <string>
+
 #include "transport/CurlCallbacks.h"
+#include "transport/Protocols.h"
+#include "transport/RegularFile.h"
 
 namespace vantix {
+namespace {
+
+std::string WithoutLineBreaks(std::string text) {
+    std::erase_if(text, [](char c) { return c == '\r' || c == '\n'; });
+    return text;
+}
+
+/// libcurl drops "key:" with nothing but blanks behind it, and sends "key;" as a header without a value.
+std::string HeaderLine(const std::string& key, const std::string& value) {
+    const bool isBlank = value.find_first_not_of(" \t\n\v\f\r") == std::string::npos;
+    return isBlank ? key + ";" : key + ": " + value;
+}
+
+}  // namespace
 
 CurlTransfer::CurlTransfer(bool verbose)
     : m_handle(curl_easy_init()), m_result(m_handle != nullptr ? CURLE_OK : CURLE_FAILED_INIT) {
@@ -23,7 +41,7 @@ void CurlTransfer::AddHeader(const std::string& line) {
         return;
     }
     // A list that could not grow must stop the request: without its headers it would reach the server as another one.
-    curl_slist* grown = curl_slist_append(m_headers, line.c_str());
+    curl_slist* grown = curl_slist_append(m_headers, WithoutLineBreaks(line).c_str());
     if (grown == nullptr) {
         m_result = CURLE_OUT_OF_MEMORY;
     } else {
@@ -33,9 +51,7 @@ void CurlTransfer::AddHeader(const std::string& line) {
 
 void CurlTransfer::AddHeaders(const ParamMap& headers) {
     for (const auto& [key, value] : headers.All()) {
-        // libcurl drops "key:" with nothing behind it, and sends "key;" as an empty header.
-        std::string line = key;
-        AddHeader(value.empty() ? line.append(";") : line.append(": ").append(value));
+        AddHeader(HeaderLine(key, value));
     }
 }
 
@@ -49,7 +65,7 @@ curl_mimepart* CurlTransfer::AddFormPart(const std::string& name) {
         m_form = curl_mime_init(m_handle);
     }
     curl_mimepart* part = m_form == nullptr ? nullptr : curl_mime_addpart(m_form);
-    m_result = part == nullptr ? CURLE_OUT_OF_MEMORY : curl_mime_name(part, name.c_str());
+    m_result = part == nullptr ? CURLE_OUT_OF_MEMORY : curl_mime_name(part, WithoutLineBreaks(name).c_str());
     return m_result == CURLE_OK ? part : nullptr;
 }
 
@@ -60,6 +76,9 @@ void CurlTransfer::AddFormText(const std::string& name, const std::string& value
 }
 
 void CurlTransfer::AddFormFile(const std::string& name, const char* localPath) {
+    if (m_result == CURLE_OK && IsNoRegularFile(localPath)) {
+        m_result = CURLE_READ_ERROR;
+    }
     if (curl_mimepart* part = AddFormPart(name)) {
         m_result = curl_mime_filedata(part, localPath);
     }
@@ -83,6 +102,8 @@ void CurlTransfer::SetCommonOptions(const char* address, bool withReadFunction) 
     Set(CURLOPT_CONNECTTIMEOUT, kConnectTimeoutSeconds);
     Set(CURLOPT_TIMEOUT, kTransferTimeoutSeconds);
     Set(CURLOPT_FOLLOWLOCATION, 1L);
+    Set(protocols::kFirstOption, protocols::kHttpAlone);
+    Set(protocols::kRedirectOption, protocols::kHttpAlone);
 }
 
 int CurlTransfer::Perform() {

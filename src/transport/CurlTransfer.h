@@ -8,9 +8,10 @@
 
 namespace vantix {
 
-/// One transfer: a curl handle with everything that it owns. It is made, told its options, performed once and gone.
+/// One transfer: a curl handle with everything that it owns. It is made, takes its options, is performed once and gone.
 ///
-/// The first thing that fails decides the result, and nothing is sent then.
+/// Only http and https are spoken, also after a redirect; any other scheme ends with libcurl's code 1. The first step
+/// that fails decides the result, and nothing is sent then.
 class CurlTransfer {
 public:
     explicit CurlTransfer(bool verbose);
@@ -26,7 +27,7 @@ public:
         }
     }
 
-    /// Adds a header line as it stands ("key: value").
+    /// Adds a header line ("key: value"). Line breaks are taken out of it: one entry never becomes two headers.
     void AddHeader(const std::string& line);
     /// Adds every entry as a header; one with an empty value is sent too.
     void AddHeaders(const ParamMap& headers);
@@ -35,7 +36,7 @@ public:
 
     /// Adds a text part to the form.
     void AddFormText(const std::string& name, const std::string& value);
-    /// Adds a part whose data is read from a file.
+    /// Adds a part whose data is read from a regular file; libcurl's code 26 when there is none.
     void AddFormFile(const std::string& name, const char* localPath);
     /// Makes the collected parts the request's body.
     void ApplyForm();

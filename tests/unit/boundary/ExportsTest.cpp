@@ -3,11 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cstdlib>
 #include <fstream>
+#include <initializer_list>
+#include <new>
 #include <set>
 #include <thread>
 #include <vector>
 
+#include "core/CoreInstance.h"
+#include "log/Logger.h"
 #include "support/DetailAnswer.h"
 #include "support/FailingNew.h"
 #include "support/TestData.h"
@@ -94,20 +99,104 @@ TEST_F(ExportsTest, EverythingOutlivesTheLastHandle) {
     EXPECT_EQ(transport.Count(), 1U);
 }
 
-TEST_F(ExportsTest, OnlyTheAllocatorsExceptionLeavesTheFactory) {
-    WithEveryAllocationFailing(
-        [] {
+TEST_F(ExportsTest, WithoutMemoryTheFactoryThrowsTheAllocatorsExceptionAndLogsNothing) {
+    bool isThrown = false;
+    const size_t allocations = WithEveryAllocationFailing(
+        [&] {
+            isThrown = false;
             try {
                 DestroyVantixDataCenterInstance(CreateVantixDataCenterInstance());
             } catch (const std::bad_alloc&) {
-                EXPECT_TRUE(FailingNew::Fired());
+                isThrown = true;
             }
         },
-        [](size_t /*n*/) {});
+        [&](size_t n) { EXPECT_EQ(isThrown, FailingNew::Fired()) << "allocation " << n; });
+    EXPECT_EQ(allocations, 1U) << "the handle; the core is there";
+    EXPECT_TRUE(lines.Lines().empty());
     IVantixDataCenter* after = CreateVantixDataCenterInstance();
     EXPECT_NE(after, nullptr);
     DestroyVantixDataCenterInstance(after);
 }
+
+#if GTEST_HAS_DEATH_TEST
+/// Whether a step allocates anything. One that would is cut off at its first allocation.
+bool Allocates(void (*step)()) {
+    const FailingNew failing(1);
+    try {
+        step();
+    } catch (const std::bad_alloc&) {
+        return true;
+    }
+    return FailingNew::Fired();
+}
+
+/// Whether the core is there: building it allocates.
+bool CoreIsBuilt() {
+    return !Allocates([] { CoreInstance(); });
+}
+
+/// Ends the process with 0 when all of these are so.
+[[noreturn]] void ExitWith(std::initializer_list<bool> facts) {
+    int number = 1;
+    for (const bool fact : facts) {
+        if (!fact) {
+            std::_Exit(number);
+        }
+        ++number;
+    }
+    std::_Exit(0);
+}
+
+/// Each of these cases runs in a process that has just started.
+class FirstUse : public testing::Test {
+protected:
+    FirstUse() { testing::FLAGS_gtest_death_test_style = "threadsafe"; }
+};
+
+TEST_F(FirstUse, NeitherLoadingNorDestroyingNullBuildsTheCore) {
+    const auto steps = [] {
+        const bool atLoad = CoreIsBuilt();
+        const bool allocates = Allocates([] { DestroyVantixDataCenterInstance(nullptr); });
+        ExitWith({!atLoad, !allocates, !CoreIsBuilt()});
+    };
+    EXPECT_EXIT(steps(), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(FirstUse, FirstHandleBuildsTheCore) {
+    const auto steps = [] {
+        DestroyVantixDataCenterInstance(CreateVantixDataCenterInstance());
+        ExitWith({CoreIsBuilt()});
+    };
+    EXPECT_EXIT(steps(), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(FirstUse, FirstLineThatIsWrittenBuildsTheCore) {
+    const auto steps = [] {
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kDetail, "filtered");
+        const bool afterAFilteredOne = CoreIsBuilt();
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "written");
+        ExitWith({!afterAFilteredOne, CoreIsBuilt()});
+    };
+    EXPECT_EXIT(steps(), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(FirstUse, WithoutMemoryForTheCoreTheFactoryThrowsAndTheNextCallSucceeds) {
+    const auto steps = [] {
+        bool isThrown = false;
+        try {
+            const FailingNew failing(1);
+            CreateVantixDataCenterInstance();
+        } catch (const std::bad_alloc&) {
+            isThrown = true;
+        }
+        IVantixDataCenter* next = CreateVantixDataCenterInstance();
+        next->setAppId("works");
+        std::string appId;
+        ExitWith({isThrown, next->getAppId(appId) == "works"});
+    };
+    EXPECT_EXIT(steps(), testing::ExitedWithCode(0), "");
+}
+#endif
 
 TEST_F(ExportsTest, HandlesAreMadeOnManyThreadsAtOnce) {
     std::atomic<int> wrong{0};

@@ -1,3 +1,5 @@
-# Transfers are scripted: the linker sends libcurl's calls to the tests' own functions.
+# Transfers are scripted, and the locks that a thread holds are counted: the linker sends the calls to the tests' own
+# functions.
 target_link_options(${VANTIX_TEST} PRIVATE
-    "LINKER:--wrap=curl_easy_setopt" "LINKER:--wrap=curl_easy_perform" "LINKER:--wrap=curl_easy_cleanup")
+    "LINKER:--wrap=curl_easy_setopt" "LINKER:--wrap=curl_easy_perform" "LINKER:--wrap=curl_easy_cleanup"
+    "LINKER:--wrap=TVL_MutexLock" "LINKER:--wrap=TVL_MutexUnlock")

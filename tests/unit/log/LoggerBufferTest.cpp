@@ -9,6 +9,7 @@
 #include "support/CleanSwitches.h"
 #include "support/FailingNew.h"
 #include "unit/log/EndOfProcess.h"
+#include "unit/log/LoggerThatDrops.h"
 #include "unit/log/Sinks.h"
 
 namespace vantix::test {
@@ -21,7 +22,13 @@ size_t PrefixLength() {
     return std::string("[] VX   INFO \t<Function>\t<1>,").size() + std::to_string(ProcessId()).size();
 }
 
-/// The ways to write a message, and how many characters each puts before it.
+#if defined(VANTIX_DROP_OVERLONG_LINE)
+constexpr bool kThisBuildDrops = true;
+#else
+constexpr bool kThisBuildDrops = false;
+#endif
+
+/// A statement that writes a message, and how many characters it puts before it.
 struct Statement {
     const char* name;
     void (*write)(const char* message);
@@ -45,27 +52,27 @@ protected:
     }
     static void Write(size_t length) { GetParam().write(Message(length).c_str()); }
 
-    /// What each sink received as its only text.
-    void ExpectBothReceived(const std::string& sizeName, size_t length, bool empty) {
-        SCOPED_TRACE(sizeName);
-        const auto all = sinks.All();
-        ASSERT_EQ(all.size(), 2U);
-        for (const Emitted& emitted : all) {
-            EXPECT_EQ(emitted.text.size(), empty ? 0 : length + 1) << emitted.sink;
-            EXPECT_EQ(emitted.text.find('\n'), empty ? std::string::npos : length) << emitted.sink;
-        }
-        EXPECT_EQ(all[0].sink, "debugger");
-    }
-
     CleanSwitches clean;
     Sinks sinks;
 };
+
+/// Both sinks received one text: this many characters and a newline, or nothing.
+void ExpectBothReceived(const Sinks& sinks, size_t length, bool empty) {
+    SCOPED_TRACE(length);
+    const auto all = sinks.All();
+    ASSERT_EQ(all.size(), 2U);
+    for (const Emitted& emitted : all) {
+        EXPECT_EQ(emitted.text.size(), empty ? 0 : length + 1) << emitted.sink;
+        EXPECT_EQ(emitted.text.find('\n'), empty ? std::string::npos : length) << emitted.sink;
+    }
+    EXPECT_EQ(all[0].sink, "debugger");
+}
 
 TEST_P(LoggerBufferTest, TextThatLeavesRoomArrivesWhole) {
     for (const size_t length : {100U, 40'957U, 40'958U}) {
         sinks.Clear();
         Write(length);
-        ExpectBothReceived(std::to_string(length), length, false);
+        ExpectBothReceived(sinks, length, false);
     }
 }
 
@@ -73,11 +80,14 @@ TEST_P(LoggerBufferTest, TextThatDoesNotFitBecomesEmpty) {
     for (const size_t length : {40'961U, 40'962U, 100'000U, 1'000'000U}) {
         sinks.Clear();
         Write(length);
-        ExpectBothReceived(std::to_string(length), length, true);
+        ExpectBothReceived(sinks, length, true);
     }
 }
 
 TEST_P(LoggerBufferTest, TextThatFillsTheBufferEndsTheProcessAndIsNotEmitted) {
+    if (kThisBuildDrops) {
+        GTEST_SKIP() << "this build makes an empty text of it";
+    }
     for (const size_t length : {40'959U, 40'960U}) {
         EXPECT_TRUE(TriesToEndTheProcess(GetParam().write, Message(length).c_str())) << length;
         EXPECT_TRUE(sinks.All().empty()) << length;
@@ -88,6 +98,9 @@ TEST_P(LoggerBufferTest, TextThatFillsTheBufferEndsTheProcessAndIsNotEmitted) {
 }
 
 TEST_P(LoggerBufferTest, NothingCatchesThatEndOfTheProcess) {
+    if (kThisBuildDrops) {
+        GTEST_SKIP() << "this build makes an empty text of it";
+    }
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     EXPECT_DEATH_IF_SUPPORTED(Write(40'959), "");
     EXPECT_DEATH_IF_SUPPORTED(Write(40'960), "");
@@ -103,6 +116,16 @@ TEST_P(LoggerBufferTest, FilteredTextOfAnyLengthDoesNothing) {
 
 INSTANTIATE_TEST_SUITE_P(Statements, LoggerBufferTest, testing::Values(kLog, kInSite),
                          [](const auto& statement) { return statement.param.name; });
+
+TEST(LoggerBuffer, BuildThatDropsOverlongLinesMakesEmptyTextsOfThem) {
+    const CleanSwitches clean;
+    Sinks sinks;
+    for (const auto& [length, empty] : {std::pair{40'958U, false}, {40'959U, true}, {40'960U, true}, {40'961U, true}}) {
+        sinks.Clear();
+        EXPECT_FALSE(TriesToEndTheProcess(LogWhereOverlongLinesAreDropped, std::string(length, 'x').c_str()));
+        ExpectBothReceived(sinks, length, empty);
+    }
+}
 
 TEST(LoggerBuffer, EmptyTextIsANewline) {
     const CleanSwitches clean;

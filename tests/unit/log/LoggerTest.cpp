@@ -14,6 +14,7 @@
 #if defined(_WIN32)
 #include <process.h>
 #else
+#include <pthread.h>
 #include <unistd.h>
 #endif
 
@@ -63,9 +64,23 @@ TEST_F(LoggerTest, StatementsTakeTheirPlaceInTheSource) {
     EXPECT_EQ(texts[1], "[" + pid + "] VX   ERROR\t<" + tag + ">\t<" + std::to_string(line + 1) + ">,nothing to add\n");
 }
 
-TEST_F(LoggerTest, ProcessIdIsTheSystems) { EXPECT_EQ(ProcessId(), SystemProcessId()); }
+TEST_F(LoggerTest, EveryThreadsLinesBearTheProcessId) {
+    std::thread([] { VANTIX_LOG_INFO((CallSite{"Function", 7}), level::kInfo, "from another thread"); }).join();
+    EXPECT_EQ(OnlyText(), "[" + pid + "] VX   INFO \t<Function>\t<7>,from another thread\n");
+    int fromAnotherThread = 0;
+    std::thread([&] { fromAnotherThread = ProcessId(); }).join();
+    EXPECT_EQ(fromAnotherThread, SystemProcessId());
+}
 
-TEST_F(LoggerTest, DebuggerIsToldBeforeTheLogLibraryAndBothGetTheSameText) {
+TEST_F(LoggerTest, FunctionTakesLevelFormatAndValues) {
+    void (*const function)(int, const char*, ...) = &log;
+    function(level::kInfo, "%d %s", 5, "x");
+    EXPECT_EQ(OnlyText(), "5 x\n");
+    EXPECT_STREQ(VANTIX_INFO_PREFIX, "[%d] VX   INFO \t<%s>\t<%d>,");
+    EXPECT_STREQ(VANTIX_ERROR_PREFIX, "[%d] VX   ERROR\t<%s>\t<%d>,");
+}
+
+TEST_F(LoggerTest, DebuggerReceivesALineBeforeTheLogLibraryAndBothReceiveTheSameText) {
     VANTIX_LOG_ERROR(VANTIX_HERE, 4, "one");
     VANTIX_LOG_INFO(VANTIX_HERE, 5, "two");
     const auto all = sinks.All();
@@ -217,6 +232,36 @@ TEST_F(LoggerTest, ThresholdIsReadAnewForEveryLine) {
     VANTIX_LOG_ERROR(VANTIX_HERE, 5, "heard");
     EXPECT_NE(OnlyText().find(",heard\n"), std::string::npos);
 }
+
+#if !defined(_WIN32)
+TEST_F(LoggerTest, TextThatCannotBeFormattedBecomesEmpty) {
+    // In the locale of a program's start there is no byte for this character.
+    log(5, "before %ls behind", L"\x4E2D");
+    EXPECT_EQ(OnlyText(), "");
+    EXPECT_EQ(sinks.Texts("debugger"), std::vector<std::string>{""});
+}
+
+/// Runs a function on a thread with a stack of 32 KiB, less than a line's buffer, and nothing behind it.
+void OnASmallStack(void* (*function)(void*)) {
+    pthread_attr_t attributes;
+    ASSERT_EQ(pthread_attr_init(&attributes), 0);
+    ASSERT_EQ(pthread_attr_setstacksize(&attributes, size_t{32} * 1024), 0);
+    ASSERT_EQ(pthread_attr_setguardsize(&attributes, size_t{64} * 1024), 0);
+    pthread_t thread{};
+    ASSERT_EQ(pthread_create(&thread, &attributes, function, nullptr), 0);
+    pthread_join(thread, nullptr);
+    pthread_attr_destroy(&attributes);
+}
+
+TEST_F(LoggerTest, FilteredLineNeedsNoBuffer) {
+    OnASmallStack([](void* /*argument*/) -> void* {
+        VANTIX_LOG_INFO(VANTIX_HERE, level::kDetail, "%s", "filtered");
+        VANTIX_LOG_ERROR(VANTIX_HERE, level::kDetail, "%s", "filtered");
+        return nullptr;
+    });
+    EXPECT_TRUE(sinks.All().empty());
+}
+#endif
 
 }  // namespace
 }  // namespace vantix::test

@@ -1,4 +1,4 @@
-// How the answer's body is handed out and what of it is logged.
+// How the body of a response is handed out, and what of it is logged.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -29,7 +29,7 @@ TEST_F(CRequestBody, ArrivesInABlockOfItsOwnWithATerminatingZero) {
     for (const Operation& operation : Operations()) {
         SCOPED_TRACE(operation.name);
         m_spy.Clear();
-        m_spy.Answer(CURLE_OK, {R"({"code":)", "", R"("200"})"});
+        m_spy.Respond(CURLE_OK, {R"({"code":)", "", R"("200"})"});
         const Outcome outcome(operation);
         EXPECT_EQ(outcome.result, 0);
         ASSERT_NE(outcome.response, nullptr);
@@ -56,7 +56,7 @@ TEST_F(CRequestBody, OfAFailedTransferIsHandedOutAsFarAsItCame) {
     for (const Operation& operation : Operations()) {
         SCOPED_TRACE(operation.name);
         m_spy.Clear();
-        m_spy.Answer(CURLE_PARTIAL_FILE, {R"({"code")"});
+        m_spy.Respond(CURLE_PARTIAL_FILE, {R"({"code")"});
         const Outcome outcome(operation);
         EXPECT_EQ(outcome.result, CURLE_PARTIAL_FILE);
         EXPECT_EQ(outcome.Body(), R"({"code")");
@@ -66,15 +66,15 @@ TEST_F(CRequestBody, OfAFailedTransferIsHandedOutAsFarAsItCame) {
 
 TEST_F(CRequestBody, MayHoldZeros) {
     const std::string body("a\0b\0", 4);
-    m_spy.Answer(CURLE_OK, {body});
+    m_spy.Respond(CURLE_OK, {body});
     const Outcome outcome(Operations()[0]);
     EXPECT_EQ(outcome.length, 4U);
     EXPECT_EQ(outcome.Body(), body);
     EXPECT_EQ(outcome.response[4], '\0');
 }
 
-TEST_F(CRequestBody, WithoutAPlaceForItTellsItsLengthAlone) {
-    m_spy.Answer(CURLE_OK, {"text"});
+TEST_F(CRequestBody, WithoutAPlaceForItHasItsLengthHandedOutAlone) {
+    m_spy.Respond(CURLE_OK, {"text"});
     for (const Operation& operation : Operations()) {
         SCOPED_TRACE(operation.name);
         const std::string second = operation.takesFile ? ExistingFile() : kParameters;
@@ -86,7 +86,7 @@ TEST_F(CRequestBody, WithoutAPlaceForItTellsItsLengthAlone) {
 
 TEST_F(CRequestBody, MayBeMegabytes) {
     const std::string piece(1U << 20U, 'x');
-    m_spy.Answer(CURLE_OK, {piece, piece, piece, piece});
+    m_spy.Respond(CURLE_OK, {piece, piece, piece, piece});
     const Outcome outcome(Operations()[1]);
     EXPECT_EQ(outcome.result, 0);
     EXPECT_EQ(outcome.length, 4U << 20U);
@@ -98,7 +98,7 @@ TEST_F(CRequestBody, IsLoggedInTheOperationsName) {
         SCOPED_TRACE(operation.name);
         m_log.Clear();
         m_spy.Clear();
-        m_spy.Answer(CURLE_OK, {R"({"rate":"100%s%n"})"});
+        m_spy.Respond(CURLE_OK, {R"({"rate":"100%s%n"})"});
         const Outcome outcome(operation);
         ASSERT_THAT(m_log.Messages(), ElementsAre(R"(strRsp:{"rate":"100%s%n"})"));
         EXPECT_EQ(m_log.Lines()[0].Word(), "INFO ");
@@ -108,7 +108,7 @@ TEST_F(CRequestBody, IsLoggedInTheOperationsName) {
 }
 
 TEST_F(CRequestBody, IsLoggedWhateverTheResult) {
-    m_spy.Answer(CURLE_COULDNT_CONNECT, {"partial"});
+    m_spy.Respond(CURLE_COULDNT_CONNECT, {"partial"});
     const Outcome failed(Operations()[0]);
     EXPECT_THAT(m_log.Messages(), ElementsAre("strRsp:partial"));
     m_log.Clear();
@@ -120,7 +120,7 @@ TEST_F(CRequestBody, IsLoggedWhateverTheResult) {
 
 TEST_F(CRequestBody, UpTo10240BytesIsLoggedWhole) {
     const std::string body(10240, 'x');
-    m_spy.Answer(CURLE_OK, {body});
+    m_spy.Respond(CURLE_OK, {body});
     for (const Operation& operation : Operations()) {
         SCOPED_TRACE(operation.name);
         m_log.Clear();
@@ -133,7 +133,7 @@ TEST_F(CRequestBody, UpTo10240BytesIsLoggedWhole) {
 TEST_F(CRequestBody, From10241BytesIsNotLogged) {
     for (const size_t size : {size_t{10241}, size_t{1} << 20U}) {
         m_spy.Clear();
-        m_spy.Answer(CURLE_OK, {std::string(size, 'x')});
+        m_spy.Respond(CURLE_OK, {std::string(size, 'x')});
         for (const Operation& operation : Operations()) {
             SCOPED_TRACE(operation.name);
             m_log.Clear();
@@ -149,7 +149,7 @@ TEST_F(CRequestBody, From10241BytesIsNotLogged) {
 
 TEST_F(CRequestBody, IsNotLoggedBelowTheThreshold) {
     iLogLevel = level::kWarning;
-    m_spy.Answer(CURLE_OK, {"text"});
+    m_spy.Respond(CURLE_OK, {"text"});
     const Outcome outcome(Operations()[0]);
     EXPECT_EQ(outcome.Body(), "text");
     EXPECT_THAT(m_log.Messages(), testing::IsEmpty());
@@ -158,7 +158,7 @@ TEST_F(CRequestBody, IsNotLoggedBelowTheThreshold) {
 TEST_F(CRequestBody, StaysInUtf8WhenTheHostAskedForIt) {
     const std::string body = "\xC3\xA9\xE2\x82\xAC \xE4\xB8\xAD \xFF";
     bUtf8 = true;
-    m_spy.Answer(CURLE_OK, {body});
+    m_spy.Respond(CURLE_OK, {body});
     const Outcome outcome(Operations()[0]);
     EXPECT_EQ(outcome.Body(), body);
     EXPECT_THAT(m_log.Messages(), ElementsAre("strRsp:" + body));
@@ -166,7 +166,7 @@ TEST_F(CRequestBody, StaysInUtf8WhenTheHostAskedForIt) {
 
 TEST_F(CRequestBody, IsConvertedWithTheSwitchOff) {
     const std::string body = "caf\xC3\xA9";
-    m_spy.Answer(CURLE_OK, {body});
+    m_spy.Respond(CURLE_OK, {body});
     const Outcome outcome(Operations()[0]);
 #if defined(_WIN32)
     EXPECT_EQ(outcome.Body().substr(0, 3), "caf");

@@ -153,7 +153,7 @@ TEST_F(CRequestFailure, TheTransfersCodeIsReturnedAsItIs) {
                                     CURLE_SSL_CONNECT_ERROR, CURLE_RECV_ERROR}) {
             SCOPED_TRACE(operation.name);
             m_spy.Clear();
-            m_spy.Answer(code);
+            m_spy.Respond(code);
             const Outcome outcome(operation);
             EXPECT_EQ(outcome.result, code);
             EXPECT_EQ(m_spy.Count("perform"), 1U) << "nothing is tried again";
@@ -174,7 +174,7 @@ TEST_F(CRequestFailure, WithoutMemoryForTheBlockNothingIsHandedOut) {
     for (const Operation& operation : Operations()) {
         SCOPED_TRACE(operation.name);
         m_spy.Clear();
-        m_spy.Answer(CURLE_OK, {piece, piece, rest});
+        m_spy.Respond(CURLE_OK, {piece, piece, rest});
         m_spy.FailMalloc(kBlock);
         const Outcome outcome(operation);
         EXPECT_EQ(outcome.result, 27);

@@ -1,4 +1,4 @@
-// What each operation of CRequest tells libcurl, in which order.
+// The options of libcurl that each operation of CRequest sets, in their order.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -24,8 +24,15 @@ Calls Common(const std::string& url, bool withReadFunction = true) {
     if (withReadFunction) {
         calls.emplace_back("READFUNCTION null");
     }
-    for (const char* call : {"WRITEFUNCTION AppendToBody", "WRITEDATA given", "NOSIGNAL 1", "SSL_VERIFYPEER 0",
-                             "SSL_VERIFYHOST 0", "CONNECTTIMEOUT 20", "TIMEOUT 30", "FOLLOWLOCATION 1"}) {
+    for (const char* call : {
+             "WRITEFUNCTION AppendToBody", "WRITEDATA given", "NOSIGNAL 1", "SSL_VERIFYPEER 0", "SSL_VERIFYHOST 0",
+                 "CONNECTTIMEOUT 20", "TIMEOUT 30", "FOLLOWLOCATION 1",
+#if CURL_AT_LEAST_VERSION(7, 85, 0)
+                 "PROTOCOLS_STR http,https", "REDIR_PROTOCOLS_STR http,https"
+#else
+                             "PROTOCOLS 3", "REDIR_PROTOCOLS 3"
+#endif
+         }) {
         calls.emplace_back(call);
     }
     return calls;

@@ -36,7 +36,7 @@ struct State {
     Fault option;
     Fault header;
     Fault form;
-    CURLcode answerCode = CURLE_OK;
+    CURLcode responseCode = CURLE_OK;
     std::vector<std::string> pieces;
     std::vector<std::string> calls;
     size_t options = 0;
@@ -52,7 +52,7 @@ struct State {
 State* g_state = nullptr;
 std::atomic<size_t> g_failingSize{0};
 
-void Note(const std::string& call) { g_state->calls.push_back(call); }
+void Record(const std::string& call) { g_state->calls.push_back(call); }
 
 std::string TextOrNull(const char* text) { return text == nullptr ? "null" : text; }
 
@@ -68,6 +68,11 @@ std::string HeaderText(const curl_slist* list) {
 }
 
 bool IsText(CURLoption option) {
+#if CURL_AT_LEAST_VERSION(7, 85, 0)
+    if (option == CURLOPT_PROTOCOLS_STR || option == CURLOPT_REDIR_PROTOCOLS_STR) {
+        return true;
+    }
+#endif
     return option == CURLOPT_URL || option == CURLOPT_CUSTOMREQUEST || option == CURLOPT_POSTFIELDS;
 }
 
@@ -124,10 +129,10 @@ std::string MethodOf(const Handle& handle) {
     return handle.isPost || handle.isForm || handle.postFields != nullptr ? "POST" : "GET";
 }
 
-/// Reads what would be sent, through the pointers that libcurl would now follow, and delivers the answer as it does.
+/// Reads what would be sent, through the pointers that libcurl would now follow, and delivers the response as it does.
 CURLcode Perform() {
     const Handle& handle = g_state->handle;
-    Note("perform");
+    Record("perform");
     g_state->sentUrl = handle.url;
     g_state->sentMethod = MethodOf(handle);
     if (handle.postFields != nullptr) {
@@ -143,7 +148,7 @@ CURLcode Perform() {
             return CURLE_WRITE_ERROR;
         }
     }
-    return g_state->answerCode;
+    return g_state->responseCode;
 }
 
 }  // namespace
@@ -161,8 +166,8 @@ void CurlSpy::Clear() {
     g_failingSize = 0;
 }
 
-void CurlSpy::Answer(CURLcode code, const std::vector<std::string>& pieces) {
-    g_state->answerCode = code;
+void CurlSpy::Respond(CURLcode code, const std::vector<std::string>& pieces) {
+    g_state->responseCode = code;
     g_state->pieces = pieces;
 }
 
@@ -194,7 +199,7 @@ int CurlSpy::Unreleased() const { return g_state->unreleased; }
 
 using vantix::test::g_failingSize;
 using vantix::test::g_state;
-using vantix::test::Note;
+using vantix::test::Record;
 
 // NOLINTBEGIN(bugprone-reserved-identifier,cppcoreguidelines-no-malloc): the names are the linker's
 extern "C" {
@@ -216,7 +221,7 @@ CURL* __wrap_curl_easy_init() {
     if (g_state == nullptr) {
         return __real_curl_easy_init();
     }
-    Note("init");
+    Record("init");
     if (g_state->initFails) {
         return nullptr;
     }
@@ -225,13 +230,13 @@ CURL* __wrap_curl_easy_init() {
     return __real_curl_easy_init();
 }
 
-/// Notes an option; true when it is to fail.
+/// Records an option; true when it is to fail.
 static bool OptionFails(CURLoption option, const std::string& value) {
     if (g_state == nullptr) {
         return false;
     }
     ++g_state->options;
-    Note(vantix::test::Name(option) + " " + value);
+    Record(vantix::test::Name(option) + " " + value);
     return g_state->option.FailsNow();
 }
 
@@ -288,7 +293,7 @@ CURLcode __wrap_curl_easy_perform(CURL* handle) {
 
 void __wrap_curl_easy_cleanup(CURL* handle) {
     if (g_state != nullptr && handle != nullptr) {
-        Note("cleanup");
+        Record("cleanup");
         --g_state->unreleased;
     }
     __real_curl_easy_cleanup(handle);
@@ -296,7 +301,7 @@ void __wrap_curl_easy_cleanup(CURL* handle) {
 
 curl_slist* __wrap_curl_slist_append(curl_slist* list, const char* line) {
     if (g_state != nullptr) {
-        Note(std::string("header ") + line);
+        Record(std::string("header ") + line);
         if (g_state->header.FailsNow()) {
             return nullptr;
         }
@@ -307,19 +312,19 @@ curl_slist* __wrap_curl_slist_append(curl_slist* list, const char* line) {
 
 void __wrap_curl_slist_free_all(curl_slist* list) {
     if (g_state != nullptr && list != nullptr) {
-        Note("free headers");
+        Record("free headers");
         --g_state->unreleased;
     }
     __real_curl_slist_free_all(list);
 }
 
-/// Notes a call that builds a form; true when it is to fail.
+/// Records a call that builds a form; true when it is to fail.
 static bool FormCallFails(const std::string& call) {
     if (g_state == nullptr) {
         return false;
     }
     ++g_state->formCalls;
-    Note(call);
+    Record(call);
     return g_state->form.FailsNow();
 }
 
@@ -352,7 +357,7 @@ CURLcode __wrap_curl_mime_filedata(curl_mimepart* part, const char* path) {
 
 void __wrap_curl_mime_free(curl_mime* form) {
     if (g_state != nullptr && form != nullptr) {
-        Note("free form");
+        Record("free form");
         --g_state->unreleased;
     }
     __real_curl_mime_free(form);

@@ -11,10 +11,10 @@
 
 namespace vantix::test {
 
-/// While it lives, no transfer leaves the process: calls are noted and handed on to libcurl, but for `perform`, which
-/// delivers an answer. One at a time, on one thread.
+/// While it exists, no transfer leaves the process: calls are recorded and handed on to libcurl, but for `perform`,
+/// which delivers a scripted response. One at a time, on one thread. Without it libcurl is libcurl.
 ///
-/// Calls are noted as texts: "init"; an option by its name and value ("NOSIGNAL 1", "URL https://…"); "header LINE";
+/// Calls are recorded as texts: "init"; an option by its name and value ("NOSIGNAL 1", "URL https://…"); "header LINE";
 /// "form", "part", "part name N", "part data D", "part file PATH"; "perform"; "free headers", "free form", "cleanup".
 class CurlSpy {
 public:
@@ -23,10 +23,11 @@ public:
     CurlSpy(const CurlSpy&) = delete;
     CurlSpy& operator=(const CurlSpy&) = delete;
 
-    /// Forgets all calls, faults and the answer.
+    /// Forgets all calls, faults and the response.
     void Clear();
     /// What each transfer gets: libcurl's code, and a body in pieces.
-    void Answer(CURLcode code, const std::vector<std::string>& pieces = {});
+    void Respond(CURLcode code, const std::vector<std::string>& pieces = {});
+    void Answer(CURLcode code, const std::vector<std::string>& pieces = {}) { Respond(code, pieces); }
 
     /// From now on there is no handle to be had.
     void FailInit();

@@ -74,6 +74,44 @@ TEST_F(Transfer, HeadersComeInTheOrderOfTheirKeysWithABlankBehindTheColon) {
     EXPECT_THAT(m_spy.Calls(), ElementsAre("init", "header A: 1", "header a;", "header b: 2"));
 }
 
+TEST_F(Transfer, LineBreaksAreTakenOutOfHeaders) {
+    struct Row {
+        const char* key;
+        const char* value;
+        const char* call;
+    };
+    constexpr Row kRows[] = {
+        {"k", "a\r\nX-Injected: 1", "header k: aX-Injected: 1"},
+        {"k", "\r\n\r\nbody", "header k: body"},
+        {"k", "a\nb\rc\r", "header k: abc"},
+        {"k\r\nX-Injected", "v", "header kX-Injected: v"},
+        {"k\n", "", "header k;"},
+        // Nothing but line breaks and blanks is an empty value.
+        {"k", "\r\n", "header k;"},
+        {"k", " \t\n\v\f\r", "header k;"},
+        {"k", " a ", "header k:  a "},
+    };
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(row.call);
+        m_spy.Clear();
+        ParamMap headers;
+        headers.Add(row.key, row.value);
+        CurlTransfer transfer(false);
+        transfer.AddHeaders(headers);
+        EXPECT_THAT(m_spy.Calls(), ElementsAre("init", row.call));
+    }
+    m_spy.Clear();
+    CurlTransfer transfer(false);
+    transfer.AddHeader("a:\r\n b\n");
+    EXPECT_THAT(m_spy.Calls(), ElementsAre("init", "header a: b"));
+}
+
+TEST_F(Transfer, LineBreaksAreTakenOutOfTheNamesOfFormPartsAndNotOutOfTheirTexts) {
+    CurlTransfer transfer(false);
+    transfer.AddFormText("na\r\nme", "a\r\nb");
+    EXPECT_THAT(m_spy.Calls(), ElementsAre("init", "form", "part", "part name name", "part data a\r\nb"));
+}
+
 TEST_F(Transfer, AFormTextMayHoldZeros) {
     CurlTransfer transfer(false);
     transfer.AddFormText("name", std::string("a\0b", 3));
@@ -81,7 +119,7 @@ TEST_F(Transfer, AFormTextMayHoldZeros) {
 }
 
 TEST_F(Transfer, TheBodyGrowsWithEachPiece) {
-    m_spy.Answer(CURLE_OK, {"one", "two", ""});
+    m_spy.Respond(CURLE_OK, {"one", "two", ""});
     CurlTransfer transfer(false);
     transfer.SetCommonOptions("https://cloud.test/", true);
     EXPECT_EQ(transfer.Perform(), CURLE_OK);

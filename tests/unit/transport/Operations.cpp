@@ -50,9 +50,9 @@ std::string ExistingFile() {
     return file.Path();
 }
 
-Outcome::Outcome(const Operation& operation, const CRequest& request) {
+Outcome::Outcome(const Operation& operation, const CRequest& request, const std::string& address) {
     const std::string second = operation.takesFile ? ExistingFile() : kParameters;
-    result = operation.run(request, kAddress, second.c_str(), &response, &length);
+    result = operation.run(request, address.c_str(), second.c_str(), &response, &length);
 }
 
 Outcome::~Outcome() { std::free(response); }  // NOLINT(cppcoreguidelines-no-malloc): blocks come from malloc

@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// The operations of `CRequest` as rows, so that what holds for all of them is said once.
+/// The operations of `CRequest` as rows, so that what holds for all of them stands once.
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,10 @@
 
 namespace vantix::test {
 
-/// One way to call `CRequest`. The second text is a parameter string, or a local path.
+inline constexpr const char* kAddress = "https://cloud.test:8443/api/x";
+inline constexpr const char* kParameters = "a=1&b=2";
+
+/// One operation of `CRequest`. The second text is a parameter string, or a local path.
 struct Operation {
     const char* name;
     const char* tag;
@@ -42,7 +45,8 @@ std::string ExistingFile();
 class Outcome {
 public:
     /// Runs an operation against an address with a parameter string (or with an existing file).
-    explicit Outcome(const Operation& operation, const CRequest& request = CRequest());
+    explicit Outcome(const Operation& operation, const CRequest& request = CRequest(),
+                     const std::string& address = kAddress);
     ~Outcome();
     Outcome(const Outcome&) = delete;
     Outcome& operator=(const Outcome&) = delete;
@@ -53,8 +57,5 @@ public:
 
     std::string Body() const { return {response, length}; }
 };
-
-inline constexpr const char* kAddress = "https://cloud.test:8443/api/x";
-inline constexpr const char* kParameters = "a=1&b=2";
 
 }  // namespace vantix::test

@@ -1,12 +1,15 @@
 #pragma once
 
+/// @file
+/// The exception barrier between the library and its host: what is thrown behind it becomes a neutral result.
+
 #include <string>
 
 namespace vantix {
 
 /// Calls `body` and returns its result, or `neutral` when it throws.
 template <class Body, class Result>
-auto Shielded(Body body, Result neutral) noexcept -> decltype(body()) {
+auto NoThrow(Body body, Result neutral) noexcept -> decltype(body()) {
     try {
         return body();
     } catch (...) {
@@ -14,18 +17,19 @@ auto Shielded(Body body, Result neutral) noexcept -> decltype(body()) {
     }
 }
 
-/// Calls `body`; an exception ends here.
+/// Calls `body`, whatever it throws.
 template <class Body>
-void Shielded(Body body) noexcept {
+void NoThrow(Body body) noexcept {
     try {
         body();
     } catch (...) {  // NOLINT(bugprone-empty-catch): a slot without a result has nothing to report
     }
 }
 
-/// Puts what `body` returns into `text`, or nothing when it throws: no old text is taken for the answer.
+/// Puts the text that `body` returns into `text`, or an empty one when it throws: an old text is never taken for the
+/// result.
 template <class Body>
-std::string& Filled(std::string& text, Body body) noexcept {
+std::string& NoThrowInto(std::string& text, Body body) noexcept {
     try {
         text = body();
     } catch (...) {

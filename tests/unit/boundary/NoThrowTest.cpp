@@ -4,39 +4,47 @@
 
 #include <stdexcept>
 
-#include "boundary/Shielded.h"
+#include "boundary/NoThrow.h"
 #include "unit/boundary/HandleTest.h"
 #include "unit/boundary/Operations.h"
 
 namespace vantix::test {
 namespace {
 
-TEST(Shielded, ResultOfTheBodyIsPassedOn) {
-    EXPECT_EQ(Shielded([] { return 5; }, -1), 5);
-    EXPECT_EQ(Shielded([] { return true; }, false), true);
+TEST(NoThrow, ResultOfTheBodyIsPassedOn) {
+    EXPECT_EQ(NoThrow([] { return 5; }, -1), 5);
+    EXPECT_EQ(NoThrow([] { return true; }, false), true);
     int calls = 0;
-    Shielded([&] { ++calls; });
+    NoThrow([&] { ++calls; });
     EXPECT_EQ(calls, 1);
 }
 
-TEST(Shielded, ExceptionOfAnyKindBecomesTheNeutralResult) {
-    EXPECT_EQ(Shielded([]() -> int { throw std::runtime_error("x"); }, -1), -1);
-    EXPECT_EQ(Shielded([]() -> int { throw 5; }, -1), -1);
-    EXPECT_EQ(Shielded([]() -> bool { throw std::bad_alloc(); }, false), false);
-    EXPECT_NO_THROW(Shielded([] { throw std::logic_error("x"); }));
+TEST(NoThrow, ExceptionOfAnyKindBecomesTheNeutralResult) {
+    EXPECT_EQ(NoThrow([]() -> int { throw std::runtime_error("x"); }, -1), -1);
+    EXPECT_EQ(NoThrow([]() -> int { throw 5; }, -1), -1);
+    EXPECT_EQ(NoThrow([]() -> bool { throw std::bad_alloc(); }, false), false);
+    EXPECT_NO_THROW(NoThrow([] { throw std::logic_error("x"); }));
 }
 
-TEST(Shielded, ReferenceIsKept) {
+TEST(NoThrow, ReferenceIsKept) {
     int value = 1;
     int neutral = 2;
-    EXPECT_EQ(Shielded([&] { return &value; }, &neutral), &value);
-    EXPECT_EQ(Shielded([&]() -> int* { throw 1; }, &neutral), &neutral);
+    EXPECT_EQ(NoThrow([&] { return &value; }, &neutral), &value);
+    EXPECT_EQ(NoThrow([&]() -> int* { throw 1; }, &neutral), &neutral);
+}
+
+TEST(NoThrowInto, TextIsTheBodysOrEmptyAndComesBackItself) {
+    std::string text = "old";
+    EXPECT_EQ(&NoThrowInto(text, [] { return std::string("new"); }), &text);
+    EXPECT_EQ(text, "new");
+    EXPECT_EQ(&NoThrowInto(text, []() -> std::string { throw std::bad_alloc(); }), &text);
+    EXPECT_EQ(text, "");
 }
 
 /// Arguments that servers, hosts and test writers get wrong.
-std::vector<std::pair<std::string, Arguments>> OddArguments() {
+std::vector<std::pair<std::string, Arguments>> UnusualArguments() {
     const std::string nul("a\0b", 3);
-    std::vector<std::pair<std::string, Arguments>> odd = {
+    std::vector<std::pair<std::string, Arguments>> unusual = {
         {"empty", {"", "", "", 0}},
         {"ordinary", {"C1", "token", "text", 1}},
         {"negative", {"C1", "token", "text", -1}},
@@ -50,16 +58,16 @@ std::vector<std::pair<std::string, Arguments>> OddArguments() {
     };
     for (const char* text :
          {"\r", "\n", "\r\nX-Injected: 1\r\n", "&a=b", "#x", "%41%n%s", "+", " ", "\xFF\xFE\xC0", "\""}) {
-        odd.push_back({std::string("with ") + text, {text, text, text, 1}});
+        unusual.push_back({std::string("with ") + text, {text, text, text, 1}});
     }
-    return odd;
+    return unusual;
 }
 
-using ShieldTest = HandleTest;
+using NoThrowTest = HandleTest;
 
-TEST_F(ShieldTest, EveryOperationSurvivesEveryArgumentBeforeAnythingWasSet) {
+TEST_F(NoThrowTest, EveryOperationSurvivesEveryArgumentBeforeAnythingWasSet) {
     handle->setLogLevel(6);
-    for (const auto& [name, arguments] : OddArguments()) {
+    for (const auto& [name, arguments] : UnusualArguments()) {
         for (const auto* operations : {&OperationsWithCode(), &OperationsWithoutCode()}) {
             for (const Operation& operation : *operations) {
                 SCOPED_TRACE(name + ", " + operation.name);
