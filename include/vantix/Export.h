@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// Marks what the dynamic library shows to its hosts; everything else in it is hidden.
+/// Marks what the dynamic library exports; everything else in it is hidden.
 
 #if defined(_WIN32)
 #if defined(VANTIX_BUILDING_LIBRARY)

@@ -3,8 +3,8 @@
 /// @file
 /// The return codes of the whole library: signed 32-bit integers, composed in three layers.
 ///
-/// A check or parser yields a response code (0, 1, 2 or the platform's own). A request adds a base to what failed:
-/// the transport's code to 100000, a response code to 300000. The core passes these through and adds its own -1.
+/// A check or parser yields a response code: 0, 1, 2 or the server's own. A request adds a base to what failed: 100000
+/// to libcurl's code, 300000 to a response code. The core passes these through and adds its own -1.
 
 #include <cstdint>
 
@@ -17,10 +17,10 @@ enum ReturnCode : int32_t {
     VANTIX_RESP_NOT_JSON = 1,    ///< Response code: the body is not JSON.
     VANTIX_RESP_BAD_FORMAT = 2,  ///< Response code: envelope or required member missing or of the wrong type.
 
-    VANTIX_NET_ERROR_BASE = 100000,       ///< Added to the transport's code.
-    VANTIX_PLATFORM_ERROR_BASE = 300000,  ///< Added to the response code.
+    VANTIX_NET_ERROR_BASE = 100000,       ///< Added to libcurl's code: no response.
+    VANTIX_PLATFORM_ERROR_BASE = 300000,  ///< Added to a response code that is no success.
 
-    VANTIX_ACCESS_TOKEN_EXPIRED = 310002,  ///< Platform code 10002: refreshed and repeated once.
+    VANTIX_ACCESS_TOKEN_EXPIRED = 310002,  ///< Platform code 10002: renewed, and repeated once.
     VANTIX_PLATFORM_CODE_49999 = 349999,   ///< Platform code 49999: transient.
     VANTIX_PLATFORM_CODE_50000 = 350000,   ///< Platform code 50000: transient.
 

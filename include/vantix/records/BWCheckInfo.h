@@ -5,7 +5,7 @@
 
 namespace vantix {
 
-/// Where, and with which key, a client may measure its bandwidth.
+/// The address, and the key, for measuring a client's bandwidth.
 struct BWCheckInfo {
     std::string id;
     std::string url;

@@ -5,13 +5,13 @@
 
 namespace vantix {
 
-/// A span of time, as texts that the platform understands ("2026-01-02 03:04:05").
+/// A span of time, as texts ("2026-01-02 03:04:05") that go to the server unchanged.
 struct TimeSpan {
     std::string startTime;
     std::string endTime;
 };
 
-/// What to look for among the cloud recordings of a channel.
+/// Which cloud recordings of a channel to list.
 struct CloudFileQuery {
     std::string searchDate;       ///< Day to search.
     std::string maxCreateTime;    ///< Only recordings made before; empty for the newest.

@@ -5,7 +5,7 @@
 
 namespace vantix {
 
-/// The platform's configuration answer.
+/// The platform's configuration.
 struct ConfigInfo {
     std::string pushAddr;
     std::string pushAuthAddr;

@@ -10,8 +10,8 @@ namespace vantix {
 
 /// What the cloud knows about one channel ("camera") of a device.
 ///
-/// The four leading integers and the trailing one keep their places: a channel that is reached through a parent
-/// device gets its number there written into `cameraNo`, and the channel cache value is `iIsTrust`.
+/// The four leading integers and the trailing one keep their places: a channel that is reached through a parent device
+/// gets its number there written into `cameraNo`, and the channel cache value is `iIsTrust`.
 struct DevChannelInfo {
     int32_t videoLevel = 0;  ///< Current picture quality level.
     int32_t type = 0;        ///< Kind of channel.

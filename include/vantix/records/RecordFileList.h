@@ -18,7 +18,7 @@ struct RecordFile {
 /// The recordings that a query found.
 struct RecordFileList {
     std::vector<RecordFile> files;    ///< In the server's order.
-    std::string strDeviceRecordList;  ///< The answer's "data" as compact JSON, for members that have no field here.
+    std::string strDeviceRecordList;  ///< The response's "data" as compact JSON, for members that have no field here.
 };
 
 }  // namespace vantix
