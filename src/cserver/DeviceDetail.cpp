@@ -1,10 +1,11 @@
 #include "cserver/DeviceDetail.h"
 
-#include "base/Clock.h"
-#include "cserver/ConsumerEnvelope.h"
 #include "cserver/DeviceDetailReader.h"
 #include "cserver/RequestTable.h"
 #include "log/Logger.h"
+#include "requests/DeviceBookkeeping.h"
+#include "requests/Envelope.h"
+#include "requests/RequestCall.h"
 #include "requests/ResponseReader.h"
 #include "vantix/ReturnCodes.h"
 
@@ -13,16 +14,12 @@ namespace {
 
 using json::JsonCppView;
 
-/// Hands out the pair of one channel; false when the page has none.
+/// Hands out the pair of one channel; false when the response has none.
 bool Take(const std::vector<ConsumerChannel>& channels, int channelNo, DevChannelInfo& channel, DevDetailInfo& device) {
     for (const ConsumerChannel& candidate : channels) {
         if (candidate.channel.cameraNo == channelNo) {
-            const int32_t closeBlong = device.iCloseBlong;
-            const int32_t cost = device.iRequestCost;
             channel = candidate.channel;
-            device = candidate.device;
-            device.iCloseBlong = closeBlong;
-            device.iRequestCost = cost;
+            TakeOver(candidate.device, device);
             return true;
         }
     }
@@ -38,17 +35,14 @@ int GetDevDetailInfoFromCServerBySerial(const ConsumerRoute& route, const std::s
         std::vector<ConsumerChannel> channels;
         const int code = ParseDevDetailInfoFromCServer(body, deviceSerial, channels);
         if (code == VANTIX_NOERROR && !Take(channels, channelNo, channel, device)) {
-            return json::Malformed(site, body);
+            return LogMalformed(site, body);
         }
         return code;
     };
-    RequestCall call(site, cserver_requests::kDevDetailInfo, route);
-    const int result = call.With(deviceSerial).CostInto(device.iRequestCost).Run(parse);
-    if (result == VANTIX_NOERROR) {
-        device.tCacheTime = WallSeconds();
-        device.isUpdate = false;
-        device.isFromCache = false;
-    }
+    const int result = RequestCall<cserver_requests::kDevDetailInfo>(site, route, "deviceSerial"_key = deviceSerial)
+                           .CostInto(device.iRequestCost)
+                           .Run(parse);
+    MarkFetched(result, device);
     return result;
 }
 
@@ -56,13 +50,13 @@ int ParseDevDetailInfoFromCServer(const std::string& body, const std::string& de
                                   std::vector<ConsumerChannel>& channels) {
     const CallSite site = VANTIX_HERE;
     VANTIX_LOG_INFO(site, level::kInfo, "ParseDevDetailInfoFromCServer = %s", body.c_str());
-    return json::ReadAnswer(site, body, consumer::Code, [&](const JsonCppView& root) -> int {
+    return ReadResponse(site, body, OptionalMetaCode, [&](const JsonCppView& root) -> int {
         for (const char* required : {"cameraInfos", "deviceInfos"}) {
-            if (!consumer::Find(root, required).IsArray()) {
-                return json::Malformed(site, body, required);
+            if (!BesideOrInsideData(root, required).IsArray()) {
+                return LogMalformed(site, body, required);
             }
         }
-        const JsonCppView cameras = consumer::Find(root, "cameraInfos");
+        const JsonCppView cameras = BesideOrInsideData(root, "cameraInfos");
         DevDetailInfo device;
         consumer::ReadDevice(root, deviceSerial, device);
         for (size_t i = 0; i < cameras.Size(); ++i) {

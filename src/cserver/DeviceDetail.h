@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// One device's page of the consumer servers: the same records as the platform's detail.
+/// One device on the consumer servers: the same records as the platform's detail.
 
 #include <string>
 #include <vector>
@@ -13,22 +13,23 @@
 namespace vantix {
 
 /// Fetches one channel's detail. `device` gets the elapsed milliseconds whatever the outcome, and on success the time
-/// of the fetch. A page without the channel is malformed (300002).
+/// of the fetch. A response without the channel is malformed (300002).
 ///
-/// Returns 0, 100000 + the transport's code, or 300000 + the response code. "releaseVersion" is not told by these
-/// servers, so such a record is never served from a cache.
+/// Returns 0, 100000 + the transport's code, or 300000 + the response code. These servers do not send
+/// "releaseVersion", so such a record is never served from a cache.
 int GetDevDetailInfoFromCServerBySerial(const ConsumerRoute& route, const std::string& deviceSerial, int channelNo,
                                         DevChannelInfo& channel, DevDetailInfo& device);
 
-/// A camera of the page, and the device as it is for that camera.
+/// A camera of the device, and the device as it is for that camera.
 struct ConsumerChannel {
     DevChannelInfo channel;
     DevDetailInfo device;
     std::string vtmInternalIp;  ///< The media relay as its own network sees it; the records have no place for it.
 };
 
-/// Reads the page of a device: one record pair for each of its cameras, appended. "cameraInfos" and "deviceInfos" must
-/// be there. Returns 0, 1 when the body is not JSON, 2 when one of them is missing, or the server's code.
+/// Reads the response about a device: one record pair for each of its cameras, appended. "cameraInfos" and
+/// "deviceInfos" must be there. Returns 0, 1 when the body is not JSON, 2 when one of them is missing, or the server's
+/// code.
 int ParseDevDetailInfoFromCServer(const std::string& body, const std::string& deviceSerial,
                                   std::vector<ConsumerChannel>& channels);
 

@@ -1,9 +1,11 @@
 #include "cserver/DeviceDetailReader.h"
 
 #include "base/NumberText.h"
-#include "cserver/ConsumerEnvelope.h"
+#include "cserver/DeviceEntry.h"
 #include "json/Fields.h"
 #include "requests/DeviceCapabilities.h"
+#include "requests/Envelope.h"
+#include "requests/NestedObject.h"
 
 namespace vantix::consumer {
 namespace {
@@ -65,7 +67,7 @@ void ReadKey(const JsonCppView& entry, DevDetailInfo& device) {
 }
 
 void ReadGroups(const JsonCppView& root, const std::string& serial, DevDetailInfo& device) {
-    const auto entry = [&](const char* group) { return EntryOf(Find(root, group), serial); };
+    const auto entry = [&](const char* group) { return EntryOf(BesideOrInsideData(root, group), serial); };
     BelongDevInfo& fields = device;
     json::ReadFields(entry("connectionInfos"), kConnectionFields, fields);
     std::string mask;
@@ -81,23 +83,11 @@ void ReadGroups(const JsonCppView& root, const std::string& serial, DevDetailInf
 
 /// The extension is one JSON text with capabilities by name and by number, so it is the short list as well.
 void ReadCapabilities(const JsonCppView& supportExt, DevDetailInfo& device) {
-    json::JsonCppDocument document;
     if (!supportExt.Read(device.supportExtShort)) {
         device.supportExtShort = supportExt.IsObject() ? supportExt.Compact() : std::string();
     }
-    document.Parse(device.supportExtShort);
-    const JsonCppView extension = document.Root();
-    using namespace capabilities;
-    for (const Capability& control : kControls) {
-        ReadCapability(extension, control, device);
-    }
-    extension.Member(kEncryption).Read(device.support_ecdh_v2);
-    for (const Capability* capability : {&kReplayDownload, &kVideoCover, &kSeekPlayback, &kSeekV2}) {
-        ReadCapability(extension, *capability, device);
-    }
-    for (const Capability& speed : kSpeeds) {
-        ReadCapability(extension, speed, device);
-    }
+    const NestedObject<json::JsonCppDocument> extension(supportExt);
+    capabilities::ReadCapabilities(extension.Object(), device);
 }
 
 }  // namespace
@@ -115,15 +105,12 @@ bool ReadCamera(const JsonCppView& camera, const std::string& deviceSerial, Cons
     vtm.Member("forceStreamType").Read(entry.channel.forceStreamType);
     json::ReadFields<JsonCppView, BelongDevInfo>(vtm, kVtmFields, entry.device);
     vtm.Member("internalIp").Read(entry.vtmInternalIp);
-    const JsonCppView qualities = camera.Member("videoQualityInfos");
-    for (size_t i = 0; i < qualities.Size(); ++i) {
-        json::ReadFields(qualities.Element(i), kQualityFields, entry.channel.videoQualityInfos.emplace_back());
-    }
+    json::AppendRecords(camera.Member("videoQualityInfos"), kQualityFields, entry.channel.videoQualityInfos);
     return true;
 }
 
 void ReadDevice(const JsonCppView& root, const std::string& deviceSerial, DevDetailInfo& device) {
-    const JsonCppView entry = EntryOf(Find(root, "deviceInfos"), deviceSerial);
+    const JsonCppView entry = EntryOf(BesideOrInsideData(root, "deviceInfos"), deviceSerial);
     json::ReadFields<JsonCppView, BelongDevInfo>(entry, kDeviceFields, device);
     ReadGroups(root, deviceSerial, device);
     ReadCapabilities(entry.Member("supportExt"), device);

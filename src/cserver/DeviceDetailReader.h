@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// Which member of a consumer server's device page fills which field.
+/// Which member of a consumer server's response about a device fills which field.
 
 #include <string>
 

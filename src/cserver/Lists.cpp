@@ -1,9 +1,11 @@
 #include "cserver/Lists.h"
 
-#include "cserver/ConsumerEnvelope.h"
 #include "cserver/RequestTable.h"
 #include "cserver/Thumbnails.h"
+#include "json/Fields.h"
 #include "json/JsonText.h"
+#include "requests/Envelope.h"
+#include "requests/RequestCall.h"
 #include "requests/ResponseReader.h"
 #include "vantix/ReturnCodes.h"
 
@@ -74,7 +76,7 @@ JsonBuilder Device(const JsonCppView& resource) {
     resource.Member("deviceType").Read(type);
     std::string serial;
     resource.Member("deviceSerial").Read(serial);
-    const JsonCppView cameras = consumer::Find(resource, "cameraInfos");
+    const JsonCppView cameras = BesideOrInsideData(resource, "cameraInfos");
     JsonBuilder cameraInfo = JsonBuilder::Array();
     for (size_t i = 0; i < cameras.Size(); ++i) {
         cameraInfo.Append(Camera(cameras.Element(i), serial));
@@ -82,22 +84,18 @@ JsonBuilder Device(const JsonCppView& resource) {
     device.Set("deviceType", type)
         .Set("deviceCover", kDefaultDeviceCover)
         .Set("cameraNum", static_cast<int32_t>(cameras.Size()))
-        .Set("detectorNum", static_cast<int32_t>(consumer::Find(resource, "detectorInfos").Size()))
+        .Set("detectorNum", static_cast<int32_t>(BesideOrInsideData(resource, "detectorInfos").Size()))
         .Set("cameraInfo", cameraInfo);
     return device;
 }
 
 /// The list in the platform's shape: {"result":{"code":"200","data":{"deviceInfos":[…]},"page":{…}}}.
 std::string Translated(const JsonCppView& root) {
-    const JsonCppView resources = root.Member("data").Member("resourceInfos");
     JsonBuilder devices = JsonBuilder::Array();
-    for (size_t i = 0; i < resources.Size(); ++i) {
-        if (resources.Element(i).IsObject()) {
-            devices.Append(Device(resources.Element(i)));
-        }
-    }
+    json::ForEachObject(RootData(root).Member("resourceInfos"),
+                        [&](const JsonCppView& resource) { devices.Append(Device(resource)); });
     JsonBuilder page = JsonBuilder::Object();
-    page.SetIfThere("size", consumer::Find(root, "size")).SetIfThere("total", consumer::Find(root, "total"));
+    page.SetIfThere("size", BesideOrInsideData(root, "size")).SetIfThere("total", BesideOrInsideData(root, "total"));
     JsonBuilder result = JsonBuilder::Object();
     result.Set("code", "200").Set("data", JsonBuilder::Object().Set("deviceInfos", devices)).Set("page", page);
     return JsonBuilder::Object().Set("result", result).Compact();
@@ -106,17 +104,16 @@ std::string Translated(const JsonCppView& root) {
 }  // namespace
 
 int GetB2CSharedDevListFromPlatform(const ConsumerRoute& route, int offset, int limit, std::string& deviceList) {
-    return RequestCall(VANTIX_HERE, cserver_requests::kSharedDevices, route)
-        .With(offset, limit)
+    return RequestCall<cserver_requests::kSharedDevices>(VANTIX_HERE, route, "offset"_key = offset, "limit"_key = limit)
         .Run([&](const std::string& body) { return ParseB2CDeviceListFromPlatform(body, deviceList); });
 }
 
 int ParseB2CDeviceListFromPlatform(const std::string& body, std::string& deviceList) {
     const CallSite site = VANTIX_HERE;
-    return json::ReadAnswer(site, body, consumer::Code, [&](const JsonCppView& root) -> int {
-        const JsonCppView data = root.Member("data");
+    return ReadResponse(site, body, OptionalMetaCode, [&](const JsonCppView& root) -> int {
+        const JsonCppView data = RootData(root);
         if (!data.Member("resourceInfos").IsArray()) {
-            return json::Malformed(site, body, data.IsObject() ? "resourceInfos" : "data");
+            return LogMalformed(site, body, data.IsObject() ? "resourceInfos" : "data");
         }
         deviceList = Translated(root);
         return VANTIX_NOERROR;

@@ -10,7 +10,7 @@ namespace vantix {
 /// shape. Returns 0, 100000 + the transport's code or 300000 + the response code.
 int GetB2CSharedDevListFromPlatform(const ConsumerRoute& route, int offset, int limit, std::string& deviceList);
 
-/// Translates the shared-device page list, whose "data" must hold "resourceInfos", into the platform's shape.
+/// Translates the shared-device list, whose "data" must hold "resourceInfos", into the platform's shape.
 int ParseB2CDeviceListFromPlatform(const std::string& body, std::string& deviceList);
 
 }  // namespace vantix

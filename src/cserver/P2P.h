@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// What the consumer servers tell about P2P: the user's identity, and what a player needs to reach one device.
+/// What the consumer servers say about P2P: the user's identity, and what a player needs to reach one device.
 
 #include <string>
 
@@ -13,18 +13,19 @@ namespace vantix {
 
 /// Fetches the user's P2P identity with two requests. The elapsed milliseconds of both are stored.
 ///
-/// Returns 0, 100000 + the transport's code, a bare 1 when an answer is not JSON, or 300000 + the parser's code. When
-/// the first answer's envelope is missing or a failure the result is 0 as well, and the record stays unfilled.
+/// Returns 0, 100000 + the transport's code, a bare 1 when a response is not JSON, or 300000 + the parser's code. When
+/// the first response's envelope is missing or a failure the result is 0 as well, and the record stays unfilled.
 int GetP2PUserInfoFromCServer(const ConsumerRoute& route, P2PUserInfo& userInfo);
 
 /// Fetches one device's P2P information. The elapsed milliseconds are logged and, unlike those of the other requests,
 /// not stored. Returns 0, 100000 + the transport's code or 300000 + the response code.
 int GetP2PDevInfoFromCServer(const ConsumerRoute& route, const std::string& deviceSerial, P2PDevInfo& devInfo);
 
-/// Reads both answers of the user, joined as {"response1":…,"response2":…}.
+/// Reads both responses about the user, joined as {"response1":…,"response2":…}. Log lines mask user id, secret,
+/// version and salt index wherever they stand.
 int ParseP2PUserInfoFromCServer(const std::string& joined, P2PUserInfo& userInfo);
 
-/// Reads the page of a device. "p2pInfos" and "deviceInfos" must be there.
+/// Reads the response about a device. "p2pInfos" and "deviceInfos" must be there.
 int ParseP2PDevInfoFromCServer(const std::string& body, const std::string& deviceSerial, P2PDevInfo& devInfo);
 
 /// Reads the capability text inside a device's entry: 0, or 1 when it is not JSON.

@@ -1,49 +1,29 @@
 #include "cserver/Server.h"
 
-#include "cserver/ConsumerEnvelope.h"
 #include "cserver/RequestTable.h"
 #include "json/Fields.h"
+#include "requests/Envelope.h"
+#include "requests/RequestCall.h"
 #include "requests/ResponseReader.h"
-#include "vantix/ReturnCodes.h"
+#include "requests/ServerFields.h"
 
 namespace vantix {
 namespace {
 
-constexpr json::Field<ServerInfo> kFields[] = {
-    {"stun1Addr", &ServerInfo::stun1Addr},
-    {"stun1Port", &ServerInfo::stun1Port},
-    {"stun2Addr", &ServerInfo::stun2Addr},
-    {"stun2Port", &ServerInfo::stun2Port},
-    {"ttsAddr", &ServerInfo::ttsAddr},
-    {"ttsPort", &ServerInfo::ttsPort},
-    {"vtmAddr", &ServerInfo::vtmAddr},
-    {"vtmPort", &ServerInfo::vtmPort},
-    {"authAddr", &ServerInfo::authAddr},
-    {"nodeJsAddr", &ServerInfo::nodeJsAddr},
-    {"nodeJsHttpPort", &ServerInfo::nodeJsHttpPort},
-    {"pushAddr", &ServerInfo::pushAddr},
-    {"pushDasDomain", &ServerInfo::pushDasDomain},
-    {"pushDasPort", &ServerInfo::pushDasPort},
-};
+json::JsonCppView Configuration(const json::JsonCppView& root) { return root.Member("systemConfigInfo"); }
 
 }  // namespace
 
 int GetServerInfoFromCServer(const ConsumerRoute& route, ServerInfo& serverInfo) {
-    return RequestCall(VANTIX_HERE, cserver_requests::kServerInfo, route)
+    return RequestCall<cserver_requests::kServerInfo>(VANTIX_HERE, route)
         .CostInto(serverInfo.iRequestCost)
         .Run([&](const std::string& body) { return ParseServerInfoFromCServer(body, serverInfo); });
 }
 
 int ParseServerInfoFromCServer(const std::string& body, ServerInfo& serverInfo) {
-    const CallSite site = VANTIX_HERE;
-    return json::ReadAnswer(site, body, consumer::Code, [&](const json::JsonCppView& root) -> int {
-        const json::JsonCppView config = root.Member("systemConfigInfo");
-        if (!config.IsObject()) {
-            return json::Malformed(site, body);
-        }
-        json::ReadFields(config, kFields, serverInfo);
-        return VANTIX_NOERROR;
-    });
+    return ReadObjectResponse(
+        VANTIX_HERE, body, OptionalMetaCode, Configuration,
+        [&](const json::JsonCppView& configuration) { json::ReadFields(configuration, kServerFields, serverInfo); });
 }
 
 }  // namespace vantix

@@ -9,9 +9,9 @@
 
 namespace vantix {
 
-/// A batch of stream tokens, as the server answers it; the envelope is not looked at. 0, or 100000 + the transport's
+/// A batch of stream tokens, as the server returns it; the envelope is not looked at. 0, or 100000 + the transport's
 /// code.
-int GetStreamTokensFromCServer(const ConsumerRoute& route, std::string& answer);
+int GetStreamTokensFromCServer(const ConsumerRoute& route, std::string& response);
 
 /// A session, and what renews it.
 struct SessionInfo {
@@ -20,7 +20,7 @@ struct SessionInfo {
 };
 
 /// Renews the session; `session` holds the refresh session id and gets the new ones. Returns 0, 100000 + the
-/// transport's code, 1 when the answer is not JSON, the server's own bare code, or 300000 + the parser's code.
+/// transport's code, 1 when the response is not JSON, the server's own bare code, or 300000 + the parser's code.
 int RefreshSessionFromCServer(const ConsumerRoute& route, SessionInfo& session);
 
 /// Reads "sessionInfo", which must hold the session id; without a refresh session id the old one stays.

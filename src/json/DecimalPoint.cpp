@@ -5,18 +5,12 @@
 #include <cstdlib>
 #include <locale>
 
+#include "json/StringEnd.h"
+
 namespace vantix::json {
 namespace {
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
-/// One past the string that begins with the quote at `from`.
-size_t AfterString(const std::string& text, size_t from) {
-    for (++from; from < text.size() && text[from] != '"'; ++from) {
-        from += text[from] == '\\' ? size_t{1} : size_t{0};
-    }
-    return std::min(from + 1, text.size());
-}
 
 size_t AfterDigits(const std::string& text, size_t from) {
     while (from < text.size() && IsDigit(text[from])) {

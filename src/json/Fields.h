@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string>
 #include <variant>
+#include <vector>
 
 namespace vantix::json {
 
@@ -24,6 +25,24 @@ void ReadFields(const View& object, const Field<Record> (&fields)[Count], Record
     for (const Field<Record>& field : fields) {
         const View value = object.Member(field.key);
         std::visit([&](auto member) { value.Read(record.*member); }, field.member);
+    }
+}
+
+/// Appends a record for each element of an array, in order; an element that is no object gives an empty record.
+template <class View, class Record, size_t Count>
+void AppendRecords(const View& array, const Field<Record> (&fields)[Count], std::vector<Record>& records) {
+    for (size_t i = 0; i < array.Size(); ++i) {
+        ReadFields(array.Element(i), fields, records.emplace_back());
+    }
+}
+
+/// Calls `visit` with each element of an array that is an object, in order.
+template <class View, class Visit>
+void ForEachObject(const View& array, const Visit& visit) {
+    for (size_t i = 0; i < array.Size(); ++i) {
+        if (const View element = array.Element(i); element.IsObject()) {
+            visit(element);
+        }
     }
 }
 

@@ -2,11 +2,13 @@
 
 #include <cstring>
 #include <sstream>
+#include <string_view>
 
 #include "base/NumberText.h"
 #include "base/ProcessSwitches.h"
 #include "json/DecimalPoint.h"
 #include "json/JsonCppInclude.h"
+#include "json/StringEnd.h"
 
 #if defined(__GNUC__)
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
@@ -148,6 +150,41 @@ bool JsonCppDocument::Parse(const std::string& text) {
     } catch (const std::exception&) {
         return false;
     }
+}
+
+namespace {
+
+/// Whether nothing stands behind the object that a text begins with, and no comment anywhere.
+bool IsBareObject(const std::string& text) {
+    size_t depth = 0;
+    bool isClosed = false;
+    for (size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        if (std::string_view(" \t\r\n").find(c) != std::string_view::npos) {
+            continue;
+        }
+        if (isClosed || c == '/') {
+            return false;
+        }
+        if (c == '"') {
+            i = AfterString(text, i) - 1;
+        } else if (c == '{' || c == '[') {
+            ++depth;
+        } else if (c == '}' || c == ']') {
+            isClosed = --depth == 0;
+        }
+    }
+    return isClosed;
+}
+
+}  // namespace
+
+bool JsonCppDocument::ParseObjectStrictly(const std::string& text) {
+    if (Parse(text) && Root().IsObject() && IsBareObject(text)) {
+        return true;
+    }
+    m_root.reset();
+    return false;
 }
 
 JsonCppView JsonCppDocument::Root() const { return JsonCppView(m_root.get()); }

@@ -64,7 +64,10 @@ public:
 
     /// Parses a text; false when it is not JSON, nested too deeply, or memory ran out.
     bool Parse(const std::string& text);
-    /// The value of the whole text; nothing before a successful `Parse`.
+    /// Parses a text that must be exactly one object: false as well when it is another value, when something stands
+    /// behind the object, and when there is a comment, which `Parse` does not mind.
+    bool ParseObjectStrictly(const std::string& text);
+    /// The value of the whole text; nothing before a successful parse.
     JsonCppView Root() const;
 
 private:

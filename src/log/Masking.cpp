@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <charconv>
+#include <system_error>
 
 namespace vantix {
 namespace {
@@ -39,6 +41,11 @@ size_t ValueAfter(const std::string& text, size_t from) {
     return from < text.size() ? from : std::string::npos;
 }
 
+/// One past a number or word.
+size_t EndOfWord(const std::string& text, size_t from) {
+    return std::min(text.find_first_of(",}] \t\r\n", from), text.size());
+}
+
 }  // namespace
 
 bool IsSecretParameter(std::string_view key) { return Contains(kSecretParameters, key); }
@@ -61,9 +68,79 @@ std::string MaskedJson(const std::string& text) {
             const bool isText = text[value] == '"';
             const size_t begin = isText ? value + 1 : value;
             masked.append(text, copied, begin - copied).append(kMask);
-            copied =
-                isText ? ClosingQuote(text, begin) : std::min(text.find_first_of(",}] \t\r\n", begin), text.size());
+            copied = isText ? ClosingQuote(text, begin) : EndOfWord(text, begin);
             next = std::min(isText ? copied + 1 : copied, text.size());
+        }
+        quote = text.find('"', next);
+    }
+    return masked.append(text.substr(copied));
+}
+
+namespace {
+
+/// One past a value of any kind; what does not end ends with the text.
+size_t EndOfValue(const std::string& text, size_t from) {
+    size_t depth = 0;
+    for (size_t at = from; at < text.size(); ++at) {
+        const char c = text[at];
+        if (c == '"') {
+            at = ClosingQuote(text, at + 1);
+        } else if (c == '{' || c == '[') {
+            ++depth;
+        } else if (depth == 0) {
+            return EndOfWord(text, at);
+        } else if (c == '}' || c == ']') {
+            --depth;
+        }
+        if (depth == 0) {
+            return std::min(at + 1, text.size());
+        }
+    }
+    return text.size();
+}
+
+/// The character that the four digits of an escape stand for, if it is one of ASCII; else NUL.
+char Unescaped(const char* digits) {
+    unsigned code = 0;
+    const auto [end, error] = std::from_chars(digits, digits + 4, code, 16);
+    return error == std::errc() && end == digits + 4 && code < 0x80U ? static_cast<char>(code) : '\0';
+}
+
+/// One past the quote that ends the name which begins at `from`, or npos when another text stands there.
+size_t EndOfName(const std::string& text, size_t from, std::string_view name) {
+    for (const char wanted : name) {
+        const bool isEscape = text.compare(from, 2, "\\u") == 0 && from + 6 <= text.size();
+        const size_t length = isEscape ? 6 : 1;
+        if (from == text.size() || (isEscape ? Unescaped(&text[from + 2]) : text[from]) != wanted) {
+            return std::string::npos;
+        }
+        from += length;
+    }
+    return from < text.size() && text[from] == '"' ? from + 1 : std::string::npos;
+}
+
+/// Where the value begins if the quote at `quote` opens one of the names and a value follows; else npos.
+size_t ValueOfMember(const std::string& text, size_t quote, std::span<const std::string_view> names) {
+    for (const std::string_view name : names) {
+        if (const size_t end = EndOfName(text, quote + 1, name); end != std::string::npos) {
+            return ValueAfter(text, end);
+        }
+    }
+    return std::string::npos;
+}
+
+}  // namespace
+
+std::string MaskedMembers(const std::string& text, std::span<const std::string_view> names) {
+    std::string masked;
+    size_t copied = 0;
+    // Every quote may open a name: in a text that is no JSON nothing says which ones do.
+    for (size_t quote = text.find('"'); quote != std::string::npos;) {
+        size_t next = quote + 1;
+        if (const size_t value = ValueOfMember(text, quote, names); value != std::string::npos) {
+            masked.append(text, copied, value - copied).append("\"").append(kMask).append("\"");
+            copied = EndOfValue(text, value);
+            next = copied;
         }
         quote = text.find('"', next);
     }

@@ -3,6 +3,7 @@
 /// @file
 /// What must not reach the log: values of credentials, by the key that they stand under.
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -20,5 +21,9 @@ bool IsSecretHeader(std::string_view key);
 /// A copy of a JSON text in which the values of secret parameters are masked. Works on any text: it need not
 /// be well-formed.
 std::string MaskedJson(const std::string& text);
+
+/// A copy of a text in which the value of every member of these names, whatever it is and however deep it stands, is
+/// `"***"`. Works on any text, also on JSON that is cut off.
+std::string MaskedMembers(const std::string& text, std::span<const std::string_view> names);
 
 }  // namespace vantix

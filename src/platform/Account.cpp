@@ -3,60 +3,64 @@
 #include "platform/RequestTable.h"
 #include "platform/ResponseChecks.h"
 #include "requests/ClientInfo.h"
+#include "requests/RequestCall.h"
 
 namespace vantix {
 
 namespace requests = platform_requests;
 
 int GetConfigInfoFromPlatform(const PlatformRoute& route, ConfigInfo& config) {
-    return RequestCall(VANTIX_HERE, requests::kConfigInfo, route).Run([&](const std::string& body) {
+    return RequestCall<requests::kConfigInfo>(VANTIX_HERE, route).Run([&](const std::string& body) {
         return ParseConfigInfoFromPlatform(body, config);
     });
 }
 
 int GetUsernameFromPlatform(const PlatformRoute& route, std::string& userName) {
-    return RequestCall(VANTIX_HERE, requests::kUsername, route).Run([&](const std::string& body) {
+    return RequestCall<requests::kUsername>(VANTIX_HERE, route).Run([&](const std::string& body) {
         return ParseUsernameFromPlatform(body, userName);
     });
 }
 
 int GetUserIdFromPlatform(const PlatformRoute& route, std::string& userId) {
-    return RequestCall(VANTIX_HERE, requests::kUserId, route)
-        .With(ClientInfo().sdkVersion)
+    return RequestCall<requests::kUserId>(VANTIX_HERE, route, "sdkVersion"_key = ClientInfo().sdkVersion)
         .Run([&](const std::string& body) { return ParseUserIdFromPlatform(body, userId); });
 }
 
 int getPushSessionIdFromPlatform(const PlatformRoute& route, std::string& pushSessionId) {
     const ClientInfo client;
-    return RequestCall(VANTIX_HERE, requests::kPushSessionId, route)
-        .With(client.featureCode, client.clientType, client.clientVersion)
+    return RequestCall<requests::kPushSessionId>(VANTIX_HERE, route, "featureCode"_key = client.featureCode,
+                                                 "clientType"_key = client.clientType,
+                                                 "clientVersion"_key = client.clientVersion)
         .Run([&](const std::string& body) { return ParsePushSessionIdFromPlatform(body, pushSessionId); });
 }
 
 int getBWCheckInfoFromPlatform(const PlatformRoute& route, int type, const std::string& checkTime, int localIndex,
                                BWCheckInfo& info) {
-    return RequestCall(VANTIX_HERE, requests::kBWCheckInfo, route)
-        .With(type, checkTime, localIndex)
+    return RequestCall<requests::kBWCheckInfo>(VANTIX_HERE, route, "type"_key = type, "checkTime"_key = checkTime,
+                                               "localIndex"_key = localIndex)
         .Run([&](const std::string& body) { return ParseBWCheckInfoFromPlatform(body, info); });
 }
 
 int GetTransparentMsgDetailFromPlatform(const PlatformRoute& route, const std::string& msgSeq,
                                         TransparentMsgDetail& detail) {
     const ClientInfo client;
-    return RequestCall(VANTIX_HERE, requests::kTransparentMsg, route)
-        .With(client.clientType, client.featureCode, client.osVersion, client.netType, client.sdkVersion, msgSeq)
+    return RequestCall<requests::kTransparentMsg>(VANTIX_HERE, route, "clientType"_key = client.clientType,
+                                                  "featureCode"_key = client.featureCode,
+                                                  "osVersion"_key = client.osVersion, "netType"_key = client.netType,
+                                                  "sdkVersion"_key = client.sdkVersion, "msgSeq"_key = msgSeq)
         .Run([&](const std::string& body) { return ParseTransparentMsgDetailFromPlatform(body, detail); });
 }
 
 int SetVideoDefinitionOnPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
-                                 int videoLevel, std::string& answer) {
-    return RequestCall(VANTIX_HERE, requests::kSetVideoDefinition, route)
-        .With(deviceSerial, cameraNo, videoLevel)
-        .Run(Keeping(CheckResponseInfoFromPlatform, answer));
+                                 int videoLevel, std::string& response) {
+    return RequestCall<requests::kSetVideoDefinition>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
+                                                      "cameraNo"_key = cameraNo, "videoLevel"_key = videoLevel)
+        .Run(Keeping(CheckResponseInfoFromPlatform, response));
 }
 
 int SetAlarmReadOnPlatform(const PlatformRoute& route, const std::string& alarmId) {
-    return RequestCall(VANTIX_HERE, requests::kSetAlarmRead, route).With(alarmId).Run(CheckResponseInfoFromPlatform);
+    return RequestCall<requests::kSetAlarmRead>(VANTIX_HERE, route, "alarmId"_key = alarmId)
+        .Run(CheckResponseInfoFromPlatform);
 }
 
 }  // namespace vantix

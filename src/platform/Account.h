@@ -34,9 +34,9 @@ int getBWCheckInfoFromPlatform(const PlatformRoute& route, int type, const std::
 int GetTransparentMsgDetailFromPlatform(const PlatformRoute& route, const std::string& msgSeq,
                                         TransparentMsgDetail& detail);
 
-/// Sets a channel's picture quality level; the answer as it came.
+/// Sets a channel's picture quality level; the response as it came.
 int SetVideoDefinitionOnPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
-                                 int videoLevel, std::string& answer);
+                                 int videoLevel, std::string& response);
 
 /// Marks an alarm as read.
 int SetAlarmReadOnPlatform(const PlatformRoute& route, const std::string& alarmId);

@@ -1,4 +1,4 @@
-// Reading the answers about the account.
+// Reading the responses about the account.
 
 #include "json/Fields.h"
 #include "log/Logger.h"
@@ -18,6 +18,7 @@ constexpr json::Field<ConfigInfo> kConfigFields[] = {
     {"openP2P", &ConfigInfo::openP2P},
 };
 
+/// A member that is a text or a number.
 struct MessageMember {
     const char* key;
     std::string TransparentMsgDetail::*field;
@@ -28,13 +29,13 @@ constexpr MessageMember kMessageMembers[] = {
     {"sn", &TransparentMsgDetail::sn},         {"createDate", &TransparentMsgDetail::createDate},
 };
 
-/// The configuration answer's own code rule.
-int ResultCode(const JsonCppView& root) {
+/// The configuration's own rule.
+int ConfigurationCode(const JsonCppView& root) {
     int32_t code = 0;
-    return root.Member("result").Member("code").ReadIntOrText(code) ? json::SuccessAsZero(code) : json::kBadFormat;
+    return root.Member("result").Member("code").ReadIntOrText(code) ? SuccessAsZero(code) : VANTIX_RESP_BAD_FORMAT;
 }
 
-/// Reads the four members of the bandwidth answer; false when one is missing.
+/// Reads the four members of the bandwidth check; false when one is missing.
 bool ReadBWCheck(const JsonCppView& data, BWCheckInfo& info) {
     return data.Member("id").Read(info.id) && data.Member("url").Read(info.url) &&
            data.Member("publicKey").Read(info.publicKey) && data.Member("version").Read(info.version);
@@ -43,68 +44,41 @@ bool ReadBWCheck(const JsonCppView& data, BWCheckInfo& info) {
 }  // namespace
 
 int ParseConfigInfoFromPlatform(const std::string& body, ConfigInfo& config) {
-    const CallSite site = VANTIX_HERE;
-    return json::ReadAnswer(site, body, ResultCode, [&](const JsonCppView& root) -> int {
-        const JsonCppView inResult = root.Member("result").Member("data");
-        const JsonCppView data = inResult.IsObject() ? inResult : root.Member("data");
-        if (!data.IsObject()) {
-            return json::Malformed(site, body);
-        }
-        json::ReadFields(data, kConfigFields, config);
-        return VANTIX_NOERROR;
-    });
+    return ReadObjectResponse(VANTIX_HERE, body, ConfigurationCode, ResultOrRootData,
+                              [&](const JsonCppView& data) { json::ReadFields(data, kConfigFields, config); });
 }
 
 int ParseUsernameFromPlatform(const std::string& body, std::string& userName) {
     const CallSite site = VANTIX_HERE;
-    return json::ReadAnswer(site, body, json::EnvelopeCode<JsonCppView>, [&](const JsonCppView& root) -> int {
-        if (!root.Member("userName").Read(userName)) {
-            VANTIX_LOG_ERROR(site, level::kError,
-                             "platform response invalid, [userName] not exist or not string, szInfo = %s",
-                             body.c_str());
-            return VANTIX_RESP_BAD_FORMAT;
-        }
-        return VANTIX_NOERROR;
+    return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) {
+        return root.Member("userName").Read(userName) ? 0 : LogMissingText(site, body, "userName");
     });
 }
 
 int ParseUserIdFromPlatform(const std::string& body, std::string& userId) {
     const CallSite site = VANTIX_HERE;
     VANTIX_LOG_INFO(site, level::kInfo, "ParseUserId = %s", body.c_str());
-    return json::ReadAnswer(site, body, json::EnvelopeCode<JsonCppView>, [&](const JsonCppView& root) -> int {
-        if (!root.Member("result").Member("data").Member("userId").Read(userId)) {
-            VANTIX_LOG_ERROR(site, level::kError,
-                             "platform response invalid, [userId] not exist or not string, szInfo = %s", body.c_str());
-            return VANTIX_RESP_BAD_FORMAT;
-        }
-        return VANTIX_NOERROR;
+    return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) {
+        return ResultData(root).Member("userId").Read(userId) ? 0 : LogMissingText(site, body, "userId");
     });
 }
 
 int ParsePushSessionIdFromPlatform(const std::string& body, std::string& pushSessionId) {
     const CallSite site = VANTIX_HERE;
     VANTIX_LOG_INFO(site, level::kInfo, "ParsePushSessionId = %s", body.c_str());
-    return json::ReadAnswer(site, body, json::StrictMetaCode<JsonCppView>, [&](const JsonCppView& root) -> int {
-        if (!root.Member("pushSessionId").Read(pushSessionId)) {
-            // The text names another key than the one that is read, and is kept so.
-            VANTIX_LOG_ERROR(site, level::kError,
-                             "platform response invalid, [userId] not exist or not string, szInfo = %s", body.c_str());
-            return VANTIX_RESP_BAD_FORMAT;
-        }
-        return VANTIX_NOERROR;
+    return ReadResponse(site, body, StrictMetaCode, [&](const JsonCppView& root) {
+        // The text names another key than the one that is read, and is kept so.
+        return root.Member("pushSessionId").Read(pushSessionId) ? 0 : LogMissingText(site, body, "userId");
     });
 }
 
 int ParseBWCheckInfoFromPlatform(const std::string& body, BWCheckInfo& info) {
     const CallSite site = VANTIX_HERE;
     VANTIX_LOG_INFO(site, level::kInfo, "BWCheckInfo = %s", body.c_str());
-    return json::ReadAnswer(site, body, json::StrictMetaCode<JsonCppView>, [&](const JsonCppView& root) -> int {
+    return ReadResponse(site, body, StrictMetaCode, [&](const JsonCppView& root) -> int {
         BWCheckInfo fresh;
-        if (!ReadBWCheck(root.Member("data"), fresh)) {
-            VANTIX_LOG_ERROR(site, level::kError,
-                             "platform response invalid, [publicKey] not exist or not string, szInfo = %s",
-                             body.c_str());
-            return VANTIX_RESP_BAD_FORMAT;
+        if (!ReadBWCheck(RootData(root), fresh)) {
+            return LogMissingText(site, body, "publicKey");
         }
         info = std::move(fresh);
         return VANTIX_NOERROR;
@@ -113,17 +87,14 @@ int ParseBWCheckInfoFromPlatform(const std::string& body, BWCheckInfo& info) {
 
 int ParseTransparentMsgDetailFromPlatform(const std::string& body, TransparentMsgDetail& detail) {
     const CallSite site = VANTIX_HERE;
-    return json::ReadAnswer(site, body, json::EnvelopeCode<JsonCppView>, [&](const JsonCppView& root) -> int {
+    return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) -> int {
         const JsonCppView result = root.Member("result");
         if (!result.IsObject()) {
-            VANTIX_LOG_INFO(site, level::kInfo, "platform response bad, [result] is not object, Resp:%s", body.c_str());
-            return VANTIX_RESP_BAD_FORMAT;
+            return LogNoObject(site, body, "result");
         }
         const JsonCppView message = result.Member("msgData");
         if (!message.IsObject()) {
-            VANTIX_LOG_INFO(site, level::kInfo, "platform response bad, [msgData] is not object, Resp:%s",
-                            body.c_str());
-            return VANTIX_RESP_BAD_FORMAT;
+            return LogNoObject(site, body, "msgData");
         }
         for (const MessageMember& member : kMessageMembers) {
             message.Member(member.key).ReadText(detail.*member.field);

@@ -1,51 +1,44 @@
 #include "platform/DeviceDetail.h"
 
-#include "base/Clock.h"
 #include "platform/DeviceDetailParser.h"
 #include "platform/RequestTable.h"
 #include "platform/ResponseChecks.h"
+#include "requests/DeviceBookkeeping.h"
+#include "requests/RequestCall.h"
 
 namespace vantix {
-namespace {
 
-/// Notes that the record was just fetched.
-int Stamped(int result, DevDetailInfo& device) {
-    if (result == 0) {
-        device.tCacheTime = WallSeconds();
-        device.isUpdate = false;
-        device.isFromCache = false;
-    }
-    return result;
-}
-
-}  // namespace
+namespace requests = platform_requests;
 
 int GetDevDetailInfoFromPlatformBySerial(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
                                          DevChannelInfo& channel, DevDetailInfo& device,
                                          std::optional<BelongDevInfo>& parent) {
-    RequestCall call(VANTIX_HERE, platform_requests::kDevDetailInfo, route);
-    call.With(deviceSerial, cameraNo).CostInto(device.iRequestCost);
-    return Stamped(call.Run([&](const std::string& body) {
+    RequestCall<requests::kDevDetailInfo> call(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
+                                               "cameraNo"_key = cameraNo);
+    const int result = call.CostInto(device.iRequestCost).Run([&](const std::string& body) {
         return ParseDevDetailInfoFromPlatform(body, channel, device, parent);
-    }),
-                   device);
+    });
+    MarkFetched(result, device);
+    return result;
 }
 
 int GetDeviceDetailInfoFromPlatformBySerial(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
                                             const std::string& bizType, const std::string& platFormId,
                                             DevChannelInfo& channel, DevDetailInfo& device) {
     std::optional<BelongDevInfo> parent;
-    RequestCall call(VANTIX_HERE, platform_requests::kDeviceDetailInfo, route);
-    call.With(deviceSerial, cameraNo, bizType, platFormId).CostInto(device.iRequestCost);
-    return Stamped(call.Run([&](const std::string& body) {
+    RequestCall<requests::kDeviceDetailInfo> call(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
+                                                  "cameraNo"_key = cameraNo, "bizType"_key = bizType,
+                                                  "platFormId"_key = platFormId);
+    const int result = call.CostInto(device.iRequestCost).Run([&](const std::string& body) {
         return ParseDeviceDetailInfoFromPlatform(body, channel, device, parent);
-    }),
-                   device);
+    });
+    MarkFetched(result, device);
+    return result;
 }
 
 int GetDeviceInfoBySerialFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, std::string& json) {
-    RequestCall call(VANTIX_HERE, platform_requests::kDeviceInfo, route);
-    return call.With(deviceSerial).Run(Keeping(CheckResponseInfoFromPlatform, json));
+    return RequestCall<requests::kDeviceInfo>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial)
+        .Run(Keeping(CheckResponseInfoFromPlatform, json));
 }
 
 }  // namespace vantix

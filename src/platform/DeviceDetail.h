@@ -14,7 +14,7 @@
 namespace vantix {
 
 /// Fetches one channel's detail. `device` gets the elapsed milliseconds whatever the outcome, and on success the time
-/// of the fetch; `parent` is filled when the answer carries the device's parent.
+/// of the fetch; `parent` is filled when the response holds the device's parent.
 ///
 /// Returns 0, 100000 + the transport's code, or 300000 + the response code.
 int GetDevDetailInfoFromPlatformBySerial(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,

@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// Which member of the device detail answer fills which field.
+/// Which member of the device detail response fills which field.
 
 #include "json/Fields.h"
 #include "vantix/records/BelongDevInfo.h"

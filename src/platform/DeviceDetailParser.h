@@ -9,8 +9,8 @@
 
 namespace vantix {
 
-/// Reads the device detail answer: the channel, the device with its capabilities, and its parent when the answer
-/// carries one (else `parent` stays as it was).
+/// Reads the device detail response: the channel, the device with its capabilities, and its parent when the response
+/// holds one (else `parent` stays as it was).
 ///
 /// Returns 0, 1 (not JSON), 2 (no "result"."data" object) or the platform's code; the records then stay as they were.
 /// Members that are missing or of another type leave defaults. The bookkeeping fields of `device` (cache time, marks,
@@ -18,7 +18,7 @@ namespace vantix {
 int ParseDevDetailInfoFromPlatform(const std::string& body, DevChannelInfo& channel, DevDetailInfo& device,
                                    std::optional<BelongDevInfo>& parent);
 
-/// The same for the answer about a device of another business platform.
+/// The same for the response about a device of another business platform.
 int ParseDeviceDetailInfoFromPlatform(const std::string& body, DevChannelInfo& channel, DevDetailInfo& device,
                                       std::optional<BelongDevInfo>& parent);
 

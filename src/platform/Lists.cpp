@@ -4,6 +4,7 @@
 #include "platform/RequestTable.h"
 #include "platform/ResponseChecks.h"
 #include "requests/Envelope.h"
+#include "requests/RequestCall.h"
 #include "requests/ResponseReader.h"
 #include "vantix/ReturnCodes.h"
 
@@ -49,19 +50,14 @@ JsonCppView DevicesInObject(const JsonCppView& data) { return data.Member("devic
 JsonCppView DevicesInArray(const JsonCppView& data) { return data; }
 
 int ParseDevices(const CallSite& site, const std::string& body, DevicesOf devicesOf, DeviceList& list) {
-    return json::ReadAnswer(site, body, json::EnvelopeCode<JsonCppView>, [&](const JsonCppView& root) -> int {
-        const JsonCppView result = root.Member("result");
-        const JsonCppView devices = devicesOf(result.Member("data"));
+    return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) -> int {
+        const JsonCppView devices = devicesOf(ResultData(root));
         if (!devices.IsArray()) {
-            return json::Malformed(site, body);
+            return LogMalformed(site, body);
         }
         DeviceList fresh;
-        for (size_t i = 0; i < devices.Size(); ++i) {
-            if (devices.Element(i).IsObject()) {
-                AppendDevice(devices.Element(i), fresh);
-            }
-        }
-        result.Member("page").Member("total").Read(fresh.total);
+        json::ForEachObject(devices, [&](const JsonCppView& device) { AppendDevice(device, fresh); });
+        root.Member("result").Member("page").Member("total").Read(fresh.total);
         list = std::move(fresh);
         return VANTIX_NOERROR;
     });
@@ -70,29 +66,29 @@ int ParseDevices(const CallSite& site, const std::string& body, DevicesOf device
 }  // namespace
 
 int GetDevListFromPlatform(const PlatformRoute& route, int pageStart, int pageSize, DeviceList& list) {
-    return RequestCall(VANTIX_HERE, requests::kDevList, route)
-        .With(pageStart, pageSize)
+    return RequestCall<requests::kDevList>(VANTIX_HERE, route, "pageStart"_key = pageStart, "pageSize"_key = pageSize)
         .Run([&](const std::string& body) { return ParseDeviceListFromPlatform(body, list); });
 }
 
 int GetDeviceListFromPlatform(const PlatformRoute& route, int pageStart, int pageSize, const std::string& bizType,
                               DeviceList& list) {
-    return RequestCall(VANTIX_HERE, requests::kDeviceListGB, route)
-        .With(pageStart, pageSize, bizType)
+    return RequestCall<requests::kDeviceListGB>(VANTIX_HERE, route, "pageStart"_key = pageStart,
+                                                "pageSize"_key = pageSize, "bizType"_key = bizType)
         .Run([&](const std::string& body) { return ParseDeviceListFromPlatform_GB(body, list); });
 }
 
 int GetShareDevListFromPlatform(const PlatformRoute& route, int pageStart, int pageSize, DeviceList& list) {
-    return RequestCall(VANTIX_HERE, requests::kShareDevList, route)
-        .With(pageStart, pageSize)
+    return RequestCall<requests::kShareDevList>(VANTIX_HERE, route, "pageStart"_key = pageStart,
+                                                "pageSize"_key = pageSize)
         .Run([&](const std::string& body) { return ParseDeviceListFromPlatform(body, list); });
 }
 
 int GetAlarmListFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
                              const AlarmQuery& query, std::string& json) {
-    return RequestCall(VANTIX_HERE, requests::kAlarmList, route)
-        .With(deviceSerial, cameraNo, query.pageStart, query.pageSize, query.startTime, query.endTime, query.alarmType,
-              query.status)
+    return RequestCall<requests::kAlarmList>(
+               VANTIX_HERE, route, "deviceSerial"_key = deviceSerial, "cameraNo"_key = cameraNo,
+               "pageStart"_key = query.pageStart, "pageSize"_key = query.pageSize, "startTime"_key = query.startTime,
+               "endTime"_key = query.endTime, "alarmType"_key = query.alarmType, "status"_key = query.status)
         .Run(Keeping(CheckResponseInfoFromPlatform, json));
 }
 

@@ -32,7 +32,7 @@ struct AlarmQuery {
     int status = 0;
 };
 
-/// One page of a channel's alarms, as the platform answers it.
+/// One page of a channel's alarms, as the platform returns it.
 int GetAlarmListFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
                              const AlarmQuery& query, std::string& json);
 

@@ -5,8 +5,9 @@
 #include "platform/RequestTable.h"
 #include "platform/ResponseChecks.h"
 #include "requests/Envelope.h"
+#include "requests/P2PFields.h"
+#include "requests/RequestCall.h"
 #include "requests/ResponseReader.h"
-#include "vantix/ReturnCodes.h"
 
 namespace vantix {
 namespace {
@@ -19,10 +20,6 @@ constexpr json::Field<P2PUserInfo> kUserFields[] = {
     {"version", &P2PUserInfo::version},
     {"saltIndex", &P2PUserInfo::saltIndex},
 };
-constexpr json::Field<P2PServerAddr> kServerFields[] = {
-    {"ip", &P2PServerAddr::ip},
-    {"port", &P2PServerAddr::port},
-};
 constexpr json::Field<P2PDevInfo> kCapabilityFields[] = {
     {"V3", &P2PDevInfo::strV3},
     {"V3Sec", &P2PDevInfo::strV3Sec},
@@ -32,24 +29,8 @@ constexpr json::Field<P2PDevInfo> kCapabilityFields[] = {
     {"V3Talk", &P2PDevInfo::strV3Talk},
 };
 
-/// Hands "result"."data" to `read`, or refuses the answer.
-int ReadResultData(const CallSite& site, const std::string& body,
-                   const std::function<void(const JsonCppView& data)>& read) {
-    return json::ReadAnswer(site, body, json::EnvelopeCode<JsonCppView>, [&](const JsonCppView& root) -> int {
-        const JsonCppView data = root.Member("result").Member("data");
-        if (!data.IsObject()) {
-            return json::Malformed(site, body);
-        }
-        read(data);
-        return VANTIX_NOERROR;
-    });
-}
-
 void ReadDevice(const JsonCppView& data, P2PDevInfo& devInfo) {
-    const JsonCppView servers = data.Member("serverInfos");
-    for (size_t i = 0; i < servers.Size(); ++i) {
-        json::ReadFields(servers.Element(i), kServerFields, devInfo.serverInfos.emplace_back());
-    }
+    json::AppendRecords(data.Member("serverInfos"), kP2PServerFields, devInfo.serverInfos);
     data.Member("defaultKey").Read(devInfo.defaultKey);
     std::string text;
     if (data.Member("defaultKeyVer").Read(text)) {
@@ -63,35 +44,29 @@ void ReadDevice(const JsonCppView& data, P2PDevInfo& devInfo) {
 }  // namespace
 
 int GetP2PUserInfoFromPlatform(const PlatformRoute& route, P2PUserInfo& userInfo) {
-    RequestCall call(VANTIX_HERE, platform_requests::kP2PUserInfo, route);
-    return call.CostInto(userInfo.iRequestCost).Run(CheckResponseInfoFromPlatform, [&](const std::string& body) {
-        return ParseP2PUserInfo(body, userInfo);
-    });
+    return RequestCall<platform_requests::kP2PUserInfo>(VANTIX_HERE, route)
+        .CostInto(userInfo.iRequestCost)
+        .Run(CheckResponseInfoFromPlatform, [&](const std::string& body) { return ParseP2PUserInfo(body, userInfo); });
 }
 
 int GetP2PDevInfoFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, P2PDevInfo& devInfo) {
-    RequestCall call(VANTIX_HERE, platform_requests::kP2PDevInfo, route);
-    return call.With(deviceSerial)
+    return RequestCall<platform_requests::kP2PDevInfo>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial)
         .CostInto(devInfo.iRequestCost)
         .Run(CheckResponseInfoFromPlatform, [&](const std::string& body) { return ParseP2PDevInfo(body, devInfo); });
 }
 
 int ParseP2PUserInfo(const std::string& body, P2PUserInfo& userInfo) {
-    return ReadResultData(VANTIX_HERE, body,
-                          [&](const JsonCppView& data) { json::ReadFields(data, kUserFields, userInfo); });
+    return ReadObjectResponse(VANTIX_HERE, body, EnvelopeCode, ResultData,
+                              [&](const JsonCppView& data) { json::ReadFields(data, kUserFields, userInfo); });
 }
 
 int ParseP2PDevInfo(const std::string& body, P2PDevInfo& devInfo) {
-    return ReadResultData(VANTIX_HERE, body, [&](const JsonCppView& data) { ReadDevice(data, devInfo); });
+    return ReadObjectResponse(VANTIX_HERE, body, EnvelopeCode, ResultData,
+                              [&](const JsonCppView& data) { ReadDevice(data, devInfo); });
 }
 
 int ParseP2PQXDevCap(const std::string& text, P2PDevInfo& devInfo) {
-    json::JsonCppDocument document;
-    if (!json::ParseBody(VANTIX_HERE, text, document)) {
-        return VANTIX_RESP_NOT_JSON;
-    }
-    json::ReadFields(document.Root(), kCapabilityFields, devInfo);
-    return VANTIX_NOERROR;
+    return ReadP2PCapabilities(VANTIX_HERE, text, kCapabilityFields, devInfo);
 }
 
 }  // namespace vantix

@@ -1,7 +1,11 @@
 #include "platform/Recordings.h"
 
+#include <optional>
+
+#include "log/Logger.h"
 #include "platform/RequestTable.h"
 #include "platform/ResponseChecks.h"
+#include "requests/RequestCall.h"
 #include "requests/TimeText.h"
 #include "transport/CRequest.h"
 #include "transport/ResponseBody.h"
@@ -11,71 +15,91 @@ namespace vantix {
 
 namespace requests = platform_requests;
 
+namespace {
+
+/// Asks for the recordings of a device by one of the two paths.
+template <const RequestRow& Row>
+int SendDeviceFiles(const CallSite& site, const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
+                    const TimeSpan& span, int recordType, int location, RecordFileList& list) {
+    return RequestCall<Row>(site, route, "deviceSerial"_key = deviceSerial, "cameraNo"_key = cameraNo,
+                            "startTime"_key = span.startTime, "endTime"_key = span.endTime,
+                            "recordType"_key = recordType, "location"_key = location)
+        .Run(CheckResponseInfoFromPlatform, [&](const std::string& body) { return ParseDeviceRecordFile(body, list); });
+}
+
+}  // namespace
+
 int GetDeviceFileBySerialFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
                                       const TimeSpan& span, int recordType, int location, bool sdkPath,
                                       RecordFileList& list) {
-    return RequestCall(VANTIX_HERE, sdkPath ? requests::kDeviceFilesSdk : requests::kDeviceFiles, route)
-        .With(deviceSerial, cameraNo, span.startTime, span.endTime, recordType, location)
-        .Run(CheckResponseInfoFromPlatform, [&](const std::string& body) { return ParseDeviceRecordFile(body, list); });
+    const auto send = sdkPath ? SendDeviceFiles<requests::kDeviceFilesSdk> : SendDeviceFiles<requests::kDeviceFiles>;
+    return send(VANTIX_HERE, route, deviceSerial, cameraNo, span, recordType, location, list);
 }
 
 int GetDeviceFileBySerialFromPlatformEx(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                         const TimeSpan& span, int recordType, bool withLocation, RecordFileList& list) {
     constexpr int kLocation = 2;
-    RequestCall call(VANTIX_HERE, requests::kDeviceFilesEx, route);
-    call.With(WithFirstBlankEscaped(span.startTime), WithFirstBlankEscaped(span.endTime), deviceSerial, channelNo);
-    if (withLocation) {
-        call.WithOptional("location", kLocation);
-    }
-    if (recordType != 0) {
-        call.WithOptional("recordType", recordType);
-    }
-    return call.Run([&](const std::string& body) { return ParseLocalDeviceRecordFile(body, list); });
+    const std::optional<int32_t> location = withLocation ? std::optional(kLocation) : std::nullopt;
+    const std::optional<int32_t> type = recordType != 0 ? std::optional(recordType) : std::nullopt;
+    return RequestCall<requests::kDeviceFilesEx>(
+               VANTIX_HERE, route, "startTime"_key = WithFirstBlankEscaped(span.startTime),
+               "endTime"_key = WithFirstBlankEscaped(span.endTime), "deviceSerial"_key = deviceSerial,
+               "channelNo"_key = channelNo, "location"_key = location, "recordType"_key = type)
+        .Run([&](const std::string& body) { return ParseLocalDeviceRecordFile(body, list); });
 }
 
 int GetCloudRecordFileFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int localIndex,
                                    int spaceId, const TimeSpan& span, RecordFileList& list) {
-    return RequestCall(VANTIX_HERE, requests::kCloudRecordFile, route)
-        .With(spaceId, WithFirstBlankEscaped(span.startTime), WithFirstBlankEscaped(span.endTime), deviceSerial,
-              localIndex)
+    return RequestCall<requests::kCloudRecordFile>(VANTIX_HERE, route, "spaceId"_key = spaceId,
+                                                   "startTime"_key = WithFirstBlankEscaped(span.startTime),
+                                                   "endTime"_key = WithFirstBlankEscaped(span.endTime),
+                                                   "deviceSerial"_key = deviceSerial, "localIndex"_key = localIndex)
         .Run([&](const std::string& body) { return ParseLocalDeviceRecordFile(body, list); });
 }
 
 int GetCloudFileBySerialFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
                                      const TimeSpan& span, int fileType, std::string& json) {
-    return RequestCall(VANTIX_HERE, requests::kCloudFiles, route)
-        .With(deviceSerial, cameraNo, span.startTime, span.endTime, fileType)
+    return RequestCall<requests::kCloudFiles>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
+                                              "cameraNo"_key = cameraNo, "startTime"_key = span.startTime,
+                                              "endTime"_key = span.endTime, "fileType"_key = fileType)
         .Run(Keeping(CheckResponseInfoFromPlatform, json));
 }
 
 int GetCloudFileInfoBySerialEXFromPlatform(const PlatformRoute& route, const std::string& query, std::string& json) {
-    return RequestCall(VANTIX_HERE, requests::kCloudFileDetails, route)
-        .Body(query)
+    return RequestCall<requests::kCloudFileDetails>(VANTIX_HERE, route, JsonBody{query})
         .Run(Keeping(CheckCloudResponseInfoFromPlatform, json));
 }
 
 int GetCloudFileBySerialEXFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                        int videoType, const CloudFileQuery& query, std::string& json) {
-    return RequestCall(VANTIX_HERE, requests::kCloudFilesPerDay, route)
-        .With(deviceSerial, channelNo, videoType, query.searchDate, query.maxCreateTime, query.detailFileCount)
+    return RequestCall<requests::kCloudFilesPerDay>(
+               VANTIX_HERE, route, "deviceSerial"_key = deviceSerial, "channelNo"_key = channelNo,
+               "videoType"_key = videoType, "searchDate"_key = query.searchDate,
+               "maxCreateTime"_key = query.maxCreateTime, "detailFileCount"_key = query.detailFileCount)
         .Run(Keeping(CheckCloudResponseInfoFromPlatform, json));
 }
 
 int GetLocalFileBySerialFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                      const TimeSpan& span, const BusinessPlatform& business, std::string& json) {
-    return RequestCall(VANTIX_HERE, requests::kLocalFiles, route)
-        .With(business.bizType, deviceSerial, channelNo, business.platFormId, span.startTime, span.endTime)
+    return RequestCall<requests::kLocalFiles>(VANTIX_HERE, route, "bizType"_key = business.bizType,
+                                              "deviceSerial"_key = deviceSerial, "channelNo"_key = channelNo,
+                                              "platFormId"_key = business.platFormId, "startTime"_key = span.startTime,
+                                              "endTime"_key = span.endTime)
         .Run(Keeping(CheckResponseInfoFromPlatform, json));
 }
 
 int GetRecordByAlarmIdFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                    const std::string& alarmId, std::string& json) {
-    return RequestCall(VANTIX_HERE, requests::kRecordByAlarm, route).With(deviceSerial, channelNo, alarmId).Fetch(json);
+    return RequestCall<requests::kRecordByAlarm>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
+                                                 "channelNo"_key = channelNo, "alarmId"_key = alarmId)
+        .Fetch(json);
 }
 
 int GetClouduploadUrlPlatform(const PlatformRoute& route, const UploadQuery& query, RecordFileList& list) {
-    return RequestCall(VANTIX_HERE, requests::kCloudUploadUrl, route)
-        .With(query.fileName, query.fileType, query.expireDays, query.urlExpireTime, query.bizType)
+    return RequestCall<requests::kCloudUploadUrl>(VANTIX_HERE, route, "fileName"_key = query.fileName,
+                                                  "fileType"_key = query.fileType, "expireDays"_key = query.expireDays,
+                                                  "urlExpireTime"_key = query.urlExpireTime,
+                                                  "bizType"_key = query.bizType)
         .Run([&](const std::string& body) { return ParseLocalDeviceRecordFile(body, list); });
 }
 

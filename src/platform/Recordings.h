@@ -27,14 +27,14 @@ int GetDeviceFileBySerialFromPlatformEx(const PlatformRoute& route, const std::s
 int GetCloudRecordFileFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int localIndex,
                                    int spaceId, const TimeSpan& span, RecordFileList& list);
 
-/// Cloud recordings of a channel, as the platform answers them.
+/// Cloud recordings of a channel, as the platform returns them.
 int GetCloudFileBySerialFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
                                      const TimeSpan& span, int fileType, std::string& json);
 
 /// Details of cloud recordings; `query` is the whole JSON text to send.
 int GetCloudFileInfoBySerialEXFromPlatform(const PlatformRoute& route, const std::string& query, std::string& json);
 
-/// Cloud recordings of a day, as the platform answers them.
+/// Cloud recordings of a day, as the platform returns them.
 int GetCloudFileBySerialEXFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                        int videoType, const CloudFileQuery& query, std::string& json);
 
@@ -44,11 +44,11 @@ struct BusinessPlatform {
     std::string platFormId;
 };
 
-/// Local recordings of a device of a business platform, as the platform answers them.
+/// Local recordings of a device of a business platform, as the platform returns them.
 int GetLocalFileBySerialFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                      const TimeSpan& span, const BusinessPlatform& business, std::string& json);
 
-/// The recording of an alarm, as the platform answers it; the answer's envelope is not looked at.
+/// The recording of an alarm, as the platform returns it; the response's envelope is not looked at.
 int GetRecordByAlarmIdFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                    const std::string& alarmId, std::string& json);
 
@@ -61,13 +61,13 @@ struct UploadQuery {
     std::string bizType;
 };
 
-/// Asks for an address to upload a picture to; the answer's "data" is in the list's text.
+/// Asks for an address to upload a picture to; the response's "data" is in the list's text.
 int GetClouduploadUrlPlatform(const PlatformRoute& route, const UploadQuery& query, RecordFileList& list);
 
 /// Uploads a local file to an address that was handed out. Only the transfer can fail.
 int UploadCloudPicFile(const std::string& url, const std::string& localPath);
 
-/// Reads "data" of an answer with "meta".
+/// Reads "data" of a response with "meta".
 int ParseLocalDeviceRecordFile(const std::string& body, RecordFileList& list);
 
 /// Reads "result"."data", which must be an array.

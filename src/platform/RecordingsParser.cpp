@@ -19,20 +19,15 @@ constexpr json::Field<RecordFile> kFileFields[] = {
 };
 
 void AppendFiles(const JsonCppView& array, RecordFileList& list) {
-    for (size_t i = 0; i < array.Size(); ++i) {
-        const JsonCppView element = array.Element(i);
-        if (!element.IsObject()) {
-            continue;
-        }
-        RecordFile file;
+    json::ForEachObject(array, [&](const JsonCppView& element) {
+        RecordFile& file = list.files.emplace_back();
         json::ReadFields(element, kFileFields, file);
         element.Member("type").ReadIntOrText(file.type);
         element.Member("size").ReadNumber(file.size);
-        list.files.push_back(std::move(file));
-    }
+    });
 }
 
-/// The list that an answer's "data" describes.
+/// The list that a response's "data" describes.
 RecordFileList ListOf(const JsonCppView& data) {
     RecordFileList list;
     AppendFiles(data, list);
@@ -44,10 +39,10 @@ RecordFileList ListOf(const JsonCppView& data) {
 
 int ParseLocalDeviceRecordFile(const std::string& body, RecordFileList& list) {
     const CallSite site = VANTIX_HERE;
-    const int result = json::ReadAnswer(site, body, json::MetaCode<JsonCppView>, [&](const JsonCppView& root) -> int {
-        const JsonCppView data = root.Member("data");
+    const int result = ReadResponse(site, body, MetaCode, [&](const JsonCppView& root) -> int {
+        const JsonCppView data = RootData(root);
         if (data.IsNull()) {
-            return json::Malformed(site, body);
+            return LogMalformed(site, body);
         }
         list = ListOf(data);
         return VANTIX_NOERROR;
@@ -58,10 +53,10 @@ int ParseLocalDeviceRecordFile(const std::string& body, RecordFileList& list) {
 
 int ParseDeviceRecordFile(const std::string& body, RecordFileList& list) {
     const CallSite site = VANTIX_HERE;
-    return json::ReadAnswer(site, body, json::EnvelopeCode<JsonCppView>, [&](const JsonCppView& root) -> int {
-        const JsonCppView data = root.Member("result").Member("data");
+    return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) -> int {
+        const JsonCppView data = ResultData(root);
         if (!data.IsArray()) {
-            return json::Malformed(site, body);
+            return LogMalformed(site, body);
         }
         list = ListOf(data);
         return VANTIX_NOERROR;
@@ -70,10 +65,10 @@ int ParseDeviceRecordFile(const std::string& body, RecordFileList& list) {
 
 int ReadRecordFiles(const std::string& text, RecordFileList& list) {
     json::JsonCppDocument document;
-    if (!document.Parse(text) || !document.Root().Member("data").IsArray()) {
+    if (!document.Parse(text) || !RootData(document.Root()).IsArray()) {
         return VANTIX_RESP_BAD_FORMAT;
     }
-    list = ListOf(document.Root().Member("data"));
+    list = ListOf(RootData(document.Root()));
     return VANTIX_NOERROR;
 }
 

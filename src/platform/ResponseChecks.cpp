@@ -8,42 +8,41 @@
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {
-int CheckResponseInfoFromPlatform(const std::string& body) {
-    json::JsonCppDocument document;
-    return json::ParseBody(VANTIX_HERE, body, document) ? json::EnvelopeCode(document.Root()) : VANTIX_RESP_NOT_JSON;
+namespace {
+
+/// The permission query's own rule.
+int PermissionCode(const json::JsonCppView& root) {
+    std::string code;
+    return root.Member("result").Member("code").Read(code) ? SuccessAsZero(DecimalPrefix(code))
+                                                           : VANTIX_RESP_BAD_FORMAT;
 }
 
+}  // namespace
+
+int CheckResponseInfoFromPlatform(const std::string& body) { return CheckResponse(VANTIX_HERE, body, EnvelopeCode); }
+
 int CheckResponseAuthInfoFromPlatform(const std::string& body) {
-    json::JsonCppDocument document;
-    if (!json::ParseBody(VANTIX_HERE, body, document)) {
-        return VANTIX_RESP_NOT_JSON;
-    }
-    std::string code;
-    if (!document.Root().Member("result").Member("code").Read(code)) {
-        return VANTIX_RESP_BAD_FORMAT;
-    }
-    return json::SuccessAsZero(DecimalPrefix(code));
+    return CheckResponse(VANTIX_HERE, body, PermissionCode);
 }
 
 int CheckCloudResponseInfoFromPlatform(const std::string& body) {
+    const CallSite site = VANTIX_HERE;
     json::JsonCppDocument document;
-    if (!json::ParseBody(VANTIX_HERE, body, document)) {
-        return VANTIX_RESP_NOT_JSON;
+    if (const int code = ParseBody(site, body, document); code != 0) {
+        return code;
     }
-    if (!document.Root().Member("meta").IsObject()) {
+    if (!HasMeta(document.Root())) {
         // The text names another key than the one that is tested, and is kept so.
-        VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "platform response bad, [result] is not object, Resp:%s",
-                        body.c_str());
-        return VANTIX_RESP_BAD_FORMAT;
+        return LogNoObject(site, body, "result");
     }
-    return json::StrictMetaCode(document.Root());
+    return StrictMetaCode(document.Root());
 }
 
-std::function<int(const std::string& body)> Keeping(int (*check)(const std::string& body), std::string& answer) {
-    return [check, &answer](const std::string& body) {
+std::function<int(const std::string& body)> Keeping(int (*check)(const std::string& body), std::string& response) {
+    return [check, &response](const std::string& body) {
         const int code = check(body);
         if (code == 0) {
-            answer = body;
+            response = body;
         }
         return code;
     };

@@ -4,7 +4,9 @@
 #include "log/Logger.h"
 #include "platform/RequestTable.h"
 #include "requests/Envelope.h"
+#include "requests/RequestCall.h"
 #include "requests/ResponseReader.h"
+#include "requests/ServerFields.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {
@@ -12,23 +14,10 @@ namespace {
 
 using json::JsonCppView;
 
-constexpr json::Field<ServerInfo> kServerFields[] = {
-    {"stun1Addr", &ServerInfo::stun1Addr},
-    {"stun1Port", &ServerInfo::stun1Port},
-    {"stun2Addr", &ServerInfo::stun2Addr},
-    {"stun2Port", &ServerInfo::stun2Port},
-    {"ttsAddr", &ServerInfo::ttsAddr},
-    {"ttsPort", &ServerInfo::ttsPort},
-    {"vtmAddr", &ServerInfo::vtmAddr},
-    {"vtmPort", &ServerInfo::vtmPort},
-    {"authAddr", &ServerInfo::authAddr},
-    {"nodeJsAddr", &ServerInfo::nodeJsAddr},
-    {"nodeJsHttpPort", &ServerInfo::nodeJsHttpPort},
+/// What this family alone says.
+constexpr json::Field<ServerInfo> kMoreServerFields[] = {
     {"logAddr", &ServerInfo::logAddr},
-    {"pushAddr", &ServerInfo::pushAddr},
     {"microCloudMode", &ServerInfo::microCloudMode},
-    {"pushDasDomain", &ServerInfo::pushDasDomain},
-    {"pushDasPort", &ServerInfo::pushDasPort},
 };
 constexpr json::Field<VtmAddr> kVtmFields[] = {
     {"addr", &VtmAddr::strVtmAddr},
@@ -44,49 +33,43 @@ constexpr json::Field<RelayServerInfo> kRelayKeyFields[] = {
 };
 
 void AppendBackups(const CallSite& site, const JsonCppView& backups, ServerInfo& serverInfo) {
-    for (size_t i = 0; i < backups.Size(); ++i) {
-        const JsonCppView element = backups.Element(i);
-        if (!element.IsObject()) {
-            continue;
-        }
-        VtmAddr stVtmAddr;
-        json::ReadFields(element, kVtmFields, stVtmAddr);
-        VANTIX_LOG_ERROR(site, level::kError, "stVtmAddr.strVtmAddr = %s", stVtmAddr.strVtmAddr.c_str());
-        VANTIX_LOG_ERROR(site, level::kError, "stVtmAddr.iVtmPort  = %d", stVtmAddr.iVtmPort);
-        serverInfo.vtmBackups.push_back(std::move(stVtmAddr));
-    }
+    json::ForEachObject(backups, [&](const JsonCppView& element) {
+        VtmAddr& backup = serverInfo.vtmBackups.emplace_back();
+        json::ReadFields(element, kVtmFields, backup);
+        VANTIX_LOG_ERROR(site, level::kError, "stVtmAddr.strVtmAddr = %s", backup.strVtmAddr.c_str());
+        VANTIX_LOG_ERROR(site, level::kError, "stVtmAddr.iVtmPort  = %d", backup.iVtmPort);
+    });
 }
 
 }  // namespace
 
 int GetServerInfoFromPlatform(const PlatformRoute& route, ServerInfo& serverInfo) {
-    RequestCall call(VANTIX_HERE, platform_requests::kServerInfo, route);
-    return call.CostInto(serverInfo.iRequestCost).Run([&](const std::string& body) {
-        return ParseServerInfoFromPlatform(body, serverInfo);
-    });
+    return RequestCall<platform_requests::kServerInfo>(VANTIX_HERE, route)
+        .CostInto(serverInfo.iRequestCost)
+        .Run([&](const std::string& body) { return ParseServerInfoFromPlatform(body, serverInfo); });
 }
 
 int GetServerInfoFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int localIndex,
                               ServerInfo& serverInfo) {
-    RequestCall call(VANTIX_HERE, platform_requests::kServerInfoOfDevice, route);
-    return call.With(deviceSerial, localIndex).CostInto(serverInfo.iRequestCost).Run([&](const std::string& body) {
-        return ParseServerInfoFromPlatform(body, serverInfo);
-    });
+    return RequestCall<platform_requests::kServerInfoOfDevice>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
+                                                               "localIndex"_key = localIndex)
+        .CostInto(serverInfo.iRequestCost)
+        .Run([&](const std::string& body) { return ParseServerInfoFromPlatform(body, serverInfo); });
 }
 
 int GetRelayServerInfoFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                    RelayServerInfo& relay) {
-    RequestCall call(VANTIX_HERE, platform_requests::kRelayServer, route);
-    return call.With(deviceSerial, channelNo).Run([&](const std::string& body) {
-        return ParseRealyInfoFromPlatform(body, relay);
-    });
+    return RequestCall<platform_requests::kRelayServer>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
+                                                        "channelNo"_key = channelNo)
+        .Run([&](const std::string& body) { return ParseRealyInfoFromPlatform(body, relay); });
 }
 
 int ParseServerInfoFromPlatform(const std::string& body, ServerInfo& serverInfo) {
     const CallSite site = VANTIX_HERE;
-    return json::ReadAnswer(site, body, json::EnvelopeCode<JsonCppView>, [&](const JsonCppView& root) -> int {
+    return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) -> int {
         const JsonCppView serverResp = root.Member("serverResp");
         json::ReadFields(serverResp, kServerFields, serverInfo);
+        json::ReadFields(serverResp, kMoreServerFields, serverInfo);
         AppendBackups(site, serverResp.Member("vtmBackups"), serverInfo);
         return VANTIX_NOERROR;
     });
@@ -94,11 +77,11 @@ int ParseServerInfoFromPlatform(const std::string& body, ServerInfo& serverInfo)
 
 int ParseRealyInfoFromPlatform(const std::string& body, RelayServerInfo& relay) {
     const CallSite site = VANTIX_HERE;
-    return json::ReadAnswer(site, body, json::MetaCode<JsonCppView>, [&](const JsonCppView& root) -> int {
+    return ReadResponse(site, body, MetaCode, [&](const JsonCppView& root) -> int {
         VANTIX_LOG_INFO(site, level::kInfo, "Platform Response, Resp:%s", body.c_str());
-        const JsonCppView data = root.Member("data");
+        const JsonCppView data = RootData(root);
         if (!data.IsObject()) {
-            return json::Malformed(site, body);
+            return LogMalformed(site, body);
         }
         json::ReadFields(data, kRelayFields, relay);
         json::ReadFields(data.Member("publicKey"), kRelayKeyFields, relay);

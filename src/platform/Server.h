@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// The servers that the platform tells about: media servers of the user's area, and relay servers.
+/// The servers that the platform names: media servers of the user's area, and relay servers.
 ///
 /// Requests return 0, 100000 + the transport's code or 300000 + the response code; parsers return response codes.
 

@@ -5,6 +5,7 @@
 #include "platform/RequestTable.h"
 #include "platform/ResponseChecks.h"
 #include "requests/Envelope.h"
+#include "requests/RequestCall.h"
 #include "requests/ResponseReader.h"
 #include "vantix/ReturnCodes.h"
 
@@ -24,7 +25,7 @@ constexpr RequiredText kRefreshTexts[] = {
     {"refresh_token", &RefreshTokenInfo::refresh_token},
 };
 
-/// Reads the members of the refresh answer: null, or the key of the first that is missing.
+/// Reads the members of a refresh: null, or the key of the first that is missing.
 const char* ReadRefresh(const JsonCppView& data, RefreshTokenInfo& info) {
     for (const RequiredText& text : kRefreshTexts) {
         if (!data.Member(text.key).Read(info.*text.field)) {
@@ -45,75 +46,68 @@ const char* ReadRefresh(const JsonCppView& data, RefreshTokenInfo& info) {
 
 int GetTicketInfoBySerial(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                           std::string& ticket) {
-    return RequestCall(VANTIX_HERE, requests::kTicket, route)
-        .With(deviceSerial, channelNo)
+    return RequestCall<requests::kTicket>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
+                                          "channelNo"_key = channelNo)
         .Run([&](const std::string& body) { return ParseTicketInfoFromPlatform(body, ticket); });
 }
 
 int GetCloudTicketInfoBySerial(const PlatformRoute& route, const std::string& deviceSerial, int localIndex, int spaceId,
                                std::string& ticket) {
-    return RequestCall(VANTIX_HERE, requests::kCloudTicket, route)
-        .With(spaceId, deviceSerial, localIndex)
+    return RequestCall<requests::kCloudTicket>(VANTIX_HERE, route, "spaceId"_key = spaceId,
+                                               "deviceSerial"_key = deviceSerial, "localIndex"_key = localIndex)
         .Run([&](const std::string& body) { return ParseRealyTicketInfoFromPlatform(body, ticket); });
 }
 
 int GetRelayTicketInfoBySerial(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                std::string& ticket) {
-    return RequestCall(VANTIX_HERE, requests::kRelayTicket, route)
-        .With(deviceSerial, channelNo)
+    return RequestCall<requests::kRelayTicket>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
+                                               "channelNo"_key = channelNo)
         .Run([&](const std::string& body) { return ParseRealyTicketInfoFromPlatform(body, ticket); });
 }
 
 int GetAuthInfoFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo, bool playback) {
-    return RequestCall(VANTIX_HERE, requests::kPermission, route)
-        .With(deviceSerial, cameraNo, playback ? "Replay" : "Real")
+    return RequestCall<requests::kPermission>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
+                                              "cameraNo"_key = cameraNo,
+                                              "permission"_key = playback ? "Replay" : "Real")
         .Run(CheckResponseAuthInfoFromPlatform);
 }
 
-int GetStreamTokensFromPlatform(const PlatformRoute& route, int count, std::string& answer) {
-    return RequestCall(VANTIX_HERE, requests::kStreamTokens, route)
-        .With(count)
-        .Run(Keeping(CheckResponseInfoFromPlatform, answer));
+int GetStreamTokensFromPlatform(const PlatformRoute& route, int count, std::string& response) {
+    return RequestCall<requests::kStreamTokens>(VANTIX_HERE, route, "count"_key = count)
+        .Run(Keeping(CheckResponseInfoFromPlatform, response));
 }
 
 int GetStreamTokensFromPlatform(const PlatformRoute& route, int count, std::deque<std::string>& tokens) {
-    return RequestCall(VANTIX_HERE, requests::kStreamTokensParsed, route).With(count).Run([&](const std::string& body) {
-        return ParseTokensFromPlatform(body, tokens);
-    });
+    return RequestCall<requests::kStreamTokensParsed>(VANTIX_HERE, route, "count"_key = count)
+        .Run([&](const std::string& body) { return ParseTokensFromPlatform(body, tokens); });
 }
 
 int RefreshTokenFromPlatform(const AuthorizationRoute& route, const RefreshCredentials& credentials,
                              RefreshTokenInfo& info) {
-    return RequestCall(VANTIX_HERE, requests::kRefreshToken, route)
-        .With(credentials.refreshToken, route.AppKey(), credentials.openId, credentials.scope, credentials.state)
+    return RequestCall<requests::kRefreshToken>(VANTIX_HERE, route, "refresh_token"_key = credentials.refreshToken,
+                                                "client_id"_key = route.AppKey(), "open_id"_key = credentials.openId,
+                                                "scope"_key = credentials.scope, "state"_key = credentials.state)
         .Run([&](const std::string& body) { return ParseRefreshTokenFromPlatform(body, info); });
 }
 
 int ParseTicketInfoFromPlatform(const std::string& body, std::string& ticket) {
-    return json::ReadAnswer(VANTIX_HERE, body, json::MetaCode<JsonCppView>, [&](const JsonCppView& root) -> int {
+    return ReadResponse(VANTIX_HERE, body, MetaCode, [&](const JsonCppView& root) -> int {
         root.Member("ticketInfo").Member("ticket").Read(ticket);
         return VANTIX_NOERROR;
     });
 }
 
 int ParseRealyTicketInfoFromPlatform(const std::string& body, std::string& ticket) {
-    const CallSite site = VANTIX_HERE;
-    return json::ReadAnswer(site, body, json::MetaCode<JsonCppView>, [&](const JsonCppView& root) -> int {
-        const JsonCppView data = root.Member("data");
-        if (!data.IsObject()) {
-            return json::Malformed(site, body);
-        }
-        data.Member("ticket").Read(ticket);
-        return VANTIX_NOERROR;
-    });
+    return ReadObjectResponse(VANTIX_HERE, body, MetaCode, RootData,
+                              [&](const JsonCppView& data) { data.Member("ticket").Read(ticket); });
 }
 
 int ParseTokensFromPlatform(const std::string& body, std::deque<std::string>& tokens) {
     const CallSite site = VANTIX_HERE;
-    return json::ReadAnswer(site, body, json::EnvelopeCode<JsonCppView>, [&](const JsonCppView& root) -> int {
+    return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) -> int {
         const JsonCppView array = root.Member("tokenArray");
         if (!array.IsArray()) {
-            return json::Malformed(site, body);
+            return LogMalformed(site, body);
         }
         std::string token;
         for (size_t i = 0; i < array.Size(); ++i) {
@@ -127,15 +121,14 @@ int ParseTokensFromPlatform(const std::string& body, std::deque<std::string>& to
 
 int ParseRefreshTokenFromPlatform(const std::string& body, RefreshTokenInfo& info) {
     const CallSite site = VANTIX_HERE;
-    return json::ReadAnswer(site, body, json::EnvelopeCode<JsonCppView>, [&](const JsonCppView& root) -> int {
-        const JsonCppView inResult = root.Member("result").Member("data");
-        const JsonCppView data = inResult.IsObject() ? inResult : root.Member("data");
+    return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) -> int {
+        const JsonCppView data = ResultOrRootData(root);
         if (!data.IsObject()) {
-            return json::Malformed(site, body, "data");
+            return LogMalformed(site, body, "data");
         }
         RefreshTokenInfo fresh;
         if (const char* missing = ReadRefresh(data, fresh)) {
-            return json::Malformed(site, body, missing);
+            return LogMalformed(site, body, missing);
         }
         info = std::move(fresh);
         return VANTIX_NOERROR;

@@ -28,8 +28,8 @@ int GetRelayTicketInfoBySerial(const PlatformRoute& route, const std::string& de
 /// Whether a channel may be viewed live, or its recordings.
 int GetAuthInfoFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo, bool playback);
 
-/// A batch of stream tokens, as the platform answers it.
-int GetStreamTokensFromPlatform(const PlatformRoute& route, int count, std::string& answer);
+/// A batch of stream tokens, as the platform returns it.
+int GetStreamTokensFromPlatform(const PlatformRoute& route, int count, std::string& response);
 
 /// A batch of stream tokens, appended in order.
 int GetStreamTokensFromPlatform(const PlatformRoute& route, int count, std::deque<std::string>& tokens);
@@ -42,11 +42,11 @@ struct RefreshCredentials {
     std::string state;
 };
 
-/// Renews the access token. The caller's address is the authorisation service's, its app key goes as "client_id".
+/// Renews the access token. The app key is sent as "client_id".
 int RefreshTokenFromPlatform(const AuthorizationRoute& route, const RefreshCredentials& credentials,
                              RefreshTokenInfo& info);
 
-/// Reads "ticketInfo"."ticket"; an answer without it succeeds and copies nothing.
+/// Reads "ticketInfo"."ticket"; a response without it succeeds and copies nothing.
 int ParseTicketInfoFromPlatform(const std::string& body, std::string& ticket);
 
 /// Reads "data"."ticket"; "data" must be an object, the ticket need not be there.

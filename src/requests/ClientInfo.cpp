@@ -15,8 +15,7 @@ void AddClientSet(ParamMap& params, const ClientInfo& client) {
     params.Add("sdkVersion", client.sdkVersion);
 }
 
-ParamMap ConsumerHeadersA(const ClientInfo& client, const std::string& sessionId) {
-    ParamMap headers;
+void AddHeaderSetA(ParamMap& headers, const ClientInfo& client, const std::string& sessionId) {
     headers.Add("sessionId", sessionId);
     headers.Add("osVersion", client.osVersion);
     headers.Add("netType", client.netType);
@@ -24,11 +23,9 @@ ParamMap ConsumerHeadersA(const ClientInfo& client, const std::string& sessionId
     headers.Add("clientVersion", client.clientVersion);
     headers.Add("clientType", client.clientType);
     headers.Add("clientNo", kCustomerNumber);
-    return headers;
 }
 
-ParamMap ConsumerHeadersB(const ClientInfo& client, const std::string& sessionId) {
-    ParamMap headers;
+void AddHeaderSetB(ParamMap& headers, const ClientInfo& client, const std::string& sessionId) {
     headers.Add("clientType", client.clientType);
     headers.Add("clientVersion", client.clientVersion);
     headers.Add("customno", kCustomerNumber);
@@ -36,7 +33,6 @@ ParamMap ConsumerHeadersB(const ClientInfo& client, const std::string& sessionId
     headers.Add("netType", client.netType);
     headers.Add("lang", kLanguage);
     headers.Add("sessionId", sessionId);
-    return headers;
 }
 
 }  // namespace vantix

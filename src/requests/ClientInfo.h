@@ -24,13 +24,13 @@ inline constexpr const char* kCustomerNumber = "100002";
 /// Language, sent as "lang".
 inline constexpr const char* kLanguage = "EN";
 
-/// Adds the six parameters that most platform requests carry.
+/// Adds the six parameters that most platform requests include.
 void AddClientSet(ParamMap& params, const ClientInfo& client);
 
-/// Headers of the consumer servers' device pages. They carry neither feature code nor language.
-ParamMap ConsumerHeadersA(const ClientInfo& client, const std::string& sessionId);
+/// Adds the headers of device pagelists on the consumer servers: neither feature code nor language.
+void AddHeaderSetA(ParamMap& headers, const ClientInfo& client, const std::string& sessionId);
 
-/// Headers of their other requests.
-ParamMap ConsumerHeadersB(const ClientInfo& client, const std::string& sessionId);
+/// Adds the headers of most other requests there.
+void AddHeaderSetB(ParamMap& headers, const ClientInfo& client, const std::string& sessionId);
 
 }  // namespace vantix

@@ -17,23 +17,23 @@ namespace vantix::capabilities {
 struct Capability {
     const char* key;
     int32_t DevDetailInfo::*field;
-    unsigned shortListNumber;  ///< 0 when the short list does not have it.
+    unsigned shortListNumber = 0;  ///< 0 when the short list does not have it.
 };
 
-inline constexpr Capability kControls[] = {
-    {"support_ptz", &DevDetailInfo::support_ptz, 0},       {"support_talk", &DevDetailInfo::support_talk, 0},
-    {"ptz_left_right", &DevDetailInfo::ptz_left_right, 0}, {"ptz_top_bottom", &DevDetailInfo::ptz_top_bottom, 0},
-    {"ptz_preset", &DevDetailInfo::ptz_preset, 0},
-};
-/// Kept as the text that it is.
-inline constexpr char kEncryption[] = "support_ecdh_v2";
-inline constexpr Capability kReplayDownload{"support_replay_download", &DevDetailInfo::support_replay_download, 0};
-inline constexpr Capability kVideoCover{"support_device_video_cover", &DevDetailInfo::support_device_video_cover, 0};
-inline constexpr Capability kSeekPlayback{"support_seek_playback", &DevDetailInfo::support_seek_playback, 257};
-inline constexpr Capability kSeekV2{"support_seek_v2", &DevDetailInfo::support_seek_v2, 836};
-inline constexpr Capability kSpeeds[] = {
-    {"support_quickplay_way", &DevDetailInfo::support_quickplay_way, 149},
-    {"support_device_playback_small_speed", &DevDetailInfo::support_device_playback_small_speed, 585},
+inline constexpr Capability kCapabilities[] = {
+    {.key = "support_ptz", .field = &DevDetailInfo::support_ptz},
+    {.key = "support_talk", .field = &DevDetailInfo::support_talk},
+    {.key = "ptz_left_right", .field = &DevDetailInfo::ptz_left_right},
+    {.key = "ptz_top_bottom", .field = &DevDetailInfo::ptz_top_bottom},
+    {.key = "ptz_preset", .field = &DevDetailInfo::ptz_preset},
+    {.key = "support_replay_download", .field = &DevDetailInfo::support_replay_download},
+    {.key = "support_device_video_cover", .field = &DevDetailInfo::support_device_video_cover},
+    {.key = "support_seek_playback", .field = &DevDetailInfo::support_seek_playback, .shortListNumber = 257},
+    {.key = "support_seek_v2", .field = &DevDetailInfo::support_seek_v2, .shortListNumber = 836},
+    {.key = "support_quickplay_way", .field = &DevDetailInfo::support_quickplay_way, .shortListNumber = 149},
+    {.key = "support_device_playback_small_speed",
+     .field = &DevDetailInfo::support_device_playback_small_speed,
+     .shortListNumber = 585},
 };
 
 /// Reads one capability; the device's short list must have been read before. A value that is no text is not read.
@@ -49,6 +49,15 @@ void ReadCapability(const View& extension, const Capability& capability, DevDeta
             field = value;
         }
     }
+}
+
+/// Reads all of them, and the encryption's text.
+template <class View>
+void ReadCapabilities(const View& extension, DevDetailInfo& device) {
+    for (const Capability& capability : kCapabilities) {
+        ReadCapability(extension, capability, device);
+    }
+    extension.Member("support_ecdh_v2").Read(device.support_ecdh_v2);
 }
 
 }  // namespace vantix::capabilities

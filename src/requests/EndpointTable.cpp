@@ -3,7 +3,7 @@
 namespace vantix {
 namespace {
 
-/// Requests carry indices into this order, so it never changes; equal rows are kept for it.
+/// Requests name indices into this order, so it never changes; equal rows are kept for it.
 constexpr const char* kPaths[] = {
     "/base",                                                    // 0: a placeholder that no request reaches
     "/api/device/detail",                                       // 1

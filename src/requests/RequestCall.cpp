@@ -3,7 +3,7 @@
 #include <limits>
 
 #include "base/Clock.h"
-#include "requests/ClientInfo.h"
+#include "log/Logger.h"
 #include "requests/RequestFunctions.h"
 #include "transport/ResponseBody.h"
 #include "vantix/ReturnCodes.h"
@@ -13,89 +13,87 @@ namespace {
 
 constexpr char kFormContentType[] = "application/x-www-form-urlencoded";
 
-bool Carries(const RequestRow& row, unsigned what) { return (row.carried & what) != 0; }
-
-ParamMap HeadersOf(const RequestRow& row, const std::string& credential, const ClientInfo* client) {
-    ParamMap headers;
-    if (Carries(row, carries::kHeadersA)) {
-        headers = ConsumerHeadersA(client != nullptr ? *client : ClientInfo(), credential);
-    } else if (Carries(row, carries::kHeadersB)) {
-        headers = ConsumerHeadersB(client != nullptr ? *client : ClientInfo(), credential);
-    } else if (Carries(row, carries::kSessionHeader)) {
-        headers.Add("sessionId", credential);
+void AddSession(ParamMap& headers, HeaderSet set, const std::string& sessionId, const ClientInfo* client) {
+    switch (set) {
+        case HeaderSet::A: AddHeaderSetA(headers, client != nullptr ? *client : ClientInfo(), sessionId); break;
+        case HeaderSet::B: AddHeaderSetB(headers, client != nullptr ? *client : ClientInfo(), sessionId); break;
+        case HeaderSet::SessionOnly: headers.Add("sessionId", sessionId); break;
+        case HeaderSet::None: break;
     }
-    if (Carries(row, carries::kFormHeader)) {
-        headers.Add("Content-Type", kFormContentType);
-    }
-    return headers;
 }
 
-ParamMap CommonParameters(const RequestRow& row, const std::string& credential, const std::string& appKey) {
-    ParamMap params;
-    if (Carries(row, carries::kAccessToken)) {
-        params.Add("accessToken", credential);
-    }
-    if (Carries(row, carries::kClientSet)) {
-        AddClientSet(params, ClientInfo());
-    }
-    if (Carries(row, carries::kAppKey)) {
-        params.Add("appKey", appKey);
-    }
-    for (const FixedParameter& fixed : row.fixed) {
-        params.Add(fixed.key, fixed.value);
-    }
-    return params;
+/// Adds the base to a response code. The sum must neither leave its range nor look like a success.
+int Composed(int code) {
+    constexpr int kLargest = std::numeric_limits<int32_t>::max() - VANTIX_PLATFORM_ERROR_BASE;
+    const bool isPossible = code > 0 && code <= kLargest;
+    return VANTIX_PLATFORM_ERROR_BASE + (isPossible ? code : static_cast<int>(VANTIX_RESP_BAD_FORMAT));
 }
 
 }  // namespace
 
-RequestCall::RequestCall(const CallSite& site, const RequestRow& row, const ConsumerRoute& route,
-                         const ClientInfo* client)
-    : m_site(site),
-      m_row(row),
-      m_url(route.Address()),
-      m_params(CommonParameters(row, {}, {})),
-      m_headers(HeadersOf(row, route.SessionId(), client)) {}
-
-RequestCall::RequestCall(const CallSite& site, const RequestRow& row, const PlatformRoute& route)
-    : m_site(site),
-      m_row(row),
-      m_url(route.Address()),
-      m_params(CommonParameters(row, route.AccessToken(), route.AppKey())),
-      m_headers(HeadersOf(row, {}, nullptr)) {}
-
-RequestCall::RequestCall(const CallSite& site, const RequestRow& row, const AuthorizationRoute& route)
-    : m_site(site),
-      m_row(row),
-      m_url(route.Address()),
-      m_params(CommonParameters(row, {}, route.AppKey())),
-      m_headers(HeadersOf(row, {}, nullptr)) {}
-
-RequestCall& RequestCall::Body(const std::string& json) {
-    m_json = json;
-    return *this;
+PreparedRequest::PreparedRequest(const CallSite& site, const RequestRow& row, const std::string& address)
+    : m_site(site), m_row(row), m_address(address) {
+    if (row.common.clientSet) {
+        AddClientSet(m_params, ClientInfo());
+    }
+    for (const FixedParameter& fixed : row.fixed) {
+        m_params.Add(fixed.key, fixed.value);
+    }
+    if (row.headers.formContentType) {
+        m_headers.Add("Content-Type", kFormContentType);
+    }
 }
 
-RequestCall& RequestCall::CostInto(int32_t& milliseconds) {
+PreparedRequest::PreparedRequest(const CallSite& site, const RequestRow& row, const PlatformRoute& route)
+    : PreparedRequest(site, row, route.Address()) {
+    if (row.common.accessToken) {
+        m_params.Add("accessToken", route.AccessToken());
+    }
+    if (row.common.appKey) {
+        m_params.Add("appKey", route.AppKey());
+    }
+}
+
+PreparedRequest::PreparedRequest(const CallSite& site, const RequestRow& row, const AuthorizationRoute& route)
+    : PreparedRequest(site, row, route.Address()) {
+    if (row.common.appKey) {
+        m_params.Add("appKey", route.AppKey());
+    }
+}
+
+PreparedRequest::PreparedRequest(const CallSite& site, const RequestRow& row, const ConsumerRoute& route,
+                                 const ClientInfo* client)
+    : PreparedRequest(site, row, route.Address()) {
+    AddSession(m_headers, row.headers.set, route.SessionId(), client);
+}
+
+void PreparedRequest::Add(std::initializer_list<Parameter> parameters) {
+    for (const Parameter& parameter : parameters) {
+        parameter.AddTo(m_params);
+    }
+}
+
+PreparedRequest& PreparedRequest::CostInto(int32_t& milliseconds) {
     m_cost = &milliseconds;
     return *this;
 }
 
-int RequestCall::Send(char** response, uint32_t* length) const {
-    const char* base = m_url.c_str();
-    switch (m_row.way) {
-        case Way::Json: return SyncRequestjson(m_json.c_str(), base, response, length);
-        case Way::Ticket: return SyncRequest_v2(m_params, base, response, length);
-        case Way::Get: return SyncRequestHeader(m_row.endpoint, m_params, m_headers, base, response, length);
-        case Way::BodylessPost:
-            return SyncRequestHeaderPost(m_row.endpoint, m_params, m_headers, base, response, length);
-        case Way::Put: return SyncPutRequestHeader(m_row.endpoint, m_params, m_headers, base, response, length);
-        case Way::Form: break;
+int PreparedRequest::Send(char** response, uint32_t* length) const {
+    const char* base = m_address.c_str();
+    const uint32_t endpoint = m_row.endpoint;
+    switch (m_row.kind) {
+        case RequestKind::JsonPost: return SyncRequestjson(m_json.c_str(), base, response, length);
+        case RequestKind::TicketGet: return SyncRequest_v2(m_params, base, response, length);
+        case RequestKind::Get: return SyncRequestHeader(endpoint, m_params, m_headers, base, response, length);
+        case RequestKind::BodylessPost:
+            return SyncRequestHeaderPost(endpoint, m_params, m_headers, base, response, length);
+        case RequestKind::Put: return SyncPutRequestHeader(endpoint, m_params, m_headers, base, response, length);
+        case RequestKind::FormPost: break;
     }
-    return SyncRequest(m_row.endpoint, m_params, base, response, length);
+    return SyncRequest(endpoint, m_params, base, response, length);
 }
 
-void RequestCall::NoteCost(int32_t milliseconds) const {
+void PreparedRequest::StoreAndLogCost(int32_t milliseconds) const {
     if (m_cost != nullptr) {
         *m_cost = milliseconds;
     }
@@ -104,53 +102,40 @@ void RequestCall::NoteCost(int32_t milliseconds) const {
     }
 }
 
-int RequestCall::Fetch(std::string& body) {
+int PreparedRequest::Fetch(std::string& body) {
     ResponseBody response;
     const Stopwatch stopwatch;
     const int sent = Send(response.Data(), response.Length());
-    NoteCost(stopwatch.ElapsedMilliseconds());
+    StoreAndLogCost(stopwatch.ElapsedMilliseconds());
     if (sent != 0) {
-        VANTIX_LOG_ERROR(m_site, level::kError, "%s", Filled(m_row.transportFailure, sent).c_str());
+        VANTIX_LOG_ERROR(m_site, level::kError, "%s", Filled(TransportFailureOf(m_row), sent).c_str());
         return VANTIX_NET_ERROR_BASE + sent;
     }
     body = response.Text();
     return VANTIX_NOERROR;
 }
 
-namespace {
-
-/// Adds the base to a response code. A code that a server cannot have meant, such as a negative one, counts as
-/// malformed: the sum must neither leave its range nor look like a success.
-int Composed(int code) {
-    constexpr int kLargest = std::numeric_limits<int32_t>::max() - VANTIX_PLATFORM_ERROR_BASE;
-    const bool possible = code > 0 && code <= kLargest;
-    return VANTIX_PLATFORM_ERROR_BASE + (possible ? code : static_cast<int>(VANTIX_RESP_BAD_FORMAT));
-}
-
-}  // namespace
-
-int RequestCall::Judge(const Reader& reader, BodyCodeText failure, const std::string& body) const {
-    const int code = reader(body);
-    if (code == 0) {
-        return VANTIX_NOERROR;
-    }
-    VANTIX_LOG_ERROR(m_site, level::kError, "%s", Filled(failure, body, code).c_str());
-    return Composed(code);
-}
-
-int RequestCall::Run(const Reader& parse) {
+int PreparedRequest::Run(const Reader& parse) {
     std::string body;
     const int fetched = Fetch(body);
-    return fetched != VANTIX_NOERROR ? fetched : Judge(parse, m_row.parserFailure, body);
+    return fetched != VANTIX_NOERROR ? fetched : LogRefusal(m_site, m_row.parserFailure, body, parse(body));
 }
 
-int RequestCall::Run(const Reader& check, const Reader& parse) {
+int PreparedRequest::Run(const Reader& check, const Reader& parse) {
     std::string body;
     int result = Fetch(body);
     if (result == VANTIX_NOERROR) {
-        result = Judge(check, m_row.checkFailure, body);
+        result = LogRefusal(m_site, m_row.checkFailure, body, check(body));
     }
-    return result != VANTIX_NOERROR ? result : Judge(parse, m_row.parserFailure, body);
+    return result != VANTIX_NOERROR ? result : LogRefusal(m_site, m_row.parserFailure, body, parse(body));
+}
+
+int LogRefusal(const CallSite& site, BodyCodeText label, const std::string& body, int code) {
+    if (code == 0) {
+        return VANTIX_NOERROR;
+    }
+    VANTIX_LOG_ERROR(site, level::kError, "%s", Filled(label, body, code).c_str());
+    return Composed(code);
 }
 
 }  // namespace vantix

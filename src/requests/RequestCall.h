@@ -1,96 +1,37 @@
 #pragma once
 
 /// @file
-/// The one road that every request takes: build, send, time, log, check, compose the return code. What differs from
-/// request to request is a row.
+/// How every request runs: build, send, time, log, check, compose the return code. What differs from request to request
+/// is its row.
+///
+///     return RequestCall<platform_requests::kTicket>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
+///                                                    "channelNo"_key = channelNo)
+///         .Run([&](const std::string& body) { return ParseTicketInfoFromPlatform(body, ticket); });
 
-#include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <string>
+#include <type_traits>
 
-#include "log/Logger.h"
+#include "log/CallSite.h"
 #include "requests/ClientInfo.h"
-#include "requests/MessageText.h"
+#include "requests/RequestKeys.h"
+#include "requests/RequestRow.h"
 #include "requests/Route.h"
 #include "transport/ParamMap.h"
 
 namespace vantix {
 
-/// How a request travels.
-enum class Way {
-    Form,          ///< Form POST.
-    Json,          ///< POST of a JSON text, to the path of the cloud recordings' details.
-    Ticket,        ///< GET of the ticket path.
-    Get,           ///< GET with headers.
-    BodylessPost,  ///< POST with headers and without a body.
-    Put,           ///< PUT with headers and without a body, to the login path.
-};
-
-/// What requests carry besides their own parameters.
-namespace carries {
-inline constexpr unsigned kAccessToken = 1U << 0U;
-inline constexpr unsigned kClientSet = 1U << 1U;
-inline constexpr unsigned kAppKey = 1U << 2U;
-inline constexpr unsigned kFormHeader = 1U << 3U;     ///< The header "Content-Type" of a form.
-inline constexpr unsigned kSessionHeader = 1U << 4U;  ///< The header "sessionId" alone.
-inline constexpr unsigned kHeadersA = 1U << 5U;       ///< The consumer servers' smaller set of headers.
-inline constexpr unsigned kHeadersB = 1U << 6U;       ///< Their larger one.
-}  // namespace carries
-
-/// A parameter whose value never changes.
-struct FixedParameter {
-    const char* key = nullptr;
-    const char* value = nullptr;
-};
-
-/// One request, as data.
-struct RequestRow {
-    static constexpr size_t kMostParameters = 9;
-
-    const char* name = nullptr;  ///< The request function's.
-    Way way = Way::Form;
-    uint32_t endpoint = 0;
-    unsigned carried = 0;                   ///< Of `carries`.
-    const char* own[kMostParameters] = {};  ///< Keys of the request's own parameters, in the order of its values.
-    FixedParameter fixed[2] = {};           ///< Those without a key are none.
-    CodeText transportFailure = "SyncRequest error:%d";
-    BodyCodeText checkFailure = {};   ///< Of a first check of the answer, where there is one before the parser.
-    BodyCodeText parserFailure = {};  ///< Its label need not be the parser's name.
-    CostText cost = {};               ///< Absent when the elapsed time is not logged.
-};
-
-/// One request on its way. Log lines bear the name of the function that makes it.
-class RequestCall {
+/// One request on its way, with all its parameters. Log lines bear the tag of the call site. Only `RequestCall` makes
+/// one, and checks what it is made of.
+class PreparedRequest {
 public:
     /// Takes a body and returns a response code.
     using Reader = std::function<int(const std::string& body)>;
 
-    /// `client` is what the headers tell of this computer, where several requests or parameters must tell the same;
-    /// without it the call makes its own.
-    RequestCall(const CallSite& site, const RequestRow& row, const ConsumerRoute& route,
-                const ClientInfo* client = nullptr);
-    RequestCall(const CallSite& site, const RequestRow& row, const PlatformRoute& route);
-    RequestCall(const CallSite& site, const RequestRow& row, const AuthorizationRoute& route);
-
-    /// Gives the row's own parameters their values, in the row's order; none may be left out.
-    template <class... Values>
-    RequestCall& With(const Values&... values) {
-        static_assert(sizeof...(values) <= RequestRow::kMostParameters);
-        size_t index = 0;
-        (m_params.Add(m_row.own[index++], values), ...);
-        return *this;
-    }
-    /// Adds a parameter that not every call of this request has.
-    template <class Value>
-    RequestCall& WithOptional(const char* key, const Value& value) {
-        m_params.Add(key, value);
-        return *this;
-    }
-    /// The text that a JSON POST sends.
-    RequestCall& Body(const std::string& json);
     /// Where the elapsed milliseconds go, whatever the outcome.
-    RequestCall& CostInto(int32_t& milliseconds);
+    PreparedRequest& CostInto(int32_t& milliseconds);
 
     /// Sends the request and hands the body to `parse`. Returns 0, 100000 + the transport's code (then nothing was
     /// parsed), or 300000 + the response code.
@@ -101,18 +42,83 @@ public:
     /// Sends the request and copies the body out: 0, or 100000 + the transport's code.
     int Fetch(std::string& body);
 
+protected:
+    PreparedRequest(const CallSite& site, const RequestRow& row, const PlatformRoute& route);
+    PreparedRequest(const CallSite& site, const RequestRow& row, const AuthorizationRoute& route);
+    /// Headers describe this computer as `client` does; without one the request asks for it itself, if it needs it.
+    PreparedRequest(const CallSite& site, const RequestRow& row, const ConsumerRoute& route,
+                    const ClientInfo* client = nullptr);
+
+    void Add(std::initializer_list<Parameter> parameters);
+    void SetJson(const std::string& json) { m_json = json; }
+
 private:
+    PreparedRequest(const CallSite& site, const RequestRow& row, const std::string& address);
+
     int Send(char** response, uint32_t* length) const;
-    int Judge(const Reader& reader, BodyCodeText failure, const std::string& body) const;
-    void NoteCost(int32_t milliseconds) const;
+    void StoreAndLogCost(int32_t milliseconds) const;
 
     CallSite m_site;
     const RequestRow& m_row;
-    std::string m_url;
+    std::string m_address;
     ParamMap m_params;
     ParamMap m_headers;
     std::string m_json;
     int32_t* m_cost = nullptr;
 };
+
+/// The type of the routes of a family.
+template <RequestFamily Family>
+struct RouteOfFamily;
+template <>
+struct RouteOfFamily<RequestFamily::Platform> : std::type_identity<PlatformRoute> {};
+template <>
+struct RouteOfFamily<RequestFamily::Consumer> : std::type_identity<ConsumerRoute> {};
+template <>
+struct RouteOfFamily<RequestFamily::Authorization> : std::type_identity<AuthorizationRoute> {};
+
+/// The text that a JSON post sends.
+struct JsonBody {
+    const std::string& text;
+};
+
+/// Whether a call gives a value of the right type for each key of the row, and for no other.
+template <const RequestRow& Row, class... Parameters>
+concept GivesKeysOf = (kIsKeyedParameter<Parameters> && ...) && AreKeysOf(Row, {Parameters::kKey...});
+
+/// Prepares one request: what it is made of must be what its row asks for.
+template <const RequestRow& Row>
+class RequestCall : public PreparedRequest {
+    static_assert(IsConsistent(Row), "something stands in the row that its kind or family ignores");
+
+    static constexpr bool kIsConsumer = Row.family == RequestFamily::Consumer;
+    static constexpr bool kIsJson = Row.kind == RequestKind::JsonPost;
+
+public:
+    using Route = typename RouteOfFamily<Row.family>::type;
+
+    template <class... Parameters>
+    requires(GivesKeysOf<Row, Parameters...> && !kIsJson)
+        RequestCall(const CallSite& site, const Route& route, const Parameters&... parameters)
+        : PreparedRequest(site, Row, route) {
+        Add({parameters...});
+    }
+    /// Where several requests, or a request and its parameters, must say the same of this computer.
+    template <class... Parameters>
+    requires(GivesKeysOf<Row, Parameters...>&& kIsConsumer)
+        RequestCall(const CallSite& site, const Route& route, const ClientInfo& client, const Parameters&... parameters)
+        : PreparedRequest(site, Row, route, &client) {
+        Add({parameters...});
+    }
+    RequestCall(const CallSite& site, const Route& route, const JsonBody& body) requires(kIsJson)
+        : PreparedRequest(site, Row, route) {
+        SetJson(body.text);
+    }
+};
+
+/// Logs that a response was refused, under the request's label, and returns 300000 + the code. A code that a server
+/// cannot have meant, such as a negative one, counts as malformed. Code 0 is no refusal: nothing is logged, and 0
+/// returned.
+int LogRefusal(const CallSite& site, BodyCodeText label, const std::string& body, int code);
 
 }  // namespace vantix

@@ -50,7 +50,7 @@ int LogEnd(const CallSite& site, int result) {
     return result;
 }
 
-/// The road of the functions that send a parameter map: `send` gets the address and the serialized parameters.
+/// What all functions do that send a parameter map: `send` gets the address and the serialized parameters.
 template <class Send>
 int SendParameters(const CallSite& site, uint32_t endpoint, const ParamMap& params, const ParamMap* headers,
                    const char* base, const uint32_t* length, Send send) {

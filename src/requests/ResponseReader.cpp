@@ -1,38 +1,98 @@
 #include "requests/ResponseReader.h"
 
-#include "requests/Envelope.h"
+#include "log/Logger.h"
+#include "vantix/ReturnCodes.h"
 
-namespace vantix::json {
+namespace vantix {
+namespace {
 
-bool ParseBody(const CallSite& site, const std::string& body, JsonCppDocument& document) {
-    if (document.Parse(body)) {
-        return true;
-    }
-    VANTIX_LOG_ERROR(site, level::kError, "platform response bad, szInfo = %s", body.c_str());
-    return false;
+template <class Document>
+int Parsed(const CallSite& site, const std::string& body, Document& document) {
+    return document.Parse(body) ? static_cast<int>(VANTIX_NOERROR) : LogNotJson(site, body);
 }
 
-int ReadAnswer(const CallSite& site, const std::string& body, EnvelopeRule rule, const PayloadReader& payload) {
-    JsonCppDocument document;
-    if (!ParseBody(site, body, document)) {
-        return kNotJson;
+template <class Document, class View>
+int Read(const CallSite& site, const std::string& body, EnvelopeRule<View> rule,
+         const std::function<int(const View& root)>& read) {
+    Document document;
+    if (const int code = Parsed(site, body, document); code != 0) {
+        return code;
     }
-    if (const int code = rule(document.Root()); code != 0) {
+    const View root = document.Root();
+    if (const int code = rule(root); code != 0) {
         VANTIX_LOG_INFO(site, level::kInfo, "Platform Response Error:%d, Resp:%s", code, body.c_str());
         return code;
     }
-    return payload(document.Root());
+    return read(root);
 }
 
-int Malformed(const CallSite& site, const std::string& body) {
+template <class Document, class View>
+int ReadObject(const CallSite& site, const std::string& body, EnvelopeRule<View> rule, PayloadPlace<View> place,
+               const std::function<void(const View& payload)>& read) {
+    return Read<Document, View>(site, body, rule, [&](const View& root) -> int {
+        const View payload = place(root);
+        if (!payload.IsObject()) {
+            return LogMalformed(site, body);
+        }
+        read(payload);
+        return VANTIX_NOERROR;
+    });
+}
+
+}  // namespace
+
+int ParseBody(const CallSite& site, const std::string& body, json::JsonCppDocument& document) {
+    return Parsed(site, body, document);
+}
+
+int CheckResponse(const CallSite& site, const std::string& body, EnvelopeRule<json::JsonCppView> rule) {
+    json::JsonCppDocument document;
+    const int code = ParseBody(site, body, document);
+    return code != 0 ? code : rule(document.Root());
+}
+
+int ReadResponse(const CallSite& site, const std::string& body, EnvelopeRule<json::JsonCppView> rule,
+                 const std::function<int(const json::JsonCppView& root)>& read) {
+    return Read<json::JsonCppDocument>(site, body, rule, read);
+}
+
+int ReadObjectResponse(const CallSite& site, const std::string& body, EnvelopeRule<json::JsonCppView> rule,
+                       PayloadPlace<json::JsonCppView> place,
+                       const std::function<void(const json::JsonCppView& payload)>& read) {
+    return ReadObject<json::JsonCppDocument>(site, body, rule, place, read);
+}
+
+int ReadObjectResponse(const CallSite& site, const std::string& body, EnvelopeRule<json::Json11View> rule,
+                       PayloadPlace<json::Json11View> place,
+                       const std::function<void(const json::Json11View& payload)>& read) {
+    return ReadObject<json::Json11Document>(site, body, rule, place, read);
+}
+
+int LogNotJson(const CallSite& site, const std::string& body) {
+    VANTIX_LOG_ERROR(site, level::kError, "platform response bad, szInfo = %s", body.c_str());
+    return VANTIX_RESP_NOT_JSON;
+}
+
+int LogMalformed(const CallSite& site, const std::string& body) {
     VANTIX_LOG_ERROR(site, level::kError, "platform response invalid, szInfo = %s", body.c_str());
-    return kBadFormat;
+    return VANTIX_RESP_BAD_FORMAT;
 }
 
-int Malformed(const CallSite& site, const std::string& body, const char* member) {
+int LogMalformed(const CallSite& site, const std::string& body, const char* member) {
     VANTIX_LOG_ERROR(site, level::kError, "platform response invalid, szInfo = %s, %s not exist!", body.c_str(),
                      member);
-    return kBadFormat;
+    return VANTIX_RESP_BAD_FORMAT;
 }
 
-}  // namespace vantix::json
+int LogMissingText(const CallSite& site, const std::string& body, const char* member) {
+    VANTIX_LOG_ERROR(site, level::kError, "platform response invalid, [%s] not exist or not string, szInfo = %s",
+                     member, body.c_str());
+    return VANTIX_RESP_BAD_FORMAT;
+}
+
+int LogNoObject(const CallSite& site, const std::string& body, const char* member) {
+    VANTIX_LOG_INFO(site, level::kInfo, "platform response bad, [%s] is not object, Resp:%s", member, body.c_str());
+    return VANTIX_RESP_BAD_FORMAT;
+}
+
+}  // namespace vantix

@@ -1,31 +1,55 @@
 #pragma once
 
 /// @file
-/// The skeleton of every parser of a server's answer that is read with JsonCpp.
+/// The skeleton of every parser and check of a response, for both JSON libraries: parse the body, read the envelope's
+/// code, read the payload. Log lines bear the tag of the call site; functions whose name begins with "Log" return the
+/// response code that belongs to their line.
 
 #include <functional>
 #include <string>
 
+#include "json/Json11Reader.h"
 #include "json/JsonCppReader.h"
-#include "log/Logger.h"
+#include "log/CallSite.h"
 
-namespace vantix::json {
+namespace vantix {
 
-/// Reads the envelope's code from an answer: 0 when it is a success.
-using EnvelopeRule = int (*)(const JsonCppView& root);
-/// Reads the payload: 0, or a response code.
-using PayloadReader = std::function<int(const JsonCppView& root)>;
+/// Reads the envelope's code from a response: 0 when it is a success.
+template <class View>
+using EnvelopeRule = int (*)(const View& root);
 
-/// Parses the body (1 and a line when it is not JSON), asks the rule (its code and a line when it is not 0), then reads
-/// the payload. Lines bear the call site's name.
-int ReadAnswer(const CallSite& site, const std::string& body, EnvelopeRule rule, const PayloadReader& payload);
+/// Where the payload of a response stands.
+template <class View>
+using PayloadPlace = View (*)(const View& root);
 
-/// Parses a body; false, and the line, when it is not JSON.
-bool ParseBody(const CallSite& site, const std::string& body, JsonCppDocument& document);
+/// Parses a body: 0, or 1 and a line when it is not JSON.
+int ParseBody(const CallSite& site, const std::string& body, json::JsonCppDocument& document);
 
-/// Writes the line of an answer that lacks something, and returns 2.
-int Malformed(const CallSite& site, const std::string& body);
-/// The same, naming the member.
-int Malformed(const CallSite& site, const std::string& body, const char* member);
+/// Parses the body and asks the rule; there is no payload to read, and a code that is not 0 has no line.
+int CheckResponse(const CallSite& site, const std::string& body, EnvelopeRule<json::JsonCppView> rule);
 
-}  // namespace vantix::json
+/// Parses the body, asks the rule (its code and a line when it is not 0), then reads the payload: 0, or a response
+/// code.
+int ReadResponse(const CallSite& site, const std::string& body, EnvelopeRule<json::JsonCppView> rule,
+                 const std::function<int(const json::JsonCppView& root)>& read);
+
+/// The same for a payload that must be an object, else the response is malformed.
+int ReadObjectResponse(const CallSite& site, const std::string& body, EnvelopeRule<json::JsonCppView> rule,
+                       PayloadPlace<json::JsonCppView> place,
+                       const std::function<void(const json::JsonCppView& payload)>& read);
+int ReadObjectResponse(const CallSite& site, const std::string& body, EnvelopeRule<json::Json11View> rule,
+                       PayloadPlace<json::Json11View> place,
+                       const std::function<void(const json::Json11View& payload)>& read);
+
+/// A response that is not JSON: 1.
+int LogNotJson(const CallSite& site, const std::string& body);
+/// A response that lacks something: 2.
+int LogMalformed(const CallSite& site, const std::string& body);
+/// One that lacks this member: 2.
+int LogMalformed(const CallSite& site, const std::string& body, const char* member);
+/// One that lacks this text, in the words of the parsers of single texts: 2.
+int LogMissingText(const CallSite& site, const std::string& body, const char* member);
+/// One in which this member is no object, as information: 2.
+int LogNoObject(const CallSite& site, const std::string& body, const char* member);
+
+}  // namespace vantix

@@ -11,7 +11,7 @@
 
 namespace vantix {
 
-/// To the open platform's requests. The address can be that of the consumer servers: they answer some of the platform's
+/// To the open platform's requests. The address can be that of the consumer servers: they take some of the platform's
 /// requests for devices that are shared with the account.
 class PlatformRoute {
 public:

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "unit/json/Readers.h"
 
@@ -92,9 +93,44 @@ TYPED_TEST(Fields, SomethingThatIsNoObjectHasNoMembers) {
     EXPECT_EQ(record, Record());
 }
 
-TYPED_TEST(Fields, ALaterAnswerOverwritesOnlyWhatItCarries) {
+TYPED_TEST(Fields, ALaterObjectOverwritesOnlyWhatItHolds) {
     const Record first = this->Read(R"({"name": "Door", "status": 1})");
     EXPECT_EQ(this->ReadInto(first, R"({"name": 5, "status": 2})"), (Record{"Door", "old serial", 2, true}));
+}
+
+TYPED_TEST(Fields, EachElementOfAnArrayAppendsARecord) {
+    typename TypeParam::Document document;
+    ASSERT_TRUE(document.Parse(R"([{"status": 1}, 5, {"status": 2, "name": "x"}, null, [{"status": 3}]])"));
+    std::vector<Record> records(1);
+    json::AppendRecords(document.Root(), kFields, records);
+    const Record fresh;
+    EXPECT_EQ(records,
+              (std::vector<Record>{
+                  fresh, {"old name", "old serial", 1, true}, fresh, {"x", "old serial", 2, true}, fresh, fresh}));
+}
+
+TYPED_TEST(Fields, OnlyObjectsOfAnArrayAreVisited) {
+    typename TypeParam::Document document;
+    ASSERT_TRUE(document.Parse(R"([{"status": 1}, 5, null, "x", [{"status": 3}], {"status": 2}, {}, true])"));
+    std::vector<int32_t> numbers;
+    json::ForEachObject(document.Root(), [&](const typename TypeParam::View& element) {
+        int32_t number = -1;
+        element.Member("status").Read(number);
+        numbers.push_back(number);
+    });
+    EXPECT_EQ(numbers, (std::vector<int32_t>{1, 2, -1}));
+}
+
+TYPED_TEST(Fields, WhatIsNoArrayHasNoElements) {
+    for (const char* text : {"{}", R"({"status": 1})", "null", R"("text")", "1"}) {
+        typename TypeParam::Document document;
+        ASSERT_TRUE(document.Parse(std::string("{\"list\":").append(text) + "}"));
+        std::vector<Record> records;
+        json::AppendRecords(document.Root().Member("list"), kFields, records);
+        EXPECT_TRUE(records.empty()) << text;
+        json::ForEachObject(document.Root().Member("list"),
+                            [&](const typename TypeParam::View& /*element*/) { ADD_FAILURE() << text; });
+    }
 }
 
 }  // namespace

@@ -75,7 +75,7 @@ void ExpectTheAnswer() {
     typename Reader::Document document;
     ASSERT_TRUE(document.Parse(kAnswer));
     const auto root = document.Root();
-    EXPECT_EQ(json::EnvelopeCode(root), 0);
+    EXPECT_EQ(EnvelopeCode(root), 0);
     EXPECT_EQ(Int(root.Member("result").Member("code")), 10002);
     EXPECT_EQ(Int(root.Member("real")), 1500);
     EXPECT_EQ(Int(root.Member("negative")), -250);

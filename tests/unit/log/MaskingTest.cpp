@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 
 namespace vantix {
 namespace {
@@ -121,6 +122,75 @@ TEST(MaskedJson, ManySecretsInALongText) {
         masked += R"({"accessToken":"***","x":"y"})";
     }
     EXPECT_EQ(MaskedJson(text), masked);
+}
+
+constexpr std::string_view kNames[] = {"secret", "userId"};
+
+constexpr Row kMembers[] = {
+    {"", ""},
+    {"{}", "{}"},
+    {R"({"secret":"s","x":"y","userId":"u"})", R"({"secret":"***","x":"y","userId":"***"})"},
+    {R"({"secret":""})", R"({"secret":"***"})"},
+    {R"({ "secret" : "s" , "x" : 1 })", R"({ "secret" : "***" , "x" : 1 })"},
+    // However deep, and in arrays.
+    {R"([{"a":{"b":[[{"secret":"s"}],{"userId":"u"}]}}])", R"([{"a":{"b":[[{"secret":"***"}],{"userId":"***"}]}}])"},
+    // Values of every kind.
+    {R"({"secret":5,"x":1})", R"({"secret":"***","x":1})"},
+    {R"({"secret":-1.5e3})", R"({"secret":"***"})"},
+    {R"({"secret":null,"userId":true})", R"({"secret":"***","userId":"***"})"},
+    {R"({"secret":{"a":1,"b":{"c":"s"}},"x":1})", R"({"secret":"***","x":1})"},
+    {R"({"secret":["s",["s"],{"a":"]"}],"x":1})", R"({"secret":"***","x":1})"},
+    {R"({"secret":{},"x":1})", R"({"secret":"***","x":1})"},
+    {R"({"secret":"a\"}","x":1})", R"({"secret":"***","x":1})"},
+    {R"({"secret":"a\\","x":1})", R"({"secret":"***","x":1})"},
+    {R"({"secret":{"a":"\"}"},"x":1})", R"({"secret":"***","x":1})"},
+    // Names in other words and in other places.
+    {R"({"Secret":"shown","secrets":"shown","ecret":"shown","a secret":"shown"})",
+     R"({"Secret":"shown","secrets":"shown","ecret":"shown","a secret":"shown"})"},
+    {R"({"x":"secret","y":["secret","userId"]})", R"({"x":"secret","y":["secret","userId"]})"},
+    {R"({"\u0073ecret":"s","us\u0065r\u0049d":"u"})", R"({"\u0073ecret":"***","us\u0065r\u0049d":"***"})"},
+    {R"({"\u0173ecret":"shown","\u00zzecret":"shown","secre\u007":"shown"})",
+     R"({"\u0173ecret":"shown","\u00zzecret":"shown","secre\u007":"shown"})"},
+    // Texts that are no JSON.
+    {R"({"secret":"s)", R"({"secret":"***")"},
+    {R"({"secret":"s\)", R"({"secret":"***")"},
+    {R"({"secret":)", R"({"secret":)"},
+    {R"({"secret": )", R"({"secret": )"},
+    {R"({"secret":})", R"({"secret":"***"})"},
+    {R"({"secret":["s",{"a":1)", R"({"secret":"***")"},
+    {R"({"secret" "s"})", R"({"secret" "s"})"},
+    {R"({"secret")", R"({"secret")"},
+    {R"({"secre)", R"({"secre)"},
+    {R"({"\u007)", R"({"\u007)"},
+    {R"(" {"secret":"s"})", R"(" {"secret":"***"})"},
+    {R"(<html>"userId":"u"</html>)", R"(<html>"userId":"***"</html>)"},
+};
+
+TEST(MaskedMembers, MasksTheValuesOfTheseNames) {
+    for (const Row& row : kMembers) {
+        SCOPED_TRACE(row.json);
+        EXPECT_EQ(MaskedMembers(row.json, kNames), row.masked);
+    }
+    EXPECT_EQ(MaskedMembers(R"({"secret":"s"})", {}), R"({"secret":"s"})") << "without names nothing is masked";
+}
+
+TEST(MaskedMembers, NothingOfASecretRemainsWhereverTheTextIsCut) {
+    const std::string whole = R"([{"secret" : {"x":"SECRET\"SECRET"},"userId":"SE CRET","y":["z"]}])";
+    for (size_t length = 0; length <= whole.size(); ++length) {
+        const std::string cut = whole.substr(0, length);
+        EXPECT_EQ(MaskedMembers(cut, kNames).find('S'), std::string::npos) << cut;
+    }
+}
+
+TEST(MaskedMembers, KeepsZerosAndAnyBytes) {
+    EXPECT_EQ(MaskedMembers(std::string("{\"a\0b\":\"\xFF\",\"secret\":\"s\0s\"}\0", 27), kNames),
+              std::string("{\"a\0b\":\"\xFF\",\"secret\":\"***\"}\0", 27));
+}
+
+TEST(MaskedMembers, DeepAndLongTextsAreSurvived) {
+    const std::string deep = R"({"secret":)" + std::string(100'000, '[') + R"("s")" + std::string(100'000, ']') + "}";
+    EXPECT_EQ(MaskedMembers(deep, kNames), R"({"secret":"***"})");
+    EXPECT_EQ(MaskedMembers(R"({"secret":)" + std::string(1'000'000, '{'), kNames), R"({"secret":"***")");
 }
 
 }  // namespace

@@ -1,56 +1,36 @@
 #pragma once
 
 /// @file
-/// The members of a detail answer and the fields that they fill, listed once more for the tests, by hand.
+/// The records of a device detail, and a whole response in which every member is there and no two have the same value.
 
-#include <cstdint>
 #include <string>
-#include <variant>
-#include <vector>
 
-#include "support/TestJson.h"
+#include "support/RecordFields.h"
 #include "vantix/records/BelongDevInfo.h"
 #include "vantix/records/DevChannelInfo.h"
 #include "vantix/records/DevDetailInfo.h"
 
 namespace vantix::test {
 
-template <class Record>
-struct Member {
-    const char* key;
-    std::variant<std::string Record::*, int32_t Record::*> field;
-
-    bool IsText() const { return field.index() == 0; }
-    /// The field's value as JSON.
-    nlohmann::json Of(const Record& record) const {
-        return std::visit([&](auto pointer) { return nlohmann::json(record.*pointer); }, field);
-    }
-    void Set(Record& record, const nlohmann::json& value) const {
-        std::visit([&](auto pointer) { value.get_to(record.*pointer); }, field);
-    }
-    bool IsEqualIn(const Record& left, const Record& right) const {
-        return std::visit([&](auto pointer) { return left.*pointer == right.*pointer; }, field);
-    }
-};
-
 /// "camera".
-const std::vector<Member<DevChannelInfo>>& CameraMembers();
-/// "device", and "belongDevice" inside it.
-const std::vector<Member<BelongDevInfo>>& DeviceMembers();
+const RecordFields<DevChannelInfo>& CameraFields();
+/// "device".
+const RecordFields<BelongDevInfo>& DeviceFields();
+/// "belongDevice" inside it.
+const RecordFields<BelongDevInfo>& ParentFields();
 /// Members of "supportExt" that are numbers as text.
-const std::vector<Member<DevDetailInfo>>& CapabilityMembers();
+const RecordFields<DevDetailInfo>& CapabilityFields();
 
-/// The golden answer: every member is there, and no two have the same value.
-nlohmann::json GoldenDetail();
+Json WholeDetail();
 /// Its text as the file has it.
-std::string GoldenDetailText();
+std::string WholeDetailText();
 
-/// The parts of an answer.
-inline nlohmann::json& Data(nlohmann::json& answer) { return answer["result"]["data"]; }
-inline nlohmann::json& Camera(nlohmann::json& answer) { return Data(answer)["camera"]; }
-inline nlohmann::json& Device(nlohmann::json& answer) { return Data(answer)["device"]; }
+/// The parts of a response.
+inline Json& Data(Json& response) { return response["result"]["data"]; }
+inline Json& Camera(Json& response) { return Data(response)["camera"]; }
+inline Json& Device(Json& response) { return Data(response)["device"]; }
 
-/// Whether two records are equal in every field that an answer fills.
+/// Whether two records are equal in every field that a response fills.
 bool Same(const DevChannelInfo& left, const DevChannelInfo& right);
 bool Same(const BelongDevInfo& left, const BelongDevInfo& right);
 bool Same(const DevDetailInfo& left, const DevDetailInfo& right);

@@ -1,62 +1,43 @@
-// The device detail request: what it sends, what it stamps, what it returns and logs.
+// The device detail request: what it sends, what it marks, what it returns and logs.
 
 #include "platform/DeviceDetail.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "support/CleanSwitches.h"
 #include "support/DetailAnswer.h"
 #include "support/FakeClock.h"
+#include "support/LineMatcher.h"
 #include "support/LogCapture.h"
 #include "support/ScriptedTransport.h"
+#include "support/TestRoutes.h"
 #include "unit/platform/DetailRecords.h"
 
 namespace vantix::test {
 namespace {
 
+using testing::Contains;
+
+constexpr char kTag[] = "GetDevDetailInfoFromPlatformBySerial";
+
 class DetailRequest : public testing::Test {
 protected:
     int Fetch(const std::string& serial = "C1", int cameraNo = 3) {
-        lines.Clear();
-        return GetDevDetailInfoFromPlatformBySerial({"https://b.example", "the-token", "the-app"}, serial, cameraNo,
-                                                    channel, device, parent);
+        m_log.Clear();
+        return GetDevDetailInfoFromPlatformBySerial(PlatformRouteTo("https://b.example", "the-token", "the-app"),
+                                                    serial, cameraNo, channel, device, parent);
     }
-    void ExpectLine(const std::string& message, const std::string& word, unsigned level) const {
-        EXPECT_EQ(lines.Count(message), 1U) << message;
-        const LogLine line = lines.Find(message);
-        EXPECT_EQ(line.Word(), word);
-        EXPECT_EQ(line.level, level);
-        EXPECT_EQ(line.Tag(), "GetDevDetailInfoFromPlatformBySerial");
-    }
-
-    CleanSwitches clean;
+    CleanSwitches m_switches;
     FakeClock clock;
     ScriptedTransport transport;
-    LogCapture lines;
+    LogCapture m_log;
     DevChannelInfo channel;
     DevDetailInfo device;
     std::optional<BelongDevInfo> parent;
 };
 
-TEST_F(DetailRequest, IsAFormWithItsParametersInTheOrderOfTheirKeys) {
-    transport.Answer(DetailAnswer("C1", 3).dump());
-    EXPECT_EQ(Fetch(), 0);
-    ASSERT_EQ(transport.Count(), 1U);
-    const SentRequest sent = transport.Sent()[0];
-    EXPECT_EQ(sent.method, "POST");
-    EXPECT_EQ(sent.url, "https://b.example/api/device/detail");
-    EXPECT_EQ(sent.Keys(), (std::vector<std::string>{"accessToken", "appKey", "cameraNo", "clientType", "clientVersion",
-                                                     "deviceSerial", "featureCode", "isNewVersion", "netType",
-                                                     "osVersion", "sdkVersion", "version"}));
-    EXPECT_EQ(sent.Param("accessToken"), "the-token");
-    EXPECT_EQ(sent.Param("appKey"), "the-app");
-    EXPECT_EQ(sent.Param("cameraNo"), "3");
-    EXPECT_EQ(sent.Param("deviceSerial"), "C1");
-    EXPECT_EQ(sent.Param("version"), "4.0");
-    EXPECT_EQ(sent.Param("isNewVersion"), "true");
-}
-
-TEST_F(DetailRequest, SerialTravelsAsItIs) {
+TEST_F(DetailRequest, SerialIsSentAsItIs) {
     for (const std::string& serial :
          {std::string(), std::string("a b+c%41#"), std::string("\xE8\xAE\xBE"), std::string(1'000'000, 's')}) {
         transport.Answer(DetailAnswer("C1", 3).dump());
@@ -66,11 +47,11 @@ TEST_F(DetailRequest, SerialTravelsAsItIs) {
     }
 }
 
-TEST_F(DetailRequest, SuccessIsStampedAndItsCostLogged) {
+TEST_F(DetailRequest, SuccessIsMarkedAsFetchedAndItsCostLogged) {
     clock.SetSteadyStep(12'999'999);
     device.isUpdate = true;
     device.iCloseBlong = 4;
-    transport.Answer(GoldenDetailText());
+    transport.Answer(WholeDetailText());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(device.tCacheTime, clock.Wall());
     EXPECT_FALSE(device.isFromCache);
@@ -80,52 +61,53 @@ TEST_F(DetailRequest, SuccessIsStampedAndItsCostLogged) {
     EXPECT_EQ(device.deviceIP, "10.0.0.102");
     EXPECT_EQ(channel.cameraId, "camera-id-1");
     EXPECT_EQ(parent->deviceSerial, "P-serial-201");
-    ExpectLine("/api/device/detail CostTime: = 12 milliseconds", "INFO ", 3);
+    EXPECT_THAT(m_log.Lines(),
+                Contains(Line(3, "INFO ", kTag, "/api/device/detail CostTime: = 12 milliseconds")).Times(1));
 }
 
-TEST_F(DetailRequest, FailedTransferIsLoggedAndItsAnswerNotParsed) {
+TEST_F(DetailRequest, FailedTransferIsLoggedAndItsResponseNotParsed) {
     clock.SetSteadyStep(5'000'000);
     device.deviceIP = "mine";
-    transport.Make([](const SentRequest&) { return ScriptedAnswer{28, GoldenDetailText()}; });
+    transport.Make([](const SentRequest&) { return ScriptedAnswer{28, WholeDetailText()}; });
     EXPECT_EQ(Fetch(), 100028);
-    ExpectLine("SyncRequest error:28", "ERROR", 5);
-    ExpectLine("/api/device/detail CostTime: = 5 milliseconds", "INFO ", 3);
+    EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kTag, "SyncRequest error:28")).Times(1));
+    EXPECT_THAT(m_log.Lines(),
+                Contains(Line(3, "INFO ", kTag, "/api/device/detail CostTime: = 5 milliseconds")).Times(1));
     EXPECT_EQ(device.iRequestCost, 5);
     EXPECT_EQ(device.deviceIP, "mine");
     EXPECT_EQ(device.tCacheTime, 0);
     EXPECT_TRUE(device.isFromCache);
     EXPECT_FALSE(parent.has_value());
-    EXPECT_FALSE(lines.Contains("ParseDevDetailInfoFromPlatform"));
+    EXPECT_FALSE(m_log.Contains("ParseDevDetailInfoFromPlatform"));
 }
 
-TEST_F(DetailRequest, RefusedAnswerIsLoggedWithBodyAndCode) {
+TEST_F(DetailRequest, RefusedResponseIsLoggedWithBodyAndCode) {
     const struct {
-        std::string body;
-        int parsed;
+        const char* body;
         int result;
-    } rows[] = {{"", 1, 300001},
-                {"<html>%s%n</html>", 1, 300001},
-                {"[]", 2, 300002},
-                {R"({"result":{"code":200}})", 2, 300002},
-                {CodeAnswer("10002"), 10002, 310002},
-                {CodeAnswer("49999"), 49999, 349999},
-                {CodeAnswer("2147183647"), 2147183647, 2147483647},
-                // Codes that no platform means count as malformed.
-                {CodeAnswer("2147183648"), 2147183648, 300002},
-                {CodeAnswer("-5"), -5, 300002},
-                {CodeAnswer("-300000"), -300000, 300002}};
+        const char* line;
+    } rows[] = {
+        {"", 300001, "ParseDevDetailInfoFromPlatform: error:1"},
+        {"<html>%s%n</html>", 300001, "ParseDevDetailInfoFromPlatform:<html>%s%n</html> error:1"},
+        {"[]", 300002, "ParseDevDetailInfoFromPlatform:[] error:2"},
+        {R"({"result":{"code":200}})", 300002, R"(ParseDevDetailInfoFromPlatform:{"result":{"code":200}} error:2)"},
+        {R"({"code":"10002"})", 310002, R"(ParseDevDetailInfoFromPlatform:{"code":"10002"} error:10002)"},
+        {R"({"code":"49999"})", 349999, R"(ParseDevDetailInfoFromPlatform:{"code":"49999"} error:49999)"},
+        // Codes that no platform means count as malformed.
+        {R"({"code":"-5"})", 300002, R"(ParseDevDetailInfoFromPlatform:{"code":"-5"} error:-5)"},
+    };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.body);
         device.deviceIP = "mine";
         transport.Answer(row.body);
         EXPECT_EQ(Fetch(), row.result);
-        ExpectLine("ParseDevDetailInfoFromPlatform:" + row.body + " error:" + std::to_string(row.parsed), "ERROR", 5);
+        EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kTag, row.line)).Times(1));
         EXPECT_EQ(device.deviceIP, "mine");
         EXPECT_EQ(device.tCacheTime, 0);
     }
 }
 
-TEST_F(DetailRequest, AnswerOf200IsASuccessEverywhereInTheEnvelope) {
+TEST_F(DetailRequest, CodeOf200IsASuccessEverywhereInTheEnvelope) {
     for (const char* body : {R"({"resultCode":"200","result":{"data":{}}})", R"({"code":"200","result":{"data":{}}})",
                              R"({"result":{"code":"200","data":{}}})", R"({"result":{"code":200,"data":{}}})"}) {
         transport.Answer(body);
@@ -136,8 +118,8 @@ TEST_F(DetailRequest, AnswerOf200IsASuccessEverywhereInTheEnvelope) {
 TEST_F(DetailRequest, CredentialsDoNotReachTheLog) {
     transport.Answer(CodeAnswer("10002"));
     Fetch();
-    EXPECT_FALSE(lines.Contains("the-token"));
-    EXPECT_FALSE(lines.Contains("the-app"));
+    EXPECT_FALSE(m_log.Contains("the-token"));
+    EXPECT_FALSE(m_log.Contains("the-app"));
 }
 
 TEST_F(DetailRequest, CostIsZeroBeforeAMillisecondHasPassed) {

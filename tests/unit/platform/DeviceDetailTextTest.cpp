@@ -7,11 +7,9 @@
 namespace vantix::test {
 namespace {
 
-using nlohmann::json;
-
 TEST_F(HostileDetail, TruncationAtAnyByteIsNoJson) {
     iLogLevel = 6;
-    std::string whole = GoldenDetailText();
+    std::string whole = WholeDetailText();
     whole.erase(whole.find_last_not_of(" \n") + 1);
     for (size_t length = 0; length < whole.size(); ++length) {
         ASSERT_EQ(Parse(whole.substr(0, length)), 1) << length;
@@ -26,12 +24,12 @@ TEST_F(HostileDetail, DeepNestingIsSurvived) {
         const std::string deep = std::string(depth, '[') + std::string(depth, ']');
         EXPECT_EQ(Parse(deep), 1) << depth;
         ExpectUntouched();
-        EXPECT_EQ(Parse(WithValue(GoldenDetail(), json::json_pointer("/result/data/camera/cameraId"), deep)), 1);
-        json answer = GoldenDetail();
-        Device(answer)["supportExt"] = deep;
-        EXPECT_EQ(Parse(answer), 0) << "the text of a nested member";
+        EXPECT_EQ(Parse(WithValue(WholeDetail(), "/result/data/camera/cameraId", deep)), 1);
+        Json response = WholeDetail();
+        Device(response)["supportExt"] = deep;
+        EXPECT_EQ(Parse(response), 0) << "the text of a nested member";
         EXPECT_EQ(device.support_ptz, 0);
-        ParseDevDetailInfoFromPlatform(GoldenDetailText(), channel, device, parent);
+        ParseDevDetailInfoFromPlatform(WholeDetailText(), channel, device, parent);
     }
 }
 
@@ -51,20 +49,20 @@ TEST_F(HostileDetail, AnyBytesOfATextAreKept) {
 
 TEST_F(HostileDetail, RawNulIsNoJson) {
     iLogLevel = 6;
-    std::string body = GoldenDetailText();
+    std::string body = WholeDetailText();
     body[body.find("camera-id")] = '\0';
     EXPECT_EQ(Parse(body), 1);
-    EXPECT_EQ(Parse(GoldenDetailText() + std::string(1, '\0')), 1);
+    EXPECT_EQ(Parse(WholeDetailText() + std::string(1, '\0')), 1);
     ExpectUntouched();
 }
 
 TEST_F(HostileDetail, HugeAnswersAreRead) {
-    json answer = GoldenDetail();
-    Device(answer)["publicKey"] = std::string(1U << 20U, 'k');
+    Json response = WholeDetail();
+    Device(response)["publicKey"] = std::string(1U << 20U, 'k');
     for (int i = 0; i < 20'000; ++i) {
-        Device(answer)["vtmBackups"].push_back({{"ip", "x"}, {"port", i}});
+        Device(response)["vtmBackups"].push_back({{"ip", "x"}, {"port", i}});
     }
-    EXPECT_EQ(Parse(answer), 0);
+    EXPECT_EQ(Parse(response), 0);
     EXPECT_EQ(device.publicKey.size(), 1U << 20U);
     EXPECT_EQ(device.vtmBackups.size(), 20'002U);
     EXPECT_EQ(device.vtmBackups.back().iVtmPort, 19'999);
@@ -72,9 +70,9 @@ TEST_F(HostileDetail, HugeAnswersAreRead) {
 
 TEST_F(HostileDetail, HugeBodiesOfFailuresAreLoggedAsEmptyLines) {
     EXPECT_EQ(Parse(std::string(1U << 20U, 'x')), 1);
-    ASSERT_EQ(lines.Lines().size(), 1U);
-    EXPECT_EQ(lines.Lines()[0].text, "");
-    EXPECT_EQ(lines.Lines()[0].level, 5U);
+    ASSERT_EQ(m_log.Lines().size(), 1U);
+    EXPECT_EQ(m_log.Lines()[0].text, "");
+    EXPECT_EQ(m_log.Lines()[0].level, 5U);
 }
 
 }  // namespace

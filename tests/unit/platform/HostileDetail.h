@@ -1,5 +1,6 @@
 #pragma once
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <optional>
@@ -7,51 +8,45 @@
 
 #include "platform/DeviceDetailParser.h"
 #include "support/CleanSwitches.h"
+#include "support/LineMatcher.h"
 #include "support/LogCapture.h"
 #include "unit/platform/DetailRecords.h"
-#include "unit/platform/HostileText.h"
 
 namespace vantix::test {
 
-/// Parses detail answers into records that hold the golden answer before.
+/// The tag of the parser's lines.
+inline constexpr char kDetailTag[] = "ParseDevDetailInfoFromPlatform";
+
+/// Parses detail responses into records that hold those of the whole response before.
 class HostileDetail : public testing::Test {
 protected:
     HostileDetail() {
-        ParseDevDetailInfoFromPlatform(GoldenDetailText(), goldenChannel, goldenDevice, goldenParent);
-        channel = goldenChannel;
-        device = goldenDevice;
-        parent = goldenParent;
-        lines.Clear();
+        ParseDevDetailInfoFromPlatform(WholeDetailText(), wholeChannel, wholeDevice, wholeParent);
+        channel = wholeChannel;
+        device = wholeDevice;
+        parent = wholeParent;
+        m_log.Clear();
     }
 
     int Parse(const std::string& body) {
-        lines.Clear();
+        m_log.Clear();
         return ParseDevDetailInfoFromPlatform(body, channel, device, parent);
     }
-    int Parse(const nlohmann::json& answer) { return Parse(answer.dump()); }
+    int Parse(const Json& response) { return Parse(response.dump()); }
 
     void ExpectUntouched() {
-        EXPECT_TRUE(Same(channel, goldenChannel));
-        EXPECT_TRUE(Same(device, goldenDevice));
-        EXPECT_TRUE(parent.has_value() && Same(*parent, *goldenParent));
+        EXPECT_TRUE(Same(channel, wholeChannel));
+        EXPECT_TRUE(Same(device, wholeDevice));
+        EXPECT_TRUE(parent.has_value() && Same(*parent, *wholeParent));
     }
-    void ExpectOnlyLine(const std::string& message, const std::string& word, unsigned level) {
-        ASSERT_EQ(lines.Lines().size(), 1U) << message;
-        const LogLine line = lines.Lines()[0];
-        EXPECT_EQ(line.Message(), message);
-        EXPECT_EQ(line.Word(), word);
-        EXPECT_EQ(line.level, level);
-        EXPECT_EQ(line.Tag(), "ParseDevDetailInfoFromPlatform");
-    }
-
-    CleanSwitches clean;
-    LogCapture lines;
+    CleanSwitches m_switches;
+    LogCapture m_log;
     DevChannelInfo channel;
     DevDetailInfo device;
     std::optional<BelongDevInfo> parent;
-    DevChannelInfo goldenChannel;
-    DevDetailInfo goldenDevice;
-    std::optional<BelongDevInfo> goldenParent;
+    DevChannelInfo wholeChannel;
+    DevDetailInfo wholeDevice;
+    std::optional<BelongDevInfo> wholeParent;
 };
 
 }  // namespace vantix::test

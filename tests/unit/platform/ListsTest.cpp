@@ -1,4 +1,4 @@
-// The lists of devices: one item a channel, in both shapes of the answer.
+// The lists of devices: one item a channel, in both shapes of the response.
 
 #include "platform/Lists.h"
 
@@ -8,7 +8,7 @@
 namespace vantix::test {
 namespace {
 
-constexpr char kInvalid[] = "platform response invalid, szInfo = $";
+constexpr char kInvalid[] = "platform response invalid, szInfo = $body";
 
 DeviceList ListBefore() {
     DeviceList list;
@@ -39,33 +39,31 @@ const Json kDevices = {{{"deviceSerial", "R1"},
                         {"cameraInfo", Json::array()}}};
 
 /// Members of a channel and of a device without channels; of a recorder each field is in two items.
-std::vector<AnswerMember> DeviceMembers(const std::string& devices) {
-    std::vector<AnswerMember> members = MembersOf(devices + "/1/", "/devices/2/",
-                                                  {{"deviceSerial", Accepts::Text},
-                                                   {"deviceType", Accepts::Text},
-                                                   {"status", Accepts::Int},
-                                                   {"isEncrypt", Accepts::Int}});
+std::vector<ResponseMember> DeviceMembers(const std::string& devices) {
+    std::vector<ResponseMember> members = MembersOf(
+        devices + "/1/", "/devices/2/",
+        {{"deviceSerial", TextValues}, {"deviceType", TextValues}, {"status", IntValues}, {"isEncrypt", IntValues}});
     const std::string camera = devices + "/0/cameraInfo/1/";
-    members.push_back({.place = camera + "cameraNo", .accepts = Accepts::Int, .fields = {"/devices/1/channelNo"}});
+    members.push_back({.place = camera + "cameraNo", .values = IntValues, .fields = {"/devices/1/channelNo"}});
     // What a channel does not say is the device's.
     members.push_back({.place = camera + "cameraName", .fields = {"/devices/1/name"}, .otherwise = "recorder"});
     members.push_back(
-        {.place = camera + "status", .accepts = Accepts::Int, .fields = {"/devices/1/status"}, .otherwise = 1});
-    members.push_back({.place = devices + "/1", .accepts = Accepts::Object, .fields = {"/devices"}});
+        {.place = camera + "status", .values = IntValues, .fields = {"/devices/1/status"}, .otherwise = 1});
+    members.push_back({.place = devices + "/1", .values = NoObjects, .fields = {"/devices"}});
     members.back().otherwise =
         Json::array({Item("R1", 1, "gate", "recorder", 1), Item("R1", 2, "yard", "recorder", 2)});
-    members.push_back({.place = devices + "/0/cameraInfo", .accepts = Accepts::Array, .fields = {"/devices"}});
+    members.push_back({.place = devices + "/0/cameraInfo", .values = NoArrays, .fields = {"/devices"}});
     members.back().otherwise =
         Json::array({Item("R1", 0, "recorder", "recorder", 1), Item("C2", 0, "door", "door", 1)});
-    members.push_back({.place = "/result/page/total", .accepts = Accepts::Int, .fields = {"/total"}});
-    members.push_back({.place = "/result/page", .accepts = Accepts::Object, .fields = {"/total"}});
+    members.push_back({.place = "/result/page/total", .values = IntValues, .fields = {"/total"}});
+    members.push_back({.place = "/result/page", .values = NoObjects, .fields = {"/total"}});
     members.push_back({.place = "/result",
-                       .accepts = Accepts::Object,
+                       .values = NoObjects,
                        .isRequired = true,
-                       .line = "Platform Response Error:#, Resp:$",
+                       .line = "Platform Response Error:$code, Resp:$body",
                        .word = "INFO "});
     members.push_back({.place = "/result/data",
-                       .accepts = devices == "/result/data" ? Accepts::Array : Accepts::Object,
+                       .values = devices == "/result/data" ? NoArrays : NoObjects,
                        .isRequired = true,
                        .line = kInvalid});
     return members;
@@ -89,7 +87,7 @@ ParserCase OwnOrShared() {
     ParserCase row = Devices("ParseDeviceListFromPlatform", ParseDeviceListFromPlatform, {{"deviceInfos", kDevices}},
                              "/result/data/deviceInfos");
     row.members.push_back(
-        {.place = "/result/data/deviceInfos", .accepts = Accepts::Array, .isRequired = true, .line = kInvalid});
+        {.place = "/result/data/deviceInfos", .values = NoArrays, .isRequired = true, .line = kInvalid});
     return row;
 }
 
@@ -97,29 +95,29 @@ ParserCase OfABusiness() {
     return Devices("ParseDeviceListFromPlatform_GB", ParseDeviceListFromPlatform_GB, kDevices, "/result/data");
 }
 
-INSTANTIATE_TEST_SUITE_P(Lists, HostileAnswer, ::testing::Values(OwnOrShared(), OfABusiness()),
+INSTANTIATE_TEST_SUITE_P(Lists, PlatformParser, ::testing::Values(OwnOrShared(), OfABusiness()),
                          [](const auto& row) { return row.param.name; });
 
-class DeviceListAnswer : public testing::Test {
+class DeviceListResponse : public testing::Test {
 protected:
     /// Reads a list of these devices.
     Json Read(const Json& devices) {
         DeviceList list = ListBefore();
         EXPECT_EQ(ParseDeviceListFromPlatform_GB(Json{{"result", {{"code", "200"}, {"data", devices}}}}.dump(), list),
                   0);
-        EXPECT_TRUE(lines.Lines().empty());
+        EXPECT_TRUE(m_log.Lines().empty());
         return ToJson(list);
     }
 
-    CleanSwitches clean;
-    LogCapture lines;
+    CleanSwitches m_switches;
+    LogCapture m_log;
 };
 
-TEST_F(DeviceListAnswer, EmptyListReplacesWhatWasThere) {
+TEST_F(DeviceListResponse, EmptyListReplacesWhatWasThere) {
     EXPECT_EQ(Read(Json::array()), (Json{{"total", 0}, {"devices", Json::array()}}));
 }
 
-TEST_F(DeviceListAnswer, NameOfADeviceIsThatOfItsOnlyItemAndOfItsNamelessChannels) {
+TEST_F(DeviceListResponse, NameOfADeviceIsThatOfItsOnlyItemAndOfItsNamelessChannels) {
     const Json list = Read({{{"deviceSerial", "C1"}, {"deviceName", "door"}},
                             {{"deviceSerial", "R2"},
                              {"deviceName", "recorder"},
@@ -134,7 +132,7 @@ TEST_F(DeviceListAnswer, NameOfADeviceIsThatOfItsOnlyItemAndOfItsNamelessChannel
     EXPECT_EQ(list["devices"][2]["name"], "") << "an empty name is a name";
 }
 
-TEST_F(DeviceListAnswer, DevicesThatAreNoObjectsAreSkipped) {
+TEST_F(DeviceListResponse, DevicesThatAreNoObjectsAreSkipped) {
     const Json list = Read({1, "C1", nullptr, Json::array(), {{"deviceSerial", "C2"}}, true});
     ASSERT_EQ(list.at("devices").size(), 1U);
     EXPECT_EQ(list["devices"][0]["deviceSerial"], "C2");

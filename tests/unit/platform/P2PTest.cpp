@@ -1,22 +1,23 @@
-// The answers about P2P: the user's identity, and one device's.
+// The responses about P2P: the user's identity, and one device's.
 
 #include "platform/P2P.h"
 
+#include "support/LineMatcher.h"
 #include "support/PlatformRecords.h"
 #include "unit/platform/ParserCase.h"
 
 namespace vantix::test {
 namespace {
 
-constexpr char kInvalid[] = "platform response invalid, szInfo = $";
+constexpr char kInvalid[] = "platform response invalid, szInfo = $body";
 
-/// The objects that both answers need. The code stands in "result", so an answer without that has no code either.
+/// The objects that both responses need. The code stands in "result", so an response without that has no code either.
 void NeedsResultAndData(ParserCase& row) {
-    row.members.push_back({.place = "/result/data", .accepts = Accepts::Object, .isRequired = true, .line = kInvalid});
+    row.members.push_back({.place = "/result/data", .values = NoObjects, .isRequired = true, .line = kInvalid});
     row.members.push_back({.place = "/result",
-                           .accepts = Accepts::Object,
+                           .values = NoObjects,
                            .isRequired = true,
-                           .line = "Platform Response Error:#, Resp:$",
+                           .line = "Platform Response Error:$code, Resp:$body",
                            .word = "INFO "});
 }
 
@@ -28,9 +29,9 @@ ParserCase User() {
     row.payload = {{"result", {{"data", data}}}};
     row.after = data;
     row.after["iRequestCost"] = 3;
-    row.members = MembersOf(
-        "/result/data/", "/",
-        {{"userId", Accepts::Text}, {"data", Accepts::Text}, {"version", Accepts::Int}, {"saltIndex", Accepts::Int}});
+    row.members =
+        MembersOf("/result/data/", "/",
+                  {{"userId", TextValues}, {"data", TextValues}, {"version", IntValues}, {"saltIndex", IntValues}});
     NeedsResultAndData(row);
     return row;
 }
@@ -64,22 +65,20 @@ ParserCase Device() {
                  {"capability", kCapabilities},
                  {"iRequestCost", 0}};
     row.defaults["serverInfos"] = {Server("ip before", 1), Server("", 0), Server("", 0)};
-    row.members =
-        MembersOf("/result/data/", "/", {{"defaultKey", Accepts::Text}, {"defaultKeyVer", Accepts::DecimalText}});
+    row.members = MembersOf("/result/data/", "/", {{"defaultKey", TextValues}, {"defaultKeyVer", DecimalTextValues}});
     for (const std::string at : {"0", "1"}) {
         const std::string field = "/serverInfos/" + std::to_string(std::stoi(at) + 1);
         row.members.push_back({.place = "/result/data/serverInfos/" + at + "/ip", .fields = {field + "/ip"}});
-        row.members.push_back({.place = "/result/data/serverInfos/" + at + "/port",
-                               .accepts = Accepts::Int,
-                               .fields = {field + "/port"}});
+        row.members.push_back(
+            {.place = "/result/data/serverInfos/" + at + "/port", .values = IntValues, .fields = {field + "/port"}});
         // One of another kind has neither.
         row.members.push_back({.place = "/result/data/serverInfos/" + at,
-                               .accepts = Accepts::Object,
+                               .values = NoObjects,
                                .fields = {field + "/ip", field + "/port"}});
     }
-    row.members.push_back({.place = "/result/data/serverInfos", .accepts = Accepts::Array, .fields = {"/serverInfos"}});
+    row.members.push_back({.place = "/result/data/serverInfos", .values = NoArrays, .fields = {"/serverInfos"}});
     row.members.back().otherwise = Json::array({Server("ip before", 1)});
-    row.members.push_back({.place = "/result/data/qxDeviceCapability", .accepts = Accepts::ObjectInText});
+    row.members.push_back({.place = "/result/data/qxDeviceCapability", .values = NoTexts});
     for (const auto& [key, value] : kCapabilities.items()) {
         row.members.back().fields.push_back("/capability/" + key);
     }
@@ -89,7 +88,7 @@ ParserCase Device() {
 
 ParserCase Capabilities() {
     ParserCase row = CaseOf("ParseP2PQXDevCap", ParseP2PQXDevCap, DeviceBefore());
-    row.envelope = Envelope::None;
+    row.envelope = EnvelopeRuleKind::None;
     row.payload = kCapabilities;
     row.after = row.before;
     row.after["capability"] = kCapabilities;
@@ -99,38 +98,38 @@ ParserCase Capabilities() {
     return row;
 }
 
-INSTANTIATE_TEST_SUITE_P(P2P, HostileAnswer, ::testing::Values(User(), Device(), Capabilities()),
+INSTANTIATE_TEST_SUITE_P(P2P, PlatformParser, ::testing::Values(User(), Device(), Capabilities()),
                          [](const auto& row) { return row.param.name; });
 
-class P2PAnswer : public testing::Test {
+class P2PResponse : public testing::Test {
 protected:
     /// Reads a device with these members.
     int Read(const Json& data) {
         info = DeviceBefore();
-        lines.Clear();
+        m_log.Clear();
         return ParseP2PDevInfo(Json{{"resultCode", "200"}, {"result", {{"data", data}}}}.dump(), info);
     }
 
-    CleanSwitches clean;
-    LogCapture lines;
+    CleanSwitches m_switches;
+    LogCapture m_log;
     P2PDevInfo info;
 };
 
-TEST_F(P2PAnswer, ResultAndDataMustBeObjectsWhereverTheCodeStands) {
+TEST_F(P2PResponse, ResultAndDataMustBeObjectsWhereverTheCodeStands) {
     P2PUserInfo user;
     for (const char* body : {R"({"code":"200"})", R"({"code":"200","result":null})", R"({"code":"200","result":"x"})",
                              R"({"code":"200","result":[]})", R"({"code":"200","result":{}})",
                              R"({"code":"200","result":{"data":null}})", R"({"code":"200","result":{"data":"{}"}})",
                              R"({"code":"200","result":{"data":[]}})", R"({"code":"200","data":{}})"}) {
         SCOPED_TRACE(body);
-        lines.Clear();
+        m_log.Clear();
         EXPECT_EQ(ParseP2PUserInfo(body, user), 2);
         EXPECT_EQ(ParseP2PDevInfo(body, info), 2);
-        EXPECT_EQ(lines.Count(std::string("platform response invalid, szInfo = ") + body), 2U);
+        EXPECT_EQ(m_log.Count(std::string("platform response invalid, szInfo = ") + body), 2U);
     }
 }
 
-TEST_F(P2PAnswer, VersionOfTheKeyIsTheNumberInItsText) {
+TEST_F(P2PResponse, VersionOfTheKeyIsTheNumberInItsText) {
     for (const auto& [text, number] : {std::pair("abc", 0),
                                        {"", 0},
                                        {" 12 or so", 12},
@@ -144,25 +143,21 @@ TEST_F(P2PAnswer, VersionOfTheKeyIsTheNumberInItsText) {
     EXPECT_EQ(info.defaultKeyVer, 2) << "a number is no text";
 }
 
-TEST_F(P2PAnswer, CapabilitiesThatAreNoJsonAreLoggedAndTheRestIsKept) {
+TEST_F(P2PResponse, CapabilitiesThatAreNoJsonAreLoggedAndTheRestIsKept) {
     EXPECT_EQ(Read({{"defaultKey", "key"}, {"qxDeviceCapability", "{\"V3\":"}}), 0);
     EXPECT_EQ(info.defaultKey, "key");
     EXPECT_EQ(info.strV3, "v3 before");
-    ASSERT_EQ(lines.Lines().size(), 1U);
-    const LogLine line = lines.Lines()[0];
-    EXPECT_EQ(line.Message(), "platform response bad, szInfo = {\"V3\":");
-    EXPECT_EQ(line.level, 5U);
-    EXPECT_EQ(line.Word(), "ERROR");
-    EXPECT_EQ(line.Tag(), "ParseP2PQXDevCap");
+    EXPECT_THAT(m_log.Lines(),
+                testing::ElementsAre(Line(5, "ERROR", "ParseP2PQXDevCap", "platform response bad, szInfo = {\"V3\":")));
 }
 
-TEST_F(P2PAnswer, CapabilitiesComeAsTextAlone) {
+TEST_F(P2PResponse, CapabilitiesComeAsTextAlone) {
     EXPECT_EQ(Read({{"qxDeviceCapability", {{"V3", "1"}}}}), 0);
     EXPECT_EQ(info.strV3, "v3 before");
     EXPECT_EQ(Read({{"qxDeviceCapability", R"({"V3":"1","V3Talk":6})"}}), 0);
     EXPECT_EQ(info.strV3, "1");
     EXPECT_EQ(info.strV3Talk, "talk before");
-    EXPECT_TRUE(lines.Lines().empty());
+    EXPECT_TRUE(m_log.Lines().empty());
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 namespace vantix::test {
 namespace {
 
-constexpr char kInvalid[] = "platform response invalid, szInfo = $";
+constexpr char kInvalid[] = "platform response invalid, szInfo = $body";
 
 RecordFileList ListBefore() {
     RecordFileList list;
@@ -37,14 +37,14 @@ ParserCase Files(const std::string& name, int (*parser)(const std::string&, Reco
     row.defaults = {{"files", {empty, empty}}, {"data", Json()}};
     for (const std::string at : {"/0/", "/1/"}) {
         const auto members = MembersOf(data + at, "/files" + at,
-                                       {{"startTime", Accepts::Text},
-                                        {"endTime", Accepts::Text},
-                                        {"type", Accepts::NumberOrText},
-                                        {"size", Accepts::Number},
-                                        {"fileId", Accepts::Text}});
+                                       {{"startTime", TextValues},
+                                        {"endTime", TextValues},
+                                        {"type", IntOrTextValues},
+                                        {"size", NumberValues},
+                                        {"fileId", TextValues}});
         row.members.insert(row.members.end(), members.begin(), members.end());
     }
-    row.members.push_back({.place = data + "/0", .accepts = Accepts::Object, .fields = {"/files"}});
+    row.members.push_back({.place = data + "/0", .values = NoObjects, .fields = {"/files"}});
     row.members.back().otherwise = Json::array({kFiles[1]});
     return row;
 }
@@ -52,33 +52,33 @@ ParserCase Files(const std::string& name, int (*parser)(const std::string&, Reco
 /// "data" may be of any kind but null: an upload address is an object.
 ParserCase LocalOrCloud() {
     ParserCase row = Files("ParseLocalDeviceRecordFile", ParseLocalDeviceRecordFile, "/data");
-    row.envelope = Envelope::Meta;
-    row.lastLine = "strDeviceRecordList iResult:#, Resp:$";
+    row.envelope = EnvelopeRuleKind::Meta;
+    row.lastLine = "strDeviceRecordList iResult:$code, Resp:$body";
     return row;
 }
 
 ParserCase OnADevice() {
     ParserCase row = Files("ParseDeviceRecordFile", ParseDeviceRecordFile, "/result/data");
-    row.members.push_back({.place = "/result/data", .accepts = Accepts::Array, .isRequired = true, .line = kInvalid});
+    row.members.push_back({.place = "/result/data", .values = NoArrays, .isRequired = true, .line = kInvalid});
     row.members.push_back({.place = "/result",
-                           .accepts = Accepts::Object,
+                           .values = NoObjects,
                            .isRequired = true,
-                           .line = "Platform Response Error:#, Resp:$",
+                           .line = "Platform Response Error:$code, Resp:$body",
                            .word = "INFO "});
     return row;
 }
 
-INSTANTIATE_TEST_SUITE_P(Recordings, HostileAnswer, ::testing::Values(LocalOrCloud(), OnADevice()),
+INSTANTIATE_TEST_SUITE_P(Recordings, PlatformParser, ::testing::Values(LocalOrCloud(), OnADevice()),
                          [](const auto& row) { return row.param.name; });
 
-class RecordingsAnswer : public testing::Test {
+class RecordingsResponse : public testing::Test {
 protected:
-    CleanSwitches clean;
-    LogCapture lines;
+    CleanSwitches m_switches;
+    LogCapture m_log;
     RecordFileList list = ListBefore();
 };
 
-TEST_F(RecordingsAnswer, DataThatIsNoListIsKeptAsText) {
+TEST_F(RecordingsResponse, DataThatIsNoListIsKeptAsText) {
     for (const char* data : {R"({"expireDays":7,"url":"https://upload.example/1"})", "{}", "\"text\"", "5", "true",
                              "false", "[]", "[1]"}) {
         list = ListBefore();
@@ -86,29 +86,29 @@ TEST_F(RecordingsAnswer, DataThatIsNoListIsKeptAsText) {
         EXPECT_EQ(ParseLocalDeviceRecordFile(body, list), 0);
         EXPECT_TRUE(list.files.empty());
         EXPECT_EQ(list.strDeviceRecordList, data);
-        EXPECT_EQ(lines.Count("strDeviceRecordList iResult:0, Resp:" + body), 1U);
+        EXPECT_EQ(m_log.Count("strDeviceRecordList iResult:0, Resp:" + body), 1U);
     }
 }
 
-TEST_F(RecordingsAnswer, DataThatIsMissingOrNullIsMalformed) {
+TEST_F(RecordingsResponse, DataThatIsMissingOrNullIsMalformed) {
     for (const std::string body : {R"({"meta":{}})", R"({"meta":{"code":200},"data":null})"}) {
-        lines.Clear();
+        m_log.Clear();
         EXPECT_EQ(ParseLocalDeviceRecordFile(body, list), 2);
         EXPECT_EQ(ToJson(list), ToJson(ListBefore()));
         const std::vector<std::string> expected = {"platform response invalid, szInfo = " + body,
                                                    "strDeviceRecordList iResult:2, Resp:" + body};
-        EXPECT_EQ(lines.Messages(), expected);
+        EXPECT_EQ(m_log.Messages(), expected);
     }
 }
 
-TEST_F(RecordingsAnswer, EmptyListReplacesWhatWasThere) {
+TEST_F(RecordingsResponse, EmptyListReplacesWhatWasThere) {
     EXPECT_EQ(ParseDeviceRecordFile(R"({"result":{"code":"200","data":[]}})", list), 0);
     EXPECT_TRUE(list.files.empty());
     EXPECT_EQ(list.strDeviceRecordList, "[]");
-    EXPECT_TRUE(lines.Lines().empty());
+    EXPECT_TRUE(m_log.Lines().empty());
 }
 
-TEST_F(RecordingsAnswer, TextOfAnEarlierListIsReadAgain) {
+TEST_F(RecordingsResponse, TextOfAnEarlierListIsReadAgain) {
     EXPECT_EQ(ReadRecordFiles(Json{{"data", kFiles}}.dump(), list), 0);
     EXPECT_EQ(ToJson(list), (Json{{"files", kFiles}, {"data", kFiles}}));
     for (const char* text : {"", "x", "{", "[]", "{}", R"({"data":null})", R"({"data":{}})", R"({"data":"[]"})"}) {

@@ -1,4 +1,4 @@
-// The answers about media servers and relay servers.
+// The responses about media servers and relay servers.
 
 #include "platform/Server.h"
 
@@ -10,7 +10,7 @@ namespace {
 
 Json Relay(const std::string& address, int port) { return {{"addr", address}, {"port", port}}; }
 
-/// The golden answer's servers.
+/// The whole response's servers.
 const Json kServers = {{"stun1Addr", "stun1.example"},
                        {"stun1Port", 3478},
                        {"stun2Addr", "stun2.example"},
@@ -42,19 +42,19 @@ ServerInfo ServersBefore() {
 }
 
 /// Relays come behind the one that the record had before.
-std::vector<AnswerMember> RelayMembers() {
+std::vector<ResponseMember> RelayMembers() {
     const std::string relays = "/serverResp/vtmBackups";
-    std::vector<AnswerMember> members;
+    std::vector<ResponseMember> members;
     for (const auto& [element, field] :
          {std::pair<std::string, std::string>("/0/", "/vtmBackups/1/"), {"/1/", "/vtmBackups/2/"}}) {
-        for (const AnswerMember& member :
-             MembersOf(relays + element, field, {{"addr", Accepts::Text}, {"port", Accepts::Int}})) {
+        for (const ResponseMember& member :
+             MembersOf(relays + element, field, {{"addr", TextValues}, {"port", IntValues}})) {
             members.push_back(member);
         }
     }
-    members.push_back({.place = relays, .accepts = Accepts::Array, .fields = {"/vtmBackups"}});
+    members.push_back({.place = relays, .values = NoArrays, .fields = {"/vtmBackups"}});
     members.back().otherwise = Json::array({Relay("relay before", 13)});
-    members.push_back({.place = relays + "/0", .accepts = Accepts::Object, .fields = {"/vtmBackups"}});
+    members.push_back({.place = relays + "/0", .values = NoObjects, .fields = {"/vtmBackups"}});
     members.back().otherwise = Json::array({Relay("relay before", 13), Relay("192.0.2.2", 8556)});
     return members;
 }
@@ -66,51 +66,61 @@ ParserCase Servers() {
     row.after["vtmBackups"] = {Relay("relay before", 13), Relay("192.0.2.1", 8555), Relay("192.0.2.2", 8556)};
     row.after["iRequestCost"] = 14;
     row.defaults["vtmBackups"] = {Relay("relay before", 13), Relay("", 0), Relay("", 0)};
-    row.goldenLines = {"stVtmAddr.strVtmAddr = 192.0.2.1", "stVtmAddr.iVtmPort  = 8555",
-                       "stVtmAddr.strVtmAddr = 192.0.2.2", "stVtmAddr.iVtmPort  = 8556"};
-    row.goldenWord = "ERROR";
-    row.members = RelayMembers();
-    for (const auto& [key, value] : kServers.items()) {
-        if (!value.is_array()) {
-            const Accepts number = value.is_boolean() ? Accepts::Flag : Accepts::Int;
-            row.members.push_back({.place = "/serverResp/" + key,
-                                   .accepts = value.is_string() ? Accepts::Text : number,
-                                   .fields = {"/" + key}});
-        }
-    }
+    row.lines = {"stVtmAddr.strVtmAddr = 192.0.2.1", "stVtmAddr.iVtmPort  = 8555", "stVtmAddr.strVtmAddr = 192.0.2.2",
+                 "stVtmAddr.iVtmPort  = 8556"};
+    row.linesWord = "ERROR";
+    row.members = MembersOf("/serverResp/", "/",
+                            {{"stun1Addr", TextValues},
+                             {"stun1Port", IntValues},
+                             {"stun2Addr", TextValues},
+                             {"stun2Port", IntValues},
+                             {"ttsAddr", TextValues},
+                             {"ttsPort", IntValues},
+                             {"vtmAddr", TextValues},
+                             {"vtmPort", IntValues},
+                             {"authAddr", TextValues},
+                             {"nodeJsAddr", TextValues},
+                             {"nodeJsHttpPort", IntValues},
+                             {"logAddr", TextValues},
+                             {"pushAddr", TextValues},
+                             {"microCloudMode", FlagValues},
+                             {"pushDasDomain", TextValues},
+                             {"pushDasPort", IntValues}});
+    const std::vector<ResponseMember> relays = RelayMembers();
+    row.members.insert(row.members.end(), relays.begin(), relays.end());
     return row;
 }
 
 ParserCase RelayServer() {
     ParserCase row = CaseOf("ParseRealyInfoFromPlatform", ParseRealyInfoFromPlatform,
                             RelayServerInfo{.domain = "before", .port = 1, .publicKey = "key before", .version = 2});
-    row.envelope = Envelope::Meta;
+    row.envelope = EnvelopeRuleKind::Meta;
     const Json data = {{"domain", "relay.example"}, {"port", 6800}, {"publicKey", {{"key", "04ab"}, {"version", 3}}}};
     row.payload = {{"data", data}};
     row.after = data;
-    row.members = MembersOf("/data/", "/", {{"domain", Accepts::Text}, {"port", Accepts::Int}});
-    const auto key = MembersOf("/data/publicKey/", "/publicKey/", {{"key", Accepts::Text}, {"version", Accepts::Int}});
+    row.members = MembersOf("/data/", "/", {{"domain", TextValues}, {"port", IntValues}});
+    const auto key = MembersOf("/data/publicKey/", "/publicKey/", {{"key", TextValues}, {"version", IntValues}});
     row.members.insert(row.members.end(), key.begin(), key.end());
     row.members.push_back(
-        {.place = "/data/publicKey", .accepts = Accepts::Object, .fields = {"/publicKey/key", "/publicKey/version"}});
+        {.place = "/data/publicKey", .values = NoObjects, .fields = {"/publicKey/key", "/publicKey/version"}});
     row.members.push_back({.place = "/data",
-                           .accepts = Accepts::Object,
+                           .values = NoObjects,
                            .isRequired = true,
-                           .line = "platform response invalid, szInfo = $"});
-    row.acceptedLine = "Platform Response, Resp:$";
+                           .line = "platform response invalid, szInfo = $body"});
+    row.acceptedLine = "Platform Response, Resp:$body";
     return row;
 }
 
-INSTANTIATE_TEST_SUITE_P(Server, HostileAnswer, ::testing::Values(Servers(), RelayServer()),
+INSTANTIATE_TEST_SUITE_P(Server, PlatformParser, ::testing::Values(Servers(), RelayServer()),
                          [](const auto& row) { return row.param.name; });
 
-class ServerAnswer : public testing::Test {
+class ServerResponse : public testing::Test {
 protected:
-    CleanSwitches clean;
-    LogCapture lines;
+    CleanSwitches m_switches;
+    LogCapture m_log;
 };
 
-TEST_F(ServerAnswer, WithoutServersLeavesTheRecordAsItWas) {
+TEST_F(ServerResponse, WithoutServersLeavesTheRecordAsItWas) {
     for (const char* body : {R"({"resultCode":"200"})", R"({"code":"0","serverResp":null})",
                              R"({"code":"0","serverResp":[{"stun1Port":1}]})", R"({"code":"0","serverResp":"{}"})"}) {
         ServerInfo info;
@@ -120,10 +130,10 @@ TEST_F(ServerAnswer, WithoutServersLeavesTheRecordAsItWas) {
         EXPECT_EQ(ParseServerInfoFromPlatform(body, info), 0) << body;
         EXPECT_EQ(ToJson(info), before) << body;
     }
-    EXPECT_TRUE(lines.Lines().empty());
+    EXPECT_TRUE(m_log.Lines().empty());
 }
 
-TEST_F(ServerAnswer, PortInTextAndNumberForAFlagAreIgnored) {
+TEST_F(ServerResponse, PortInTextAndNumberForAFlagAreIgnored) {
     ServerInfo info;
     EXPECT_EQ(ParseServerInfoFromPlatform(
                   R"({"code":"0","serverResp":{"stun1Port":"3478","microCloudMode":1,"stun2Port":3479}})", info),
@@ -133,7 +143,7 @@ TEST_F(ServerAnswer, PortInTextAndNumberForAFlagAreIgnored) {
     EXPECT_EQ(info.stun2Port, 3479);
 }
 
-TEST_F(ServerAnswer, RelaysThatAreNoObjectsAreSkippedAndTheOthersKeepTheirOrder) {
+TEST_F(ServerResponse, RelaysThatAreNoObjectsAreSkippedAndTheOthersKeepTheirOrder) {
     ServerInfo info;
     EXPECT_EQ(ParseServerInfoFromPlatform(R"({"code":"0","serverResp":{"vtmBackups":)"
                                           R"([{"addr":"192.0.2.1","port":1},"192.0.2.9",{"port":2}]}})",
@@ -146,7 +156,7 @@ TEST_F(ServerAnswer, RelaysThatAreNoObjectsAreSkippedAndTheOthersKeepTheirOrder)
     EXPECT_EQ(info.vtmBackups[1].iVtmPort, 2);
     const std::vector<std::string> expected = {"stVtmAddr.strVtmAddr = 192.0.2.1", "stVtmAddr.iVtmPort  = 1",
                                                "stVtmAddr.strVtmAddr = ", "stVtmAddr.iVtmPort  = 2"};
-    EXPECT_EQ(lines.Messages(), expected);
+    EXPECT_EQ(m_log.Messages(), expected);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The answers with tickets and tokens.
+// The responses with tickets and tokens.
 
 #include "platform/Tokens.h"
 
@@ -8,26 +8,26 @@
 namespace vantix::test {
 namespace {
 
-constexpr char kInvalid[] = "platform response invalid, szInfo = $";
+constexpr char kInvalid[] = "platform response invalid, szInfo = $body";
 
 ParserCase Ticket() {
     ParserCase row = CaseOf<std::string>("ParseTicketInfoFromPlatform", ParseTicketInfoFromPlatform, "before");
-    row.envelope = Envelope::Meta;
+    row.envelope = EnvelopeRuleKind::Meta;
     row.payload = {{"ticketInfo", {{"ticket", "tk.1"}}}};
     row.after = "tk.1";
     row.members = {{.place = "/ticketInfo/ticket", .fields = {""}},
-                   {.place = "/ticketInfo", .accepts = Accepts::Object, .fields = {""}}};
+                   {.place = "/ticketInfo", .values = NoObjects, .fields = {""}}};
     return row;
 }
 
 ParserCase RelayTicket() {
     ParserCase row =
         CaseOf<std::string>("ParseRealyTicketInfoFromPlatform", ParseRealyTicketInfoFromPlatform, "before");
-    row.envelope = Envelope::Meta;
+    row.envelope = EnvelopeRuleKind::Meta;
     row.payload = {{"data", {{"ticket", "tk.2"}}}};
     row.after = "tk.2";
     row.members = {{.place = "/data/ticket", .fields = {""}},
-                   {.place = "/data", .accepts = Accepts::Object, .isRequired = true, .line = kInvalid}};
+                   {.place = "/data", .values = NoObjects, .isRequired = true, .line = kInvalid}};
     return row;
 }
 
@@ -36,7 +36,7 @@ ParserCase StreamTokens() {
     row.payload = {{"tokenArray", {"st.1", "st.2", "st.3"}}};
     row.after = {"st.before", "st.1", "st.2", "st.3"};
     row.members = {
-        {.place = "/tokenArray", .accepts = Accepts::Array, .isRequired = true, .line = kInvalid},
+        {.place = "/tokenArray", .values = NoArrays, .isRequired = true, .line = kInvalid},
         // An element that is no text is skipped.
         {.place = "/tokenArray/1", .fields = {"/2"}, .shorter = Json{"st.before", "st.1", "st.3"}},
     };
@@ -52,31 +52,31 @@ ParserCase Refresh() {
     row.payload = {{"data", {{"access_token", "at"}, {"openId", "o"}, {"refresh_token", "rt"}, {"expires_in", 7200}}}};
     row.after = {{"access_token", "at"}, {"openId", "o"}, {"refresh_token", "rt"}, {"expires_in", "7200"}};
     row.members = MembersOf("/data/", "/",
-                            {{"access_token", Accepts::Text},
-                             {"openId", Accepts::Text},
-                             {"refresh_token", Accepts::Text},
-                             {"expires_in", Accepts::NumberAsText}});
-    for (AnswerMember& member : row.members) {
+                            {{"access_token", TextValues},
+                             {"openId", TextValues},
+                             {"refresh_token", TextValues},
+                             {"expires_in", NumberAsTextValues}});
+    for (ResponseMember& member : row.members) {
         member.isRequired = true;
-        member.line = "platform response invalid, szInfo = $, " + member.fields[0].substr(1) + " not exist!";
+        member.line = "platform response invalid, szInfo = $body, " + member.fields[0].substr(1) + " not exist!";
     }
     row.members.push_back({.place = "/data",
-                           .accepts = Accepts::Object,
+                           .values = NoObjects,
                            .isRequired = true,
-                           .line = "platform response invalid, szInfo = $, data not exist!"});
+                           .line = "platform response invalid, szInfo = $body, data not exist!"});
     return row;
 }
 
-INSTANTIATE_TEST_SUITE_P(Tokens, HostileAnswer, ::testing::Values(Ticket(), RelayTicket(), StreamTokens(), Refresh()),
+INSTANTIATE_TEST_SUITE_P(Tokens, PlatformParser, ::testing::Values(Ticket(), RelayTicket(), StreamTokens(), Refresh()),
                          [](const auto& row) { return row.param.name; });
 
-class TokenAnswer : public testing::Test {
+class TokenResponse : public testing::Test {
 protected:
-    CleanSwitches clean;
-    LogCapture lines;
+    CleanSwitches m_switches;
+    LogCapture m_log;
 };
 
-TEST_F(TokenAnswer, TokensThatAreNoTextsAreSkippedAndNoneIsAsGoodAsMany) {
+TEST_F(TokenResponse, TokensThatAreNoTextsAreSkippedAndNoneIsAsGoodAsMany) {
     std::deque<std::string> tokens;
     EXPECT_EQ(
         ParseTokensFromPlatform(R"({"resultCode":"200","tokenArray":[1,"a",null,["b"],{"c":"d"},"",true]})", tokens),
@@ -84,10 +84,10 @@ TEST_F(TokenAnswer, TokensThatAreNoTextsAreSkippedAndNoneIsAsGoodAsMany) {
     EXPECT_EQ(tokens, std::deque<std::string>({"a", ""}));
     EXPECT_EQ(ParseTokensFromPlatform(R"({"resultCode":"200","tokenArray":[]})", tokens), 0);
     EXPECT_EQ(tokens.size(), 2U);
-    EXPECT_TRUE(lines.Lines().empty());
+    EXPECT_TRUE(m_log.Lines().empty());
 }
 
-TEST_F(TokenAnswer, LifetimeIsAnyNumberAsText) {
+TEST_F(TokenResponse, LifetimeIsAnyNumberAsText) {
     const struct {
         const char* number;
         const char* text;
@@ -111,7 +111,7 @@ TEST_F(TokenAnswer, LifetimeIsAnyNumberAsText) {
     }
 }
 
-TEST_F(TokenAnswer, RefreshDataInTheResultGoesBeforeThatAtTheRoot) {
+TEST_F(TokenResponse, RefreshDataInTheResultGoesBeforeThatAtTheRoot) {
     const std::string root = R"({"access_token":"root","openId":"o","refresh_token":"r","expires_in":1})";
     const std::string inner = R"({"access_token":"inner","openId":"o","refresh_token":"r","expires_in":1})";
     RefreshTokenInfo info;
@@ -123,7 +123,7 @@ TEST_F(TokenAnswer, RefreshDataInTheResultGoesBeforeThatAtTheRoot) {
     EXPECT_EQ(info.access_token, "root");
     const std::string lacking = R"({"result":{"code":"200","data":{}},"data":)" + root + "}";
     EXPECT_EQ(ParseRefreshTokenFromPlatform(lacking, info), 2);
-    EXPECT_EQ(lines.Count("platform response invalid, szInfo = " + lacking + ", access_token not exist!"), 1U);
+    EXPECT_EQ(m_log.Count("platform response invalid, szInfo = " + lacking + ", access_token not exist!"), 1U);
 }
 
 }  // namespace

@@ -2,40 +2,36 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <string>
 
-#include "requests/FeatureCode.h"
 #include "support/CleanSwitches.h"
+#include "support/FixedFeatureCode.h"
 
 namespace vantix {
 namespace {
 
-int Nothing(char* /*serial*/, char* /*second*/) { return -1; }
-int NoAddress(char* /*mac*/) { return -1; }
-int FixedDigest(const void* /*data*/, unsigned /*length*/, char* digestText, unsigned* digestLength) {
-    *digestLength = static_cast<unsigned>(std::snprintf(digestText, 64, "the-feature-code"));
-    return 0;
-}
-
 class Client : public testing::Test {
-public:
-    Client() {
-        ForgetFeatureCode();
-        PublicGetHDSign({Nothing, NoAddress, FixedDigest});
-    }
-    ~Client() override { ForgetFeatureCode(); }
-    Client(const Client&) = delete;
-    Client& operator=(const Client&) = delete;
-
 protected:
     test::CleanSwitches m_switches;
+    test::FixedFeatureCode m_featureCode;
 };
+
+ParamMap HeadersOfSetA(const ClientInfo& client, const std::string& sessionId) {
+    ParamMap headers;
+    AddHeaderSetA(headers, client, sessionId);
+    return headers;
+}
+
+ParamMap HeadersOfSetB(const ClientInfo& client, const std::string& sessionId) {
+    ParamMap headers;
+    AddHeaderSetB(headers, client, sessionId);
+    return headers;
+}
 
 TEST_F(Client, SaysWhoSends) {
     const ClientInfo client;
     EXPECT_EQ(client.clientType, 19);
-    EXPECT_EQ(client.featureCode, "the-feature-code");
+    EXPECT_EQ(client.featureCode, "f-code");
     EXPECT_EQ(client.osVersion, "wins");
     EXPECT_EQ(client.clientVersion, "v5.25.0");
     EXPECT_EQ(client.sdkVersion, "v5.25.0.20260515");
@@ -48,7 +44,7 @@ TEST_F(Client, TheParameterSetHasSixMembers) {
     ParamMap params;
     AddClientSet(params, ClientInfo());
     EXPECT_EQ(params.Serialize(),
-              "clientType=19&clientVersion=v5.25.0&featureCode=the-feature-code&netType=UNKNOWN&osVersion=wins"
+              "clientType=19&clientVersion=v5.25.0&featureCode=f-code&netType=UNKNOWN&osVersion=wins"
               "&sdkVersion=v5.25.0.20260515");
 }
 
@@ -58,7 +54,7 @@ TEST_F(Client, TheParameterSetJoinsWhatIsThere) {
     params.Add("osVersion", "mine");
     AddClientSet(params, ClientInfo());
     EXPECT_EQ(params.Serialize(),
-              "accessToken=at.1&clientType=19&clientVersion=v5.25.0&featureCode=the-feature-code&netType=UNKNOWN"
+              "accessToken=at.1&clientType=19&clientVersion=v5.25.0&featureCode=f-code&netType=UNKNOWN"
               "&osVersion=mine&sdkVersion=v5.25.0.20260515");
 }
 
@@ -68,11 +64,11 @@ TEST_F(Client, AnEmptyFeatureCodeIsStillSent) {
     ParamMap params;
     AddClientSet(params, client);
     EXPECT_EQ(params.All().at("featureCode"), "");
-    EXPECT_EQ(ConsumerHeadersB(client, "s").All().at("featureCode"), "");
+    EXPECT_EQ(HeadersOfSetB(client, "s").All().at("featureCode"), "");
 }
 
 TEST_F(Client, HeaderSetAHasNeitherFeatureCodeNorLanguage) {
-    const ParamMap headers = ConsumerHeadersA(ClientInfo(), "session.1");
+    const ParamMap headers = HeadersOfSetA(ClientInfo(), "session.1");
     const ParamMap::Entries expected = {
         {"sessionId", "session.1"},   {"osVersion", "wins"}, {"netType", "UNKNOWN"},
         {"clientVersion", "v5.25.0"}, {"clientType", "19"},  {"clientNo", "100002"},
@@ -81,19 +77,18 @@ TEST_F(Client, HeaderSetAHasNeitherFeatureCodeNorLanguage) {
 }
 
 TEST_F(Client, HeaderSetBHasBothAndTheOtherNameOfTheCustomer) {
-    const ParamMap headers = ConsumerHeadersB(ClientInfo(), "session.1");
+    const ParamMap headers = HeadersOfSetB(ClientInfo(), "session.1");
     const ParamMap::Entries expected = {
-        {"clientType", "19"},       {"clientVersion", "v5.25.0"},
-        {"customno", "100002"},     {"featureCode", "the-feature-code"},
-        {"netType", "UNKNOWN"},     {"lang", "EN"},
+        {"clientType", "19"},       {"clientVersion", "v5.25.0"}, {"customno", "100002"},
+        {"featureCode", "f-code"},  {"netType", "UNKNOWN"},       {"lang", "EN"},
         {"sessionId", "session.1"},
     };
     EXPECT_EQ(headers.All(), expected);
 }
 
 TEST_F(Client, AnEmptySessionIsAHeaderToo) {
-    EXPECT_EQ(ConsumerHeadersA(ClientInfo(), "").All().at("sessionId"), "");
-    EXPECT_EQ(ConsumerHeadersB(ClientInfo(), "").All().at("sessionId"), "");
+    EXPECT_EQ(HeadersOfSetA(ClientInfo(), "").All().at("sessionId"), "");
+    EXPECT_EQ(HeadersOfSetB(ClientInfo(), "").All().at("sessionId"), "");
 }
 
 }  // namespace

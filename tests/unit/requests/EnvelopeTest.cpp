@@ -100,7 +100,7 @@ constexpr Row kCommon[] = {
     {"true", 2},
 };
 
-/// The lenient rule, both readers.
+/// The rule for which "meta" must be an object, both readers.
 constexpr Row kMeta[] = {
     {R"({"meta": {"code": 200}})", 0},
     {R"({"meta": {"code": 0}})", 0},
@@ -126,6 +126,33 @@ constexpr Row kMeta[] = {
     {"[]", 2},
     {"null", 2},
     {R"("meta")", 2},
+};
+
+/// The rule for which "meta" need not be there, both readers.
+constexpr Row kOptionalMeta[] = {
+    {R"({"meta": {"code": 200}})", 0},
+    {R"({"meta": {"code": 0}})", 0},
+    {R"({"meta": {"code": 201}})", 201},
+    {R"({"meta": {"code": 401}})", 401},
+    {R"({"meta": {"code": 2}})", 2},
+    {R"({"meta": {"code": -5}})", -5},
+    {R"({"meta": {"code": 2147483647}})", kMax},
+    {R"({"meta": {"code": 2147483648}})", 0},
+    {R"({"meta": {"code": "401"}})", 0},
+    {R"({"meta": {"code": true}})", 0},
+    {R"({"meta": {"code": null}})", 0},
+    {R"({"meta": {"code": [401]}})", 0},
+    {R"({"meta": {}})", 0},
+    {R"({"meta": []})", 0},
+    {R"({"meta": "401"})", 0},
+    {R"({"meta": 401})", 0},
+    {R"({"meta": null})", 0},
+    {"{}", 0},
+    {"[]", 0},
+    {"5", 0},
+    {"null", 0},
+    {R"({"code": 401})", 0},
+    {R"({"resultCode": "401"})", 0},
 };
 
 /// The strict rule, both readers.
@@ -168,17 +195,78 @@ protected:
 };
 TYPED_TEST_SUITE(Envelope, BothReaders, ReaderName);
 
-TYPED_TEST(Envelope, CommonRule) { this->ExpectRows(kCommon, json::EnvelopeCode<typename TypeParam::View>); }
+TYPED_TEST(Envelope, CommonRule) { this->ExpectRows(kCommon, EnvelopeCode<typename TypeParam::View>); }
 
-TYPED_TEST(Envelope, LenientMetaRule) { this->ExpectRows(kMeta, json::MetaCode<typename TypeParam::View>); }
+TYPED_TEST(Envelope, MetaRule) { this->ExpectRows(kMeta, MetaCode<typename TypeParam::View>); }
 
-TYPED_TEST(Envelope, StrictMetaRule) { this->ExpectRows(kStrictMeta, json::StrictMetaCode<typename TypeParam::View>); }
+TYPED_TEST(Envelope, OptionalMetaRule) { this->ExpectRows(kOptionalMeta, OptionalMetaCode<typename TypeParam::View>); }
 
-TYPED_TEST(Envelope, NothingIsMalformed) {
+TYPED_TEST(Envelope, StrictMetaRule) { this->ExpectRows(kStrictMeta, StrictMetaCode<typename TypeParam::View>); }
+
+TYPED_TEST(Envelope, OfNothingIsMalformedWhereItMustBeThere) {
     const typename TypeParam::View nothing;
-    EXPECT_EQ(json::EnvelopeCode(nothing), json::kBadFormat);
-    EXPECT_EQ(json::MetaCode(nothing), json::kBadFormat);
-    EXPECT_EQ(json::StrictMetaCode(nothing), json::kBadFormat);
+    EXPECT_EQ(EnvelopeCode(nothing), 2);
+    EXPECT_EQ(MetaCode(nothing), 2);
+    EXPECT_EQ(StrictMetaCode(nothing), 2);
+    EXPECT_EQ(OptionalMetaCode(nothing), 0);
+    EXPECT_FALSE(HasMeta(nothing));
+}
+
+/// Where a payload is looked for: the number in the "n" that is found, or -1.
+TYPED_TEST(Envelope, PayloadHasItsPlaces) {
+    const struct {
+        const char* json;
+        int root;
+        int result;
+        int either;
+    } rows[] = {{R"({"data":{"n":1}})", 1, -1, 1},
+                {R"({"result":{"data":{"n":2}}})", -1, 2, 2},
+                {R"({"data":{"n":1},"result":{"data":{"n":2}}})", 1, 2, 2},
+                {R"({"data":{"n":1},"result":{"data":{}}})", 1, -1, -1},
+                {R"({"data":{"n":1},"result":{"data":[]}})", 1, -1, 1},
+                {R"({"data":{"n":1},"result":{"data":null}})", 1, -1, 1},
+                {R"({"data":{"n":1},"result":[]})", 1, -1, 1},
+                {R"({"n":3})", -1, -1, -1},
+                {"[]", -1, -1, -1}};
+    const auto number = [](const auto& data) {
+        int32_t n = -1;
+        data.Member("n").Read(n);
+        return n;
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.json);
+        typename TypeParam::Document document;
+        ASSERT_TRUE(document.Parse(row.json));
+        EXPECT_EQ(number(RootData(document.Root())), row.root);
+        EXPECT_EQ(number(ResultData(document.Root())), row.result);
+        EXPECT_EQ(number(ResultOrRootData(document.Root())), row.either);
+    }
+}
+
+/// A member beside "data" or inside it: its number, or -1 when no number is found.
+TYPED_TEST(Envelope, MemberIsLookedForBesideDataFirst) {
+    const struct {
+        const char* json;
+        int number;
+    } rows[] = {{R"({"n":1})", 1},
+                {R"({"data":{"n":2}})", 2},
+                {R"({"n":1,"data":{"n":2}})", 1},
+                {R"({"n":null,"data":{"n":2}})", 2},
+                {R"({"n":false,"data":{"n":2}})", -1},
+                {R"({"n":"","data":{"n":2}})", -1},
+                {R"({"data":{"data":{"n":3}}})", -1},
+                {R"({"data":[]})", -1},
+                {R"({"data":[{"n":2}]})", -1},
+                {"{}", -1},
+                {"[]", -1},
+                {"null", -1}};
+    for (const auto& row : rows) {
+        typename TypeParam::Document document;
+        ASSERT_TRUE(document.Parse(row.json));
+        int32_t number = -1;
+        BesideOrInsideData(document.Root(), "n").Read(number);
+        EXPECT_EQ(number, row.number) << row.json;
+    }
 }
 
 /// Numbers with a fraction: an integer to one reader after truncation, no integer to the other.
@@ -194,21 +282,22 @@ TEST(EnvelopeOfAReal, FollowsTheReadersOwnTypes) {
         const std::string text = std::string(R"({"result": {"code": )") + row.number + "}}";
         json::Json11Document fromJson11;
         ASSERT_TRUE(fromJson11.Parse(text));
-        EXPECT_EQ(json::EnvelopeCode(fromJson11.Root()), row.json11);
+        EXPECT_EQ(EnvelopeCode(fromJson11.Root()), row.json11);
         json::JsonCppDocument fromJsonCpp;
         ASSERT_TRUE(fromJsonCpp.Parse(text));
-        EXPECT_EQ(json::EnvelopeCode(fromJsonCpp.Root()), row.jsonCpp);
+        EXPECT_EQ(EnvelopeCode(fromJsonCpp.Root()), row.jsonCpp);
     }
 }
 
 TEST(SuccessAsZero, TurnsOnlyTheSecondSuccessCode) {
-    static_assert(json::SuccessAsZero(200) == 0);
-    static_assert(json::SuccessAsZero(0) == 0);
-    for (const int code : {1, 2, 199, 201, 20000, -200, -1, kMax, kMin}) {
-        EXPECT_EQ(json::SuccessAsZero(code), code);
-    }
-    EXPECT_EQ(json::kNotJson, 1);
-    EXPECT_EQ(json::kBadFormat, 2);
+    static_assert(SuccessAsZero(200) == 0);
+    static_assert(SuccessAsZero(0) == 0);
+    static_assert(SuccessAsZero(1) == 1);
+    static_assert(SuccessAsZero(199) == 199);
+    static_assert(SuccessAsZero(201) == 201);
+    static_assert(SuccessAsZero(20000) == 20000);
+    static_assert(SuccessAsZero(-200) == -200);
+    EXPECT_EQ(SuccessAsZero(kMax), 2147483647);
 }
 
 }  // namespace

@@ -1,19 +1,22 @@
+// How every request runs, for made-up rows of each kind.
+
 #include "requests/RequestCall.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <cstdio>
 #include <limits>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "requests/EndpointTable.h"
-#include "requests/FeatureCode.h"
 #include "support/CleanSwitches.h"
 #include "support/FakeClock.h"
+#include "support/FixedFeatureCode.h"
 #include "support/LogCapture.h"
+#include "support/TestRoutes.h"
 #include "unit/transport/CurlSpy.h"
 
 namespace vantix::test {
@@ -22,41 +25,39 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-int NoSerial(char* /*serial*/, char* /*second*/) { return -1; }
-int NoAddress(char* /*mac*/) { return -1; }
-int FixedDigest(const void* /*data*/, unsigned /*length*/, char* digestText, unsigned* digestLength) {
-    *digestLength = static_cast<unsigned>(std::snprintf(digestText, 64, "f-code"));
-    return 0;
-}
+constexpr RequestRow kForm{.endpoint = endpoint::kUserName, .keys = {"deviceSerial"}};
+constexpr RequestRow kJson{.kind = RequestKind::JsonPost};
+constexpr RequestRow kTicket{.kind = RequestKind::TicketGet, .keys = {"deviceSerial"}};
+constexpr RequestRow kGet{.kind = RequestKind::Get, .endpoint = endpoint::kUserName, .keys = {"deviceSerial"}};
+constexpr RequestRow kBodylessPost{
+    .kind = RequestKind::BodylessPost, .endpoint = endpoint::kUserName, .keys = {"deviceSerial"}};
+constexpr RequestRow kPut{.family = RequestFamily::Consumer,
+                          .kind = RequestKind::Put,
+                          .headers = {.set = HeaderSet::SessionOnly},
+                          .keys = {"deviceSerial"}};
+/// With every text.
+constexpr RequestRow kWorded{
+    .endpoint = endpoint::kUserName,
+    .transportFailure = "NotSent error:%d",
+    .checkFailure = "CheckIt:%s error:%d",
+    .parserFailure = "ParseIt:%s error:%d",
+    .cost = "/api CostTime: = %ld milliseconds",
+};
+constexpr RequestRow kUntimed{.endpoint = endpoint::kUserName, .parserFailure = "ParseIt:%s error:%d"};
 
-const PlatformRoute kCaller = Caller{"https://cloud.test", "the-credential", "the-app"};
-
-/// A row with one own parameter and every text.
-RequestRow Row(Way way = Way::Form, unsigned carried = 0) {
-    RequestRow row{"GetSomething", way, endpoint::kUserName, carried};
-    row.own[0] = "deviceSerial";
-    row.transportFailure = "SyncRequest error:%d";
-    row.checkFailure = "CheckIt:%s error:%d";
-    row.parserFailure = "ParseIt:%s error:%d";
-    row.cost = "/api CostTime: = %ld milliseconds";
-    return row;
-}
+const PlatformRoute kRoute = PlatformRouteTo("https://cloud.test", "the-token", "the-app");
+const ConsumerRoute kSession = ConsumerRouteTo("https://cloud.test", "the-session");
 
 class Requests : public testing::Test {
 public:
     Requests() {
-        ForgetFeatureCode();
-        PublicGetHDSign({NoSerial, NoAddress, FixedDigest});
         m_log.Clear();
         m_clock.SetSteadyStep(12'999'999);
         m_spy.Answer(CURLE_OK, {"the body"});
     }
-    ~Requests() override { ForgetFeatureCode(); }
-    Requests(const Requests&) = delete;
-    Requests& operator=(const Requests&) = delete;
 
 protected:
-    RequestCall::Reader Says(int code) {
+    PreparedRequest::Reader Says(int code) {
         return [this, code](const std::string& body) {
             m_read.push_back(body);
             return code;
@@ -72,200 +73,223 @@ protected:
         }
         return lines;
     }
+    void ExpectSent(PreparedRequest&& request, const char* tag, const char* method, const char* url) {
+        SCOPED_TRACE(tag);
+        m_log.Clear();
+        std::string body;
+        EXPECT_EQ(request.Fetch(body), 0);
+        EXPECT_EQ(body, "the body");
+        EXPECT_EQ(m_log.Lines().front().Tag(), tag);
+        EXPECT_EQ(m_spy.Method(), method);
+        EXPECT_EQ(m_spy.Url(), url);
+    }
+    /// The parameters that a platform row sends.
+    template <const RequestRow& Row>
+    std::string ParametersOf() {
+        EXPECT_EQ(RequestCall<Row>(m_site, kRoute).Run(Says(0)), 0);
+        return m_spy.Body();
+    }
+    /// The headers that a request sends.
+    std::vector<std::string> HeadersOf(PreparedRequest&& request) {
+        m_spy.Clear();
+        EXPECT_EQ(request.Run(Says(0)), 0);
+        return m_spy.Headers();
+    }
 
     const CallSite m_site{"int vantix::GetSomething(int)", 5};
     CleanSwitches m_switches;
+    FixedFeatureCode m_featureCode;
     FakeClock m_clock;
     LogCapture m_log;
     CurlSpy m_spy;
     std::vector<std::string> m_read;
 };
 
-TEST_F(Requests, EveryWayHasItsFunction) {
-    struct WayRow {
-        Way way;
-        const char* tag;
-        const char* method;
-        const char* path;
-    };
-    constexpr WayRow kWays[] = {
-        {Way::Form, "SyncRequest", "POST", "/api/user/getUserName"},
-        {Way::Json, "SyncRequestjson", "POST", "/api/v3/open/cloud/v3/clouds/videoDetails"},
-        {Way::Ticket, "SyncRequest_v2", "GET", "/api/route/userdevicetob/v3/cameras/ticketInfo"},
-        {Way::Get, "SyncRequestHeader", "GET", "/api/user/getUserName"},
-        {Way::BodylessPost, "SyncRequestHeaderPost", "POST", "/api/user/getUserName"},
-        {Way::Put, "SyncPutRequestHeader", "PUT", "/v3/apigateway/login"},
-    };
-    for (const WayRow& row : kWays) {
-        SCOPED_TRACE(row.tag);
-        m_log.Clear();
-        const RequestRow request = Row(row.way);
-        std::string body;
-        EXPECT_EQ(RequestCall(m_site, request, kCaller).With("D1").Fetch(body), 0);
-        EXPECT_EQ(body, "the body");
-        EXPECT_EQ(m_log.Lines().front().Tag(), row.tag);
-        EXPECT_EQ(m_spy.Method(), row.method);
-        EXPECT_EQ(m_spy.Url().find(std::string("https://cloud.test") + row.path), 0U) << m_spy.Url();
-    }
+TEST_F(Requests, EveryKindHasItsFunction) {
+    ExpectSent(RequestCall<kForm>(m_site, kRoute, "deviceSerial"_key = "D1"), "SyncRequest", "POST",
+               "https://cloud.test/api/user/getUserName");
+    ExpectSent(RequestCall<kJson>(m_site, kRoute, JsonBody{"{}"}), "SyncRequestjson", "POST",
+               "https://cloud.test/api/v3/open/cloud/v3/clouds/videoDetails");
+    ExpectSent(RequestCall<kTicket>(m_site, kRoute, "deviceSerial"_key = "D1"), "SyncRequest_v2", "GET",
+               "https://cloud.test/api/route/userdevicetob/v3/cameras/ticketInfo?deviceSerial=D1");
+    ExpectSent(RequestCall<kGet>(m_site, kRoute, "deviceSerial"_key = "D1"), "SyncRequestHeader", "GET",
+               "https://cloud.test/api/user/getUserName?deviceSerial=D1");
+    ExpectSent(RequestCall<kBodylessPost>(m_site, kRoute, "deviceSerial"_key = "D1"), "SyncRequestHeaderPost", "POST",
+               "https://cloud.test/api/user/getUserName?deviceSerial=D1");
+    ExpectSent(RequestCall<kPut>(m_site, kSession, "deviceSerial"_key = "D1"), "SyncPutRequestHeader", "PUT",
+               "https://cloud.test/v3/apigateway/login?deviceSerial=D1");
 }
 
-TEST_F(Requests, CarryWhatTheirRowSays) {
-    struct CarryRow {
-        unsigned carried;
-        const char* parameters;
-    };
-    const CarryRow rows[] = {
-        {0, "deviceSerial=D1"},
-        {carries::kAccessToken, "accessToken=the-credential&deviceSerial=D1"},
-        {carries::kAppKey, "appKey=the-app&deviceSerial=D1"},
-        {carries::kClientSet,
-         "clientType=19&clientVersion=v5.25.0&deviceSerial=D1&featureCode=f-code&netType=UNKNOWN&osVersion=wins"
-         "&sdkVersion=v5.25.0.20260515"},
-        {carries::kAccessToken | carries::kAppKey, "accessToken=the-credential&appKey=the-app&deviceSerial=D1"},
-        {carries::kHeadersA | carries::kHeadersB | carries::kSessionHeader | carries::kFormHeader, "deviceSerial=D1"},
-    };
-    for (const CarryRow& row : rows) {
-        SCOPED_TRACE(row.carried);
-        const RequestRow request = Row(Way::Form, row.carried);
-        EXPECT_EQ(RequestCall(m_site, request, kCaller).With("D1").Run(Says(0)), 0);
-        EXPECT_EQ(m_spy.Body(), row.parameters);
-    }
+constexpr RequestRow kNothing{.endpoint = endpoint::kUserName};
+constexpr RequestRow kToken{.endpoint = endpoint::kUserName, .common = {.accessToken = true}};
+constexpr RequestRow kClient{.endpoint = endpoint::kUserName, .common = {.clientSet = true}};
+constexpr RequestRow kKey{.endpoint = endpoint::kUserName, .common = {.appKey = true}};
+constexpr RequestRow kTokenAndKey{.endpoint = endpoint::kUserName, .common = {.accessToken = true, .appKey = true}};
+constexpr RequestRow kFixed{.endpoint = endpoint::kUserName, .fixed = {{"version", "4.0"}, {"isNewVersion", "true"}}};
+constexpr RequestRow kRenewal{
+    .family = RequestFamily::Authorization, .endpoint = endpoint::kRefreshToken, .common = {.appKey = true}};
+
+TEST_F(Requests, IncludeTheCommonParametersThatTheirRowSays) {
+    EXPECT_EQ(ParametersOf<kNothing>(), "");
+    EXPECT_EQ(ParametersOf<kToken>(), "accessToken=the-token");
+    EXPECT_EQ(ParametersOf<kKey>(), "appKey=the-app");
+    EXPECT_EQ(ParametersOf<kTokenAndKey>(), "accessToken=the-token&appKey=the-app");
+    EXPECT_EQ(ParametersOf<kClient>(),
+              "clientType=19&clientVersion=v5.25.0&featureCode=f-code&netType=UNKNOWN&osVersion=wins"
+              "&sdkVersion=v5.25.0.20260515");
+    EXPECT_EQ(ParametersOf<kFixed>(), "isNewVersion=true&version=4.0");
+    EXPECT_EQ(RequestCall<kRenewal>(m_site, AuthorizationRouteTo("https://auth.test", "the-app")).Run(Says(0)), 0);
+    EXPECT_EQ(m_spy.Url(), "https://auth.test/oauth/token/refreshToken");
+    EXPECT_EQ(m_spy.Body(), "appKey=the-app");
 }
 
-TEST_F(Requests, CarryTheHeadersThatTheirRowSays) {
-    const std::vector<std::string> none;
-    const std::vector<std::string> setA = {"clientNo: 100002", "clientType: 19",  "clientVersion: v5.25.0",
-                                           "netType: UNKNOWN", "osVersion: wins", "sessionId: the-credential"};
-    const std::vector<std::string> setB = {
-        "clientType: 19", "clientVersion: v5.25.0", "customno: 100002",         "featureCode: f-code",
-        "lang: EN",       "netType: UNKNOWN",       "sessionId: the-credential"};
-    std::vector<std::string> setBWithForm = setB;
-    setBWithForm.insert(setBWithForm.begin(), "Content-Type: application/x-www-form-urlencoded");
-    const std::pair<unsigned, std::vector<std::string>> rows[] = {
-        {0, none},
-        {carries::kAccessToken | carries::kClientSet | carries::kAppKey, none},
-        {carries::kSessionHeader, {"sessionId: the-credential"}},
-        {carries::kFormHeader, {"Content-Type: application/x-www-form-urlencoded"}},
-        {carries::kHeadersA, setA},
-        {carries::kHeadersB, setB},
-        {carries::kHeadersB | carries::kFormHeader, setBWithForm},
-    };
-    for (const auto& [carried, headers] : rows) {
-        SCOPED_TRACE(carried);
-        m_spy.Clear();
-        const RequestRow request = Row(Way::Get, carried);
-        EXPECT_EQ(RequestCall(m_site, request, kCaller).With("D1").Run(Says(0)), 0);
-        EXPECT_EQ(m_spy.Headers(), headers);
-    }
+template <HeaderSet Set, bool IsForm>
+constexpr RequestRow kSessionRow{.family = RequestFamily::Consumer,
+                                 .kind = RequestKind::Get,
+                                 .endpoint = endpoint::kConsumerRecords,
+                                 .headers = {.set = Set, .formContentType = IsForm}};
+constexpr RequestRow kFormGet{
+    .kind = RequestKind::Get, .endpoint = endpoint::kUserName, .headers = {.formContentType = true}};
+constexpr RequestRow kPlainGet{.kind = RequestKind::Get, .endpoint = endpoint::kUserName, .common = {.appKey = true}};
+
+TEST_F(Requests, SendTheHeadersThatTheirRowSays) {
+    EXPECT_THAT(HeadersOf(RequestCall<kPlainGet>(m_site, kRoute)), IsEmpty());
+    EXPECT_THAT(HeadersOf(RequestCall<kFormGet>(m_site, kRoute)),
+                ElementsAre("Content-Type: application/x-www-form-urlencoded"));
+    EXPECT_THAT(HeadersOf(RequestCall<kSessionRow<HeaderSet::SessionOnly, false>>(m_site, kSession)),
+                ElementsAre("sessionId: the-session"));
+    EXPECT_THAT(HeadersOf(RequestCall<kSessionRow<HeaderSet::A, false>>(m_site, kSession)),
+                ElementsAre("clientNo: 100002", "clientType: 19", "clientVersion: v5.25.0", "netType: UNKNOWN",
+                            "osVersion: wins", "sessionId: the-session"));
+    EXPECT_THAT(HeadersOf(RequestCall<kSessionRow<HeaderSet::B, true>>(m_site, kSession)),
+                ElementsAre("Content-Type: application/x-www-form-urlencoded", "clientType: 19",
+                            "clientVersion: v5.25.0", "customno: 100002", "featureCode: f-code", "lang: EN",
+                            "netType: UNKNOWN", "sessionId: the-session"));
 }
 
-TEST_F(Requests, HeadersTellOfTheComputerThatIsHandedIn) {
+TEST_F(Requests, HeadersDescribeTheComputerThatIsHandedIn) {
     ClientInfo client;
     client.featureCode = "another code";
     client.clientVersion = "v1";
-    for (const unsigned carried : {carries::kHeadersA, carries::kHeadersB}) {
-        m_spy.Clear();
-        const RequestRow request = Row(Way::Get, carried);
-        EXPECT_EQ(RequestCall(m_site, request, kCaller, &client).With("D1").Run(Says(0)), 0);
-        EXPECT_THAT(m_spy.Headers(), testing::Contains("clientVersion: v1"));
-        EXPECT_EQ(carried == carries::kHeadersB,
-                  testing::Value(m_spy.Headers(), testing::Contains("featureCode: another code")));
-    }
+    EXPECT_THAT(HeadersOf(RequestCall<kSessionRow<HeaderSet::A, false>>(m_site, kSession, client)),
+                ElementsAre("clientNo: 100002", "clientType: 19", "clientVersion: v1", "netType: UNKNOWN",
+                            "osVersion: wins", "sessionId: the-session"));
+    EXPECT_THAT(HeadersOf(RequestCall<kSessionRow<HeaderSet::B, false>>(m_site, kSession, client)),
+                ElementsAre("clientType: 19", "clientVersion: v1", "customno: 100002", "featureCode: another code",
+                            "lang: EN", "netType: UNKNOWN", "sessionId: the-session"));
 }
 
-TEST_F(Requests, FixedOwnAndOptionalParametersAllTravel) {
-    RequestRow row = Row();
-    row.own[1] = "cameraNo";
-    row.fixed[0] = {"version", "4.0"};
-    row.fixed[1] = {"isNewVersion", "true"};
-    EXPECT_EQ(RequestCall(m_site, row, kCaller)
-                  .With(std::string("D1"), 16)
-                  .WithOptional("bizType", "b")
-                  .WithOptional("localIndex", -1)
+TEST_F(Requests, AskForTheFeatureCodeOnlyWhenTheySendIt) {
+    ForgetFeatureCode();
+    HeadersOf(RequestCall<kSessionRow<HeaderSet::SessionOnly, true>>(m_site, kSession));
+    EXPECT_FALSE(m_log.Contains("HDSign"));
+    HeadersOf(RequestCall<kSessionRow<HeaderSet::B, false>>(m_site, kSession));
+    EXPECT_TRUE(m_log.Contains("HDSign"));
+}
+
+constexpr RequestRow kMixed{.endpoint = endpoint::kUserName,
+                            .common = {.accessToken = true},
+                            .keys = {"deviceSerial", "cameraNo", "bizType"},
+                            .optionalKeys = {"location", "recordType"},
+                            .fixed = {{"version", "4.0"}}};
+
+TEST_F(Requests, SendTheValuesThatTheyAreGiven) {
+    const std::optional<int32_t> noNumber;
+    EXPECT_EQ(RequestCall<kMixed>(m_site, kRoute, "deviceSerial"_key = std::string("D1"), "cameraNo"_key = 16,
+                                  "bizType"_key = "b", "location"_key = std::optional(-1), "recordType"_key = noNumber)
                   .Run(Says(0)),
               0);
-    EXPECT_EQ(m_spy.Body(), "bizType=b&cameraNo=16&deviceSerial=D1&isNewVersion=true&localIndex=-1&version=4.0");
+    EXPECT_EQ(m_spy.Body(), "accessToken=the-token&bizType=b&cameraNo=16&deviceSerial=D1&location=-1&version=4.0");
+    const std::optional<std::string> text = "t";
+    EXPECT_EQ(RequestCall<kMixed>(m_site, kRoute, "recordType"_key = text, "location"_key = noNumber,
+                                  "bizType"_key = "", "cameraNo"_key = 0, "deviceSerial"_key = std::string())
+                  .Run(Says(0)),
+              0);
+    EXPECT_EQ(m_spy.Body(), "accessToken=the-token&bizType=&cameraNo=0&deviceSerial=&recordType=t&version=4.0");
 }
 
 TEST_F(Requests, AJsonPostSendsItsText) {
-    const RequestRow row = Row(Way::Json);
-    EXPECT_EQ(RequestCall(m_site, row, kCaller).Body(R"({"a":1})").Run(Says(0)), 0);
+    EXPECT_EQ(RequestCall<kJson>(m_site, kRoute, JsonBody{R"({"a":1})"}).Run(Says(0)), 0);
     EXPECT_EQ(m_spy.Body(), R"({"a":1})");
     EXPECT_THAT(m_spy.Headers(), ElementsAre("Content-Type:application/json"));
 }
 
 TEST_F(Requests, ASuccessIsZeroAndReadOnce) {
-    const RequestRow row = Row();
     int32_t cost = -1;
-    EXPECT_EQ(RequestCall(m_site, row, kCaller).With("D1").CostInto(cost).Run(Says(0)), 0);
+    EXPECT_EQ(RequestCall<kWorded>(m_site, kRoute).CostInto(cost).Run(Says(0)), 0);
     EXPECT_THAT(m_read, ElementsAre("the body"));
     EXPECT_EQ(cost, 12) << "whole milliseconds, truncated";
     EXPECT_THAT(OwnLines(), ElementsAre("INFO 3 /api CostTime: = 12 milliseconds"));
 }
 
 TEST_F(Requests, ATransferFailureIsComposedAndNothingIsRead) {
-    for (const int code : {1, 6, 7, 28, 35, 60}) {
-        SCOPED_TRACE(code);
+    const struct {
+        CURLcode code;
+        int result;
+        const char* line;
+    } rows[] = {{CURLE_UNSUPPORTED_PROTOCOL, 100001, "ERROR5 NotSent error:1"},
+                {CURLE_COULDNT_RESOLVE_HOST, 100006, "ERROR5 NotSent error:6"},
+                {CURLE_OPERATION_TIMEDOUT, 100028, "ERROR5 NotSent error:28"},
+                {CURLE_PEER_FAILED_VERIFICATION, 100060, "ERROR5 NotSent error:60"}};
+    for (const auto& row : rows) {
         m_log.Clear();
-        m_spy.Answer(static_cast<CURLcode>(code), {R"({"code":"200"})"});
-        const RequestRow row = Row();
+        m_spy.Answer(row.code, {R"({"code":"200"})"});
         int32_t cost = -1;
-        EXPECT_EQ(RequestCall(m_site, row, kCaller).With("D1").CostInto(cost).Run(Says(0), Says(0)), 100000 + code);
+        EXPECT_EQ(RequestCall<kWorded>(m_site, kRoute).CostInto(cost).Run(Says(0), Says(0)), row.result);
         EXPECT_THAT(m_read, IsEmpty());
         EXPECT_EQ(cost, 12) << "stored whatever the outcome";
-        EXPECT_THAT(OwnLines(), ElementsAre("INFO 3 /api CostTime: = 12 milliseconds",
-                                            "ERROR5 SyncRequest error:" + std::to_string(code)));
+        EXPECT_THAT(OwnLines(), ElementsAre("INFO 3 /api CostTime: = 12 milliseconds", row.line));
     }
+}
+
+TEST_F(Requests, ATransferFailureIsWordedByTheKind) {
+    m_spy.Answer(CURLE_COULDNT_CONNECT);
+    EXPECT_EQ(RequestCall<kForm>(m_site, kRoute, "deviceSerial"_key = "D1").Run(Says(0)), 100007);
+    EXPECT_EQ(RequestCall<kGet>(m_site, kRoute, "deviceSerial"_key = "D1").Run(Says(0)), 100007);
+    EXPECT_THAT(OwnLines(), ElementsAre("ERROR5 SyncRequest error:7", "ERROR5 SyncRequestHeader error:7"));
 }
 
 TEST_F(Requests, AFetchThatFailsLeavesTheBody) {
     m_spy.Answer(CURLE_COULDNT_CONNECT, {"part"});
-    const RequestRow row = Row();
     std::string body = "as before";
-    EXPECT_EQ(RequestCall(m_site, row, kCaller).With("D1").Fetch(body), 100007);
+    EXPECT_EQ(RequestCall<kWorded>(m_site, kRoute).Fetch(body), 100007);
     EXPECT_EQ(body, "as before");
 }
 
 TEST_F(Requests, AParsersCodeIsComposedAndLoggedWithTheBody) {
-    for (const int code : {1, 2, 10002, 49999}) {
-        SCOPED_TRACE(code);
+    const struct {
+        int code;
+        int result;
+        const char* line;
+    } rows[] = {{1, 300001, "ERROR5 ParseIt:the body error:1"},
+                {2, 300002, "ERROR5 ParseIt:the body error:2"},
+                {10002, 310002, "ERROR5 ParseIt:the body error:10002"},
+                {2147183647, 2147483647, "ERROR5 ParseIt:the body error:2147183647"},
+                // Codes that no server can mean count as malformed, and are logged as they came.
+                {2147183648, 300002, "ERROR5 ParseIt:the body error:2147183648"},
+                {2147483647, 300002, "ERROR5 ParseIt:the body error:2147483647"},
+                {-6, 300002, "ERROR5 ParseIt:the body error:-6"},
+                {-300000, 300002, "ERROR5 ParseIt:the body error:-300000"}};
+    for (const auto& row : rows) {
         m_log.Clear();
-        const RequestRow row = Row();
-        EXPECT_EQ(RequestCall(m_site, row, kCaller).With("D1").Run(Says(code)), 300000 + code);
-        EXPECT_THAT(OwnLines(), ElementsAre("INFO 3 /api CostTime: = 12 milliseconds",
-                                            "ERROR5 ParseIt:the body error:" + std::to_string(code)));
+        EXPECT_EQ(RequestCall<kWorded>(m_site, kRoute).Run(Says(row.code)), row.result);
+        EXPECT_THAT(OwnLines(), ElementsAre("INFO 3 /api CostTime: = 12 milliseconds", row.line));
     }
-}
-
-TEST_F(Requests, ACodeThatNoServerCanMeanCountsAsMalformedAndIsLoggedAsItCame) {
-    constexpr int kLargest = std::numeric_limits<int>::max();
-    for (const int code : {-6, -300000, kLargest - 299999, kLargest}) {
-        SCOPED_TRACE(code);
-        m_log.Clear();
-        const RequestRow row = Row();
-        EXPECT_EQ(RequestCall(m_site, row, kCaller).With("D1").Run(Says(code)), 300002);
-        EXPECT_EQ(OwnLines().back(), "ERROR5 ParseIt:the body error:" + std::to_string(code));
-    }
-    const RequestRow row = Row();
-    EXPECT_EQ(RequestCall(m_site, row, kCaller).With("D1").Run(Says(kLargest - 300000)), kLargest);
 }
 
 TEST_F(Requests, ACheckComesBeforeTheParser) {
-    const RequestRow row = Row();
-    EXPECT_EQ(RequestCall(m_site, row, kCaller).With("D1").Run(Says(10002), Says(2)), 310002);
+    EXPECT_EQ(RequestCall<kWorded>(m_site, kRoute).Run(Says(10002), Says(2)), 310002);
     EXPECT_EQ(m_read.size(), 1U) << "the parser is not asked";
     EXPECT_EQ(OwnLines().back(), "ERROR5 CheckIt:the body error:10002");
-    EXPECT_EQ(RequestCall(m_site, row, kCaller).With("D1").Run(Says(0), Says(2)), 300002);
+    EXPECT_EQ(RequestCall<kWorded>(m_site, kRoute).Run(Says(0), Says(2)), 300002);
     EXPECT_EQ(m_read.size(), 3U);
     EXPECT_EQ(OwnLines().back(), "ERROR5 ParseIt:the body error:2");
-    EXPECT_EQ(RequestCall(m_site, row, kCaller).With("D1").Run(Says(0), Says(0)), 0);
+    EXPECT_EQ(RequestCall<kWorded>(m_site, kRoute).Run(Says(0), Says(0)), 0);
 }
 
 TEST_F(Requests, WithoutACostTextTheTimeIsStoredButNotLogged) {
-    RequestRow row = Row();
-    row.cost = {};
     int32_t cost = -1;
-    EXPECT_EQ(RequestCall(m_site, row, kCaller).With("D1").CostInto(cost).Run(Says(0)), 0);
+    EXPECT_EQ(RequestCall<kUntimed>(m_site, kRoute).CostInto(cost).Run(Says(0)), 0);
     EXPECT_EQ(cost, 12);
     EXPECT_THAT(OwnLines(), IsEmpty());
 }
@@ -273,16 +297,21 @@ TEST_F(Requests, WithoutACostTextTheTimeIsStoredButNotLogged) {
 TEST_F(Requests, ABodyWithZerosReachesTheReaderWhole) {
     const std::string body("a\0b", 3);
     m_spy.Answer(CURLE_OK, {body});
-    const RequestRow row = Row();
-    EXPECT_EQ(RequestCall(m_site, row, kCaller).With("D1").Run(Says(0)), 0);
+    EXPECT_EQ(RequestCall<kWorded>(m_site, kRoute).Run(Says(0)), 0);
     EXPECT_THAT(m_read, ElementsAre(body));
 }
 
-TEST_F(Requests, AnEmptyCallerStillSends) {
-    const RequestRow row = Row(Way::Form, carries::kAccessToken | carries::kAppKey);
-    EXPECT_EQ(RequestCall(m_site, row, PlatformRoute(Caller())).With("").Run(Says(0)), 0);
+TEST_F(Requests, AnEmptyRouteStillSends) {
+    EXPECT_EQ(RequestCall<kTokenAndKey>(m_site, PlatformRouteTo("", "", "")).Run(Says(0)), 0);
     EXPECT_EQ(m_spy.Url(), "/api/user/getUserName");
-    EXPECT_EQ(m_spy.Body(), "accessToken=&appKey=&deviceSerial=");
+    EXPECT_EQ(m_spy.Body(), "accessToken=&appKey=");
+}
+
+TEST_F(Requests, ARefusalIsLoggedUnderItsLabelAndComposed) {
+    EXPECT_EQ(LogRefusal(m_site, "Label:%s error:%d", "%s", 10002), 310002);
+    EXPECT_THAT(OwnLines(), ElementsAre("ERROR5 Label:%s error:10002"));
+    EXPECT_EQ(LogRefusal(m_site, "Label:%s error:%d", "body", 0), 0);
+    EXPECT_EQ(OwnLines().size(), 1U) << "a success is no refusal";
 }
 
 }  // namespace

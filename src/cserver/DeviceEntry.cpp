@@ -1,21 +1,8 @@
-#include "cserver/ConsumerEnvelope.h"
-
-#include "requests/Envelope.h"
+#include "cserver/DeviceEntry.h"
 
 namespace vantix::consumer {
 
 using json::JsonCppView;
-
-int Code(const JsonCppView& root) {
-    int32_t code = 0;
-    root.Member("meta").Member("code").Read(code);
-    return json::SuccessAsZero(code);
-}
-
-JsonCppView Find(const JsonCppView& root, const char* key) {
-    const JsonCppView beside = root.Member(key);
-    return beside.IsNull() ? root.Member("data").Member(key) : beside;
-}
 
 bool NamesAnother(const JsonCppView& entry, const std::string& serial) {
     std::string named;

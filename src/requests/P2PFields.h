@@ -1,0 +1,32 @@
+#pragma once
+
+/// @file
+/// What responses of both families say about P2P.
+
+#include <string>
+
+#include "json/Fields.h"
+#include "json/JsonCppReader.h"
+#include "requests/ResponseReader.h"
+#include "vantix/records/P2PDevInfo.h"
+
+namespace vantix {
+
+inline constexpr json::Field<P2PServerAddr> kP2PServerFields[] = {
+    {"ip", &P2PServerAddr::ip},
+    {"port", &P2PServerAddr::port},
+};
+
+/// Reads a capability text, each family under its own keys: 0, or 1 when it is not JSON.
+template <size_t Count>
+int ReadP2PCapabilities(const CallSite& site, const std::string& text, const json::Field<P2PDevInfo> (&fields)[Count],
+                        P2PDevInfo& devInfo) {
+    json::JsonCppDocument document;
+    const int code = ParseBody(site, text, document);
+    if (code == 0) {
+        json::ReadFields(document.Root(), fields, devInfo);
+    }
+    return code;
+}
+
+}  // namespace vantix
