@@ -3,9 +3,6 @@
 #include <algorithm>
 #include <ostream>
 
-#include "OperationOutput.h"
-#include "cserver/RequestTable.h"
-#include "platform/RequestTable.h"
 #include "support/PlainTable.h"
 #include "support/TestData.h"
 
@@ -29,16 +26,6 @@ OperationRow FromCells(const Cells& cells) {
     return row;
 }
 
-template <class Rows>
-void AddPaths(const Rows& rows, const std::string& requestFunction, std::vector<std::string>& paths) {
-    for (const RequestRow* row : rows) {
-        const std::string path = EndpointPath(row->endpoint);
-        if (row->name == requestFunction && std::find(paths.begin(), paths.end(), path) == paths.end()) {
-            paths.push_back(path);
-        }
-    }
-}
-
 }  // namespace
 
 bool OperationRow::Takes(const std::string& argument) const {
@@ -55,16 +42,6 @@ std::vector<OperationRow> ReadOperations() {
         }
     }
     return rows;
-}
-
-std::vector<std::string> PathsOf(const std::string& requestFunction) {
-    std::vector<std::string> paths;
-    AddPaths(platform_requests::kAll, requestFunction, paths);
-    AddPaths(cserver_requests::kAll, requestFunction, paths);
-    if (requestFunction == "UploadCloudPicFile") {
-        paths.emplace_back(kUploadPath);
-    }
-    return paths;
 }
 
 }  // namespace vantix::test

@@ -145,7 +145,7 @@ SimulatorClient::SimulatorClient() {
 
 Json SimulatorClient::Call(const char* method, const std::string& path, const Json* content) const {
     Handle handle;
-    std::string answer;
+    std::string response;
     const std::string url = m_address + path;
     const std::string body = content == nullptr ? "" : content->dump();
     handle.Set(CURLOPT_URL, url.c_str());
@@ -157,11 +157,11 @@ Json SimulatorClient::Call(const char* method, const std::string& path, const Js
     handle.Set(CURLOPT_NOPROXY, "*");
     handle.Set(CURLOPT_NOSIGNAL, 1L);
     handle.Set(CURLOPT_WRITEFUNCTION, &Append);
-    handle.Set(CURLOPT_WRITEDATA, &answer);
+    handle.Set(CURLOPT_WRITEDATA, &response);
     if (const long status = handle.Perform(); status != 200) {
-        throw std::runtime_error(std::string(method) + " " + path + ": " + std::to_string(status) + " " + answer);
+        throw std::runtime_error(std::string(method) + " " + path + ": " + std::to_string(status) + " " + response);
     }
-    return Json::parse(answer);
+    return Json::parse(response);
 }
 
 Json SimulatorClient::Get(const std::string& path) const { return Call("GET", path, nullptr); }
@@ -180,7 +180,7 @@ Json SimulatorClient::Camera(const std::string& serial, int cameraNo) const {
 }
 
 std::string SimulatorClient::ClosedPort() const {
-    std::string address = Trap({{"then", "close"}});
+    std::string address = Fault({{"then", "close"}});
     Delete("/traps");
     return address;
 }

@@ -40,16 +40,18 @@ public:
     Json Put(const std::string& path, const Json& content) const;
     void Delete(const std::string& path) const;
 
-    /// Back to the sample data: no plans, traps or uploads, an empty journal. Answers the addresses and the account.
+    /// Back to the sample data: no script, faults or uploads, an empty journal. Returns the addresses and the account.
     Json Reset() const { return Post("/reset"); }
     Json Device(const std::string& serial) const { return Get("/devices/" + serial); }
     /// The stored channel of a device.
     Json Camera(const std::string& serial, int cameraNo) const;
 
-    /// Says what happens to coming requests.
-    void Plan(const Json& plan) const { Post("/plans", plan); }
-    /// Opens a port behind which nobody speaks HTTP; its address.
-    std::string Trap(const Json& conduct) const { return Post("/traps", conduct).at("address"); }
+    /// Adds a scripted response: what happens to coming requests for one path.
+    void Script(const Json& response) const { Post("/plans", response); }
+    /// Drops what is left of the script, and lets held requests go on.
+    void ForgetScript() const { Delete("/plans"); }
+    /// Opens a port that fails below HTTP, in this way; its address.
+    std::string Fault(const Json& fault) const { return Post("/traps", fault).at("address"); }
     /// The address of a port that was open and is closed now.
     std::string ClosedPort() const;
 
