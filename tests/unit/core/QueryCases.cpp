@@ -1,13 +1,13 @@
 #include <ostream>
 
-#include "QueryCase.h"
+#include "unit/core/QueryCase.h"
 
 namespace vantix::test {
 namespace {
 
-constexpr char kGlobalToken[] = "tk.global-77";
-constexpr char kDeviceToken[] = "tk.device-C10000001-1";
-constexpr char kVideoToken[] = "tk.video-C10000001-1";
+constexpr char kGlobalToken[] = "tk-global";
+constexpr char kDeviceToken[] = "tk-device";
+constexpr char kVideoToken[] = "tk-video";
 
 /// A query about the account: both its tokens and the domain's own wording are those of its operation, and it never
 /// goes to the C domain, since the account's token is not a shared one.
@@ -27,7 +27,11 @@ std::vector<QueryCase> Devices() {
         {.operation = "getTicketInfo", .path = "/api/route/userdevicetob/v3/cameras/ticketInfo", .small = kVideoToken},
         {.operation = "getCloudTicketInfo", .path = "/api/service/cloud/ticket", .small = kVideoToken},
         {.operation = "getRelayTicket", .path = "/api/service/media/streaming/relay/ticket", .small = kVideoToken},
-        {.operation = "getDeviceDetailInfo", .path = "/api/device/detail", .small = kVideoToken, .takesRetried = true},
+        {.operation = "getDeviceDetailInfo",
+         .path = "/api/device/detail",
+         .small = kVideoToken,
+         .takesRetried = true,
+         .repeatsTransient = true},
         {.operation = "getRelayServerInfo", .path = "/api/service/media/streaming/relay/server", .small = kVideoToken},
         {.operation = "getDeviceInfoBySerial",
          .path = "/api/device/getDeviceInfo",

@@ -7,8 +7,8 @@
 
 namespace vantix::test {
 
-inline constexpr char kAccessToken[] = "at.sample.5f0c2d7e81b34a96";  ///< The sample account's.
-inline constexpr char kSession[] = "se.sample.e2b85d0f974c13a6";
+inline constexpr char kAccessToken[] = "access-token";
+inline constexpr char kSession[] = "session-id";
 
 /// One query as its callers see it. The calls are about camera C10000001, or about S60000006 where it is shared; the
 /// defaults are those of a query about a channel.
@@ -30,7 +30,8 @@ struct QueryCase {
 
     int expired = 310002;  ///< What becomes of an expired token that is not renewed.
     bool isRenewed = true;
-    bool takesRetried = false;  ///< The host says whether its call is a repeat.
+    bool takesRetried = false;      ///< The host says whether its call is a repeat.
+    bool repeatsTransient = false;  ///< Asks once more after a failure of the moment.
 
     std::string Tag() const { return std::string("CVantixDataCenter::").append(operation); }
 };
