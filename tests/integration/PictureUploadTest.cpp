@@ -10,7 +10,6 @@
 namespace vantix::test {
 namespace {
 
-using ::testing::Contains;
 using ::testing::StartsWith;
 
 class PictureUploadTest : public OperationFixture {
@@ -93,7 +92,7 @@ TEST_F(PictureUploadTest, FileThatIsNotThereGivesACode) {
     const LogCapture log;
     EXPECT_EQ(Upload(url, "no-such-folder/no-such-picture.jpg"), 100026);
     EXPECT_EQ(OnlyUpload().at("received"), false);
-    EXPECT_THAT(log.Lines(), Contains(Line(5, "ERROR", "UploadCloudPicFile", "SyncRequestHeader error:26")).Times(1));
+    EXPECT_THAT(log.Lines(), HasLine(5, "ERROR", "UploadCloudPicFile", "SyncRequestHeader error:26"));
 }
 
 TEST_F(PictureUploadTest, OnlyTheTransferCanFail) {

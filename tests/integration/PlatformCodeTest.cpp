@@ -8,7 +8,6 @@
 namespace vantix::test {
 namespace {
 
-using ::testing::Contains;
 
 /// A response that the cloud gives to every detail request, what becomes of it, and how many requests that takes.
 struct CodeRow {
@@ -120,11 +119,9 @@ TEST_F(PlatformCodeTest, FailureLineNamesTheParserTheBodyAndTheCode) {
     Cloud().Script({{"path", kDetailPath}, {"body", "no json"}});
     EXPECT_EQ(Fetch(kCamera, 1), 300001);
     EXPECT_THAT(log.Lines(),
-                Contains(Line(5, "ERROR", "ParseDevDetailInfoFromPlatform", "platform response bad, szInfo = no json"))
-                    .Times(1));
-    EXPECT_THAT(log.Lines(), Contains(Line(5, "ERROR", "GetDevDetailInfoFromPlatformBySerial",
-                                           "ParseDevDetailInfoFromPlatform:no json error:1"))
-                                 .Times(1));
+                HasLine(5, "ERROR", "ParseDevDetailInfoFromPlatform", "platform response bad, szInfo = no json"));
+    EXPECT_THAT(log.Lines(), HasLine(5, "ERROR", "GetDevDetailInfoFromPlatformBySerial",
+                                     "ParseDevDetailInfoFromPlatform:no json error:1"));
 }
 
 TEST_F(PlatformCodeTest, RefusalLineShowsTheCodeAndTheResponse) {
@@ -132,21 +129,18 @@ TEST_F(PlatformCodeTest, RefusalLineShowsTheCodeAndTheResponse) {
     const std::string body = R"({"result":{"code":"20002","msg":"100%s %n"}})";
     Cloud().Script({{"path", kDetailPath}, {"body", body}});
     EXPECT_EQ(Fetch(kCamera, 1), 320002);
-    EXPECT_THAT(log.Lines(), Contains(Line(3, "INFO ", "ParseDevDetailInfoFromPlatform",
-                                           "Platform Response Error:20002, Resp:" + body))
-                                 .Times(1));
-    EXPECT_THAT(log.Lines(), Contains(Line(5, "ERROR", "GetDevDetailInfoFromPlatformBySerial",
-                                           "ParseDevDetailInfoFromPlatform:" + body + " error:20002"))
-                                 .Times(1));
+    EXPECT_THAT(log.Lines(),
+                HasLine(3, "INFO ", "ParseDevDetailInfoFromPlatform", "Platform Response Error:20002, Resp:" + body));
+    EXPECT_THAT(log.Lines(), HasLine(5, "ERROR", "GetDevDetailInfoFromPlatformBySerial",
+                                     "ParseDevDetailInfoFromPlatform:" + body + " error:20002"));
 }
 
 TEST_F(PlatformCodeTest, TransportFailureLineShowsTheCode) {
     const LogCapture log;
     Center().setDomain(Cloud().ClosedPort(), "");
     EXPECT_EQ(Fetch(kCamera, 1), 100007);
-    EXPECT_THAT(log.Lines(),
-                Contains(Line(5, "ERROR", "GetDevDetailInfoFromPlatformBySerial", "SyncRequest error:7")).Times(1));
-    EXPECT_THAT(log.Lines(), Contains(Line(3, "INFO ", "SyncRequest", "end Posts url and Param result = 7")).Times(1));
+    EXPECT_THAT(log.Lines(), HasLine(5, "ERROR", "GetDevDetailInfoFromPlatformBySerial", "SyncRequest error:7"));
+    EXPECT_THAT(log.Lines(), HasLine(3, "INFO ", "SyncRequest", "end Posts url and Param result = 7"));
 }
 
 }  // namespace

@@ -80,9 +80,8 @@ TEST_F(QueryDeviationTest, ExpiredSharedListIsLoggedAndNotRenewed) {
         EXPECT_EQ(Center().getB2CSharedDevList(0, 50, json), isExpired ? 310002 : 310001);
         EXPECT_EQ(Cloud().RequestCount(), 1U);
         if (isExpired) {
-            EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", "CVantixDataCenter::getB2CSharedDevList",
-                                                     "Token exception or expired iRet = 310002"))
-                                           .Times(1));
+            EXPECT_THAT(m_log.Lines(), HasLine(5, "ERROR", "CVantixDataCenter::getB2CSharedDevList",
+                                               "Token exception or expired iRet = 310002"));
         } else {
             EXPECT_FALSE(m_log.Contains("Token exception or expired"));
         }
@@ -101,9 +100,8 @@ TEST_F(QueryDeviationTest, ConfigurationIsLoggedAndTakenOver) {
     Cloud().Put("/account", {{"config", {{"streamType", 1}, {"dataCollect", 4}, {"openP2P", 0}}}});
     ConfigInfo config;
     ASSERT_EQ(Center().getConfigInfo(config), 0);
-    EXPECT_THAT(m_log.Lines(), Contains(Line(3, "INFO ", "CVantixDataCenter::getConfigInfo",
-                                             "GetConfig, bEableDataCollect:4, VTDUType:1, OpenP2P:0"))
-                                   .Times(1));
+    EXPECT_THAT(m_log.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::getConfigInfo",
+                                       "GetConfig, bEableDataCollect:4, VTDUType:1, OpenP2P:0"));
     EXPECT_TRUE(Center().isVTDUType1());
     EXPECT_TRUE(Center().isOpenP2P()) << "only the host closes P2P";
     Cloud().Put("/account", {{"config", {{"streamType", 2}, {"openP2P", 1}}}});
@@ -133,8 +131,7 @@ TEST_F(QueryDeviationTest, ConfigurationSendsAndNeedsNoToken) {
     EXPECT_EQ(Center().getConfigInfo(config), 0);
     EXPECT_EQ(Cloud().Requests().at(0).Parameter("accessToken"), "<none>");
     EXPECT_EQ(m_log.Count("get strToken error"), 0U);
-    EXPECT_THAT(m_log.Lines(),
-                Contains(Line(3, "INFO ", "CVantixDataCenter::getConfigInfo", "Returning B domain")).Times(1));
+    EXPECT_THAT(m_log.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::getConfigInfo", "Returning B domain"));
 }
 
 // ---- The detail of a device of another platform
@@ -227,14 +224,12 @@ TEST_F(QueryDeviationTest, FailureLinesOfRecordingsAndUploadsAreOfLevelFour) {
     std::string url = "before";
     Respond("/api/service/cloudrecord/video/info/list", "10002");
     EXPECT_EQ(Center().GetCloudRecordFile(kOwn, 1, 77, kBegin, kEnd, list), 310002);
-    EXPECT_THAT(m_log.Lines(), Contains(Line(4, "ERROR", "CVantixDataCenter::GetCloudRecordFile",
-                                             "GetCloudRecordFileFromPlatform error [310002]"))
-                                   .Times(1));
+    EXPECT_THAT(m_log.Lines(), HasLine(4, "ERROR", "CVantixDataCenter::GetCloudRecordFile",
+                                       "GetCloudRecordFileFromPlatform error [310002]"));
     Respond("/api/service/cloud/upload/url", "10002");
     EXPECT_EQ(Center().GetClouduploadUrl(kOwn, 1, "a.jpg", 1, 7, 60, "alarm", url), 310002);
-    EXPECT_THAT(m_log.Lines(), Contains(Line(4, "ERROR", "CVantixDataCenter::GetClouduploadUrl",
-                                             "GetClouduploadUrlPlatform error [310002]"))
-                                   .Times(1));
+    EXPECT_THAT(m_log.Lines(), HasLine(4, "ERROR", "CVantixDataCenter::GetClouduploadUrl",
+                                       "GetClouduploadUrlPlatform error [310002]"));
     EXPECT_EQ(url, "before");
     EXPECT_EQ(Cloud().RequestCount(), 2U);
     m_log.Clear();
@@ -246,9 +241,8 @@ TEST_F(QueryDeviationTest, FailureLinesOfRecordingsAndUploadsAreOfLevelFour) {
 TEST_F(QueryDeviationTest, FailedUploadIsLoggedAtLevelFour) {
     const LocalFile picture(u8"gate.jpg");
     EXPECT_EQ(Center().UploadCloudPicFile(Cloud().ClosedPort() + kUploadPath, picture.Path()), 100007);
-    EXPECT_THAT(
-        m_log.Lines(),
-        Contains(Line(4, "ERROR", "CVantixDataCenter::UploadCloudPicFile", "UploadCloudPic error [100007]")).Times(1));
+    EXPECT_THAT(m_log.Lines(),
+                HasLine(4, "ERROR", "CVantixDataCenter::UploadCloudPicFile", "UploadCloudPic error [100007]"));
     m_log.Clear();
     EXPECT_EQ(Center().UploadCloudPicFile(BDomain() + kUploadPath, picture.Path()), 0)
         << "what the server responds is not judged";

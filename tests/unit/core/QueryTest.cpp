@@ -102,7 +102,7 @@ protected:
         EXPECT_EQ(Call(arguments), -1);
         EXPECT_EQ(ThreadLastError(), -1);
         EXPECT_THAT(Paths(), testing::IsEmpty());
-        EXPECT_THAT(lines.Lines(), Contains(Line(5, "ERROR", Row().Tag(), "get strToken error")).Times(1));
+        EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", Row().Tag(), "get strToken error"));
         for (const char* other : {" domain", "FromPlatform error [", "UrlPlatform error ["}) {
             ExpectNoLine(other);
         }
@@ -120,7 +120,7 @@ protected:
         if (domainLine == nullptr) {
             ExpectNoLine(" domain");
         } else {
-            EXPECT_THAT(lines.Lines(), Contains(Line(3, "INFO ", Row().domainTag, domainLine)).Times(1));
+            EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", Row().domainTag, domainLine));
         }
     }
 

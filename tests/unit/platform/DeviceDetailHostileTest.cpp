@@ -16,7 +16,8 @@ TEST_F(HostileDetail, TextThatIsNoJsonGivesOne) {
                                    "{\"a\":NaN}", "{'a':1}", "{\"a\":01}", "{\"a\":\"\n\"}", "nul"}) {
         SCOPED_TRACE(body);
         EXPECT_EQ(Parse(body), 1);
-        ExpectOnlyLine("platform response bad, szInfo = " + body, "ERROR", 5);
+        EXPECT_THAT(lines.Lines(), testing::ElementsAre(Line(5, "ERROR", "ParseDevDetailInfoFromPlatform",
+                                                             "platform response bad, szInfo = " + body)));
         ExpectUntouched();
     }
 }
@@ -50,7 +51,9 @@ TEST_F(HostileDetail, CodeOfTheEnvelopeIsReturned) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.body);
         EXPECT_EQ(Parse(std::string(row.body)), row.code);
-        ExpectOnlyLine("Platform Response Error:" + std::to_string(row.code) + ", Resp:" + row.body, "INFO ", 3);
+        EXPECT_THAT(lines.Lines(), testing::ElementsAre(Line(
+                                       3, "INFO ", "ParseDevDetailInfoFromPlatform",
+                                       "Platform Response Error:" + std::to_string(row.code) + ", Resp:" + row.body)));
         ExpectUntouched();
     }
 }
@@ -62,7 +65,9 @@ TEST_F(HostileDetail, ResultOrDataThatIsNoObjectGivesTwo) {
                              R"({"result":{"code":200,"data":null}})", R"({"code":"200","data":{}})"}) {
         SCOPED_TRACE(body);
         EXPECT_EQ(Parse(std::string(body)), 2);
-        ExpectOnlyLine(std::string("platform response invalid, szInfo = ") + body, "ERROR", 5);
+        EXPECT_THAT(lines.Lines(),
+                    testing::ElementsAre(Line(5, "ERROR", "ParseDevDetailInfoFromPlatform",
+                                              std::string("platform response invalid, szInfo = ") + body)));
         ExpectUntouched();
     }
 }

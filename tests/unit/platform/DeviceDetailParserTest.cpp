@@ -7,7 +7,7 @@
 #include <set>
 
 #include "support/CleanSwitches.h"
-#include "support/LogCapture.h"
+#include "support/LineMatcher.h"
 #include "unit/platform/DetailRecords.h"
 
 namespace vantix::test {
@@ -22,13 +22,6 @@ protected:
         return ParseDevDetailInfoFromPlatform(body, channel, device, parent);
     }
     int Parse(const json& answer) { return Parse(answer.dump()); }
-    void ExpectLine(const std::string& message, const std::string& word, unsigned level) const {
-        EXPECT_EQ(lines.Count(message), 1U) << message;
-        const LogLine line = lines.Find(message);
-        EXPECT_EQ(line.Word(), word) << message;
-        EXPECT_EQ(line.level, level) << message;
-        EXPECT_EQ(line.Tag(), "ParseDevDetailInfoFromPlatform") << message;
-    }
     /// The golden answer with this short list, and no capability of its own.
     static json WithShortList(const std::string& shortList) {
         json answer = GoldenDetail();
@@ -132,12 +125,13 @@ TEST_F(DetailParser, GoldenAnswerWritesItsLinesInOrder) {
                                     "iShareVerif = [145]", "support_ecdh_v2:ecdh-151", "support_device_video_cover:153",
                                     "iSupportSeekPlayback:154", "iSupportSeek2Playback:155",
                                     "DeviceSerial = D-serial-101,  support_replay_download:152"}));
-    ExpectLine("iShareVerif = [145]", "ERROR", 5);
-    ExpectLine("support_ecdh_v2:ecdh-151", "INFO ", 3);
-    ExpectLine("support_device_video_cover:153", "INFO ", 3);
-    ExpectLine("iSupportSeekPlayback:154", "INFO ", 3);
-    ExpectLine("iSupportSeek2Playback:155", "INFO ", 3);
-    ExpectLine("DeviceSerial = D-serial-101,  support_replay_download:152", "INFO ", 3);
+    EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "ParseDevDetailInfoFromPlatform", "iShareVerif = [145]"));
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "ParseDevDetailInfoFromPlatform", "support_ecdh_v2:ecdh-151"));
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "ParseDevDetailInfoFromPlatform", "support_device_video_cover:153"));
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "ParseDevDetailInfoFromPlatform", "iSupportSeekPlayback:154"));
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "ParseDevDetailInfoFromPlatform", "iSupportSeek2Playback:155"));
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "ParseDevDetailInfoFromPlatform",
+                                       "DeviceSerial = D-serial-101,  support_replay_download:152"));
 }
 
 // ---- What becomes of the caller's records
@@ -225,7 +219,8 @@ TEST_F(DetailParser, MalformedShareMemberIsLoggedAndSkipped) {
         EXPECT_TRUE(parent.has_value());
         EXPECT_FALSE(lines.Contains("iShareVerif"));
         if (text.size() < 100) {
-            ExpectLine("platform response , szInfo = " + body, "ERROR", 5);
+            EXPECT_THAT(lines.Lines(),
+                        HasLine(5, "ERROR", "ParseDevDetailInfoFromPlatform", "platform response , szInfo = " + body));
         }
     }
 }
@@ -246,7 +241,8 @@ TEST_F(DetailParser, MalformedCapabilitiesAreLoggedAndSkipped) {
         EXPECT_TRUE(parent.has_value());
         EXPECT_FALSE(lines.Contains("support_replay_download:"));
         if (text.size() < 100) {
-            ExpectLine("platform response invalid, szInfo = " + body, "ERROR", 5);
+            EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "ParseDevDetailInfoFromPlatform",
+                                               "platform response invalid, szInfo = " + body));
         }
     }
 }
@@ -261,7 +257,8 @@ TEST_F(DetailParser, MalformedParentIsLoggedAndSkipped) {
         EXPECT_FALSE(parent.has_value());
         EXPECT_EQ(device.support_ptz, 146);
         if (text.size() < 100) {
-            ExpectLine("platform response invalid, szInfo = " + body, "ERROR", 5);
+            EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "ParseDevDetailInfoFromPlatform",
+                                               "platform response invalid, szInfo = " + body));
         }
     }
 }
@@ -288,7 +285,8 @@ TEST_F(DetailParser, ShareVerificationIsReadAsANumberText) {
         Device(answer)["qxDeviceSupportExt"] = {{"ShareVerify", text}};
         EXPECT_EQ(Parse(answer), 0);
         EXPECT_EQ(device.iShareVerif, number) << text;
-        ExpectLine("iShareVerif = [" + std::to_string(number) + "]", "ERROR", 5);
+        EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "ParseDevDetailInfoFromPlatform",
+                                           "iShareVerif = [" + std::to_string(number) + "]"));
     }
     json answer = GoldenDetail();
     Device(answer)["qxDeviceSupportExt"] = {{"ShareVerify", 1}};
@@ -340,11 +338,11 @@ TEST_F(DetailParser, SeekCapabilityIsOneAsTextAndTheDefaultAsANumber) {
     Device(answer)["supportExt"] = {{"support_seek_v2", "1"}};
     EXPECT_EQ(Parse(answer), 0);
     EXPECT_EQ(device.support_seek_v2, 1);
-    ExpectLine("iSupportSeek2Playback:1", "INFO ", 3);
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "ParseDevDetailInfoFromPlatform", "iSupportSeek2Playback:1"));
     Device(answer)["supportExt"] = {{"support_seek_v2", 1}};
     EXPECT_EQ(Parse(answer), 0);
     EXPECT_EQ(device.support_seek_v2, 7);
-    ExpectLine("iSupportSeek2Playback:7", "INFO ", 3);
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "ParseDevDetailInfoFromPlatform", "iSupportSeek2Playback:7"));
 }
 
 TEST_F(DetailParser, ShortListMayBeAnObjectInTheB2CModeOnly) {

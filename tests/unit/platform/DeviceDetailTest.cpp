@@ -7,7 +7,7 @@
 #include "support/CleanSwitches.h"
 #include "support/DetailAnswer.h"
 #include "support/FakeClock.h"
-#include "support/LogCapture.h"
+#include "support/LineMatcher.h"
 #include "support/ScriptedTransport.h"
 #include "unit/platform/DetailRecords.h"
 
@@ -20,13 +20,6 @@ protected:
         lines.Clear();
         return GetDevDetailInfoFromPlatformBySerial({"https://b.example", "the-token", "the-app"}, serial, cameraNo,
                                                     channel, device, parent);
-    }
-    void ExpectLine(const std::string& message, const std::string& word, unsigned level) const {
-        EXPECT_EQ(lines.Count(message), 1U) << message;
-        const LogLine line = lines.Find(message);
-        EXPECT_EQ(line.Word(), word);
-        EXPECT_EQ(line.level, level);
-        EXPECT_EQ(line.Tag(), "GetDevDetailInfoFromPlatformBySerial");
     }
 
     CleanSwitches clean;
@@ -80,7 +73,8 @@ TEST_F(DetailRequest, SuccessIsStampedAndItsCostLogged) {
     EXPECT_EQ(device.deviceIP, "10.0.0.102");
     EXPECT_EQ(channel.cameraId, "camera-id-1");
     EXPECT_EQ(parent->deviceSerial, "P-serial-201");
-    ExpectLine("/api/device/detail CostTime: = 12 milliseconds", "INFO ", 3);
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "GetDevDetailInfoFromPlatformBySerial",
+                                       "/api/device/detail CostTime: = 12 milliseconds"));
 }
 
 TEST_F(DetailRequest, FailedTransferIsLoggedAndItsAnswerNotParsed) {
@@ -88,8 +82,9 @@ TEST_F(DetailRequest, FailedTransferIsLoggedAndItsAnswerNotParsed) {
     device.deviceIP = "mine";
     transport.Make([](const SentRequest&) { return ScriptedAnswer{28, GoldenDetailText()}; });
     EXPECT_EQ(Fetch(), 100028);
-    ExpectLine("SyncRequest error:28", "ERROR", 5);
-    ExpectLine("/api/device/detail CostTime: = 5 milliseconds", "INFO ", 3);
+    EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "GetDevDetailInfoFromPlatformBySerial", "SyncRequest error:28"));
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "GetDevDetailInfoFromPlatformBySerial",
+                                       "/api/device/detail CostTime: = 5 milliseconds"));
     EXPECT_EQ(device.iRequestCost, 5);
     EXPECT_EQ(device.deviceIP, "mine");
     EXPECT_EQ(device.tCacheTime, 0);
@@ -119,7 +114,9 @@ TEST_F(DetailRequest, RefusedAnswerIsLoggedWithBodyAndCode) {
         device.deviceIP = "mine";
         transport.Answer(row.body);
         EXPECT_EQ(Fetch(), row.result);
-        ExpectLine("ParseDevDetailInfoFromPlatform:" + row.body + " error:" + std::to_string(row.parsed), "ERROR", 5);
+        EXPECT_THAT(lines.Lines(),
+                    HasLine(5, "ERROR", "GetDevDetailInfoFromPlatformBySerial",
+                            "ParseDevDetailInfoFromPlatform:" + row.body + " error:" + std::to_string(row.parsed)));
         EXPECT_EQ(device.deviceIP, "mine");
         EXPECT_EQ(device.tCacheTime, 0);
     }

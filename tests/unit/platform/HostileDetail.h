@@ -7,7 +7,7 @@
 
 #include "platform/DeviceDetailParser.h"
 #include "support/CleanSwitches.h"
-#include "support/LogCapture.h"
+#include "support/LineMatcher.h"
 #include "unit/platform/DetailRecords.h"
 #include "unit/platform/HostileText.h"
 
@@ -34,14 +34,6 @@ protected:
         EXPECT_TRUE(Same(channel, goldenChannel));
         EXPECT_TRUE(Same(device, goldenDevice));
         EXPECT_TRUE(parent.has_value() && Same(*parent, *goldenParent));
-    }
-    void ExpectOnlyLine(const std::string& message, const std::string& word, unsigned level) {
-        ASSERT_EQ(lines.Lines().size(), 1U) << message;
-        const LogLine line = lines.Lines()[0];
-        EXPECT_EQ(line.Message(), message);
-        EXPECT_EQ(line.Word(), word);
-        EXPECT_EQ(line.level, level);
-        EXPECT_EQ(line.Tag(), "ParseDevDetailInfoFromPlatform");
     }
 
     CleanSwitches clean;

@@ -58,8 +58,7 @@ TEST_P(ResponseRuleTest, ReadsTheResponseByItsOwnRule) {
     if (const size_t at = message.find('$'); at != std::string::npos) {
         message.replace(at, 1, GetParam().body);
     }
-    EXPECT_THAT(m_log.Lines(),
-                testing::Contains(Line(GetParam().level, GetParam().word, testing::_, message)).Times(1));
+    EXPECT_THAT(m_log.Lines(), HasLine(GetParam().level, GetParam().word, testing::_, message));
 }
 
 // The common rule: texts at the top, and a text or a number inside "result".
