@@ -1,14 +1,18 @@
 // Arguments that no sane host would hand in: each call ends with a code, and what is cached stays.
 
+#include <gmock/gmock.h>
+
 #include <climits>
 
 #include "SurvivalFixture.h"
-#include "support/LogCapture.h"
+#include "support/LineMatcher.h"
 
 namespace vantix::test {
 namespace {
 
-/// Two characters that mean "any byte" spelled out, so that a NUL survives.
+using ::testing::Contains;
+
+/// A serial with a NUL inside.
 std::string WithNul() { return {"AB\0CD", 5}; }
 
 class ArgumentTest : public SurvivalFixture {
@@ -30,10 +34,8 @@ TEST_F(ArgumentTest, EmptySerialIsLoggedSentAndRefused) {
     EXPECT_NE(OnlyBody().find("&deviceSerial=&"), std::string::npos);
     Detail detail;
     EXPECT_EQ(ReadCache("", 7, detail), -1);
-    const LogLine line = log.Find(std::string(kBadSerial) + " Channel:7");
-    EXPECT_EQ(line.level, 5U);
-    EXPECT_EQ(line.Word(), "ERROR");
-    EXPECT_EQ(line.Tag(), "CVantixDataCenter::getDevDetailInfoMapKey");
+    EXPECT_THAT(log.Lines(), Contains(Line(5, "ERROR", "CVantixDataCenter::getDevDetailInfoMapKey",
+                                           std::string(kBadSerial) + " Channel:7")));
     EXPECT_EQ(log.Count("m_mapDevDetailInfo not exist key = "), 1U);
     const Asked asked = Ask("", 1);
     EXPECT_EQ(asked.returned, -1);
@@ -68,7 +70,8 @@ TEST_F(ArgumentTest, SerialOf129CharactersIsItsOwnKeyForEveryChannel) {
     Detail detail;
     EXPECT_EQ(ReadCache(serial, 2, detail), 0);
     EXPECT_EQ(detail.device.deviceSerial, serial);
-    EXPECT_EQ(log.Find(kBadSerial + serial + " Channel:2").level, 5U);
+    EXPECT_THAT(log.Lines(), Contains(Line(5, "ERROR", "CVantixDataCenter::getDevDetailInfoMapKey",
+                                           kBadSerial + serial + " Channel:2")));
     EXPECT_EQ(Center().SetDevInfoCache(serial, 3), 0);
     ExpectCachesUnchanged();
 }
@@ -85,14 +88,14 @@ TEST_F(ArgumentTest, SerialOfAMillionCharactersIsSentWhole) {
     ExpectGoodCall();
 }
 
-TEST_F(ArgumentTest, OddCharactersOfASerialGoAsTheyAre) {
-    for (const std::string odd : {"A\r\nB", "A\nB", "A#B", "A%B", "A%41B", "A+B", "A B", "A=B", "A?B", "A\"B\\",
-                                  "A\xFF\xC3(B", "\xE6\xA8\x99", "%s%n%s%n", "..", "/"}) {
-        SCOPED_TRACE(odd);
+TEST_F(ArgumentTest, UnusualCharactersOfASerialGoAsTheyAre) {
+    for (const std::string text : {"A\r\nB", "A\nB", "A#B", "A%B", "A%41B", "A+B", "A B", "A=B", "A?B", "A\"B\\",
+                                   "A\xFF\xC3(B", "\xE6\xA8\x99", "%s%n%s%n", "..", "/"}) {
+        SCOPED_TRACE(text);
         Cloud().ForgetRequests();
-        EXPECT_EQ(Fetch(odd, 1), 320002);
-        EXPECT_NE(OnlyBody().find("&deviceSerial=" + odd + "&"), std::string::npos);
-        EXPECT_EQ(Ask(odd, 1).fetched, 320002);
+        EXPECT_EQ(Fetch(text, 1), 320002);
+        EXPECT_NE(OnlyBody().find("&deviceSerial=" + text + "&"), std::string::npos);
+        EXPECT_EQ(Ask(text, 1).fetched, 320002);
     }
     ExpectCachesUnchanged();
     ExpectGoodCall();
@@ -115,15 +118,16 @@ TEST_F(ArgumentTest, NulInASerialEndsTheRequestThere) {
     ExpectGoodCall();
 }
 
-TEST_F(ArgumentTest, OddCharactersOfATokenGoAsTheyAre) {
-    for (const std::string odd : {"A\r\nX-Injected: 1", "A#B", "A%B", "A+B", "A B", "A=B", "A\xFF\xC3(B", "%s%n%s%n"}) {
-        SCOPED_TRACE(odd);
+TEST_F(ArgumentTest, UnusualCharactersOfATokenGoAsTheyAre) {
+    for (const std::string text :
+         {"A\r\nX-Injected: 1", "A#B", "A%B", "A+B", "A B", "A=B", "A\xFF\xC3(B", "%s%n%s%n"}) {
+        SCOPED_TRACE(text);
         Cloud().ForgetRequests();
-        Center().setAccessToken(odd);
+        Center().setAccessToken(text);
         EXPECT_EQ(Fetch(kCamera, 1), 310002);
         const auto requests = Cloud().Requests();
         ASSERT_EQ(requests.size(), 1U);
-        EXPECT_EQ(requests[0].body.rfind("accessToken=" + odd + "&appKey=", 0), 0U);
+        EXPECT_EQ(requests[0].body.rfind("accessToken=" + text + "&appKey=", 0), 0U);
         EXPECT_EQ(requests[0].Header("X-Injected"), "<none>");
     }
     Center().setAccessToken(WithNul());

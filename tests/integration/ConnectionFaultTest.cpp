@@ -1,15 +1,15 @@
 // Servers that are not there, or that fail before a request reaches them.
 
-#include "TrapFixture.h"
+#include "FaultFixture.h"
 
 namespace vantix::test {
 namespace {
 
-class ConnectionTrapTest : public TrapFixture {};
+class PortFaultTest : public FaultFixture {};
 
-TEST_P(ConnectionTrapTest, FailsThatCallAlone) { ExpectSurvivalOfTheTrap(); }
+TEST_P(PortFaultTest, FailsThatCallAlone) { ExpectSurvivalOfTheFault(); }
 
-const TrapRow kTrapRows[] = {
+const FaultRow kFaultRows[] = {
     {"AcceptThenReset", {{"then", "reset"}}, kSomeTransportFailure},
     {"AcceptThenClose", {{"then", "close"}}, 100035},
     {"GarbageInsteadOfAHello", {{"send", "garbage that is no handshake at all\r\n"}, {"then", "close"}}, 100035},
@@ -19,7 +19,7 @@ const TrapRow kTrapRows[] = {
     {"TlsAlert", {{"sendHex", "15030300020228"}, {"then", "close"}}, 100035},
 };
 
-INSTANTIATE_TEST_SUITE_P(Ports, ConnectionTrapTest, ::testing::ValuesIn(kTrapRows),
+INSTANTIATE_TEST_SUITE_P(Ports, PortFaultTest, ::testing::ValuesIn(kFaultRows),
                          [](const auto& row) { return row.param.name; });
 
 class ConnectionFaultTest : public SurvivalFixture {

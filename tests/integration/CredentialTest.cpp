@@ -1,8 +1,10 @@
 // Which credential a detail request carries in each permission mode, and what an empty one does.
 
+#include <gmock/gmock.h>
+
 #include "DetailFixture.h"
 #include "base/LastError.h"
-#include "support/LogCapture.h"
+#include "support/LineMatcher.h"
 
 namespace vantix::test {
 namespace {
@@ -27,10 +29,9 @@ protected:
         EXPECT_TRUE(asked.started);
         EXPECT_EQ(asked.fetched, -1);
         EXPECT_EQ(Cloud().RequestCount(), 0U);
-        EXPECT_EQ(log.Count("get strToken error"), 4U);
-        const LogLine line = log.Find("get strToken error");
-        EXPECT_EQ(line.level, 5U);
-        EXPECT_EQ(line.Word(), "ERROR");
+        EXPECT_THAT(log.Lines(), ::testing::Contains(Line(5, "ERROR", ::testing::StartsWith("CVantixDataCenter::"),
+                                                          "get strToken error"))
+                                     .Times(4));
     }
 };
 

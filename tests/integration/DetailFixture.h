@@ -4,8 +4,8 @@
 #include <future>
 #include <string>
 
-#include "RecordJson.h"
 #include "support/CoreFixture.h"
+#include "support/DetailJson.h"
 
 namespace vantix::test {
 

@@ -1,43 +1,32 @@
 // The log of a whole call: every line with its level, word, tag and text, and nothing secret in any of them.
 
+#include <gmock/gmock.h>
+
 #include "DetailFixture.h"
-#include "requests/FeatureCode.h"
+#include "support/ExpectedFeatureCode.h"
 #include "support/FakeClock.h"
-#include "support/LogCapture.h"
+#include "support/LineMatcher.h"
 
 namespace vantix::test {
 namespace {
 
-constexpr char kAnswer[] =
+using ::testing::Contains;
+using ::testing::Each;
+using ::testing::ElementsAre;
+using ::testing::Field;
+using ::testing::StartsWith;
+
+constexpr char kResponse[] =
     R"({"result":{"code":"200","data":{"camera":{"cameraNo":1,"deviceSerial":"C10000001"},"device":)"
     R"({"deviceSerial":"C10000001","releaseVersion":"VERSION_17","qxDeviceSupportExt":{"ShareVerify":"1"},)"
     R"("supportExt":{"support_ecdh_v2":"2","support_seek_playback":"1"}}}}})";
-
-struct ExpectedLine {
-    unsigned level;
-    std::string word;
-    std::string tag;
-    std::string message;
-};
 
 class DetailLogTest : public DetailFixture {
 protected:
     void SetUp() override {
         DetailFixture::SetUp();
-        PublicGetHDSign();  // its line is written once in a process
-    }
-
-    static void ExpectLines(const std::vector<LogLine>& lines, const std::vector<ExpectedLine>& expected) {
-        ASSERT_EQ(lines.size(), expected.size());
-        for (size_t i = 0; i < lines.size(); ++i) {
-            SCOPED_TRACE(lines[i].text);
-            EXPECT_EQ(lines[i].level, expected[i].level);
-            EXPECT_EQ(lines[i].module, "Vantix");
-            EXPECT_EQ(lines[i].Word(), expected[i].word);
-            EXPECT_EQ(lines[i].Message(), expected[i].message);
-            // A lambda's tag begins with that of the method around it.
-            EXPECT_EQ(lines[i].Tag().substr(0, expected[i].tag.size()), expected[i].tag);
-        }
+        ASSERT_EQ(Fetch(kRecorder, 1), 0);  // the first request of a process writes how the feature code was made
+        Center().ClearAllCache();
     }
 
     std::string MaskedRequest() const {
@@ -52,30 +41,30 @@ protected:
 TEST_F(DetailLogTest, FetchBehindAFutureThenAHit) {
     FakeClock clock;
     clock.SetSteadyStep(42'000'000);
-    Cloud().ScriptResponse({{"path", kDetailPath}, {"body", kAnswer}});
+    Cloud().Script({{"path", kDetailPath}, {"body", kResponse}});
     const LogCapture log;
     ASSERT_EQ(Ask(kCamera, 1).fetched, 0);
     ASSERT_EQ(Ask(kCamera, 1).returned, 0);
     const std::string parser = "ParseDevDetailInfoFromPlatform";
-    ExpectLines(
+    EXPECT_THAT(
         log.Lines(),
-        {
-            {3, "INFO ", "CVantixDataCenter::getDevInfoCache", "m_mapDevDetailInfo not exist key = C10000001_1"},
-            {3, "INFO ", "CVantixDataCenter::getDevDetailInfo",
-             "futureDetailInfo async strDeviceSerial = C10000001 iChannel = 1"},
-            {3, "INFO ", "CVantixDataCenter::getDomain", "Returning B domain"},
-            {3, "INFO ", "SyncRequest", MaskedRequest()},
-            {3, "INFO ", "CRequest::SyncRequest", std::string("strRsp:") + kAnswer},
-            {3, "INFO ", "SyncRequest", "end Posts url and Param result = 0"},
-            {3, "INFO ", "GetDevDetailInfoFromPlatformBySerial", "/api/device/detail CostTime: = 42 milliseconds"},
-            {5, "ERROR", parser, "iShareVerif = [1]"},
-            {3, "INFO ", parser, "support_ecdh_v2:2"},
-            {3, "INFO ", parser, "support_device_video_cover:0"},
-            {3, "INFO ", parser, "iSupportSeekPlayback:1"},
-            {3, "INFO ", parser, "iSupportSeek2Playback:0"},
-            {3, "INFO ", parser, "DeviceSerial = C10000001,  support_replay_download:0"},
-            {5, "ERROR", "CVantixDataCenter::getDevDetailInfo", "getDevDetailInfo FromLocal SUCCESS  isUpdate = 0"},
-        });
+        ElementsAre(
+            Line(3, "INFO ", "CVantixDataCenter::getDevInfoCache", "m_mapDevDetailInfo not exist key = C10000001_1"),
+            // A lambda's tag begins with that of the method around it.
+            Line(3, "INFO ", StartsWith("CVantixDataCenter::getDevDetailInfo"),
+                 "futureDetailInfo async strDeviceSerial = C10000001 iChannel = 1"),
+            Line(3, "INFO ", "CVantixDataCenter::getDomain", "Returning B domain"),
+            Line(3, "INFO ", "SyncRequest", MaskedRequest()),
+            Line(3, "INFO ", "CRequest::SyncRequest", std::string("strRsp:") + kResponse),
+            Line(3, "INFO ", "SyncRequest", "end Posts url and Param result = 0"),
+            Line(3, "INFO ", "GetDevDetailInfoFromPlatformBySerial", "/api/device/detail CostTime: = 42 milliseconds"),
+            Line(5, "ERROR", parser, "iShareVerif = [1]"), Line(3, "INFO ", parser, "support_ecdh_v2:2"),
+            Line(3, "INFO ", parser, "support_device_video_cover:0"),
+            Line(3, "INFO ", parser, "iSupportSeekPlayback:1"), Line(3, "INFO ", parser, "iSupportSeek2Playback:0"),
+            Line(3, "INFO ", parser, "DeviceSerial = C10000001,  support_replay_download:0"),
+            Line(5, "ERROR", "CVantixDataCenter::getDevDetailInfo",
+                 "getDevDetailInfo FromLocal SUCCESS  isUpdate = 0")));
+    EXPECT_THAT(log.Lines(), Each(Field(&LogLine::module, "Vantix")));
 }
 
 TEST_F(DetailLogTest, MarkAndClearSayWhatTheyDid) {
@@ -86,14 +75,13 @@ TEST_F(DetailLogTest, MarkAndClearSayWhatTheyDid) {
     Center().ClearDeviceInfoCache();
     Detail detail;
     ReadCache(kCamera, 1, detail);
-    const std::string owner = "CVantixDataCenter::";
-    ExpectLines(log.Lines(),
-                {
-                    {3, "INFO ", owner + "SetDevInfoCache", "Update status successful strKey= C10000001_1"},
-                    {3, "INFO ", owner + "SetDevInfoCache", "key not exist strKey= C10000001_2"},
-                    {3, "INFO ", owner + "ClearDeviceInfoCache", "m_mapDeviceInfoCache clear"},
-                    {3, "INFO ", owner + "getDevInfoCache", "m_mapDeviceInfoCache not exist key = C10000001_1"},
-                });
+    EXPECT_THAT(log.Lines(),
+                ElementsAre(Line(3, "INFO ", "CVantixDataCenter::SetDevInfoCache",
+                                 "Update status successful strKey= C10000001_1"),
+                            Line(3, "INFO ", "CVantixDataCenter::SetDevInfoCache", "key not exist strKey= C10000001_2"),
+                            Line(3, "INFO ", "CVantixDataCenter::ClearDeviceInfoCache", "m_mapDeviceInfoCache clear"),
+                            Line(3, "INFO ", "CVantixDataCenter::getDevInfoCache",
+                                 "m_mapDeviceInfoCache not exist key = C10000001_1")));
 }
 
 TEST_F(DetailLogTest, RelationLinesNameTheDevice) {
@@ -103,15 +91,12 @@ TEST_F(DetailLogTest, RelationLinesNameTheDevice) {
     Detail detail;
     ASSERT_EQ(Center().getDevDetailInfoByRelation(kBehindOnline, 1, detail.channel, detail.device), 0);
     const std::string tag = "CVantixDataCenter::getDevDetailInfoFromLocalByRelation";
-    ExpectLines(log.Lines(), {
-                                 {3, "INFO ", tag, "BelongNo Unrelated device stDeviceInfo.iCloseBlong = 0"},
-                                 {3, "INFO ", tag, "BelongNo Associated device R20000016 is online"},
-                             });
+    EXPECT_THAT(log.Lines(),
+                ElementsAre(Line(3, "INFO ", tag, "BelongNo Unrelated device stDeviceInfo.iCloseBlong = 0"),
+                            Line(3, "INFO ", tag, "BelongNo Associated device R20000016 is online")));
     Center().getDevDetailInfoByRelation(kOtherRelease, 1, detail.channel, detail.device);
-    const LogLine line = log.Find("VANTIX_DEV_NO_SUPPORT Release Version Not Equal VERSION_17");
-    EXPECT_EQ(line.level, 5U);
-    EXPECT_EQ(line.Word(), "ERROR");
-    EXPECT_EQ(line.Tag(), tag);
+    EXPECT_THAT(log.Lines(),
+                Contains(Line(5, "ERROR", tag, "VANTIX_DEV_NO_SUPPORT Release Version Not Equal VERSION_17")).Times(2));
 }
 
 TEST_F(DetailLogTest, SmallPermissionTracingIsSilentAtTheDefaultLevel) {
@@ -122,14 +107,12 @@ TEST_F(DetailLogTest, SmallPermissionTracingIsSilentAtTheDefaultLevel) {
     EXPECT_FALSE(log.Contains("getDeviceTkTokens key"));
     Center().setLogLevel(1);
     ASSERT_EQ(Fetch(kCamera, 1), 0);
-    const LogLine asked = log.Find("tkType = 3 strSerial = C10000001 iChannelNo = 1");
-    EXPECT_EQ(asked.level, 1U);
-    EXPECT_EQ(asked.Word(), "INFO ");
-    EXPECT_EQ(asked.Tag(), "CVantixDataCenter::getDeviceTkTokens");
+    EXPECT_THAT(log.Lines(), HasLine(1, "INFO ", "CVantixDataCenter::getDeviceTkTokens",
+                                     "tkType = 3 strSerial = C10000001 iChannelNo = 1"));
     EXPECT_EQ(log.Count("getDeviceTkTokens key = C100000011 "), 1U);
 }
 
-TEST_F(DetailLogTest, NoLineCarriesACredential) {
+TEST_F(DetailLogTest, NoLineShowsACredential) {
     SetDeviceTokens();
     Center().setLogLevel(-1);
     const LogCapture log;
@@ -146,14 +129,14 @@ TEST_F(DetailLogTest, NoLineCarriesACredential) {
 
 TEST_F(DetailLogTest, BodyBeyondTheLimitIsNotLogged) {
     const std::string tail(10240, ' ');
-    const std::string limit = kAnswer + tail.substr(sizeof(kAnswer) - 1);
+    const std::string limit = kResponse + tail.substr(sizeof(kResponse) - 1);
     ASSERT_EQ(limit.size(), 10240U);
     const LogCapture log;
-    Cloud().ScriptResponse({{"path", kDetailPath}, {"body", limit}});
+    Cloud().Script({{"path", kDetailPath}, {"body", limit}});
     ASSERT_EQ(Fetch(kCamera, 1), 0);
     EXPECT_EQ(log.Count("strRsp:" + limit), 1U);
     EXPECT_EQ(log.Count("strRsp outlen"), 0U);
-    Cloud().ScriptResponse({{"path", kDetailPath}, {"body", limit + " "}});
+    Cloud().Script({{"path", kDetailPath}, {"body", limit + " "}});
     ASSERT_EQ(Fetch(kCamera, 1), 0);
     EXPECT_EQ(log.Count("strRsp outlen"), 1U);
     EXPECT_FALSE(log.Contains(limit + " "));

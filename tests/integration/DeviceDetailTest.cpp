@@ -1,9 +1,9 @@
-// One channel's detail: what goes over the wire, what comes back, and when the cache answers instead.
+// One channel's detail: what goes over the wire, what comes back, and when the cache serves it instead.
 
 #include <gmock/gmock.h>
 
 #include "DetailFixture.h"
-#include "base/LastError.h"
+#include "support/ExpectedFeatureCode.h"
 #include "support/FakeClock.h"
 
 namespace vantix::test {
@@ -86,7 +86,7 @@ TEST_F(DeviceDetailTest, CostIsTheElapsedTimeInWholeMilliseconds) {
 TEST_F(DeviceDetailTest, CostIsStoredWhenTheRequestFails) {
     FakeClock clock;
     clock.SetSteadyStep(12'000'000);
-    Cloud().ScriptResponse({{"path", kDetailPath}, {"code", "20002"}});
+    Cloud().Script({{"path", kDetailPath}, {"code", "20002"}});
     Detail refused;
     EXPECT_EQ(Fetch(kCamera, 1, refused), 320002);
     EXPECT_EQ(refused.device.iRequestCost, 12);
@@ -267,7 +267,7 @@ TEST_F(DeviceDetailTest, OfflineDeviceHasADetailLikeAnyOther) {
     EXPECT_FALSE(Ask(kOffline, 2).started);
 }
 
-TEST_F(DeviceDetailTest, CapabilitiesAreAnsweredFromTheSerialCache) {
+TEST_F(DeviceDetailTest, CapabilitiesAreReadFromTheSerialCache) {
     EXPECT_EQ(Center().IsSupportSeekPlayback(kCamera), 0);
     Cloud().Put("/devices/C10000001", {{"device",
                                         {{"supportExtShort", ""},

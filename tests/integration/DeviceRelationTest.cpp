@@ -106,14 +106,14 @@ TEST_F(DeviceRelationTest, DeviceWithoutAParentComesBackAsItself) {
     EXPECT_EQ(DetailRequests(), 1U);
 }
 
-TEST_F(DeviceRelationTest, ParentThatTheAnswerLeavesOutGivesNothing) {
+TEST_F(DeviceRelationTest, ParentThatTheResponseLeavesOutGivesNothing) {
     Cloud().Delete("/devices/R20000016");
     Detail detail;
     EXPECT_EQ(ByRelation(kBehindOnline, detail), -1);
     EXPECT_EQ(DetailRequests(), 1U);
 }
 
-TEST_F(DeviceRelationTest, AnswerWithoutItsParentKeepsTheCachedOne) {
+TEST_F(DeviceRelationTest, ResponseWithoutItsParentKeepsTheCachedOne) {
     ASSERT_EQ(Fetch(kBehindOnline, 1), 0);
     Cloud().Delete("/devices/R20000016");
     ASSERT_EQ(Fetch(kBehindOnline, 1), 0);
@@ -123,10 +123,10 @@ TEST_F(DeviceRelationTest, AnswerWithoutItsParentKeepsTheCachedOne) {
 }
 
 TEST_F(DeviceRelationTest, FailedFetchReturnsItsCode) {
-    Cloud().ScriptResponse({{"path", kDetailPath}, {"code", "20002"}});
+    Cloud().Script({{"path", kDetailPath}, {"code", "20002"}});
     Detail detail;
     EXPECT_EQ(ByRelation(kBehindOnline, detail), 320002);
-    Cloud().ScriptResponse({{"path", kDetailPath}, {"code", "10002"}, {"times", 0}});
+    Cloud().Script({{"path", kDetailPath}, {"code", "10002"}, {"times", 0}});
     EXPECT_EQ(ByRelation(kBehindOnline, detail), 310002);
 }
 

@@ -37,7 +37,7 @@ private:
 
 TEST_F(HostLimitsTest, CallersWithoutADescriptorFailAndTheOthersDoNot) {
     // Those who get through wait at the gate and keep what they have, until somebody found nothing left.
-    Cloud().ScriptResponse({{"path", kDetailPath}, {"hold", "gate"}, {"times", 0}});
+    Cloud().Script({{"path", kDetailPath}, {"hold", "gate"}, {"times", 0}});
     std::vector<int> results(64, -1);
     std::atomic<int> finished{0};
     std::vector<std::thread> callers;
@@ -54,7 +54,7 @@ TEST_F(HostLimitsTest, CallersWithoutADescriptorFailAndTheOthersDoNot) {
             std::this_thread::yield();
         }
     }
-    Cloud().Delete("/scripted-responses");
+    Cloud().ForgetScript();
     for (std::thread& caller : callers) {
         caller.join();
     }
@@ -85,7 +85,7 @@ TEST_F(HostLimitsTest, BrokenPipeDoesNotEndTheProcess) {
     // More than the buffers of a connection that nobody reads and that ends soon.
     const std::string serial(8'000'000, 'S');
     for (const char* end : {"reset", "close"}) {
-        Center().setDomain(Cloud().OpenFaultPort({{"then", end}}), "");
+        Center().setDomain(Cloud().Fault({{"then", end}}), "");
         ExpectResult(Fetch(serial, 1), kSomeTransportFailure);
     }
     std::signal(SIGPIPE, before);

@@ -20,7 +20,7 @@ protected:
     std::string do_grouping() const override { return "\3"; }
 };
 
-TEST_F(HostTest, CommaLocaleChangesNeitherAnswersNorRequests) {
+TEST_F(HostTest, CommaLocaleChangesNeitherResponsesNorRequests) {
     Cloud().Put("/devices/C10000001", {{"device", {{"devicePort", 8000.75}, {"version", 1.9}, {"cmdPort", 12345}}}});
     Detail before;
     ASSERT_EQ(Fetch(kCamera, 1, before), 0);

@@ -1,4 +1,4 @@
-// Detail answers that are JSON of the wrong shape, or nearly JSON.
+// Detail responses that are JSON of the wrong shape, or nearly JSON.
 
 #include "SurvivalFixture.h"
 #include "support/Hex.h"
@@ -17,14 +17,14 @@ void PrintTo(const JsonRow& row, std::ostream* out) { *out << row.name; }
 class HostileJsonTest : public SurvivalFixture, public ::testing::WithParamInterface<JsonRow> {};
 
 TEST_P(HostileJsonTest, GivesItsCodeAndLosesNothing) {
-    Cloud().ScriptResponse({{"path", kDetailPath}, {"bodyHex", Hex(GetParam().body)}, {"times", 0}});
+    Cloud().Script({{"path", kDetailPath}, {"bodyHex", Hex(GetParam().body)}, {"times", 0}});
     ExpectSurvival(GetParam().result, 1);
 }
 
-/// An answer with this data.
+/// A response with this data.
 std::string Data(const std::string& data) { return R"({"result":{"code":"200","data":)" + data + "}}"; }
 
-/// An answer whose device has these members besides its serial.
+/// A response whose device has these members besides its serial.
 std::string Device(const std::string& members) {
     return Data(R"({"camera":{},"device":{"deviceSerial":"C10000001","releaseVersion":"VERSION_17",)" + members + "}}");
 }
@@ -36,11 +36,11 @@ const JsonRow kRootRows[] = {
     {"RootText", "\"text\"", 300002},
     {"RootTrue", "true", 300002},
     {"Blank", " ", 300001},
-    {"Page", "<!DOCTYPE html><html></html>", 300001},
-    {"ByteOrderMark", "\xEF\xBB\xBF" + std::string(kSmallAnswer), 300001},
-    {"TrailingGarbage", std::string(kSmallAnswer) + "x", 300001},
+    {"Html", "<!DOCTYPE html><html></html>", 300001},
+    {"ByteOrderMark", "\xEF\xBB\xBF" + std::string(kSmallResponse), 300001},
+    {"TrailingGarbage", std::string(kSmallResponse) + "x", 300001},
     {"RawNul", std::string("{\"result\":\0{}}", 14), 300001},
-    {"OneBracketTooFew", std::string(kSmallAnswer, sizeof(kSmallAnswer) - 2), 300001},
+    {"OneBracketTooFew", std::string(kSmallResponse, sizeof(kSmallResponse) - 2), 300001},
     {"ThousandLevels", std::string(1001, '[') + std::string(1001, ']'), 300001},
     {"HundredThousandLevels", std::string(100'000, '['), 300001},
 };
@@ -57,7 +57,7 @@ const JsonRow kTypeRows[] = {
     {"DataIsText", Data("\"x\""), 300002},
     {"DataIsNumber", Data("1"), 300002},
     {"DataIsNull", Data("null"), 300002},
-    {"CameraAndDeviceAreOdd", Data(R"({"camera":5,"device":[1]})"), 0},
+    {"CameraAndDeviceAreOfOtherTypes", Data(R"({"camera":5,"device":[1]})"), 0},
     {"DataIsEmpty", Data("{}"), 0},
     {"EveryTextIsANumber", Device(R"("deviceIP":1,"publicKey":2,"supportExtShort":3,"belongSerial":4)"), 0},
     {"EveryNumberIsAText", Device(R"("devicePort":"1","deviceStatus":"1","isEncrypt":"1")"), 0},
@@ -79,7 +79,7 @@ INSTANTIATE_TEST_SUITE_P(Types, HostileJsonTest, ::testing::ValuesIn(kTypeRows),
 class HostileMemberTest : public SurvivalFixture {
 protected:
     DevDetailInfo Read(const std::string& members) const {
-        Cloud().ScriptResponse({{"path", kDetailPath}, {"body", Device(members)}});
+        Cloud().Script({{"path", kDetailPath}, {"body", Device(members)}});
         Detail detail;
         EXPECT_EQ(Fetch(kCamera, 1, detail), 0);
         return detail.device;
@@ -107,7 +107,7 @@ TEST_F(HostileMemberTest, FailedCallLeavesTheCallersRecordsAlone) {
     ASSERT_EQ(Fetch(kCamera, 1, detail), 0);
     const Json before = ToJson(detail);
     for (const char* body : {"no json", "[]", R"({"result":{"code":"20002"}})", R"({"result":{"code":"200"}})"}) {
-        Cloud().ScriptResponse({{"path", kDetailPath}, {"body", body}});
+        Cloud().Script({{"path", kDetailPath}, {"body", body}});
         EXPECT_NE(Fetch(kCamera, 1, detail), 0) << body;
         detail.device.iRequestCost = before.at("device").at("iRequestCost");  // the time is stored whatever happens
         EXPECT_EQ(ToJson(detail), before) << body;

@@ -13,8 +13,8 @@ namespace {
 class LifetimeTest : public DetailFixture {
 protected:
     /// Lets detail requests wait until the gate is released.
-    void HoldRequests() const { Cloud().ScriptResponse({{"path", kDetailPath}, {"hold", "gate"}, {"times", 0}}); }
-    void LetRequestsGo() const { Cloud().Delete("/scripted-responses"); }
+    void HoldRequests() const { Cloud().Script({{"path", kDetailPath}, {"hold", "gate"}, {"times", 0}}); }
+    void LetRequestsGo() const { Cloud().ForgetScript(); }
 };
 
 TEST_F(LifetimeTest, ThousandHandlesShareOneCore) {

@@ -3,9 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "OperationCalls.h"
 #include "support/CoreFixture.h"
-#include "vantix/records/ConfigInfo.h"
+#include "support/Operations.h"
 
 namespace vantix::test {
 
@@ -13,6 +12,8 @@ inline constexpr char kOwn[] = "C10000001";     ///< A camera of the account, wi
 inline constexpr char kShared[] = "S60000006";  ///< One that is shared to it, with a B2C token.
 inline constexpr char kRefreshPath[] = "/oauth/token/refreshToken";
 inline constexpr char kSessionPath[] = "/v3/apigateway/login";
+/// No upload that was asked for has this path.
+inline constexpr char kUploadPath[] = "/upload/unknown";
 
 /// A case about operations, with every credential that the account has.
 class OperationFixture : public CoreFixture {
@@ -62,7 +63,7 @@ protected:
 
     /// The core keeps the platform's configuration: back to the one that it begins with.
     void RestoreConfiguration() const {
-        Cloud().Delete("/scripted-responses");
+        Cloud().ForgetScript();
         Cloud().Put("/account", {{"config", {{"streamType", 1}, {"dataCollect", 2}}}});
         ConfigInfo config;
         EXPECT_EQ(Center().getConfigInfo(config), 0);

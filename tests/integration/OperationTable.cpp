@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <ostream>
 
-#include "OperationOutput.h"
 #include "support/PlainTable.h"
 #include "support/TestData.h"
 
@@ -27,57 +26,6 @@ OperationRow FromCells(const Cells& cells) {
     return row;
 }
 
-struct RequestPath {
-    const char* requestFunction;
-    const char* path;
-};
-constexpr RequestPath kRequestPaths[] = {
-    {"GetDevDetailInfoFromPlatformBySerial", "/api/device/detail"},
-    {"GetDeviceDetailInfoFromPlatformBySerial", "/api/device/detail"},
-    {"GetDeviceInfoBySerialFromPlatform", "/api/device/getDeviceInfo"},
-    {"GetServerInfoFromPlatform", "/api/service/media/server/info"},
-    {"GetRelayServerInfoFromPlatform", "/api/service/media/streaming/relay/server"},
-    {"GetP2PUserInfoFromPlatform", "/api/sdk/p2p/user/info/get"},
-    {"GetP2PDevInfoFromPlatform", "/api/sdk/p2p/dev/info/get"},
-    {"GetTicketInfoBySerial", "/api/route/userdevicetob/v3/cameras/ticketInfo"},
-    {"GetCloudTicketInfoBySerial", "/api/service/cloud/ticket"},
-    {"GetRelayTicketInfoBySerial", "/api/service/media/streaming/relay/ticket"},
-    {"GetAuthInfoFromPlatform", "/api/service/auth/device/user/permission"},
-    {"GetStreamTokensFromPlatform", "/api/user/token"},
-    {"RefreshTokenFromPlatform", "/oauth/token/refreshToken"},
-    {"GetDevListFromPlatform", "/api/device/list"},
-    {"GetDeviceListFromPlatform", "/api/lapp/device/list"},
-    {"GetShareDevListFromPlatform", "/api/device/sharelist"},
-    {"GetAlarmListFromPlatform", "/api/alarm/list"},
-    {"GetDeviceFileBySerialFromPlatform", "/api/v3/device/sdk/device/local/video"},
-    {"GetDeviceFileBySerialFromPlatform", "/api/sdk/device/local/video"},
-    {"GetDeviceFileBySerialFromPlatformEx", "/api/v3/das/device/local/video/query"},
-    {"GetCloudRecordFileFromPlatform", "/api/service/cloudrecord/video/info/list"},
-    {"GetCloudFileBySerialFromPlatform", "/api/cloud/files/get"},
-    {"GetCloudFileInfoBySerialEXFromPlatform", "/api/v3/open/cloud/v3/clouds/videoDetails"},
-    {"GetCloudFileBySerialEXFromPlatform", "/api/v3/open/cloud/v3/clouds/videosIncrPerDay"},
-    {"GetLocalFileBySerialFromPlatform", "/api/lapp/video/by/time"},
-    {"GetRecordByAlarmIdFromPlatform", "/api/lapp/video/by/id"},
-    {"GetClouduploadUrlPlatform", "/api/service/cloud/upload/url"},
-    {"GetConfigInfoFromPlatform", "/api/config/info"},
-    {"GetUsernameFromPlatform", "/api/user/getUserName"},
-    {"GetUserIdFromPlatform", "/api/service/user/get"},
-    {"getPushSessionIdFromPlatform", "/api/service/set/push"},
-    {"getBWCheckInfoFromPlatform", "/api/service/media/bwc/address"},
-    {"GetTransparentMsgDetailFromPlatform", "/api/common/transparent/getMsgDetail"},
-    {"SetVideoDefinitionOnPlatform", "/api/device/setVideoLevel"},
-    {"SetAlarmReadOnPlatform", "/api/alarm/sdk/setRead"},
-    {"GetDevDetailInfoFromCServerBySerial", "/v3/userdevices/v1/devices/pagelist"},
-    {"GetServerInfoFromCServer", "/v3/configurations/system/info"},
-    {"GetStreamTokensFromCServer", "/api/user/token/get"},
-    {"GetDeviceFileBySerialFromCServer", "/v3/streaming/records"},
-    {"RefreshSessionFromCServer", "/v3/apigateway/login"},
-    {"GetP2PUserInfoFromCServer", "/v3/users/info"},
-    {"GetP2PUserInfoFromCServer", "/v3/p2pbusiness/configurations/p2p"},
-    {"GetP2PDevInfoFromCServer", "/v3/userdevices/v1/devices/pagelist"},
-    {"GetB2CSharedDevListFromPlatform", "/v3/hc/userdevice/b2c/shared/resources/devices/pagelist"},
-};
-
 }  // namespace
 
 bool OperationRow::Takes(const std::string& argument) const {
@@ -94,19 +42,6 @@ std::vector<OperationRow> ReadOperations() {
         }
     }
     return rows;
-}
-
-std::vector<std::string> PathsOf(const std::string& requestFunction) {
-    std::vector<std::string> paths;
-    for (const RequestPath& row : kRequestPaths) {
-        if (row.requestFunction == requestFunction) {
-            paths.emplace_back(row.path);
-        }
-    }
-    if (requestFunction == "UploadCloudPicFile") {
-        paths.emplace_back(kUploadPath);
-    }
-    return paths;
 }
 
 }  // namespace vantix::test

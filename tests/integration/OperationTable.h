@@ -27,7 +27,4 @@ void PrintTo(const OperationRow& row, std::ostream* out);
 /// All of them.
 std::vector<OperationRow> ReadOperations();
 
-/// The paths that a request function may use, in the order of its rows.
-std::vector<std::string> PathsOf(const std::string& requestFunction);
-
 }  // namespace vantix::test

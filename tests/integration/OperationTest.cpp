@@ -6,6 +6,8 @@
 
 #include "OperationFixture.h"
 #include "OperationTable.h"
+#include "support/LocalFile.h"
+#include "support/RequestCase.h"
 
 namespace vantix::test {
 namespace {
@@ -21,24 +23,26 @@ protected:
     static const OperationRow& Row() { return GetParam(); }
 
     /// Goes into the mode with nothing remembered, and makes the call's input.
-    OperationInput Enter(Case mode) const {
+    Arguments Enter(Case mode) const {
         ForgetStreamTokens();
         Center().ClearAllCache();
         Center().setPermissionMode(kModes[mode]);
         Cloud().ForgetRequests();
-        OperationInput input;
+        Arguments input;
         input.serial = mode == kSharedInB2C ? kShared : kOwn;
-        // A valid token other than the access token tells the two apart; in mode 2 it also says what is shared.
+        // A valid token other than the access token distinguishes the two; in mode 2 it also says what is shared.
         input.token = kModes[mode] == 2 ? std::string("b2c.").append(input.serial) : Account("sharedAccessToken");
-        input.address = BDomain();
+        input.url = BDomain() + kUploadPath;
+        input.localPath = m_picture.Path();
         return input;
     }
-    int Call(const OperationInput& input) const {
-        Json output;
-        return CallOf(Row().name)(Center(), input, output);
+    int Call(const Arguments& input) const { return test::Call(Center(), Row().name, input); }
+    /// The paths that a request may use.
+    static std::vector<std::string> Paths(const std::string& request) {
+        return request == "UploadCloudPicFile" ? std::vector<std::string>{kUploadPath} : PathsOf(request);
     }
 
-    std::string Credential(const std::string& word, const OperationInput& input) const {
+    std::string Credential(const std::string& word, const Arguments& input) const {
         const Pairs values = {{"access token", Account("accessToken")},
                               {"token argument", input.token},
                               {"Tk 1", Account("globalTkToken")},
@@ -65,7 +69,7 @@ protected:
         return mode == kSharedInB2C ? Row().sharedRequest : Row().ownRequest;
     }
 
-    void ExpectRequests(Case mode, const OperationInput& input) const {
+    void ExpectRequests(Case mode, const Arguments& input) const {
         const std::string& word = Row().credentials[mode];
         const auto requests = Cloud().Requests();
         if (word == "no request") {
@@ -74,26 +78,27 @@ protected:
         }
         ASSERT_FALSE(requests.empty());
         for (const ReceivedRequest& request : requests) {
-            EXPECT_THAT(PathsOf(Request(mode)), ::testing::Contains(request.path));
+            EXPECT_THAT(Paths(Request(mode)), ::testing::Contains(request.path));
             EXPECT_EQ(request.domain, Domain(mode));
             EXPECT_EQ(CredentialOf(request), Credential(word, input));
             EXPECT_EQ(request.Header("sessionId") != "<none>", word == "session");
         }
-        // The consumer servers tell a user's P2P identity in two answers.
+        // The consumer servers return a user's P2P identity in two responses.
         EXPECT_EQ(requests.size(), Request(mode) == "GetP2PUserInfoFromCServer" ? 2U : 1U);
     }
 
     using Pairs = std::vector<std::pair<std::string, std::string>>;
+
+    const LocalFile m_picture{u8"gate.jpg"};
 };
 
 TEST_P(OperationTest, SendsWhatTheTableSaysInEveryMode) {
-    ASSERT_TRUE(CallOf(Row().name));
     SetRefreshCredentials();
     Center().setPermissionMode(2);
     SetRefreshSession();
     for (const Case mode : kCases) {
         SCOPED_TRACE(kNames[mode]);
-        const OperationInput input = Enter(mode);
+        const Arguments input = Enter(mode);
         // A renewal would put other tokens into the place of the sample's.
         const bool isRenewal = Row().credentials[mode] == "refresh token";
         Center().setRefreshToken(isRenewal ? Account("refreshToken") : "");
@@ -110,7 +115,7 @@ TEST_P(OperationTest, SendsWhatTheTableSaysInEveryMode) {
 }
 
 TEST_P(OperationTest, AsksOnceWhereTheTableNamesACache) {
-    const OperationInput input = Enter(kOrdinary);
+    const Arguments input = Enter(kOrdinary);
     SetRefreshCredentials();
     Call(input);
     const size_t first = Cloud().RequestCount();
@@ -122,14 +127,14 @@ TEST_P(OperationTest, AsksOnceWhereTheTableNamesACache) {
     EXPECT_EQ(Cloud().RequestCount(), Row().cache == "-" ? 2 * first : first);
 }
 
-/// Those whose answer says that a token has expired, or that the platform fails for the moment.
+/// Those whose response says that a token has expired, or that the platform fails for the moment.
 class PlatformRenewalTest : public OperationTest {};
 
 TEST_P(PlatformRenewalTest, RenewsTheAccessTokenWhereTheTableSaysSo) {
-    const OperationInput input = Enter(kOrdinary);
+    const Arguments input = Enter(kOrdinary);
     SetRefreshCredentials();
-    const std::string path = PathsOf(Row().ownRequest).front();
-    Cloud().ScriptResponse({{"path", path}, {"code", "10002"}});
+    const std::string path = Paths(Row().ownRequest).front();
+    Cloud().Script({{"path", path}, {"code", "10002"}});
     Call(input);
     const size_t renewals = Row().Renews("310002") ? 1 : 0;
     EXPECT_EQ(Count(path), 1 + renewals);
@@ -143,11 +148,11 @@ TEST_P(PlatformRenewalTest, TriesAgainAfterFailuresOfTheMomentWhereTheTableSaysS
     size_t attempts = Row().Renews("three attempts on 349999, 350000") ? 3 : 1;
     attempts = Row().Renews("one repeat on 349999, 350000") ? 2 : attempts;
     for (const char* code : {"49999", "50000"}) {
-        const OperationInput input = Enter(kOrdinary);
-        Cloud().ScriptResponse({{"path", PathsOf(Row().ownRequest).front()}, {"code", code}, {"times", 0}});
+        const Arguments input = Enter(kOrdinary);
+        Cloud().Script({{"path", Paths(Row().ownRequest).front()}, {"code", code}, {"times", 0}});
         Call(input);
         EXPECT_EQ(Cloud().RequestCount(), attempts) << code;
-        Cloud().Delete("/scripted-responses");
+        Cloud().ForgetScript();
     }
 }
 
@@ -158,9 +163,9 @@ TEST_P(SessionRenewalTest, RenewsTheSessionWhereTheTableSaysSo) {
     Center().setPermissionMode(2);
     SetRefreshSession();
     SetRefreshCredentials();
-    const OperationInput input = Enter(kSharedInB2C);
-    const std::string path = PathsOf(Row().sharedRequest).front();
-    Cloud().ScriptResponse({{"path", path}, {"domain", "C"}, {"code", 401}});
+    const Arguments input = Enter(kSharedInB2C);
+    const std::string path = Paths(Row().sharedRequest).front();
+    Cloud().Script({{"path", path}, {"domain", "C"}, {"code", 401}});
     Call(input);
     const size_t renewals = Row().Renews("session 401") ? 1 : 0;
     EXPECT_EQ(Count(path), 1 + renewals);

@@ -1,24 +1,27 @@
 // A picture travels to the address that was handed out for it.
 
-#include "platform/Recordings.h"
-#include "support/CoreFixture.h"
+#include <gmock/gmock.h>
+
+#include "OperationFixture.h"
 #include "support/Hex.h"
+#include "support/LineMatcher.h"
 #include "support/LocalFile.h"
-#include "support/LogCapture.h"
 
 namespace vantix::test {
 namespace {
 
-class PictureUploadTest : public CoreFixture {
+using ::testing::StartsWith;
+
+class PictureUploadTest : public OperationFixture {
 protected:
     /// Asks for an address to upload to.
     std::string AskForAddress() const {
-        RecordFileList list;
-        const Caller caller{BDomain(), Account("accessToken"), Account("appKey")};
-        EXPECT_EQ(GetClouduploadUrlPlatform(caller, {"gate.jpg", 1, 7, 3600, "alarm"}, list), 0);
+        std::string data;
+        EXPECT_EQ(Center().GetClouduploadUrl(kOwn, 1, "gate.jpg", 1, 7, 3600, "alarm", data), 0);
         Cloud().ForgetRequests();
-        return Json::parse(list.strDeviceRecordList).at("url");
+        return Json::parse(data).at("url");
     }
+    int Upload(const std::string& url, const std::string& path) const { return Center().UploadCloudPicFile(url, path); }
     Json OnlyUpload() const {
         const Json uploads = Cloud().Get("/uploads");
         EXPECT_EQ(uploads.size(), 1U);
@@ -33,23 +36,19 @@ TEST_F(PictureUploadTest, PictureArrivesWhole) {
     const std::string url = AskForAddress();
     const LocalFile file(u8"vantix-upload-whole.jpg", kPicture);
     const LogCapture log;
-    EXPECT_EQ(UploadCloudPicFile(url, file.Path()), 0);
+    EXPECT_EQ(Upload(url, file.Path()), 0);
     const Json upload = OnlyUpload();
     EXPECT_EQ(upload.at("received"), true);
     EXPECT_EQ(upload.at("contentHex"), Hex(kPicture));
     EXPECT_EQ(upload.at("fields").at("url"), url);
     EXPECT_EQ(upload.at("fileName"), "gate.jpg");
-    const LogLine line = log.Lines().back();
-    EXPECT_EQ(line.Message().rfind("[test] pOutBuffer = [{", 0), 0U);
-    EXPECT_EQ(line.level, 5U);
-    EXPECT_EQ(line.Word(), "ERROR");
-    EXPECT_EQ(line.Tag(), "UploadCloudPicFile");
+    EXPECT_THAT(log.Lines().back(), Line(5, "ERROR", "UploadCloudPicFile", StartsWith("[test] pOutBuffer = [{")));
 }
 
 TEST_F(PictureUploadTest, FormHasTheAddressAndThenTheFile) {
     const std::string url = AskForAddress();
     const LocalFile file(u8"vantix-upload-form.jpg", kPicture);
-    ASSERT_EQ(UploadCloudPicFile(url, file.Path()), 0);
+    ASSERT_EQ(Upload(url, file.Path()), 0);
     const auto requests = Cloud().Requests();
     ASSERT_EQ(requests.size(), 1U);
     EXPECT_EQ(requests[0].method, "POST");
@@ -71,7 +70,7 @@ TEST_F(PictureUploadTest, MegabytesArriveToo) {
     std::string content(3'000'000, 'p');
     content[1'500'000] = '\0';
     const LocalFile file(u8"vantix-upload-large.jpg", content);
-    EXPECT_EQ(UploadCloudPicFile(url, file.Path()), 0);
+    EXPECT_EQ(Upload(url, file.Path()), 0);
     EXPECT_EQ(OnlyUpload().at("size"), content.size());
     EXPECT_EQ(OnlyUpload().at("contentHex"), Hex(content));
 }
@@ -79,7 +78,7 @@ TEST_F(PictureUploadTest, MegabytesArriveToo) {
 TEST_F(PictureUploadTest, NameBeyondAsciiArrivesOrGivesACode) {
     const std::string url = AskForAddress();
     const LocalFile file(u8"vantix-upload-Tür-門.jpg", kPicture);
-    const int result = UploadCloudPicFile(url, file.Path());
+    const int result = Upload(url, file.Path());
 #if defined(_WIN32)
     EXPECT_TRUE(result == 0 || result == 100026) << result;
 #else
@@ -91,19 +90,17 @@ TEST_F(PictureUploadTest, NameBeyondAsciiArrivesOrGivesACode) {
 TEST_F(PictureUploadTest, FileThatIsNotThereGivesACode) {
     const std::string url = AskForAddress();
     const LogCapture log;
-    EXPECT_EQ(UploadCloudPicFile(url, "no-such-folder/no-such-picture.jpg"), 100026);
+    EXPECT_EQ(Upload(url, "no-such-folder/no-such-picture.jpg"), 100026);
     EXPECT_EQ(OnlyUpload().at("received"), false);
-    EXPECT_EQ(log.Count("SyncRequestHeader error:26"), 1U);
-    EXPECT_EQ(log.Find("SyncRequestHeader error:26").level, 5U);
-    EXPECT_EQ(log.Find("SyncRequestHeader error:26").Tag(), "UploadCloudPicFile");
+    EXPECT_THAT(log.Lines(), HasLine(5, "ERROR", "UploadCloudPicFile", "SyncRequestHeader error:26"));
 }
 
 TEST_F(PictureUploadTest, OnlyTheTransferCanFail) {
     const LocalFile file(u8"vantix-upload-fail.jpg", kPicture);
-    EXPECT_EQ(UploadCloudPicFile(Cloud().ClosedPort() + "/upload/x", file.Path()), 100007);
-    // The server's refusal is an answer like any other.
-    EXPECT_EQ(UploadCloudPicFile(BDomain() + "/upload/unknown", file.Path()), 0);
-    EXPECT_EQ(UploadCloudPicFile("", file.Path()), 100003);
+    EXPECT_EQ(Upload(Cloud().ClosedPort() + "/upload/x", file.Path()), 100007);
+    // The server's refusal is a response like any other.
+    EXPECT_EQ(Upload(BDomain() + "/upload/unknown", file.Path()), 0);
+    EXPECT_EQ(Upload("", file.Path()), 100003);
 }
 
 }  // namespace

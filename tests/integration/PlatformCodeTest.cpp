@@ -1,35 +1,36 @@
-// What a refused or unreadable answer becomes, how often it is asked again, and that a failure loses nothing.
+// What a refused or unreadable response becomes, how often it is asked again, and that a failure loses nothing.
+
+#include <gmock/gmock.h>
 
 #include "DetailFixture.h"
-#include "support/LogCapture.h"
+#include "support/LineMatcher.h"
 
 namespace vantix::test {
 namespace {
 
-/// An answer that the cloud gives to every detail request, what becomes of it, and how many requests that takes.
+
+/// A response that the cloud gives to every detail request, what becomes of it, and how many requests that takes.
 struct CodeRow {
     const char* name;
-    Json plan;
+    Json response;
     int result;
     size_t requests;
 };
 
 void PrintTo(const CodeRow& row, std::ostream* out) { *out << row.name; }
 
-class PlatformAnswerTest : public DetailFixture, public ::testing::WithParamInterface<CodeRow> {
+class PlatformResponseTest : public DetailFixture, public ::testing::WithParamInterface<CodeRow> {
 protected:
-    /// Answers all detail requests like this, from now on.
-    void AnswerAlways(const Json& answer) const {
-        Json plan = answer;
-        plan["path"] = kDetailPath;
-        plan["times"] = 0;
-        Cloud().ScriptResponse(plan);
+    /// All detail requests get this response from now on.
+    void RespondAlways(Json response) const {
+        response["path"] = kDetailPath;
+        response["times"] = 0;
+        Cloud().Script(response);
     }
-    void AnswerNormally() const { Cloud().Delete("/scripted-responses"); }
 };
 
-TEST_P(PlatformAnswerTest, BecomesTheReturnCodeOfEveryForm) {
-    AnswerAlways(GetParam().plan);
+TEST_P(PlatformResponseTest, BecomesTheReturnCodeOfEveryForm) {
+    RespondAlways(GetParam().response);
     Detail detail;
     EXPECT_EQ(Fetch(kCamera, 1, detail), GetParam().result);
     EXPECT_EQ(DetailRequests(), GetParam().requests);
@@ -40,16 +41,16 @@ TEST_P(PlatformAnswerTest, BecomesTheReturnCodeOfEveryForm) {
     EXPECT_EQ(Center().getDevDetailInfoByRelation(kCamera, 1, detail.channel, detail.device), GetParam().result);
     EXPECT_EQ(DetailRequests(), 4 * GetParam().requests);
     EXPECT_EQ(Cloud().RequestCount(), DetailRequests());
-    AnswerNormally();
+    Cloud().ForgetScript();
     EXPECT_EQ(Fetch(kCamera, 1), 0);
 }
 
-TEST_P(PlatformAnswerTest, KeepsAllCaches) {
+TEST_P(PlatformResponseTest, KeepsAllCaches) {
     ASSERT_EQ(Fetch(kCamera, 1), 0);
     ASSERT_EQ(Fetch(kRecorder, 2), 0);
     const Json camera = Cached(kCamera, 1);
     const Json recorder = Cached(kRecorder, 2);
-    AnswerAlways(GetParam().plan);
+    RespondAlways(GetParam().response);
     EXPECT_EQ(Fetch(kCamera, 1), GetParam().result);
     EXPECT_EQ(Cached(kCamera, 1), camera);
     EXPECT_EQ(Cached(kRecorder, 2), recorder);
@@ -79,14 +80,14 @@ const CodeRow kCodeRows[] = {
     {"DataIsAnArray", {{"json", {{"result", {{"code", "200"}, {"data", Json::array()}}}}}}, 300002, 1},
 };
 
-INSTANTIATE_TEST_SUITE_P(Answers, PlatformAnswerTest, ::testing::ValuesIn(kCodeRows),
+INSTANTIATE_TEST_SUITE_P(Responses, PlatformResponseTest, ::testing::ValuesIn(kCodeRows),
                          [](const auto& row) { return row.param.name; });
 
 class PlatformCodeTest : public DetailFixture {};
 
 TEST_F(PlatformCodeTest, TransientFailureIsAskedAgainUntilItPasses) {
-    Cloud().ScriptResponse({{"path", kDetailPath}, {"code", "49999"}});
-    Cloud().ScriptResponse({{"path", kDetailPath}, {"code", "50000"}});
+    Cloud().Script({{"path", kDetailPath}, {"code", "49999"}});
+    Cloud().Script({{"path", kDetailPath}, {"code", "50000"}});
     Detail detail;
     EXPECT_EQ(Fetch(kCamera, 1, detail), 0);
     ExpectStored(Cloud(), kCamera, 1, detail);
@@ -94,8 +95,8 @@ TEST_F(PlatformCodeTest, TransientFailureIsAskedAgainUntilItPasses) {
 }
 
 TEST_F(PlatformCodeTest, AnotherFailureEndsTheAttempts) {
-    Cloud().ScriptResponse({{"path", kDetailPath}, {"code", "50000"}});
-    Cloud().ScriptResponse({{"path", kDetailPath}, {"code", "20007"}});
+    Cloud().Script({{"path", kDetailPath}, {"code", "50000"}});
+    Cloud().Script({{"path", kDetailPath}, {"code", "20007"}});
     EXPECT_EQ(Fetch(kCamera, 1), 320007);
     EXPECT_EQ(DetailRequests(), 2U);
 }
@@ -115,39 +116,31 @@ TEST_F(PlatformCodeTest, UnknownDeviceAndChannelGiveThePlatformsCodes) {
 
 TEST_F(PlatformCodeTest, FailureLineNamesTheParserTheBodyAndTheCode) {
     const LogCapture log;
-    Cloud().ScriptResponse({{"path", kDetailPath}, {"body", "no json"}});
+    Cloud().Script({{"path", kDetailPath}, {"body", "no json"}});
     EXPECT_EQ(Fetch(kCamera, 1), 300001);
-    const LogLine bad = log.Find("platform response bad, szInfo = no json");
-    EXPECT_EQ(bad.level, 5U);
-    EXPECT_EQ(bad.Word(), "ERROR");
-    EXPECT_EQ(bad.Tag(), "ParseDevDetailInfoFromPlatform");
-    const LogLine failed = log.Find("ParseDevDetailInfoFromPlatform:no json error:1");
-    EXPECT_EQ(failed.level, 5U);
-    EXPECT_EQ(failed.Word(), "ERROR");
-    EXPECT_EQ(failed.Tag(), "GetDevDetailInfoFromPlatformBySerial");
+    EXPECT_THAT(log.Lines(),
+                HasLine(5, "ERROR", "ParseDevDetailInfoFromPlatform", "platform response bad, szInfo = no json"));
+    EXPECT_THAT(log.Lines(), HasLine(5, "ERROR", "GetDevDetailInfoFromPlatformBySerial",
+                                     "ParseDevDetailInfoFromPlatform:no json error:1"));
 }
 
-TEST_F(PlatformCodeTest, RefusalLineShowsTheCodeAndTheAnswer) {
+TEST_F(PlatformCodeTest, RefusalLineShowsTheCodeAndTheResponse) {
     const LogCapture log;
     const std::string body = R"({"result":{"code":"20002","msg":"100%s %n"}})";
-    Cloud().ScriptResponse({{"path", kDetailPath}, {"body", body}});
+    Cloud().Script({{"path", kDetailPath}, {"body", body}});
     EXPECT_EQ(Fetch(kCamera, 1), 320002);
-    const LogLine refused = log.Find("Platform Response Error:20002, Resp:" + body);
-    EXPECT_EQ(refused.level, 3U);
-    EXPECT_EQ(refused.Word(), "INFO ");
-    EXPECT_EQ(refused.Tag(), "ParseDevDetailInfoFromPlatform");
-    EXPECT_EQ(log.Count("ParseDevDetailInfoFromPlatform:" + body + " error:20002"), 1U);
+    EXPECT_THAT(log.Lines(),
+                HasLine(3, "INFO ", "ParseDevDetailInfoFromPlatform", "Platform Response Error:20002, Resp:" + body));
+    EXPECT_THAT(log.Lines(), HasLine(5, "ERROR", "GetDevDetailInfoFromPlatformBySerial",
+                                     "ParseDevDetailInfoFromPlatform:" + body + " error:20002"));
 }
 
 TEST_F(PlatformCodeTest, TransportFailureLineShowsTheCode) {
     const LogCapture log;
     Center().setDomain(Cloud().ClosedPort(), "");
     EXPECT_EQ(Fetch(kCamera, 1), 100007);
-    const LogLine failed = log.Find("SyncRequest error:7");
-    EXPECT_EQ(failed.level, 5U);
-    EXPECT_EQ(failed.Word(), "ERROR");
-    EXPECT_EQ(failed.Tag(), "GetDevDetailInfoFromPlatformBySerial");
-    EXPECT_EQ(log.Count("end Posts url and Param result = 7"), 1U);
+    EXPECT_THAT(log.Lines(), HasLine(5, "ERROR", "GetDevDetailInfoFromPlatformBySerial", "SyncRequest error:7"));
+    EXPECT_THAT(log.Lines(), HasLine(3, "INFO ", "SyncRequest", "end Posts url and Param result = 7"));
 }
 
 }  // namespace

@@ -1,15 +1,17 @@
-// What single queries do otherwise than the road that they share.
+// What single queries do otherwise than the others.
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "OperationFixture.h"
-#include "OperationOutput.h"
+#include "support/DetailJson.h"
+#include "support/LineMatcher.h"
 #include "support/LocalFile.h"
-#include "support/LogCapture.h"
 #include "vantix/records/CloudFileQuery.h"
 
 namespace vantix::test {
 namespace {
+
+using ::testing::Contains;
 
 constexpr char kBegin[] = "2024-01-02 00:00:00";
 constexpr char kEnd[] = "2024-01-02 23:59:59";
@@ -26,15 +28,8 @@ protected:
         m_log.Clear();
     }
 
-    void ExpectLine(const std::string& message, const std::string& word, unsigned level, const std::string& tag) const {
-        EXPECT_EQ(m_log.Count(message), 1U) << message;
-        const LogLine line = m_log.Find(message);
-        EXPECT_EQ(line.Word(), word) << message;
-        EXPECT_EQ(line.level, level) << message;
-        EXPECT_EQ(line.Tag(), "CVantixDataCenter::" + tag) << message;
-    }
-    void Answer(const std::string& path, const std::string& code, int times = 1) const {
-        Cloud().ScriptResponse({{"path", path}, {"code", code}, {"times", times}});
+    void Respond(const std::string& path, const std::string& code, int times = 1) const {
+        Cloud().Script({{"path", path}, {"code", code}, {"times", times}});
     }
     int DeviceDetail(Detail& detail) const {
         return Center().getDeviceDetailInfo(kOwn, 1, "GB", "P-7", detail.channel, detail.device);
@@ -48,7 +43,7 @@ protected:
 
 // ---- The list of devices shared on the consumer servers
 
-TEST_F(QueryDeviationTest, SharedListCarriesTheSessionInEveryMode) {
+TEST_F(QueryDeviationTest, SharedListSendsTheSessionInEveryMode) {
     for (const int mode : {0, 1, 2}) {
         SCOPED_TRACE(mode);
         SetPermissionMode(mode);
@@ -74,18 +69,19 @@ TEST_F(QueryDeviationTest, SharedListShowsTheSharedDevice) {
     EXPECT_TRUE(Json::parse(json, nullptr, false).is_object());
 }
 
-TEST_F(QueryDeviationTest, ExpiredSharedListIsToldAndNotRenewed) {
+TEST_F(QueryDeviationTest, ExpiredSharedListIsLoggedAndNotRenewed) {
     SetPermissionMode(2);
     SetRefreshSession();
     for (const bool isExpired : {true, false}) {
         Cloud().ForgetRequests();
         m_log.Clear();
-        Answer(kSharedListPath, isExpired ? "10002" : "10001");
+        Respond(kSharedListPath, isExpired ? "10002" : "10001");
         std::string json;
         EXPECT_EQ(Center().getB2CSharedDevList(0, 50, json), isExpired ? 310002 : 310001);
         EXPECT_EQ(Cloud().RequestCount(), 1U);
         if (isExpired) {
-            ExpectLine("Token exception or expired iRet = 310002", "ERROR", 5, "getB2CSharedDevList");
+            EXPECT_THAT(m_log.Lines(), HasLine(5, "ERROR", "CVantixDataCenter::getB2CSharedDevList",
+                                               "Token exception or expired iRet = 310002"));
         } else {
             EXPECT_FALSE(m_log.Contains("Token exception or expired"));
         }
@@ -100,11 +96,12 @@ TEST_F(QueryDeviationTest, SharedListNeedsNoAccessToken) {
 
 // ---- The platform's configuration
 
-TEST_F(QueryDeviationTest, ConfigurationIsToldAndTakenOver) {
+TEST_F(QueryDeviationTest, ConfigurationIsLoggedAndTakenOver) {
     Cloud().Put("/account", {{"config", {{"streamType", 1}, {"dataCollect", 4}, {"openP2P", 0}}}});
     ConfigInfo config;
     ASSERT_EQ(Center().getConfigInfo(config), 0);
-    ExpectLine("GetConfig, bEableDataCollect:4, VTDUType:1, OpenP2P:0", "INFO ", 3, "getConfigInfo");
+    EXPECT_THAT(m_log.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::getConfigInfo",
+                                       "GetConfig, bEableDataCollect:4, VTDUType:1, OpenP2P:0"));
     EXPECT_TRUE(Center().isVTDUType1());
     EXPECT_TRUE(Center().isOpenP2P()) << "only the host closes P2P";
     Cloud().Put("/account", {{"config", {{"streamType", 2}, {"openP2P", 1}}}});
@@ -114,27 +111,27 @@ TEST_F(QueryDeviationTest, ConfigurationIsToldAndTakenOver) {
     EXPECT_FALSE(Center().isOpenP2P());
 }
 
-TEST_F(QueryDeviationTest, FailedConfigurationChangesAndTellsNothing) {
+TEST_F(QueryDeviationTest, FailedConfigurationChangesAndLogsNothing) {
     ConfigInfo config;
     ASSERT_EQ(Center().getConfigInfo(config), 0);
     ASSERT_FALSE(Center().isVTDUType1());
     m_log.Clear();
     Cloud().Put("/account", {{"config", {{"streamType", 1}}}});
-    Answer(kConfigPath, "10002");
+    Respond(kConfigPath, "10002");
     EXPECT_EQ(Center().getConfigInfo(config), 310002);
     EXPECT_EQ(Count(kRefreshPath), 0U);
     EXPECT_FALSE(m_log.Contains("GetConfig, "));
     EXPECT_FALSE(Center().isVTDUType1());
 }
 
-TEST_F(QueryDeviationTest, ConfigurationCarriesAndNeedsNoToken) {
+TEST_F(QueryDeviationTest, ConfigurationSendsAndNeedsNoToken) {
     Center().setAccessToken("");
     SetPermissionMode(1);
     ConfigInfo config;
     EXPECT_EQ(Center().getConfigInfo(config), 0);
     EXPECT_EQ(Cloud().Requests().at(0).Parameter("accessToken"), "<none>");
     EXPECT_EQ(m_log.Count("get strToken error"), 0U);
-    ExpectLine("Returning B domain", "INFO ", 3, "getConfigInfo");
+    EXPECT_THAT(m_log.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::getConfigInfo", "Returning B domain"));
 }
 
 // ---- The detail of a device of another platform
@@ -144,7 +141,7 @@ TEST_F(QueryDeviationTest, DetailIsAskedForAgainAfterAFailureOfTheMoment) {
         SCOPED_TRACE(code);
         Cloud().ForgetRequests();
         m_log.Clear();
-        Answer(kDetailPath, code);
+        Respond(kDetailPath, code);
         Detail detail;
         EXPECT_EQ(DeviceDetail(detail), 0);
         EXPECT_EQ(Cloud().RequestCount(), 2U);
@@ -153,7 +150,7 @@ TEST_F(QueryDeviationTest, DetailIsAskedForAgainAfterAFailureOfTheMoment) {
 }
 
 TEST_F(QueryDeviationTest, DetailGoesToTheDomainThatWasSetMeanwhile) {
-    Cloud().ScriptResponse({{"path", kDetailPath}, {"code", "49999"}, {"hold", "detail"}});
+    Cloud().Script({{"path", kDetailPath}, {"code", "49999"}, {"hold", "detail"}});
     Detail detail;
     auto call = std::async(std::launch::async, [&] { return DeviceDetail(detail); });
     ASSERT_TRUE(Cloud().WaitUntilHeld("detail", 1));
@@ -184,7 +181,7 @@ TEST_F(QueryDeviationTest, DetailIsRepeatedOnceForEachReason) {
         SCOPED_TRACE(::testing::PrintToString(row.codes));
         Cloud().ForgetRequests();
         for (const char* code : row.codes) {
-            Answer(kDetailPath, code);
+            Respond(kDetailPath, code);
         }
         Detail detail;
         EXPECT_EQ(DeviceDetail(detail), row.result);
@@ -203,7 +200,7 @@ TEST_F(QueryDeviationTest, DetailOfAnotherPlatformIsNotCached) {
 // ---- Queries that renew nothing
 
 TEST_F(QueryDeviationTest, RecordingOfAnAlarmIsHandedOnAsItCame) {
-    Answer("/api/lapp/video/by/id", "10002");
+    Respond("/api/lapp/video/by/id", "10002");
     std::string json;
     EXPECT_EQ(Center().getRecordByAlarmID(kOwn, 1, "AL1001", json), 0);
     EXPECT_NE(json.find("10002"), std::string::npos);
@@ -212,10 +209,10 @@ TEST_F(QueryDeviationTest, RecordingOfAnAlarmIsHandedOnAsItCame) {
 
 TEST_F(QueryDeviationTest, PermissionTurnsAnExpiredTokenIntoAPlainFailure) {
     const std::string path = "/api/service/auth/device/user/permission";
-    Answer(path, "10002");
+    Respond(path, "10002");
     EXPECT_EQ(Center().getAuthInfo(kOwn, 1, false), -1);
     EXPECT_EQ(Cloud().RequestCount(), 1U);
-    Answer(path, "20018");
+    Respond(path, "20018");
     EXPECT_EQ(Center().getAuthInfo(kOwn, 1, false), 320018) << "every other code stays";
     EXPECT_EQ(Center().getAuthInfo("X99999999", 1, false), 320002);
     EXPECT_EQ(Center().getAuthInfo(kOwn, 1, true), 0);
@@ -225,12 +222,14 @@ TEST_F(QueryDeviationTest, PermissionTurnsAnExpiredTokenIntoAPlainFailure) {
 TEST_F(QueryDeviationTest, FailureLinesOfRecordingsAndUploadsAreOfLevelFour) {
     RecordFileList list;
     std::string url = "before";
-    Answer("/api/service/cloudrecord/video/info/list", "10002");
+    Respond("/api/service/cloudrecord/video/info/list", "10002");
     EXPECT_EQ(Center().GetCloudRecordFile(kOwn, 1, 77, kBegin, kEnd, list), 310002);
-    ExpectLine("GetCloudRecordFileFromPlatform error [310002]", "ERROR", 4, "GetCloudRecordFile");
-    Answer("/api/service/cloud/upload/url", "10002");
+    EXPECT_THAT(m_log.Lines(), HasLine(4, "ERROR", "CVantixDataCenter::GetCloudRecordFile",
+                                       "GetCloudRecordFileFromPlatform error [310002]"));
+    Respond("/api/service/cloud/upload/url", "10002");
     EXPECT_EQ(Center().GetClouduploadUrl(kOwn, 1, "a.jpg", 1, 7, 60, "alarm", url), 310002);
-    ExpectLine("GetClouduploadUrlPlatform error [310002]", "ERROR", 4, "GetClouduploadUrl");
+    EXPECT_THAT(m_log.Lines(), HasLine(4, "ERROR", "CVantixDataCenter::GetClouduploadUrl",
+                                       "GetClouduploadUrlPlatform error [310002]"));
     EXPECT_EQ(url, "before");
     EXPECT_EQ(Cloud().RequestCount(), 2U);
     m_log.Clear();
@@ -239,13 +238,14 @@ TEST_F(QueryDeviationTest, FailureLinesOfRecordingsAndUploadsAreOfLevelFour) {
     EXPECT_FALSE(m_log.Contains("latform error ["));
 }
 
-TEST_F(QueryDeviationTest, FailedUploadIsToldAtLevelFour) {
+TEST_F(QueryDeviationTest, FailedUploadIsLoggedAtLevelFour) {
     const LocalFile picture(u8"gate.jpg");
     EXPECT_EQ(Center().UploadCloudPicFile(Cloud().ClosedPort() + kUploadPath, picture.Path()), 100007);
-    ExpectLine("UploadCloudPic error [100007]", "ERROR", 4, "UploadCloudPicFile");
+    EXPECT_THAT(m_log.Lines(),
+                HasLine(4, "ERROR", "CVantixDataCenter::UploadCloudPicFile", "UploadCloudPic error [100007]"));
     m_log.Clear();
     EXPECT_EQ(Center().UploadCloudPicFile(BDomain() + kUploadPath, picture.Path()), 0)
-        << "what the server answers is not judged";
+        << "what the server responds is not judged";
     EXPECT_FALSE(m_log.Contains("UploadCloudPic error"));
 }
 
@@ -285,7 +285,7 @@ TEST_F(QueryDeviationTest, RecordingsOfASharedDeviceComeFromTheConsumerServers) 
 
 TEST_F(QueryDeviationTest, ExpiredRecordingsOfASharedDeviceRenewTheAccessToken) {
     SetPermissionMode(2);
-    Answer("/v3/streaming/records", "10002", 0);
+    Respond("/v3/streaming/records", "10002", 0);
     RecordFileList list;
     EXPECT_EQ(DeviceFiles(kShared, list), 310002);
     EXPECT_EQ(Count("/v3/streaming/records"), 2U);
@@ -311,25 +311,25 @@ TEST_F(QueryDeviationTest, ExtendedRecordingsLeaveOutWhatIsNotAskedFor) {
 
 TEST_F(QueryDeviationTest, StreamTokensOfASharedTokenComeFromTheConsumerServers) {
     SetPermissionMode(2);
-    std::string answer;
+    std::string response;
     for (const std::string& token : {std::string("b2c.").append(kShared), Account("sharedAccessToken")}) {
         Cloud().ForgetRequests();
-        ASSERT_EQ(Center().getStreamTokens(token, 4, answer), 0);
+        ASSERT_EQ(Center().getStreamTokens(token, 4, response), 0);
         const ReceivedRequest request = Cloud().Requests().at(0);
         EXPECT_EQ(request.domain, "C");
         EXPECT_EQ(request.method, "POST");
         EXPECT_EQ(request.path, "/api/user/token/get");
         EXPECT_EQ(request.Parameter("sessionId"), Account("sessionId"));
-        EXPECT_EQ(Json::parse(answer).at("tokenArray").size(), 20U) << "the count is not theirs";
+        EXPECT_EQ(Json::parse(response).at("tokenArray").size(), 20U) << "the count is not theirs";
     }
-    ASSERT_EQ(Center().getStreamTokens(Account("accessToken"), 4, answer), 0);
+    ASSERT_EQ(Center().getStreamTokens(Account("accessToken"), 4, response), 0);
     EXPECT_EQ(Cloud().Requests().back().path, "/api/user/token");
-    EXPECT_EQ(Json::parse(answer).at("tokenArray").size(), 4U);
+    EXPECT_EQ(Json::parse(response).at("tokenArray").size(), 4U);
 }
 
 // ---- The query that the host writes
 
-TEST_F(QueryDeviationTest, DetailsOfRecordingsCarryTheHostsQueryAndTheCoresToken) {
+TEST_F(QueryDeviationTest, DetailsOfRecordingsSendTheHostsQueryAndTheCoresToken) {
     const Json query = {{"deviceSerial", kOwn}, {"accessToken", "the host's"}, {"videos", {1, 2}}};
     std::string json;
     ASSERT_EQ(Center().getCloudFileInfoBySerialEX(kOwn, 1, query.dump(2), json), 0);
@@ -340,8 +340,8 @@ TEST_F(QueryDeviationTest, DetailsOfRecordingsCarryTheHostsQueryAndTheCoresToken
     EXPECT_EQ(request.Header("Content-Type"), "application/json");
 }
 
-TEST_F(QueryDeviationTest, RepeatOfTheHostsQueryCarriesTheNewToken) {
-    Answer(kDetailsOfRecordingsPath, "10002");
+TEST_F(QueryDeviationTest, RepeatOfTheHostsQuerySendsTheNewToken) {
+    Respond(kDetailsOfRecordingsPath, "10002");
     std::string json;
     ASSERT_EQ(Center().getCloudFileInfoBySerialEX(kOwn, 1, Json{{"deviceSerial", kOwn}}.dump(), json), 0);
     const auto requests = Cloud().Requests(kDetailsOfRecordingsPath);

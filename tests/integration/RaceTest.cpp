@@ -1,19 +1,19 @@
 // Everything that a host may do, done by many at once: reads, refills, marks, clears, refreshes and settings, while the
-// cloud's answers change all the time. It takes as long as a fixed number of operations does; what a race detector
-// watches. Afterwards every record that was handed out must be one that some answer contained whole, and every request
-// that was received must be explained by a call.
+// cloud's responses change all the time. It takes as long as a fixed number of operations does; what a race detector
+// watches. Afterwards every record that was handed out must be one that some response contained whole, and every
+// request that was received must be explained by a call.
+
+#include <gmock/gmock.h>
 
 #include <atomic>
-#include <functional>
 #include <mutex>
 #include <set>
 #include <thread>
-#include <vector>
 
 #include "DetailFixture.h"
-#include "vantix/records/P2PDevInfo.h"
-#include "vantix/records/P2PUserInfo.h"
-#include "vantix/records/ServerInfo.h"
+#include "support/Operations.h"
+#include "support/OutputJson.h"
+#include "support/Threads.h"
 
 namespace vantix::test {
 namespace {
@@ -22,22 +22,10 @@ constexpr int kThreads = 32;
 constexpr int kRounds = 40;
 constexpr char kRefreshPath[] = "/oauth/token/refreshToken";
 
-/// The text of an answer's version, as "v7".
+/// The text of a response's version, as "v7".
 std::string Text(int version) { return std::string("v").append(std::to_string(version)); }
 
-/// Runs `work(thread)` on all threads and waits for them.
-void OnAllThreads(int count, const std::function<void(int thread)>& work) {
-    std::vector<std::thread> threads;
-    threads.reserve(static_cast<size_t>(count));
-    for (int i = 0; i < count; ++i) {
-        threads.emplace_back([&work, i] { work(i); });
-    }
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
-}
-
-// A record is whole when all that distinguishes the versions of an answer belongs to the same one.
+// A record is whole when all that distinguishes the versions of a response belongs to the same one.
 
 bool IsWhole(const DevDetailInfo& device, int version) {
     return device.devicePort == version && device.publicKey == Text(version) && device.vtmIp == Text(version) &&
@@ -72,7 +60,7 @@ protected:
         Cloud().ForgetRequests();
     }
 
-    /// Every answer shows this version from now on.
+    /// Every response shows this version from now on.
     void Publish(int version) const {
         const std::string text = Text(version);
         const Json relays = {{{"ip", text}, {"port", version}}};
@@ -97,93 +85,79 @@ protected:
                                  {"p2pUser", {{"data", text}, {"version", version}, {"saltIndex", version}}}});
     }
 
-    void Expect(bool good) { m_broken += good ? 0 : 1; }
-    void ExpectGood(int code, bool whole) { Expect(code == 0 && whole); }
-
-    void CountDetail(const Detail& detail) {
-        Expect(IsWhole(detail.device, detail.device.version) && IsWhole(detail.channel, detail.channel.videoLevel));
-        m_details += detail.device.isFromCache ? 0 : 1;
+    /// Calls an operation that must succeed. A failure says which call gave what.
+    CallResult Succeed(const char* operation, const Arguments& arguments, Outputs& outputs) {
+        const CallResult call = Call(Center(), operation, arguments, outputs);
+        m_findings.Check(call.result == 0, std::string(operation) + " returned " + std::to_string(call.returned) +
+                                               " and then " + std::to_string(call.result));
+        return call;
+    }
+    void ExpectWhole(bool isWhole, const char* operation, const Outputs& outputs) {
+        m_findings.Check(isWhole, std::string(operation) + " handed out " + (isWhole ? "" : ToJson(outputs).dump()));
     }
 
-    void AskForDetail() {
-        const Asked asked = Ask(kCamera, 1);
-        Expect((asked.returned == 0 || asked.returned == -1) && asked.fetched == 0);
-        CountDetail(asked);
+    /// Reads a detail that must be there or be fetched, and notes whether that took a request.
+    void ReadDetail(const char* operation, bool force = false) {
+        Outputs outputs;
+        const CallResult call = Succeed(operation, {.force = force}, outputs);
+        m_findings.Check(call.returned == 0 || (call.started && call.returned == -1),
+                         std::string(operation) + " itself returned " + std::to_string(call.returned));
+        ExpectWholeDetail(operation, outputs);
     }
-    void ReadDetail() {
-        Detail detail;
-        Expect(ReadOrFetch(kCamera, 1, detail) == 0);
-        CountDetail(detail);
-    }
-    void FetchDetail() {
-        Detail detail;
-        Expect(Fetch(kCamera, 1, detail) == 0);
-        CountDetail(detail);
+    void ExpectWholeDetail(const char* operation, const Outputs& outputs) {
+        ExpectWhole(
+            IsWhole(outputs.detail, outputs.detail.version) && IsWhole(outputs.channel, outputs.channel.videoLevel),
+            operation, outputs);
+        m_details += outputs.detail.isFromCache ? 0 : 1;
     }
     void ReadCaches() {
-        Detail detail;
-        const int code = ReadCache(kCamera, 1, detail);
-        Expect(code == -1 || (code == 0 && detail.device.isFromCache));
+        Outputs outputs;
+        const int code = Call(Center(), "getDevInfoCache", {}, outputs).result;
+        m_findings.Check(code == 0 || code == -1, "getDevInfoCache returned " + std::to_string(code));
         if (code == 0) {
-            CountDetail(detail);
+            m_findings.Check(outputs.detail.isFromCache, "getDevInfoCache handed out what was fetched");
+            ExpectWholeDetail("getDevInfoCache", outputs);
         }
-        DevDetailInfo record;
-        if (Center().getDeviceRecord(kCamera, 1, record) == 0) {
-            Expect(IsWhole(record, record.version));
+        Outputs record;
+        if (Call(Center(), "getDeviceRecord", {}, record).result == 0) {
+            ExpectWhole(IsWhole(record.detail, record.detail.version), "getDeviceRecord", record);
         }
-        Expect(Center().IsSupportSeekPlayback(kCamera) >= 0);
+        const int seeks = Call(Center(), "IsSupportSeekPlayback", {});
+        m_findings.Check(seeks == 0 || seeks == 1, "IsSupportSeekPlayback returned " + std::to_string(seeks));
     }
     void ReadServers(int round) {
-        ServerInfo servers;
-        std::future<int32_t> future;
-        int code = 0;
-        if (round % 2 == 0) {
-            code = Center().getServerInfoAsync(m_token, servers, future);
-        } else {
-            code = Center().getServerInfoSync(m_token, servers);
-        }
-        m_servers += round % 2 == 0 && !future.valid() ? 0 : 1;
-        code = future.valid() ? future.get() : code;
-        ExpectGood(code, IsWhole(servers, servers.stun1Port));
+        const char* operation = round % 2 == 0 ? "getServerInfoAsync" : "getServerInfoSync";
+        Outputs outputs;
+        const CallResult call = Succeed(operation, {.token = m_token}, outputs);
+        m_servers += round % 2 == 0 && !call.started ? 0 : 1;
+        ExpectWhole(IsWhole(outputs.servers, outputs.servers.stun1Port), operation, outputs);
     }
     void ReadUser(int round) {
-        P2PUserInfo user;
-        std::future<int32_t> future;
-        int code = 0;
-        if (round % 2 == 0) {
-            code = Center().getP2PUserInfoAsync(user, m_token, future);
-        } else {
-            code = Center().getP2PUserInfoByDevice(kCamera, 1, user);
-        }
-        m_users += round % 2 == 0 && !future.valid() ? 0 : 1;
-        code = future.valid() ? future.get() : code;
-        ExpectGood(code, IsWhole(user, user.version));
+        const char* operation = round % 2 == 0 ? "getP2PUserInfoAsync" : "getP2PUserInfoByDevice";
+        Outputs outputs;
+        const CallResult call = Succeed(operation, {.token = m_token}, outputs);
+        m_users += round % 2 == 0 && !call.started ? 0 : 1;
+        ExpectWhole(IsWhole(outputs.user, outputs.user.version), operation, outputs);
     }
     void ReadP2PDevice(int round) {
-        P2PDevInfo device;
-        std::future<int32_t> future;
-        std::vector<P2PServerAddr> servers;
-        int code = 0;
-        if (round % 2 == 0) {
-            code = Center().getP2PDevInfoAsync(device, m_token, kCamera, future);
-        } else {
-            code = Center().getP2PDevInfoCached(kCamera, servers, device, true);
-        }
-        m_p2pDevices += round % 2 == 0 && !future.valid() ? 0 : 1;
-        code = future.valid() ? future.get() : code;
-        ExpectGood(code, IsWhole(device, device.defaultKeyVer));
+        const char* operation = round % 2 == 0 ? "getP2PDevInfoAsync" : "getP2PDevInfoCached";
+        Outputs outputs;
+        const CallResult call = Succeed(operation, {.token = m_token, .force = true}, outputs);
+        m_p2pDevices += round % 2 == 0 && !call.started ? 0 : 1;
+        ExpectWhole(IsWhole(outputs.p2pDevice, outputs.p2pDevice.defaultKeyVer), operation, outputs);
     }
     void TakeStreamToken() {
-        std::string token;
-        const int code = Center().getOneStreamToken(m_token, token);
+        Outputs outputs;
+        Succeed("getOneStreamToken", {.token = m_token}, outputs);
         const std::lock_guard guard(m_mutex);
-        ExpectGood(code, m_streamTokens.insert(token).second && token.rfind("st.", 0) == 0);
+        m_findings.Check(m_streamTokens.insert(outputs.text).second && outputs.text.rfind("st.", 0) == 0,
+                         "getOneStreamToken handed out " + outputs.text);
     }
     void Renew() {
-        std::string token;
-        const int code = Center().RefreshToken(token);
+        Outputs outputs;
+        Succeed("RefreshToken", {}, outputs);
         ++m_refreshes;
-        ExpectGood(code, token.rfind("at.fresh.", 0) == 0);
+        m_findings.Check(outputs.text.rfind("at.fresh.", 0) == 0, "RefreshToken handed out " + outputs.text);
     }
     void Change(int round) const {
         Center().setCacheTime(round % 3);
@@ -209,9 +183,9 @@ protected:
     /// What a host does, chosen by thread and round.
     void DoSomething(int thread, int round) {
         switch ((thread * 5 + round) % 12) {
-            case 0: AskForDetail(); break;
-            case 1: ReadDetail(); break;
-            case 2: FetchDetail(); break;
+            case 0: ReadDetail("getDevDetailInfo"); break;
+            case 1: ReadDetail("getDevDetailInfoSync"); break;
+            case 2: ReadDetail("getDevDetailInfoSync", true); break;
             case 3: ReadCaches(); break;
             case 4: ReadServers(round + thread); break;
             case 5: ReadUser(round + thread); break;
@@ -220,14 +194,14 @@ protected:
             case 8: Renew(); break;
             case 9: Change(round); break;
             case 10: Forget(round + thread); break;
-            default: AskForDetail(); break;
+            default: ReadDetail("getDevDetailInfo"); break;
         }
     }
 
     size_t Received(const char* path) const { return Cloud().Requests(path).size(); }
 
     std::string m_token;
-    std::atomic<int> m_broken{0};
+    Findings m_findings;
     std::atomic<size_t> m_details{0};  ///< Requests that calls must have sent.
     std::atomic<size_t> m_servers{0};  ///< Requests that calls may have sent, as of the next two.
     std::atomic<size_t> m_users{0};
@@ -244,19 +218,19 @@ TEST_F(RaceTest, EveryRecordIsWholeAndEveryRequestIsExplained) {
             Publish(version);
         }
     });
-    OnAllThreads(kThreads, [this](int thread) {
+    OnThreads(kThreads, [this](int thread) {
         for (int round = 0; round < kRounds; ++round) {
             DoSomething(thread, round);
         }
     });
     done = true;
     changer.join();
-    EXPECT_EQ(m_broken, 0);
+    EXPECT_THAT(m_findings.All(), ::testing::IsEmpty());
 
     EXPECT_EQ(Received(kDetailPath), m_details);
     EXPECT_EQ(Received("/api/sdk/p2p/dev/info/get"), m_p2pDevices);
     EXPECT_EQ(Received(kRefreshPath), m_refreshes);
-    // A synchronous read does not tell whether it was served from the cache.
+    // A synchronous read does not say whether it was served from the cache.
     EXPECT_LE(Received("/api/service/media/server/info"), m_servers);
     EXPECT_GE(Received("/api/service/media/server/info"), 1U);
     EXPECT_LE(Received("/api/sdk/p2p/user/info/get"), m_users);
@@ -273,19 +247,17 @@ TEST_F(RaceTest, EveryRecordIsWholeAndEveryRequestIsExplained) {
 
 TEST_F(RaceTest, EveryCallerOutlivesTheTokenWithOneRefreshOfItsOwn) {
     // All are refused before the first of them may renew the token.
-    Cloud().ScriptResponse({{"path", kDetailPath}, {"times", kThreads}, {"hold", "all"}, {"code", "10002"}});
-    std::atomic<int> ready{0};
+    Cloud().Script({{"path", kDetailPath}, {"times", kThreads}, {"hold", "all"}, {"code", "10002"}});
     std::thread opener([&] {
         EXPECT_TRUE(Cloud().WaitUntilHeld("all", kThreads));
         Cloud().Release("all");
     });
-    OnAllThreads(kThreads, [&](int thread) {
-        Detail detail;
-        const int code = thread % 2 == 0 ? Fetch(kCamera, 1, detail) : Ask(kCamera, 1).fetched;
-        ready += code == 0 ? 1 : 0;
+    OnThreads(kThreads, [&](int thread) {
+        Outputs outputs;
+        Succeed(thread % 2 == 0 ? "getDevDetailInfoSync" : "getDevDetailInfo", {.force = true}, outputs);
     });
     opener.join();
-    EXPECT_EQ(ready, kThreads);
+    EXPECT_THAT(m_findings.All(), ::testing::IsEmpty());
     EXPECT_EQ(Received(kRefreshPath), static_cast<size_t>(kThreads));
     EXPECT_EQ(Received(kDetailPath), static_cast<size_t>(2 * kThreads));
 }
@@ -309,7 +281,7 @@ TEST_F(RaceTest, TokenMapsAreReplacedWholeAmongThoseWhoLookUp) {
     const auto even = both(2);
     Center().SetDeviceTkTokens(odd.first);
     Center().SetB2CTokens(odd.second);
-    OnAllThreads(kThreads, [&](int thread) {
+    OnThreads(kThreads, [&](int thread) {
         for (int round = 0; round < kRounds; ++round) {
             const auto& next = (thread + round) % 2 == 0 ? odd : even;
             if (round % 4 == 0) {
@@ -321,13 +293,15 @@ TEST_F(RaceTest, TokenMapsAreReplacedWholeAmongThoseWhoLookUp) {
             const std::set<std::string> allowed = {Text(1).append(tail), Text(2).append(tail)};
             std::string tk;
             std::string b2c;
-            Expect(allowed.contains(Center().getDeviceTkTokensByNumber(tk, 3, kRecorder, ch)));
-            Expect(allowed.contains(Center().getB2CTokensByNumber(kRecorder, ch, b2c)));
-            Expect(!Center().isB2CSharedToken("v3-1"));
+            Center().getDeviceTkTokensByNumber(tk, 3, kRecorder, ch);
+            Center().getB2CTokensByNumber(kRecorder, ch, b2c);
+            m_findings.Check(allowed.contains(tk), "Tk token " + tk);
+            m_findings.Check(allowed.contains(b2c), "B2C token " + b2c);
+            m_findings.Check(!Center().isB2CSharedToken("v3-1"), "a token that nobody set is shared");
             static_cast<void>(Center().isB2CSharedChannel(kRecorder, ch));
         }
     });
-    EXPECT_EQ(m_broken, 0);
+    EXPECT_THAT(m_findings.All(), ::testing::IsEmpty());
     EXPECT_EQ(Cloud().RequestCount(), 0U);
 }
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "DetailFixture.h"
-#include "platform/DeviceDetail.h"
+#include "support/LocalFile.h"
 
 namespace vantix::test {
 namespace {
@@ -13,58 +13,49 @@ namespace {
 class SlowServerTest : public DetailFixture {
 protected:
     struct Waiting {
-        const char* name;
-        std::string url;
-        std::string serial;
+        const char* serial;
         int result = 0;
     };
 
-    /// Asks at an address of its own, past the core, whose domain is one for all.
-    void FetchPast(Waiting& waiting) const {
-        Detail detail;
-        std::optional<BelongDevInfo> parent;
-        const Caller caller{waiting.url, Account("accessToken"), ""};
-        waiting.result =
-            GetDevDetailInfoFromPlatformBySerial(caller, waiting.serial, 1, detail.channel, detail.device, parent);
-    }
-
-    /// Requests for this device meet this plan.
-    Waiting Plan(const char* name, Json plan) const {
-        plan["path"] = kDetailPath;
-        plan["match"] = {{"deviceSerial", name}};
-        plan["times"] = 0;
-        Cloud().ScriptResponse(plan);
-        return {name, BDomain(), name};
+    /// Requests for this device meet this response.
+    void Respond(const char* serial, Json response) const {
+        response["path"] = kDetailPath;
+        response["match"] = {{"deviceSerial", serial}};
+        response["times"] = 0;
+        Cloud().Script(response);
     }
 };
 
 TEST_F(SlowServerTest, EveryTransferEndsAfterItsTime) {
     const std::string endless = "HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\n";
-    std::vector<Waiting> waiting = {
-        {"Silence", Cloud().OpenFaultPort({{"then", "keepOpen"}}), "S"},
-        Plan("HeldAnswer", {{"hold", "forever"}}),
-        Plan("DrippedHeaders", {{"raw", endless}, {"drip", {{"bytes", 1}, {"ms", 1000}}}}),
-        Plan("DrippedBody", {{"raw", endless + std::string(1000, ' ')}, {"drip", {{"bytes", 48}, {"ms", 2000}}}}),
-        // Requests of a loop carry no form after the first, so it is planned for whoever comes without one.
-        {"RedirectLoop", BDomain(), "RedirectLoop"},
-    };
-    Cloud().ScriptResponse({{"path", kDetailPath},
-                            {"status", 302},
-                            {"headers", {{"Location", kDetailPath}}},
-                            {"delayMs", 200},
-                            {"times", 0}});
+    Respond("HeldResponse", {{"hold", "forever"}});
+    Respond("DrippedHeaders", {{"raw", endless}, {"drip", {{"bytes", 1}, {"ms", 1000}}}});
+    Respond("DrippedBody", {{"raw", endless + std::string(1000, ' ')}, {"drip", {{"bytes", 48}, {"ms", 2000}}}});
+    // Requests of a redirect loop carry no form after the first, so this one is for whoever comes without one.
+    Cloud().Script({{"path", kDetailPath},
+                    {"status", 302},
+                    {"headers", {{"Location", kDetailPath}}},
+                    {"delayMs", 200},
+                    {"times", 0}});
+    std::vector<Waiting> waiting = {{"HeldResponse"}, {"DrippedHeaders"}, {"DrippedBody"}, {"RedirectLoop"}};
     std::vector<std::thread> threads;
-    threads.reserve(waiting.size());
+    threads.reserve(waiting.size() + 1);
     for (Waiting& one : waiting) {
-        threads.emplace_back([this, &one] { FetchPast(one); });
+        threads.emplace_back([this, &one] { one.result = Fetch(one.serial, 1); });
     }
+    // A server that accepts and stays silent has an address of its own, which an upload is given.
+    const std::string silent = Cloud().Fault({{"then", "keepOpen"}});
+    const LocalFile picture(u8"gate.jpg");
+    int uploaded = 0;
+    threads.emplace_back([&] { uploaded = Center().UploadCloudPicFile(silent + "/upload", picture.Path()); });
     for (std::thread& thread : threads) {
         thread.join();
     }
     for (const Waiting& one : waiting) {
-        EXPECT_EQ(one.result, 100028) << one.name;
+        EXPECT_EQ(one.result, 100028) << one.serial;
     }
-    Cloud().Delete("/scripted-responses");
+    EXPECT_EQ(uploaded, 100028);
+    Cloud().ForgetScript();
     EXPECT_EQ(Fetch(kCamera, 1), 0);
 }
 

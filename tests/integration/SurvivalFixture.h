@@ -7,8 +7,8 @@
 
 namespace vantix::test {
 
-/// A detail answer that is served from caches, small enough to be written into a table of faults.
-inline constexpr char kSmallAnswer[] =
+/// A detail response that is served from caches, small enough to be written into a table of faults.
+inline constexpr char kSmallResponse[] =
     R"({"result":{"code":"200","data":{"camera":{"cameraNo":1,"deviceSerial":"C10000001"},)"
     R"("device":{"deviceSerial":"C10000001","releaseVersion":"VERSION_17"}}}})";
 
@@ -47,7 +47,7 @@ protected:
 
     /// The next good call succeeds, and neither descriptors nor threads were lost.
     void ExpectGoodCall() const {
-        Cloud().Delete("/scripted-responses");
+        Cloud().ForgetScript();
         Center().setDomain(BDomain(), "");
         Detail detail;
         EXPECT_EQ(Fetch(kCamera, 1, detail), 0);

@@ -1,28 +1,28 @@
 // Servers whose TLS or HTTP version is not that of the two domains.
 
-#include "TrapFixture.h"
+#include "FaultFixture.h"
 #include "support/Hex.h"
 
 namespace vantix::test {
 namespace {
 
-class TlsFaultTest : public TrapFixture {};
+class TlsFaultTest : public FaultFixture {};
 
-TEST_P(TlsFaultTest, ConcernsThatCallAlone) { ExpectSurvivalOfTheTrap(); }
+TEST_P(TlsFaultTest, ConcernsThatCallAlone) { ExpectSurvivalOfTheFault(); }
 
-constexpr size_t kLength = sizeof(kSmallAnswer) - 1;
+constexpr size_t kLength = sizeof(kSmallResponse) - 1;
 
-/// An HTTP/1.1 answer of this many bytes of the body.
-std::string Answer(size_t sent) {
-    std::string answer = "HTTP/1.1 200 OK\r\nContent-Length: ";
-    return answer.append(std::to_string(kLength)).append("\r\n\r\n").append(kSmallAnswer, sent);
+/// An HTTP/1.1 response with this many bytes of the body.
+std::string Response(size_t sent) {
+    std::string response = "HTTP/1.1 200 OK\r\nContent-Length: ";
+    return response.append(std::to_string(kLength)).append("\r\n\r\n").append(kSmallResponse, sent);
 }
 
 Json Tls(const char* protocol, bool isExpired = false) { return {{"protocol", protocol}, {"isExpired", isExpired}}; }
 
-const TrapRow kRows[] = {
-    {"ExpiredCertificateIsTakenAsItIs", {{"tls", Tls("http/1.1", true)}, {"send", Answer(kLength)}}, 0},
-    {"ResetWithinTheBody", {{"tls", Tls("http/1.1")}, {"send", Answer(kLength / 2)}, {"then", "reset"}}, 100056},
+const FaultRow kRows[] = {
+    {"ExpiredCertificateIsTakenAsItIs", {{"tls", Tls("http/1.1", true)}, {"send", Response(kLength)}}, 0},
+    {"ResetWithinTheBody", {{"tls", Tls("http/1.1")}, {"send", Response(kLength / 2)}, {"then", "reset"}}, 100056},
 };
 
 INSTANTIATE_TEST_SUITE_P(Http1, TlsFaultTest, ::testing::ValuesIn(kRows),
@@ -44,15 +44,15 @@ std::string Opening() { return Frame("04", "00", '0', "") + Frame("04", "01", '0
 /// Status 200, by its place in the table that every peer knows.
 std::string Ok() { return Frame("01", "04", '1', "88"); }
 
-std::string Body(const char* flags, size_t sent) { return Frame("00", flags, '1', Hex({kSmallAnswer, sent})); }
+std::string Body(const char* flags, size_t sent) { return Frame("00", flags, '1', Hex({kSmallResponse, sent})); }
 
 constexpr char kInternalError[] = "00000002";
 constexpr char kThisStreamAndNoError[] = "0000000100000000";
 
 Json Http2(const std::string& frames) { return {{"tls", Tls("h2")}, {"sendHex", Opening() + frames}}; }
 
-const TrapRow kHttp2Rows[] = {
-    {"AnswerIsRead", Http2(Ok() + Body("01", kLength)), 0},
+const FaultRow kHttp2Rows[] = {
+    {"ResponseIsRead", Http2(Ok() + Body("01", kLength)), 0},
     {"StreamReset", Http2(Ok() + Body("00", kLength / 2) + Frame("03", "00", '1', kInternalError)), 100092},
     {"GoAwayWithinTheBody", Http2(Ok() + Body("00", kLength / 2) + Frame("07", "00", '0', kThisStreamAndNoError)),
      100018},

@@ -1,8 +1,6 @@
 #include "support/CoreFixture.h"
 
 #include "base/LastError.h"
-#include "cryptowrap/cryptowrap.h"
-#include "hwprint/hwprint.h"
 
 namespace vantix::test {
 namespace {
@@ -56,19 +54,6 @@ void CoreFixture::ResetCore() const {
 void CoreFixture::SetDeviceTokens() const {
     Center().SetDeviceTkTokens(AccountData().at("tkTokens").dump());
     Center().SetB2CTokens(AccountData().at("b2cTokens").dump());
-}
-
-std::string ExpectedFeatureCode() {
-    char serial[64] = {};
-    char second[64] = {};
-    char mac[48] = {};
-    HWP_GetDiskSerial(serial, second);
-    HWP_GetMacAddr(mac);
-    const std::string joined = std::string(serial) + "|" + mac;
-    char digest[64] = {};
-    unsigned length = 0;
-    ssl_md5_digest(joined.data(), static_cast<unsigned>(joined.size()), digest, &length);
-    return digest;
 }
 
 }  // namespace vantix::test

@@ -6,18 +6,10 @@
 #include <string>
 
 #include "support/CleanSwitches.h"
+#include "support/Handle.h"
 #include "support/SimulatorClient.h"
-#include "vantix/IVantixDataCenter.h"
 
 namespace vantix::test {
-
-/// A handle that destroys itself.
-struct DestroyHandle {
-    void operator()(IVantixDataCenter* handle) const { DestroyVantixDataCenterInstance(handle); }
-};
-using Handle = std::unique_ptr<IVantixDataCenter, DestroyHandle>;
-
-inline Handle NewHandle() { return Handle(CreateVantixDataCenterInstance()); }
 
 /// A case that drives the data center through its interface, against the loopback cloud.
 ///
@@ -49,8 +41,5 @@ private:
     Handle m_handle;
     Json m_info;
 };
-
-/// The feature code of this machine, worked out from the hardware and not asked of the library.
-std::string ExpectedFeatureCode();
 
 }  // namespace vantix::test

@@ -5,7 +5,7 @@
 
 namespace vantix::test {
 
-/// The bytes as lower-case hexadecimal digits, as the loopback cloud tells and takes them.
+/// The bytes as lower-case hexadecimal digits, as the loopback cloud writes and reads them.
 inline std::string Hex(std::string_view bytes) {
     constexpr char kDigits[] = "0123456789abcdef";
     std::string hex;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <ostream>
 
 #include "tvllog/tvllog.h"
 
@@ -42,6 +43,10 @@ std::string LogLine::Message() const {
         message.pop_back();
     }
     return message;
+}
+
+void PrintTo(const LogLine& line, std::ostream* out) {
+    *out << "level " << line.level << ' ' << line.text.substr(0, line.text.find_last_not_of('\n') + 1);
 }
 
 LogCapture::LogCapture() {

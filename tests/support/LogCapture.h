@@ -1,5 +1,6 @@
 #pragma once
 
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,8 @@ struct LogLine {
     /// The message after the prefix, without the newline.
     std::string Message() const;
 };
+
+void PrintTo(const LogLine& line, std::ostream* out);
 
 /// Collects every log line while it lives, from all threads. One at a time. Keeps the debugger channel as it is.
 class LogCapture {

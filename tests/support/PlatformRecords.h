@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// The platform's records as JSON, every field under the name that it has in the answer or in the record.
+/// The platform's records as JSON, every field under the name that it has in the response or in the record.
 
 #include "records/RefreshTokenInfo.h"
 #include "records/RelayServerInfo.h"
@@ -21,7 +21,7 @@ nlohmann::json ToJson(const ServerInfo& info);
 nlohmann::json ToJson(const RelayServerInfo& relay);
 nlohmann::json ToJson(const ConfigInfo& config);
 nlohmann::json ToJson(const P2PUserInfo& info);
-/// Without `deviceSerial` and `isUpdate`, which no answer fills.
+/// Without `deviceSerial` and `isUpdate`, which no response fills.
 nlohmann::json ToJson(const P2PDevInfo& info);
 nlohmann::json ToJson(const RefreshTokenInfo& info);
 nlohmann::json ToJson(const BWCheckInfo& info);

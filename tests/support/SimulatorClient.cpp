@@ -39,7 +39,7 @@ std::string FromHex(const std::string& hex) {
     return bytes;
 }
 
-/// The text of an entry; bytes that are not UTF-8 are under the second key.
+/// Bytes that are no UTF-8 stand exactly under the second key.
 std::string Bytes(const Json& entry, const char* key, const char* hexKey) {
     return entry.contains(hexKey) ? FromHex(entry.at(hexKey)) : entry.at(key).get<std::string>();
 }
@@ -60,7 +60,7 @@ ReceivedRequest FromJournal(const Json& entry) {
     return request;
 }
 
-/// Owns a curl handle.
+/// A curl handle that is freed.
 class Handle {
 public:
     Handle() : m_handle(curl_easy_init()) {
@@ -180,15 +180,15 @@ Json SimulatorClient::Camera(const std::string& serial, int cameraNo) const {
 }
 
 std::string SimulatorClient::ClosedPort() const {
-    std::string address = OpenFaultPort({{"then", "close"}});
+    std::string address = Fault({{"then", "close"}});
     Delete("/faults");
     return address;
 }
 
-bool SimulatorClient::WaitUntilHeld(const std::string& hold, int count) const {
+bool SimulatorClient::WaitUntilHeld(const std::string& gate, int count) const {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(1);
     while (std::chrono::steady_clock::now() < deadline) {
-        if (Get("/holds").value(hold, 0) >= count) {
+        if (Get("/holds").value(gate, 0) >= count) {
             return true;
         }
     }

@@ -8,7 +8,7 @@
 
 namespace vantix::test {
 
-/// One request that the cloud received; nothing in it is decoded.
+/// One request that the cloud received, as it came: nothing is decoded.
 struct ReceivedRequest {
     std::string domain;  ///< "B" or "C".
     std::string method;
@@ -27,10 +27,10 @@ struct ReceivedRequest {
     std::vector<std::string> HeaderNames() const;
 };
 
-/// The control interface of the loopback cloud at the address in the environment variable VANTIX_SIMULATOR.
+/// The control interface of the loopback cloud, whose address stands in the environment as VANTIX_SIMULATOR.
 ///
-/// Every call is one plain HTTP request without a proxy. It throws a `std::runtime_error` with the reason when the
-/// cloud refuses it or is not there.
+/// Every call is one plain HTTP request, made past any proxy. What the cloud refuses, and a cloud that is not there, is
+/// a `std::runtime_error` that says so.
 class SimulatorClient {
 public:
     SimulatorClient();
@@ -40,23 +40,24 @@ public:
     Json Put(const std::string& path, const Json& content) const;
     void Delete(const std::string& path) const;
 
-    /// Restores the sample data: no scripted responses, fault ports or uploads, an empty journal. Returns the addresses
-    /// and the account.
+    /// Back to the sample data: no script, faults or uploads, an empty journal. Returns the addresses and the account.
     Json Reset() const { return Post("/reset"); }
     Json Device(const std::string& serial) const { return Get("/devices/" + serial); }
     /// The stored channel of a device.
     Json Camera(const std::string& serial, int cameraNo) const;
 
-    /// Scripts the response to coming requests.
-    void ScriptResponse(const Json& script) const { Post("/scripted-responses", script); }
-    /// Opens a port with a fault below HTTP; returns its address.
-    std::string OpenFaultPort(const Json& fault) const { return Post("/faults", fault).at("address"); }
+    /// Adds a scripted response: what happens to coming requests for one path.
+    void Script(const Json& response) const { Post("/scripted-responses", response); }
+    /// Drops what is left of the script, and lets held requests go on.
+    void ForgetScript() const { Delete("/scripted-responses"); }
+    /// Opens a port that fails below HTTP, in this way; its address.
+    std::string Fault(const Json& fault) const { return Post("/faults", fault).at("address"); }
     /// The address of a port that was open and is closed now.
     std::string ClosedPort() const;
 
-    /// Waits until so many requests wait at the hold; false when that takes longer than a minute.
-    bool WaitUntilHeld(const std::string& hold, int count) const;
-    void Release(const std::string& hold) const { Post("/release", {{"hold", hold}}); }
+    /// Waits until so many requests wait at the gate; false when that took longer than a minute.
+    bool WaitUntilHeld(const std::string& gate, int count) const;
+    void Release(const std::string& gate) const { Post("/release", {{"hold", gate}}); }
 
     std::vector<ReceivedRequest> Requests() const;
     std::vector<ReceivedRequest> Requests(const std::string& path) const;

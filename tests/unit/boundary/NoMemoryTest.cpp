@@ -7,11 +7,9 @@
 
 #include "support/DetailAnswer.h"
 #include "support/FailingNew.h"
+#include "support/Operations.h"
 #include "tvllog/tvllog.h"
 #include "unit/boundary/HandleTest.h"
-#include "unit/boundary/Operations.h"
-#include "vantix/records/DevChannelInfo.h"
-#include "vantix/records/DevDetailInfo.h"
 
 namespace vantix::test {
 namespace {
@@ -77,27 +75,27 @@ std::vector<std::set<std::string>> NoMemoryTest::CachedMarks() {
 }
 
 TEST_F(NoMemoryTest, NoOperationThrowsWhicheverAllocationFails) {
-    const Arguments arguments{"C1-a-serial-that-is-no-short-string", "another token that is no short string",
-                              R"([{"token":"a text that is JSON, too","deviceSerial":"S","channelNo":"1"}])"};
+    const Arguments arguments =
+        Arguments::AllOf("C1-a-serial-that-is-no-short-string", "another token that is no short string",
+                         R"([{"token":"a text that is JSON, too","deviceSerial":"S","channelNo":"1"}])", 1);
     transport.Always([](const SentRequest&) { return ScriptedAnswer{0, MarkedDetailAnswer("C1", 1, "x").dump()}; });
-    for (const auto* operations : {&OperationsWithCode(), &OperationsWithoutCode()}) {
-        for (const Operation& operation : *operations) {
-            if (std::string(operation.name) == "getServerInfoEx") {
-                continue;  // takes a text by value: its copy is the caller's
-            }
-            SCOPED_TRACE(operation.name);
-            size_t thrown = 0;
-            WithEveryAllocationFailing(
-                [&] {
-                    try {
-                        operation.call(*handle, arguments);
-                    } catch (const std::exception&) {
-                        ++thrown;
-                    }
-                },
-                [](size_t /*n*/) { iLogLevel = level::kInfo; });
-            EXPECT_EQ(thrown, 0U);
+    for (const Operation& operation : Operations()) {
+        if (std::string(operation.name) == "getServerInfoEx") {
+            continue;  // takes a text by value: its copy is the caller's
         }
+        SCOPED_TRACE(operation.name);
+        size_t thrown = 0;
+        WithEveryAllocationFailing(
+            [&] {
+                Outputs outputs;
+                try {
+                    Call(*handle, operation, arguments, outputs);
+                } catch (const std::exception&) {
+                    ++thrown;
+                }
+            },
+            [](size_t /*n*/) { iLogLevel = level::kInfo; });
+        EXPECT_EQ(thrown, 0U);
     }
 }
 

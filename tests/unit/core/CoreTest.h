@@ -1,6 +1,6 @@
 #pragma once
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <string>
 
@@ -9,7 +9,7 @@
 #include "support/CleanSwitches.h"
 #include "support/DetailAnswer.h"
 #include "support/FakeClock.h"
-#include "support/LogCapture.h"
+#include "support/LineMatcher.h"
 #include "support/ScriptedTransport.h"
 #include "vantix/records/BWCheckInfo.h"
 #include "vantix/records/CloudFileQuery.h"
@@ -58,12 +58,6 @@ protected:
     LogLine OnlyLine(const std::string& message) const {
         EXPECT_EQ(lines.Count(message), 1U) << message;
         return lines.Find(message);
-    }
-    void ExpectLine(const std::string& message, const std::string& word, unsigned level, const std::string& tag) const {
-        const LogLine line = OnlyLine(message);
-        EXPECT_EQ(line.Word(), word) << message;
-        EXPECT_EQ(line.level, level) << message;
-        EXPECT_EQ(line.Tag(), tag) << message;
     }
     void ExpectNoLine(const std::string& part) const { EXPECT_FALSE(lines.Contains(part)) << part; }
 

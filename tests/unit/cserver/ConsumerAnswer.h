@@ -11,7 +11,7 @@
 
 #include "log/Logger.h"
 #include "support/CleanSwitches.h"
-#include "support/LogCapture.h"
+#include "support/LineMatcher.h"
 #include "support/TestJson.h"
 #include "unit/platform/DetailRecords.h"
 
@@ -20,19 +20,6 @@ namespace vantix::test {
 /// A case that watches the log.
 class ConsumerAnswer : public testing::Test {
 protected:
-    void ExpectLine(const std::string& message, const std::string& word, unsigned level, const std::string& tag) const {
-        EXPECT_EQ(lines.Count(message), 1U) << message;
-        const LogLine line = lines.Find(message);
-        EXPECT_EQ(line.Word(), word);
-        EXPECT_EQ(line.level, level);
-        EXPECT_EQ(line.Tag(), tag);
-    }
-    void ExpectOnlyLine(const std::string& message, const std::string& word, unsigned level,
-                        const std::string& tag) const {
-        EXPECT_EQ(lines.Lines().size(), 1U) << message;
-        ExpectLine(message, word, level, tag);
-    }
-
     CleanSwitches clean;
     LogCapture lines;
 };

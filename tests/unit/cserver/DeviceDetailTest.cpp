@@ -41,7 +41,7 @@ protected:
         EXPECT_TRUE(device.isFromCache);
     }
     void ExpectEntryLine(const std::string& body) const {
-        ExpectLine("ParseDevDetailInfoFromCServer = " + body, "INFO ", 3, kTag);
+        EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kTag, "ParseDevDetailInfoFromCServer = " + body));
     }
 
     FakeClock clock;
@@ -73,14 +73,17 @@ TEST_F(ConsumerDetail, ListsMustBeThere) {
             EXPECT_EQ(Parse(body), 2) << body;
             EXPECT_EQ(lines.Lines().size(), 2U);
             ExpectEntryLine(body);
-            ExpectLine("platform response invalid, szInfo = " + body + ", " + name + " not exist!", "ERROR", 5, kTag);
+            EXPECT_THAT(
+                lines.Lines(),
+                HasLine(5, "ERROR", kTag, "platform response invalid, szInfo = " + body + ", " + name + " not exist!"));
             EXPECT_TRUE(channels.empty());
         }
     }
     for (const char* body : {"{}", "[]", "5", "null", "\"x\""}) {
         EXPECT_EQ(Parse(body), 2) << body;
-        ExpectLine(std::string("platform response invalid, szInfo = ") + body + ", cameraInfos not exist!", "ERROR", 5,
-                   kTag);
+        EXPECT_THAT(lines.Lines(),
+                    HasLine(5, "ERROR", kTag,
+                            std::string("platform response invalid, szInfo = ") + body + ", cameraInfos not exist!"));
     }
     EXPECT_EQ(Parse(R"({"cameraInfos":[],"deviceInfos":[]})"), 0) << "and both may be empty";
     EXPECT_TRUE(channels.empty());
@@ -92,7 +95,7 @@ TEST_F(ConsumerDetail, TextThatIsNoJsonGivesOne) {
         EXPECT_TRUE(channels.empty());
         if (body.size() < 1000) {
             ExpectEntryLine(body);
-            ExpectLine("platform response bad, szInfo = " + body, "ERROR", 5, kTag);
+            EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kTag, "platform response bad, szInfo = " + body));
         }
     }
     ExpectTruncationIsNoJson(GoldenPage().dump(), [this](const std::string& body) { return Parse(body); });
@@ -103,7 +106,9 @@ TEST_F(ConsumerDetail, CodeOfTheEnvelopeIsReturned) {
         const std::string body = WithValue(GoldenPage(), "/meta", row.meta);
         EXPECT_EQ(Parse(body), row.code) << row.meta;
         if (row.code != 0) {
-            ExpectLine("Platform Response Error:" + std::to_string(row.code) + ", Resp:" + body, "INFO ", 3, kTag);
+            EXPECT_THAT(
+                lines.Lines(),
+                HasLine(3, "INFO ", kTag, "Platform Response Error:" + std::to_string(row.code) + ", Resp:" + body));
             EXPECT_TRUE(channels.empty());
         }
     }
@@ -142,7 +147,8 @@ TEST_F(ConsumerDetail, RequestHandsOutTheChannelThatWasAskedFor) {
     EXPECT_EQ(device.iRequestCost, 12) << "truncated milliseconds";
     EXPECT_EQ(device.iCloseBlong, 4) << "the host's flag";
     EXPECT_EQ(device.releaseVersion, "") << "so that it is never served from a cache";
-    ExpectLine("/v3/userdevices/v1/devices/pagelist CostTime: = 12 milliseconds", "INFO ", 3, kRequest);
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", kRequest, "/v3/userdevices/v1/devices/pagelist CostTime: = 12 milliseconds"));
 }
 
 TEST_F(ConsumerDetail, PageWithoutTheChannelIsMalformed) {
@@ -150,8 +156,9 @@ TEST_F(ConsumerDetail, PageWithoutTheChannelIsMalformed) {
         const std::string body = GoldenPage().dump();
         transport.Answer(body);
         EXPECT_EQ(Fetch(absent), 300002) << absent;
-        ExpectLine("platform response invalid, szInfo = " + body, "ERROR", 5, kRequest);
-        ExpectLine("ParseDevDetailInfoFromPlatform:" + body + " error:2", "ERROR", 5, kRequest);
+        EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kRequest, "platform response invalid, szInfo = " + body));
+        EXPECT_THAT(lines.Lines(),
+                    HasLine(5, "ERROR", kRequest, "ParseDevDetailInfoFromPlatform:" + body + " error:2"));
         ExpectUntouched();
     }
 }
@@ -181,8 +188,9 @@ TEST_F(ConsumerDetail, RefusedAnswerIsLoggedUnderThePlatformsLabel) {
     for (const auto& row : rows) {
         transport.Answer(row.body);
         EXPECT_EQ(Fetch(), row.result) << row.body;
-        ExpectLine(std::string("ParseDevDetailInfoFromPlatform:") + row.body + " error:" + std::to_string(row.code),
-                   "ERROR", 5, kRequest);
+        EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kRequest,
+                                           std::string("ParseDevDetailInfoFromPlatform:") + row.body +
+                                               " error:" + std::to_string(row.code)));
         ExpectUntouched();
     }
     EXPECT_FALSE(lines.Contains("the-session"));
@@ -192,8 +200,9 @@ TEST_F(ConsumerDetail, FailedTransferLeavesOnlyItsCost) {
     clock.SetSteadyStep(5'000'000);
     transport.Make([](const SentRequest&) { return ScriptedAnswer{28, GoldenPage().dump()}; });
     EXPECT_EQ(Fetch(), 100028);
-    ExpectLine("SyncRequestHeader error:28", "ERROR", 5, kRequest);
-    ExpectLine("/v3/userdevices/v1/devices/pagelist CostTime: = 5 milliseconds", "INFO ", 3, kRequest);
+    EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kRequest, "SyncRequestHeader error:28"));
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", kRequest, "/v3/userdevices/v1/devices/pagelist CostTime: = 5 milliseconds"));
     EXPECT_EQ(device.iRequestCost, 5);
     EXPECT_FALSE(lines.Contains(kTag));
     ExpectUntouched();

@@ -220,7 +220,9 @@ TEST_F(SharedDevices, ResourcesMustBeThere) {
     }
     for (const auto& [body, name] : rows) {
         EXPECT_EQ(Parse(body), 2) << body;
-        ExpectOnlyLine("platform response invalid, szInfo = " + body + ", " + name + " not exist!", "ERROR", 5, kTag);
+        EXPECT_THAT(lines.Lines(), testing::ElementsAre(Line(
+                                       5, "ERROR", kTag,
+                                       "platform response invalid, szInfo = " + body + ", " + name + " not exist!")));
         EXPECT_EQ(list, "before");
     }
 }
@@ -230,7 +232,8 @@ TEST_F(SharedDevices, TextThatIsNoJsonGivesOne) {
         EXPECT_EQ(Parse(body), 1);
         EXPECT_EQ(list, "before");
         if (body.size() < 1000) {
-            ExpectOnlyLine("platform response bad, szInfo = " + body, "ERROR", 5, kTag);
+            EXPECT_THAT(lines.Lines(),
+                        testing::ElementsAre(Line(5, "ERROR", kTag, "platform response bad, szInfo = " + body)));
         }
     }
     ExpectTruncationIsNoJson(Golden().dump(), [this](const std::string& body) { return Parse(body); });
@@ -241,7 +244,9 @@ TEST_F(SharedDevices, CodeOfTheEnvelopeIsReturned) {
         const std::string body = WithValue(Golden(), "/meta", row.meta);
         EXPECT_EQ(Parse(body), row.code) << row.meta;
         if (row.code != 0) {
-            ExpectOnlyLine("Platform Response Error:" + std::to_string(row.code) + ", Resp:" + body, "INFO ", 3, kTag);
+            EXPECT_THAT(lines.Lines(), testing::ElementsAre(Line(
+                                           3, "INFO ", kTag,
+                                           "Platform Response Error:" + std::to_string(row.code) + ", Resp:" + body)));
             EXPECT_EQ(list, "before");
         }
     }
@@ -256,7 +261,8 @@ TEST_F(SharedDevices, RequestHandsTheListOut) {
     transport.Answer(R"({"meta":{"code":401}})");
     EXPECT_EQ(GetB2CSharedDevListFromPlatform({"https://c.example", "the-session", "the-app"}, 0, 50, list), 300401);
     EXPECT_EQ(list, "before");
-    ExpectLine(R"(ParseB2CDeviceListFromPlatform:{"meta":{"code":401}} error:401)", "ERROR", 5, kRequest);
+    EXPECT_THAT(lines.Lines(),
+                HasLine(5, "ERROR", kRequest, R"(ParseB2CDeviceListFromPlatform:{"meta":{"code":401}} error:401)"));
     EXPECT_FALSE(lines.Contains("the-session"));
 }
 

@@ -58,7 +58,7 @@ protected:
     }
     /// The line on entry, which says the detail parser's name.
     void ExpectEntryLine(const std::string& body) const {
-        ExpectLine("ParseDevDetailInfoFromCServer = " + body, "INFO ", 3, kTag);
+        EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kTag, "ParseDevDetailInfoFromCServer = " + body));
     }
     int Fetch() {
         lines.Clear();
@@ -167,16 +167,18 @@ TEST_F(ConsumerP2PDevice, ListsMustBeThere) {
         for (const std::string& body : bodies) {
             EXPECT_EQ(Parse(body), 2) << body;
             EXPECT_EQ(lines.Lines().size(), 2U);
-            ExpectLine("platform response invalid, szInfo = " + body + ", " + row.name + " not exist!", "ERROR", 5,
-                       kTag);
+            EXPECT_THAT(lines.Lines(),
+                        HasLine(5, "ERROR", kTag,
+                                "platform response invalid, szInfo = " + body + ", " + row.name + " not exist!"));
             ExpectEntryLine(body);
             ExpectUntouched();
         }
     }
     for (const char* body : {"{}", "[]", "5", "null", "\"x\""}) {
         EXPECT_EQ(Parse(body), 2) << body;
-        ExpectLine(std::string("platform response invalid, szInfo = ") + body + ", p2pInfos not exist!", "ERROR", 5,
-                   kTag);
+        EXPECT_THAT(lines.Lines(),
+                    HasLine(5, "ERROR", kTag,
+                            std::string("platform response invalid, szInfo = ") + body + ", p2pInfos not exist!"));
     }
     EXPECT_EQ(Parse(R"({"p2pInfos":[],"deviceInfos":[]})"), 0) << "and both may be empty";
     ExpectUntouched();
@@ -188,7 +190,7 @@ TEST_F(ConsumerP2PDevice, TextThatIsNoJsonGivesOne) {
         ExpectUntouched();
         if (body.size() < 1000) {
             ExpectEntryLine(body);
-            ExpectLine("platform response bad, szInfo = " + body, "ERROR", 5, kTag);
+            EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kTag, "platform response bad, szInfo = " + body));
         }
     }
     ExpectTruncationIsNoJson(Golden().dump(), [this](const std::string& body) { return Parse(body); });
@@ -199,7 +201,9 @@ TEST_F(ConsumerP2PDevice, CodeOfTheEnvelopeIsReturned) {
         const std::string body = WithValue(Golden(), "/meta", row.meta);
         EXPECT_EQ(Parse(body), row.code) << row.meta;
         if (row.code != 0) {
-            ExpectLine("Platform Response Error:" + std::to_string(row.code) + ", Resp:" + body, "INFO ", 3, kTag);
+            EXPECT_THAT(
+                lines.Lines(),
+                HasLine(3, "INFO ", kTag, "Platform Response Error:" + std::to_string(row.code) + ", Resp:" + body));
             ExpectUntouched();
         }
     }
@@ -212,7 +216,7 @@ TEST_F(ConsumerP2PDevice, MalformedCapabilityTextIsLoggedAndSkipped) {
     Json answer = Golden();
     answer["deviceInfos"][1]["qxDeviceCapability"] = "{\"263\":";
     EXPECT_EQ(Parse(answer.dump()), 0);
-    ExpectLine("platform response bad, szInfo = {\"263\":", "ERROR", 5, kCapabilityTag);
+    EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kCapabilityTag, "platform response bad, szInfo = {\"263\":"));
     EXPECT_EQ(info.strV3, "before");
     EXPECT_EQ(info.defaultKey, "key-5");
 }
@@ -243,7 +247,8 @@ TEST_F(ConsumerP2PDevice, CapabilityTextThatIsNoJsonGivesOne) {
         lines.Clear();
         EXPECT_EQ(ParseP2PQXDevCapFromCServer(text, info), 1);
         if (text.size() < 1000) {
-            ExpectOnlyLine("platform response bad, szInfo = " + text, "ERROR", 5, kCapabilityTag);
+            EXPECT_THAT(lines.Lines(), testing::ElementsAre(Line(5, "ERROR", kCapabilityTag,
+                                                                 "platform response bad, szInfo = " + text)));
         }
     }
     ExpectTruncationIsNoJson(Capability().dump(),
@@ -263,8 +268,8 @@ TEST_F(ConsumerP2PDevice, RequestOnlyLogsItsCost) {
     transport.Answer(Golden().dump());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(info.iRequestCost, 77);
-    ExpectLine("/v3/userdevices/v1/devices/pagelist CostTime: = 5 milliseconds", "INFO ", 3,
-               "GetP2PDevInfoFromCServer");
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "GetP2PDevInfoFromCServer",
+                                       "/v3/userdevices/v1/devices/pagelist CostTime: = 5 milliseconds"));
     ASSERT_EQ(transport.Count(), 1U);
     EXPECT_EQ(transport.Sent()[0].url,
               "https://c.example/v3/userdevices/v1/devices/pagelist?deviceSerial=S&filter=P2P,KMS");
@@ -273,8 +278,8 @@ TEST_F(ConsumerP2PDevice, RequestOnlyLogsItsCost) {
 TEST_F(ConsumerP2PDevice, RequestPassesFailuresOn) {
     transport.Fail(35);
     EXPECT_EQ(Fetch(), 100035);
-    ExpectLine("ZQR TEST QX_API_B2C_GET_DEVICE_DETAIL SyncRequestHeader error:35", "ERROR", 5,
-               "GetP2PDevInfoFromCServer");
+    EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "GetP2PDevInfoFromCServer",
+                                       "ZQR TEST QX_API_B2C_GET_DEVICE_DETAIL SyncRequestHeader error:35"));
     EXPECT_FALSE(lines.Contains(kTag));
     const struct {
         const char* body;
@@ -283,8 +288,9 @@ TEST_F(ConsumerP2PDevice, RequestPassesFailuresOn) {
     for (const auto& row : rows) {
         transport.Answer(row.body);
         EXPECT_EQ(Fetch(), 300000 + row.code);
-        ExpectLine(std::string("ParseDevDetailInfoFromPlatform:") + row.body + " error:" + std::to_string(row.code),
-                   "ERROR", 5, "GetP2PDevInfoFromCServer");
+        EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "GetP2PDevInfoFromCServer",
+                                           std::string("ParseDevDetailInfoFromPlatform:") + row.body +
+                                               " error:" + std::to_string(row.code)));
     }
     EXPECT_FALSE(lines.Contains("the-session"));
 }

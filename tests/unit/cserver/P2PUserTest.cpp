@@ -111,24 +111,28 @@ TEST_F(ConsumerP2PUser, FourObjectsMustBeThere) {
     }
     for (const char* body : {"{}", "[]", "5", "null", "\"x\""}) {
         EXPECT_EQ(Parse(body), 2) << body;
-        ExpectOnlyLine(
-            R"(platform response invalid, szInfo = {"response1":null,"response2":null}, response1 not exist!)", "ERROR",
-            5, kTag);
+        EXPECT_THAT(
+            lines.Lines(),
+            testing::ElementsAre(Line(
+                5, "ERROR", kTag,
+                R"(platform response invalid, szInfo = {"response1":null,"response2":null}, response1 not exist!)")));
     }
 }
 
 TEST_F(ConsumerP2PUser, WhatIdentifiesTheUserIsMaskedWhereTheAnswerIsLogged) {
     EXPECT_EQ(Parse(R"({"response1":{},"response2":{"secret":"one","data":{"secret":"two","version":3}}})"), 2);
-    ExpectOnlyLine(
-        "platform response invalid, szInfo = "
-        R"({"response1":{},"response2":{"data":{"secret":"***","version":"***"},"secret":"***"}})"
-        ", userInfo not exist!",
-        "ERROR", 5, kTag);
+    EXPECT_THAT(lines.Lines(),
+                testing::ElementsAre(
+                    Line(5, "ERROR", kTag,
+                         "platform response invalid, szInfo = "
+                         R"({"response1":{},"response2":{"data":{"secret":"***","version":"***"},"secret":"***"}})"
+                         ", userInfo not exist!")));
     EXPECT_EQ(Parse(R"({"response1":{"userInfo":{"userId":"somebody","name":"n"}},"response2":{}})"), 2);
-    ExpectOnlyLine(
-        "platform response invalid, szInfo = "
-        R"({"response1":{"userInfo":{"name":"n","userId":"***"}},"response2":{}}, data not exist!)",
-        "ERROR", 5, kTag);
+    EXPECT_THAT(lines.Lines(),
+                testing::ElementsAre(
+                    Line(5, "ERROR", kTag,
+                         "platform response invalid, szInfo = "
+                         R"({"response1":{"userInfo":{"name":"n","userId":"***"}},"response2":{}}, data not exist!)")));
     EXPECT_EQ(Parse(R"({"response1":{},"response2":{"secret":{"deep":"one"}}})"), 2);
     EXPECT_FALSE(lines.Contains("one"));
 }
@@ -138,7 +142,8 @@ TEST_F(ConsumerP2PUser, TextThatIsNoJsonGivesOne) {
         EXPECT_EQ(Parse(body), 1);
         ExpectUntouched();
         if (body.size() < 1000) {
-            ExpectOnlyLine("platform response bad, szInfo = " + body, "ERROR", 5, kTag);
+            EXPECT_THAT(lines.Lines(),
+                        testing::ElementsAre(Line(5, "ERROR", kTag, "platform response bad, szInfo = " + body)));
         }
     }
     ExpectTruncationIsNoJson(Golden().dump(), [this](const std::string& body) { return Parse(body); });
@@ -157,8 +162,9 @@ TEST_F(ConsumerP2PUser, TwoRequestsInSequenceFillTheRecord) {
     EXPECT_EQ(transport.Sent()[0].url, kUserPath);
     EXPECT_EQ(transport.Sent()[1].url, kConfigurationPath);
     EXPECT_EQ(transport.Sent()[0].headers, transport.Sent()[1].headers);
-    ExpectLine("v3/users/info CostTime: = 5 milliseconds", "INFO ", 3, kRequest);
-    ExpectLine("p2pbusiness/configurations/p2p CostTime: = 5 milliseconds", "INFO ", 3, kRequest);
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kRequest, "v3/users/info CostTime: = 5 milliseconds"));
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", kRequest, "p2pbusiness/configurations/p2p CostTime: = 5 milliseconds"));
 }
 
 TEST_F(ConsumerP2PUser, FirstAnswerThatIsNoJsonGivesABareOne) {
@@ -167,8 +173,10 @@ TEST_F(ConsumerP2PUser, FirstAnswerThatIsNoJsonGivesABareOne) {
         const size_t before = transport.Count();
         EXPECT_EQ(Fetch(), 1);
         EXPECT_EQ(transport.Count(), before + 1);
-        ExpectLine(std::string("ZQR TEST QX_API_B2C_GET_P2P_USER_INFO platform response bad, szInfo = ") + body,
-                   "ERROR", 5, kRequest);
+        EXPECT_THAT(
+            lines.Lines(),
+            HasLine(5, "ERROR", kRequest,
+                    std::string("ZQR TEST QX_API_B2C_GET_P2P_USER_INFO platform response bad, szInfo = ") + body));
         ExpectUntouched();
     }
 }
@@ -190,8 +198,9 @@ TEST_F(ConsumerP2PUser, FirstAnswerWithAFailureGivesASilentZero) {
         const size_t before = transport.Count();
         EXPECT_EQ(Fetch(), 0) << row.body;
         EXPECT_EQ(transport.Count(), before + 1) << "no second request";
-        ExpectLine(std::string("CheckResponseInfoFromPlatform:") + row.body + " error:" + std::to_string(row.code),
-                   "ERROR", 5, kRequest);
+        EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kRequest,
+                                           std::string("CheckResponseInfoFromPlatform:") + row.body +
+                                               " error:" + std::to_string(row.code)));
         ExpectUntouched();
     }
 }
@@ -201,7 +210,8 @@ TEST_F(ConsumerP2PUser, FirstTransferThatFailsEndsIt) {
     transport.Fail(28);
     EXPECT_EQ(Fetch(), 100028);
     EXPECT_EQ(transport.Count(), 1U);
-    ExpectLine("ZQR TEST QX_API_B2C_GET_P2P_USER_INFO SyncRequestHeader error:28", "ERROR", 5, kRequest);
+    EXPECT_THAT(lines.Lines(),
+                HasLine(5, "ERROR", kRequest, "ZQR TEST QX_API_B2C_GET_P2P_USER_INFO SyncRequestHeader error:28"));
     EXPECT_EQ(info.iRequestCost, 5);
     ExpectUntouched();
 }
@@ -211,8 +221,10 @@ TEST_F(ConsumerP2PUser, SecondTransferThatFailsHasALabelOfItsOwn) {
     transport.Answer(kFirst);
     transport.Fail(56);
     EXPECT_EQ(Fetch(), 100056);
-    ExpectLine("ZQR TEST QX_API_B2C_GET_P2P_USER_INFO SyncRequest error:56", "ERROR", 5, kRequest);
-    ExpectLine("p2pbusiness/configurations/p2p CostTime: = 5 milliseconds", "INFO ", 3, kRequest);
+    EXPECT_THAT(lines.Lines(),
+                HasLine(5, "ERROR", kRequest, "ZQR TEST QX_API_B2C_GET_P2P_USER_INFO SyncRequest error:56"));
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", kRequest, "p2pbusiness/configurations/p2p CostTime: = 5 milliseconds"));
     EXPECT_EQ(info.iRequestCost, 10);
     ExpectUntouched();
 }
@@ -221,7 +233,7 @@ TEST_F(ConsumerP2PUser, SecondAnswerThatIsNoJsonGivesABareOne) {
     transport.Answer(kFirst);
     transport.Answer("<html></html>");
     EXPECT_EQ(Fetch(), 1);
-    ExpectLine("platform response bad, szInfo = <html></html>", "ERROR", 5, kRequest);
+    EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kRequest, "platform response bad, szInfo = <html></html>"));
     ExpectUntouched();
 }
 
@@ -238,8 +250,9 @@ TEST_F(ConsumerP2PUser, RefusalOfTheParserIsLoggedWithTheSecretMasked) {
     EXPECT_EQ(Fetch(), 300002);
     const std::string joined =
         R"({"response1":{"meta":{"code":0}},"response2":{"data":{"saltIndex":"***","version":"***"},"secret":"***"}})";
-    ExpectLine("platform response invalid, szInfo = " + joined + ", userInfo not exist!", "ERROR", 5, kTag);
-    ExpectLine("CheckResponseInfoFromPlatform:" + joined + " error:2", "ERROR", 5, kRequest);
+    EXPECT_THAT(lines.Lines(),
+                HasLine(5, "ERROR", kTag, "platform response invalid, szInfo = " + joined + ", userInfo not exist!"));
+    EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kRequest, "CheckResponseInfoFromPlatform:" + joined + " error:2"));
     EXPECT_EQ(LinesOf(kTag), 1U);
     for (const LogLine& line : lines.Lines()) {
         if (line.Tag() == kTag || line.Tag() == kRequest) {

@@ -71,7 +71,8 @@ TEST_F(ConsumerRecordings, ListMustBeThere) {
     }
     for (const std::string& body : bodies) {
         EXPECT_EQ(Parse(body), 2) << body;
-        ExpectOnlyLine("platform response invalid, szInfo = " + body, "ERROR", 5, kTag);
+        EXPECT_THAT(lines.Lines(),
+                    testing::ElementsAre(Line(5, "ERROR", kTag, "platform response invalid, szInfo = " + body)));
         EXPECT_EQ(records, "before");
     }
 }
@@ -81,7 +82,8 @@ TEST_F(ConsumerRecordings, TextThatIsNoJsonGivesOne) {
         EXPECT_EQ(Parse(body), 1);
         EXPECT_EQ(records, "before");
         if (body.size() < 1000) {
-            ExpectOnlyLine("platform response bad, szInfo = " + body, "ERROR", 5, kTag);
+            EXPECT_THAT(lines.Lines(),
+                        testing::ElementsAre(Line(5, "ERROR", kTag, "platform response bad, szInfo = " + body)));
         }
     }
     ExpectTruncationIsNoJson(kGolden, [this](const std::string& body) { return Parse(body); });
@@ -93,9 +95,11 @@ TEST_F(ConsumerRecordings, CodeOfTheEnvelopeIsReturnedUnderTheParsersOwnWords) {
         EXPECT_EQ(Parse(body), row.code) << row.meta;
         if (row.code != 0) {
             const std::string code = std::to_string(row.code);
-            ExpectOnlyLine(
-                std::string("ParseDeviceRecordFileFromCServer Response Error:").append(code) + ", Resp:" + body,
-                "INFO ", 3, kTag);
+            EXPECT_THAT(
+                lines.Lines(),
+                testing::ElementsAre(Line(
+                    3, "INFO ", kTag,
+                    std::string("ParseDeviceRecordFileFromCServer Response Error:").append(code) + ", Resp:" + body)));
             EXPECT_EQ(records, "before");
         }
     }
@@ -122,7 +126,8 @@ TEST_F(ConsumerRecordings, AnswerIsLoggedWholeBeforeItIsChecked) {
     for (const char* body : {kGolden, "no json", "", "{}"}) {
         transport.Answer(body);
         Fetch();
-        ExpectLine(std::string("ZQR TEST GetDeviceFileBySerialFromCServer:") + body, "INFO ", 3, kRequest);
+        EXPECT_THAT(lines.Lines(),
+                    HasLine(3, "INFO ", kRequest, std::string("ZQR TEST GetDeviceFileBySerialFromCServer:") + body));
     }
     EXPECT_FALSE(lines.Contains("CostTime")) << "this request is not timed";
 }
@@ -144,9 +149,9 @@ TEST_F(ConsumerRecordings, RequestChecksTheEnvelopeItself) {
     for (const auto& row : rows) {
         transport.Answer(row.body);
         EXPECT_EQ(Fetch(), row.result) << row.body;
-        ExpectLine(std::string("ZQR TEST GetLocalRecordFileBySerialFromPlatform:") + row.body +
-                       " error:" + std::to_string(row.code),
-                   "ERROR", 5, kRequest);
+        EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kRequest,
+                                           std::string("ZQR TEST GetLocalRecordFileBySerialFromPlatform:") + row.body +
+                                               " error:" + std::to_string(row.code)));
         EXPECT_FALSE(lines.Contains(kTag)) << "the parser is not asked";
         EXPECT_EQ(records, "before");
     }
@@ -155,7 +160,8 @@ TEST_F(ConsumerRecordings, RequestChecksTheEnvelopeItself) {
 TEST_F(ConsumerRecordings, ParsersRefusalHasAnotherLabel) {
     transport.Answer(R"({"meta":{"code":200},"records":{}})");
     EXPECT_EQ(Fetch(), 300002);
-    ExpectLine(R"(ParseServerInfoFromPlatform:{"meta":{"code":200},"records":{}} error:2)", "ERROR", 5, kRequest);
+    EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kRequest,
+                                       R"(ParseServerInfoFromPlatform:{"meta":{"code":200},"records":{}} error:2)"));
     for (const char* body : {R"({"meta":{},"records":[]})", R"({"meta":{"code":"401"},"records":[]})"}) {
         transport.Answer(body);
         EXPECT_EQ(Fetch(), 0) << "an envelope without a number is a success: " << body;
@@ -165,7 +171,8 @@ TEST_F(ConsumerRecordings, ParsersRefusalHasAnotherLabel) {
 TEST_F(ConsumerRecordings, FailedTransferIsPassedOn) {
     transport.Fail(7);
     EXPECT_EQ(Fetch(), 100007);
-    ExpectLine("ZQR TEST QX_API_B2C_GET_DEVICE_RECORD SyncRequestHeader error:7", "ERROR", 5, kRequest);
+    EXPECT_THAT(lines.Lines(),
+                HasLine(5, "ERROR", kRequest, "ZQR TEST QX_API_B2C_GET_DEVICE_RECORD SyncRequestHeader error:7"));
     EXPECT_EQ(records, "before");
     EXPECT_FALSE(lines.Contains("ZQR TEST GetDeviceFileBySerialFromCServer"));
     EXPECT_FALSE(lines.Contains("the-session"));

@@ -96,7 +96,8 @@ TEST_F(ConsumerServers, TextThatIsNoJsonGivesOne) {
         EXPECT_EQ(Parse(body), 1);
         ExpectUntouched();
         if (body.size() < 1000) {
-            ExpectOnlyLine("platform response bad, szInfo = " + body, "ERROR", 5, kTag);
+            EXPECT_THAT(lines.Lines(),
+                        testing::ElementsAre(Line(5, "ERROR", kTag, "platform response bad, szInfo = " + body)));
         }
     }
     ExpectTruncationIsNoJson(Golden().dump(), [this](const std::string& body) { return Parse(body); });
@@ -108,7 +109,9 @@ TEST_F(ConsumerServers, CodeOfTheEnvelopeIsReturned) {
         const std::string body = WithValue(Golden(), "/meta", row.meta);
         EXPECT_EQ(Parse(body), row.code);
         if (row.code != 0) {
-            ExpectOnlyLine("Platform Response Error:" + std::to_string(row.code) + ", Resp:" + body, "INFO ", 3, kTag);
+            EXPECT_THAT(lines.Lines(), testing::ElementsAre(Line(
+                                           3, "INFO ", kTag,
+                                           "Platform Response Error:" + std::to_string(row.code) + ", Resp:" + body)));
             ExpectUntouched();
         }
     }
@@ -131,7 +134,8 @@ TEST_F(ConsumerServers, ConfigurationMustBeThere) {
     }
     for (const std::string& body : bodies) {
         EXPECT_EQ(Parse(body), 2) << body;
-        ExpectOnlyLine("platform response invalid, szInfo = " + body, "ERROR", 5, kTag);
+        EXPECT_THAT(lines.Lines(),
+                    testing::ElementsAre(Line(5, "ERROR", kTag, "platform response invalid, szInfo = " + body)));
         ExpectUntouched();
     }
     EXPECT_EQ(Parse(R"({"systemConfigInfo":{}})"), 0) << "and nothing in it need be";
@@ -143,13 +147,15 @@ TEST_F(ConsumerServers, RequestStoresItsCostWhateverTheOutcome) {
     transport.Answer(Golden().dump());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(info.iRequestCost, 4);
-    ExpectLine("v3/configurations/system/info CostTime: = 4 milliseconds", "INFO ", 3, "GetServerInfoFromCServer");
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "GetServerInfoFromCServer",
+                                       "v3/configurations/system/info CostTime: = 4 milliseconds"));
     clock.SetSteadyStep(6'000'000);
     transport.Fail(28);
     EXPECT_EQ(Fetch(), 100028);
     EXPECT_EQ(info.iRequestCost, 6);
-    ExpectLine("SyncRequest error:28", "ERROR", 5, "GetServerInfoFromCServer");
-    ExpectLine("v3/configurations/system/info CostTime: = 6 milliseconds", "INFO ", 3, "GetServerInfoFromCServer");
+    EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "GetServerInfoFromCServer", "SyncRequest error:28"));
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "GetServerInfoFromCServer",
+                                       "v3/configurations/system/info CostTime: = 6 milliseconds"));
 }
 
 TEST_F(ConsumerServers, RefusedAnswerIsLoggedUnderThePlatformsLabel) {
@@ -167,8 +173,9 @@ TEST_F(ConsumerServers, RefusedAnswerIsLoggedUnderThePlatformsLabel) {
     for (const auto& row : rows) {
         transport.Answer(row.body);
         EXPECT_EQ(Fetch(), row.result) << row.body;
-        ExpectLine(std::string("ParseServerInfoFromPlatform:") + row.body + " error:" + std::to_string(row.code),
-                   "ERROR", 5, "GetServerInfoFromCServer");
+        EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "GetServerInfoFromCServer",
+                                           std::string("ParseServerInfoFromPlatform:") + row.body +
+                                               " error:" + std::to_string(row.code)));
         ExpectUntouched();
     }
 }

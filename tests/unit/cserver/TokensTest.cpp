@@ -61,7 +61,9 @@ std::vector<std::string> WithoutText(const char* name) {
 TEST_F(ConsumerSession, SessionIdMustBeAText) {
     for (const std::string& body : WithoutText("sessionId")) {
         EXPECT_EQ(Parse(body), 2) << body;
-        ExpectOnlyLine("platform response invalid, szInfo = " + body + ", sessionId not exist!", "ERROR", 5, kTag);
+        EXPECT_THAT(lines.Lines(),
+                    testing::ElementsAre(Line(
+                        5, "ERROR", kTag, "platform response invalid, szInfo = " + body + ", sessionId not exist!")));
         ExpectUntouched();
     }
 }
@@ -90,7 +92,9 @@ TEST_F(ConsumerSession, SessionMustBeAnObject) {
     }
     for (const std::string& body : bodies) {
         EXPECT_EQ(Parse(body), 2) << body;
-        ExpectOnlyLine("platform response invalid, szInfo = " + body + ", sessionInfo not exist!", "ERROR", 5, kTag);
+        EXPECT_THAT(lines.Lines(),
+                    testing::ElementsAre(Line(
+                        5, "ERROR", kTag, "platform response invalid, szInfo = " + body + ", sessionInfo not exist!")));
         ExpectUntouched();
     }
 }
@@ -100,7 +104,8 @@ TEST_F(ConsumerSession, TextThatIsNoJsonGivesOne) {
         EXPECT_EQ(Parse(body), 1);
         ExpectUntouched();
         if (body.size() < 1000) {
-            ExpectOnlyLine("platform response bad, szInfo = " + body, "ERROR", 5, kTag);
+            EXPECT_THAT(lines.Lines(),
+                        testing::ElementsAre(Line(5, "ERROR", kTag, "platform response bad, szInfo = " + body)));
         }
     }
     ExpectTruncationIsNoJson(kGolden, [this](const std::string& body) { return Parse(body); });
@@ -111,7 +116,9 @@ TEST_F(ConsumerSession, CodeOfTheEnvelopeIsReturned) {
         const std::string body = WithValue(Json::parse(kGolden), "/meta", row.meta);
         EXPECT_EQ(Parse(body), row.code) << row.meta;
         if (row.code != 0) {
-            ExpectOnlyLine("Platform Response Error:" + std::to_string(row.code) + ", Resp:" + body, "INFO ", 3, kTag);
+            EXPECT_THAT(lines.Lines(), testing::ElementsAre(Line(
+                                           3, "INFO ", kTag,
+                                           "Platform Response Error:" + std::to_string(row.code) + ", Resp:" + body)));
             ExpectUntouched();
         }
     }
@@ -140,9 +147,10 @@ TEST_F(ConsumerSession, RefreshReturnsTheServersOwnCodeBare) {
             R"({"meta":{"code":)" + text + R"(},"sessionInfo":{"sessionId":"a","refreshSessionId":"b"}})";
         transport.Answer(body);
         EXPECT_EQ(Refresh(), code);
-        ExpectLine(
-            std::string("ZQR TEST QX_API_B2C_REFRESH_SESSION Platform Response Error:").append(text) + ", Resp:" + body,
-            "INFO ", 3, kRequest);
+        EXPECT_THAT(lines.Lines(),
+                    HasLine(3, "INFO ", kRequest,
+                            std::string("ZQR TEST QX_API_B2C_REFRESH_SESSION Platform Response Error:").append(text) +
+                                ", Resp:" + body));
         EXPECT_FALSE(lines.Contains(kTag));
         ExpectUntouched();
     }
@@ -152,8 +160,10 @@ TEST_F(ConsumerSession, RefreshGivesABareOneForWhatIsNoJson) {
     for (const char* body : {"", "<html>%s</html>", "{\"meta\":"}) {
         transport.Answer(body);
         EXPECT_EQ(Refresh(), 1);
-        ExpectLine(std::string("ZQR TEST QX_API_B2C_REFRESH_SESSION platform response bad, szInfo = ") + body, "ERROR",
-                   5, kRequest);
+        EXPECT_THAT(
+            lines.Lines(),
+            HasLine(5, "ERROR", kRequest,
+                    std::string("ZQR TEST QX_API_B2C_REFRESH_SESSION platform response bad, szInfo = ") + body));
         EXPECT_FALSE(lines.Contains(kTag));
         ExpectUntouched();
     }
@@ -165,7 +175,8 @@ TEST_F(ConsumerSession, RefreshWithoutAnEnvelopeIsMalformed) {
           WithValue(Json::parse(kGolden), "/meta", "401")}) {
         transport.Answer(body);
         EXPECT_EQ(Refresh(), 300002) << body;
-        ExpectLine("ZQR TEST RefreshSessionFromCServer:" + body + " error:2", "ERROR", 5, kRequest);
+        EXPECT_THAT(lines.Lines(),
+                    HasLine(5, "ERROR", kRequest, "ZQR TEST RefreshSessionFromCServer:" + body + " error:2"));
         ExpectUntouched();
     }
 }
@@ -176,7 +187,8 @@ TEST_F(ConsumerSession, ParsersRefusalOfARefreshHasTheBase) {
           R"({"meta":{},"sessionInfo":[]})"}) {
         transport.Answer(body);
         EXPECT_EQ(Refresh(), 300002) << body;
-        ExpectLine(std::string("ZQR TEST RefreshSessionFromCServer:") + body + " error:2", "ERROR", 5, kRequest);
+        EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kRequest,
+                                           std::string("ZQR TEST RefreshSessionFromCServer:") + body + " error:2"));
         ExpectUntouched();
     }
 }
@@ -184,7 +196,8 @@ TEST_F(ConsumerSession, ParsersRefusalOfARefreshHasTheBase) {
 TEST_F(ConsumerSession, FailedTransferOfARefreshIsPassedOn) {
     transport.Fail(28);
     EXPECT_EQ(Refresh(), 100028);
-    ExpectLine("ZQR TEST QX_API_B2C_REFRESH_SESSION SyncPutRequestHeader error:28", "ERROR", 5, kRequest);
+    EXPECT_THAT(lines.Lines(),
+                HasLine(5, "ERROR", kRequest, "ZQR TEST QX_API_B2C_REFRESH_SESSION SyncPutRequestHeader error:28"));
     ExpectUntouched();
 }
 
@@ -215,7 +228,7 @@ TEST_F(ConsumerSession, StreamTokensOfAFailedTransferStayAsTheyWere) {
     transport.Fail(35);
     EXPECT_EQ(GetStreamTokensFromCServer({"https://c.example", "the-session", "the-app"}, answer), 100035);
     EXPECT_EQ(answer, "before");
-    ExpectLine("SyncRequest error:35", "ERROR", 5, "GetStreamTokensFromCServer");
+    EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "GetStreamTokensFromCServer", "SyncRequest error:35"));
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 
 #include "cryptowrap/cryptowrap.h"
 #include "support/CleanSwitches.h"
-#include "support/LogCapture.h"
+#include "support/LineMatcher.h"
 
 namespace vantix {
 namespace {
@@ -77,13 +77,6 @@ public:
     FeatureCode& operator=(const FeatureCode&) = delete;
 
 protected:
-    void ExpectLine(size_t index, const char* word, unsigned lineLevel, const char* tag) const {
-        ASSERT_LT(index, m_log.Lines().size());
-        EXPECT_EQ(m_log.Lines()[index].Word(), word);
-        EXPECT_EQ(m_log.Lines()[index].level, lineLevel);
-        EXPECT_EQ(m_log.Lines()[index].Tag(), tag);
-    }
-
     test::CleanSwitches m_switches;
     test::LogCapture m_log;
 };
@@ -102,7 +95,7 @@ TEST_F(HDSign, LogsSixCharactersOfTheCode) {
     char buffer[64] = {};
     GetHDSign(buffer, kSource);
     EXPECT_THAT(m_log.Messages(), ElementsAre("serial:ABC ,mac:00-11-22-33-44-55 ,HDSign:a3d451***"));
-    ExpectLine(0, "INFO ", 3, "GetHDSign");
+    EXPECT_THAT(m_log.Lines().at(0), test::Line(3, "INFO ", "GetHDSign", testing::_));
     EXPECT_FALSE(m_log.Contains(std::string(kCode).substr(0, 7)));
 }
 
@@ -137,7 +130,7 @@ TEST_F(HDSign, AFailedDigestIsMinusOneAndALine) {
     EXPECT_STREQ(buffer, "as before");
     EXPECT_THAT(m_log.Messages(),
                 ElementsAre("Hdsign md5 failed. ssl_md5_digest failed. serial:ABC ,mac:00-11-22-33-44-55"));
-    ExpectLine(0, "ERROR", 5, "GetHDSign");
+    EXPECT_THAT(m_log.Lines().at(0), test::Line(5, "ERROR", "GetHDSign", testing::_));
 }
 
 TEST_F(HDSign, ANullBufferIsMinusOne) {
@@ -172,7 +165,7 @@ TEST_F(FeatureCode, AFailureIsLoggedInTheLogsOwnCodePage) {
     PublicGetHDSign(kSource);
     EXPECT_THAT(m_log.Messages(),
                 ElementsAre("Hdsign md5 failed. ssl_md5_digest failed. serial:ABC ,mac:00-11-22-33-44-55", kGbkText));
-    ExpectLine(1, "ERROR", 5, "PublicGetHDSign");
+    EXPECT_THAT(m_log.Lines().at(1), test::Line(5, "ERROR", "PublicGetHDSign", testing::_));
 }
 
 TEST_F(FeatureCode, HardwareThatFailsIsNoFailure) {

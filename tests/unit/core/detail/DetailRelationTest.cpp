@@ -66,8 +66,8 @@ TEST_F(Relation, FetchedDeviceBehindAnOnlineParentComesBackAsTheParent) {
     EXPECT_EQ(Read(), 0);
     ExpectParent();
     EXPECT_EQ(transport.Count(), 1U);
-    ExpectLine("BelongNo Associated device PARENT is online", "INFO ", 3,
-               "CVantixDataCenter::getDevDetailInfoFromLocalByRelation");
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::getDevDetailInfoFromLocalByRelation",
+                                       "BelongNo Associated device PARENT is online"));
     ExpectNoLine("Unrelated");
 }
 

@@ -63,7 +63,8 @@ TEST_F(DetailAsync, FreshCopyIsServedAndTheFutureStaysUntouched) {
     EXPECT_EQ(device.iRequestCost, 0);
     EXPECT_TRUE(device.isFromCache);
     EXPECT_EQ(transport.Count(), 1U);
-    ExpectLine("getDevDetailInfo FromLocal SUCCESS  isUpdate = 0", "ERROR", 5, "CVantixDataCenter::getDevDetailInfo");
+    EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "CVantixDataCenter::getDevDetailInfo",
+                                       "getDevDetailInfo FromLocal SUCCESS  isUpdate = 0"));
 }
 
 TEST_F(DetailAsync, FreshCopyLeavesAFutureThatIsThereAlone) {

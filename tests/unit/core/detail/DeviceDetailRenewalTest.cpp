@@ -158,8 +158,8 @@ TEST_P(DetailRepeat, SmallPermissionModeRenewsNothing) {
     EXPECT_EQ(Fetch(), 310002);
     EXPECT_EQ(Token(0), "tk");
     EXPECT_EQ(transport.Count(), 1U);
-    ExpectLine("Small permissions do not need to use the following logic", "ERROR", 5,
-               "CVantixDataCenter::RefreshToken");
+    EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "CVantixDataCenter::RefreshToken",
+                                       "Small permissions do not need to use the following logic"));
 }
 
 TEST_P(DetailRepeat, B2CModeRenewsTheAccessTokenAndRepeatsWithTheDevicesOwn) {

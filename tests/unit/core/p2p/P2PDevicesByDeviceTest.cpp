@@ -92,7 +92,7 @@ TEST_F(V3Download, AnswerIsYesExactlyWhenTheTextIsOne) {
         lines.Clear();
         transport.Answer(DownloadAnswer(R"({"V3Download":")" + std::string(text) + R"("})"));
         EXPECT_EQ(core.isP2PV3download("C1", 1), yes) << text;
-        ExpectLine("strV3Download[" + std::string(text) + "]", "INFO ", 3, kTag);
+        EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kTag, "strV3Download[" + std::string(text) + "]"));
     }
 }
 
@@ -107,7 +107,7 @@ TEST_F(V3Download, CapabilityThatIsNotThereIsANo) {
 TEST_F(V3Download, FailedFetchIsANo) {
     transport.Fail(7);
     EXPECT_EQ(core.isP2PV3download("C1", 1), 0);
-    ExpectLine("get p2p device info failed", "ERROR", 5, kTag);
+    EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kTag, "get p2p device info failed"));
     ExpectNoLine("strV3Download[");
 }
 

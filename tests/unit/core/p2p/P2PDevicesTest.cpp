@@ -105,7 +105,7 @@ TEST_F(P2PDevicesTest, CopyIsServedWithoutARequestAndWithoutACost) {
     EXPECT_EQ(transport.Count(), 1U);
     EXPECT_EQ(IP(), "cached");
     EXPECT_EQ(device.iRequestCost, 0);
-    ExpectLine(kServed, "INFO ", 3, "CVantixDataCenter::getP2PDevInfo");
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::getP2PDevInfo", kServed));
     EXPECT_EQ(lines.Lines().size(), 1U);
 }
 
@@ -231,7 +231,7 @@ TEST_F(P2PDevicesTest, HitLeavesTheFutureUntouched) {
     future = own.get_future();
     EXPECT_EQ(FetchInBackground(), 0);
     EXPECT_EQ(IP(), "cached");
-    ExpectLine(kServed, "INFO ", 3, "CVantixDataCenter::getP2PDevInfo");
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::getP2PDevInfo", kServed));
     own.set_value(1234);
     EXPECT_EQ(future.get(), 1234);
     ExpectNoLine("futureDevInfo");

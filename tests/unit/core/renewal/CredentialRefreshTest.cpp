@@ -23,7 +23,8 @@ TEST_F(TokenRefresh, SmallPermissionModeStopsBeforeEverything) {
     core.setPermissionMode(1);
     EXPECT_EQ(Refresh(), -1);
     EXPECT_EQ(token, "");
-    ExpectLine("Small permissions do not need to use the following logic", "ERROR", 5, kTokenTag);
+    EXPECT_THAT(lines.Lines(),
+                HasLine(5, "ERROR", kTokenTag, "Small permissions do not need to use the following logic"));
     EXPECT_EQ(lines.Lines().size(), 1U);
     EXPECT_EQ(transport.Count(), 0U);
     EXPECT_EQ(core.getAccessToken(), "access-token");
@@ -50,7 +51,8 @@ TEST_F(TokenRefresh, EachOfFourParametersIsRequired) {
         token = "what was there";
         EXPECT_EQ(Refresh(), -1);
         EXPECT_EQ(token, "");
-        ExpectLine("Refresh Token, params invalid, " + std::string(row.line), "INFO ", 3, kTokenTag);
+        EXPECT_THAT(lines.Lines(),
+                    HasLine(3, "INFO ", kTokenTag, "Refresh Token, params invalid, " + std::string(row.line)));
         EXPECT_EQ(lines.Lines().size(), 1U);
         (core.*row.set)(row.value);
     }
@@ -98,9 +100,11 @@ TEST_F(TokenRefresh, SuccessIsStoredReturnedAndToldByFiveCharacters) {
     EXPECT_EQ(token, "NEWNEsecret");
     EXPECT_EQ(core.getAccessToken(), "NEWNEsecret");
     EXPECT_EQ(core.getTokenExpireTime(), "7200");
-    ExpectLine("Refresh Token Success, OldAccessToken:OLDOL***, NewAccessToken:NEWNE***, ExpireTime:7200", "INFO ", 3,
-               kTokenTag);
-    ExpectLine("Set TokenExpireTime:7200", "INFO ", 3, "CVantixDataCenter::setTokenExpireTime");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", kTokenTag,
+                        "Refresh Token Success, OldAccessToken:OLDOL***, NewAccessToken:NEWNE***, ExpireTime:7200"));
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", "CVantixDataCenter::setTokenExpireTime", "Set TokenExpireTime:7200"));
     EXPECT_EQ(lines.Messages().back(), "Set TokenExpireTime:7200") << "the expiry is stored last";
     ExpectNoLine("OLDOLsecret");
 }
@@ -160,10 +164,11 @@ TEST_F(TokenRefresh, FailureLeavesEveryCredentialAsItWasAndTellsWhatWasSent) {
         token = "what was there";
         EXPECT_EQ(Refresh(), -1);
         EXPECT_EQ(token, "");
-        ExpectLine(
-            "Refresh Token Failed, AuthAddr:https://auth.example, OpenID:open-id, RefreshToken:refresh-token, "
-            "appID:app-id, Scope:the-scope, State:the-state",
-            "ERROR", 5, kTokenTag);
+        EXPECT_THAT(
+            lines.Lines(),
+            HasLine(5, "ERROR", kTokenTag,
+                    "Refresh Token Failed, AuthAddr:https://auth.example, OpenID:open-id, RefreshToken:refresh-token, "
+                    "appID:app-id, Scope:the-scope, State:the-state"));
         EXPECT_EQ(core.getAccessToken(), "access-token");
         EXPECT_EQ(core.getTokenExpireTime(), "the old time");
         EXPECT_EQ(core.getRefreshToken(), "refresh-token");
@@ -223,8 +228,9 @@ TEST_F(SessionRefresh, OtherModesStopAfterTheFirstLine) {
         EXPECT_EQ(session, "");
         ASSERT_EQ(lines.Lines().size(), 2U);
         EXPECT_EQ(lines.Messages()[0], "start RefreshSession");
-        ExpectLine("start RefreshSession", "INFO ", 3, kSessionTag);
-        ExpectLine("Not 4200 B2C Mode, do not need to use the following logic", "INFO ", 3, kSessionTag);
+        EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kSessionTag, "start RefreshSession"));
+        EXPECT_THAT(lines.Lines(),
+                    HasLine(3, "INFO ", kSessionTag, "Not 4200 B2C Mode, do not need to use the following logic"));
     }
     EXPECT_EQ(transport.Count(), 0U);
     EXPECT_EQ(core.getSessionId(), "old-session");
@@ -236,7 +242,8 @@ TEST_F(SessionRefresh, DomainIsRequired) {
     bare.setSessionId("S");
     EXPECT_EQ(bare.RefreshSession("R", session), -1);
     EXPECT_EQ(session, "");
-    ExpectLine("Refresh Session, params invalid, CDomain:, SessionID:S, RefreshSessionID:R", "INFO ", 3, kSessionTag);
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kSessionTag,
+                                       "Refresh Session, params invalid, CDomain:, SessionID:S, RefreshSessionID:R"));
     EXPECT_EQ(transport.Count(), 0U);
 }
 
@@ -247,8 +254,9 @@ TEST_F(SessionRefresh, RefreshSessionIdIsRequired) {
     bare.setSessionId("S");
     EXPECT_EQ(bare.RefreshSession("", session), -1);
     EXPECT_EQ(session, "");
-    ExpectLine("Refresh Session, params invalid, CDomain:https://c.example, SessionID:S, RefreshSessionID:", "INFO ", 3,
-               kSessionTag);
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", kSessionTag,
+                        "Refresh Session, params invalid, CDomain:https://c.example, SessionID:S, RefreshSessionID:"));
     EXPECT_EQ(transport.Count(), 0U);
 }
 
@@ -296,8 +304,9 @@ TEST_F(SessionRefresh, SuccessIsStoredReturnedAndWordedAsATokens) {
     EXPECT_EQ(session, "NEWNEsecret");
     EXPECT_EQ(core.getSessionId(), "NEWNEsecret");
     EXPECT_EQ(lines.Messages().front(), "start RefreshSession");
-    ExpectLine("Refresh Token Success,  NewSession:NEWNE***, RefreshSessionID:next-refresh-id", "INFO ", 3,
-               kSessionTag);
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", kSessionTag,
+                        "Refresh Token Success,  NewSession:NEWNE***, RefreshSessionID:next-refresh-id"));
     transport.Answer(kSessionGone);
     EXPECT_EQ(Refresh(), -1);
     EXPECT_EQ(transport.Sent()[1].Param("refreshSessionId"), "next-refresh-id") << "both ids were replaced";
@@ -330,8 +339,9 @@ TEST_F(SessionRefresh, FailureLeavesBothIdsAsTheyWere) {
         session = "what was there";
         EXPECT_EQ(Refresh(), -1);
         EXPECT_EQ(session, "");
-        ExpectLine("Refresh Session Failed, Domain:https://c.example, OldRefreshSessionID:refresh-id", "ERROR", 5,
-                   kSessionTag);
+        EXPECT_THAT(lines.Lines(),
+                    HasLine(5, "ERROR", kSessionTag,
+                            "Refresh Session Failed, Domain:https://c.example, OldRefreshSessionID:refresh-id"));
         EXPECT_EQ(core.getSessionId(), "old-session");
         EXPECT_EQ(transport.Sent().back().Param("refreshSessionId"), "refresh-id");
         ExpectNoLine("Refresh Token Success");

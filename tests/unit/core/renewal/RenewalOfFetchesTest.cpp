@@ -105,8 +105,8 @@ TEST_P(SourcesRepeat, SmallPermissionModeRenewsNothing) {
     transport.Answer(kExpired);
     EXPECT_EQ(Call("own-token"), 310002);
     EXPECT_EQ(transport.Count(), 1U);
-    ExpectLine("Small permissions do not need to use the following logic", "ERROR", 5,
-               "CVantixDataCenter::RefreshToken");
+    EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "CVantixDataCenter::RefreshToken",
+                                       "Small permissions do not need to use the following logic"));
 }
 
 TEST_P(SourcesRepeat, NoOtherResultOfThePlatformRenewsAnything) {

@@ -16,7 +16,7 @@ protected:
     void ExpectNone(int result) {
         EXPECT_EQ(result, -1);
         EXPECT_EQ(json, "what was there");
-        ExpectLine("lVideoVtmAddr size 0", "ERROR", 5, kTag);
+        EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kTag, "lVideoVtmAddr size 0"));
         ExpectNoLine("stVideoVtmAddr");
     }
 
@@ -66,7 +66,8 @@ TEST_F(VideoRelays, SharedDeviceHasTheCDomainAndStillThePlatformsRequest) {
     EXPECT_EQ(Address(0), "https://c.example/api/service/media/server/info");
     EXPECT_EQ(Token(0), "access-token");
     EXPECT_EQ(Session(0), "<none>");
-    ExpectLine("Returning C domain for shared device", "INFO ", 3, "CVantixDataCenter::getDomain");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", "CVantixDataCenter::getDomain", "Returning C domain for shared device"));
 }
 
 TEST_F(VideoRelays, TwoAddressesAreOneLineOfJsonInTheirOrder) {
@@ -81,9 +82,9 @@ TEST_F(VideoRelays, TwoAddressesAreOneLineOfJsonInTheirOrder) {
     }
     EXPECT_EQ(own, (std::vector<std::string>{" addr = [vtm1]", " port = [8554]", " addr = [vtm2]", " port = [8555]",
                                              std::string("stVideoVtmAddr ") + kTwoRelays}));
-    ExpectLine(" addr = [vtm1]", "INFO ", 3, kTag);
-    ExpectLine(" port = [8555]", "INFO ", 3, kTag);
-    ExpectLine(std::string("stVideoVtmAddr ") + kTwoRelays, "ERROR", 5, kTag);
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kTag, " addr = [vtm1]"));
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kTag, " port = [8555]"));
+    EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kTag, std::string("stVideoVtmAddr ") + kTwoRelays));
 }
 
 TEST_F(VideoRelays, MainRelayIsNotInTheList) {
@@ -139,7 +140,8 @@ TEST_F(VideoRelays, ExpiredTokenIsRenewedOnceAndTheRepeatTakesTheNewOne) {
     EXPECT_EQ(transport.Sent()[2].Param("deviceSerial"), "C1");
     EXPECT_EQ(transport.Sent()[2].Param("localIndex"), "5");
     EXPECT_EQ(json, kTwoRelays);
-    ExpectLine(std::string("stVideoVtmAddr ") + kTwoRelays, "ERROR", 5, "CVantixDataCenter::getServerInfoEx");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(5, "ERROR", "CVantixDataCenter::getServerInfoEx", std::string("stVideoVtmAddr ") + kTwoRelays));
 }
 
 TEST_F(VideoRelays, ExpiredTwiceIsAFailureAfterOneRefresh) {

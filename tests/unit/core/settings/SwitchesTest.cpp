@@ -23,10 +23,12 @@ TEST_F(Switches, DefaultsOfAFreshCore) {
 
 TEST_F(Switches, CloseP2PLogsOldAndNewBeforeItStores) {
     core.setCloseP2P(1);
-    ExpectLine("Judge OldOpenP2P:1, NewCloseP2P:1", "INFO ", 3, "CVantixDataCenter::setCloseP2P");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", "CVantixDataCenter::setCloseP2P", "Judge OldOpenP2P:1, NewCloseP2P:1"));
     EXPECT_FALSE(core.isOpenP2P());
     core.setCloseP2P(2);
-    ExpectLine("Judge OldOpenP2P:0, NewCloseP2P:2", "INFO ", 3, "CVantixDataCenter::setCloseP2P");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", "CVantixDataCenter::setCloseP2P", "Judge OldOpenP2P:0, NewCloseP2P:2"));
     EXPECT_TRUE(core.isOpenP2P());
     EXPECT_EQ(lines.Lines().size(), 2U);
 }
@@ -36,7 +38,8 @@ TEST_F(Switches, CacheTimeIsLoggedInMinutesAndStoredInSeconds) {
          {std::pair(5, 300), {0, 0}, {-1, -60}, {1440, 86400}, {35'791'394, 2'147'483'640}}) {
         core.setCacheTime(minutes);
         EXPECT_EQ(core.getCacheTime(), seconds);
-        ExpectLine("Set iCacheTime = " + std::to_string(minutes), "INFO ", 3, "CVantixDataCenter::setCacheTime");
+        EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::setCacheTime",
+                                           "Set iCacheTime = " + std::to_string(minutes)));
     }
 }
 
@@ -49,13 +52,15 @@ TEST_F(Switches, CacheTimeOfAnyNumberOfMinutesIsTaken) {
 
 TEST_F(Switches, LogLevelIsLoggedUnderTheOldThreshold) {
     core.setLogLevel(5);
-    ExpectLine("Set LogLevel, OldLogLevel:3, iLogLevel:5", "INFO ", 3, "CVantixDataCenter::setLogLevel");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", "CVantixDataCenter::setLogLevel", "Set LogLevel, OldLogLevel:3, iLogLevel:5"));
     EXPECT_EQ(core.getLogLevel(), 5);
     lines.Clear();
     core.setLogLevel(1);
     EXPECT_TRUE(lines.Lines().empty()) << "level 3 is below the old threshold of 5";
     core.setLogLevel(2);
-    ExpectLine("Set LogLevel, OldLogLevel:1, iLogLevel:2", "INFO ", 3, "CVantixDataCenter::setLogLevel");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", "CVantixDataCenter::setLogLevel", "Set LogLevel, OldLogLevel:1, iLogLevel:2"));
 }
 
 TEST_F(Switches, LogLevelTakesAnyNumber) {
@@ -68,19 +73,21 @@ TEST_F(Switches, LogLevelTakesAnyNumber) {
 TEST_F(Switches, Utf8IsStoredBeforeItIsLogged) {
     core.setDataUtf8(1);
     EXPECT_TRUE(core.isDataUtf8());
-    ExpectLine("Judge iDataUtf8:1, bUtf8:1", "INFO ", 3, "CVantixDataCenter::setDataUtf8");
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::setDataUtf8", "Judge iDataUtf8:1, bUtf8:1"));
     core.setDataUtf8(2);
     EXPECT_FALSE(core.isDataUtf8());
-    ExpectLine("Judge iDataUtf8:2, bUtf8:0", "INFO ", 3, "CVantixDataCenter::setDataUtf8");
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::setDataUtf8", "Judge iDataUtf8:2, bUtf8:0"));
 }
 
 TEST_F(Switches, CloseBelongSerialLogsOldAndNewBeforeItStores) {
     core.setCloseBelongSerial(1);
     EXPECT_TRUE(core.isCloseBelongSerial());
-    ExpectLine("Set OldCloseBlong:[0],NewCloseBlong:1", "INFO ", 3, "CVantixDataCenter::setCloseBelongSerial");
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::setCloseBelongSerial",
+                                       "Set OldCloseBlong:[0],NewCloseBlong:1"));
     core.setCloseBelongSerial(5);
     EXPECT_FALSE(core.isCloseBelongSerial());
-    ExpectLine("Set OldCloseBlong:[1],NewCloseBlong:5", "INFO ", 3, "CVantixDataCenter::setCloseBelongSerial");
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::setCloseBelongSerial",
+                                       "Set OldCloseBlong:[1],NewCloseBlong:5"));
 }
 
 TEST_F(Switches, PermissionModeTwoIsTheB2CModeOfTheProcess) {
@@ -102,7 +109,7 @@ TEST_F(Switches, EntryIsExpiredOneSecondAfterTheCacheTime) {
     EXPECT_EQ(lines.Count("Cache timeout "), 0U);
     clock.AdvanceSeconds(1);
     EXPECT_TRUE(core.isExpired(stored));
-    ExpectLine("Cache timeout ", "INFO ", 3, "CVantixDataCenter::isExpired");
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::isExpired", "Cache timeout "));
 }
 
 TEST_F(Switches, DefaultCacheTimeIsADay) {
@@ -149,7 +156,7 @@ TEST_F(Switches, NothingExpiresWithoutAClock) {
     core.setCacheTime(0);
     lines.Clear();
     EXPECT_FALSE(core.isExpired(0));
-    ExpectLine("time(NULL) is error ", "ERROR", 5, "CVantixDataCenter::isExpired");
+    EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "CVantixDataCenter::isExpired", "time(NULL) is error "));
     EXPECT_EQ(lines.Lines().size(), 1U);
 }
 

@@ -39,7 +39,7 @@ protected:
 TEST_F(FirstStreamTokenTest, SmallPermissionModeStops) {
     core.setPermissionMode(1);
     EXPECT_EQ(core.GetStreamTokenFast(), 0);
-    ExpectLine("Small permissions do not need to use the following logic.", "INFO ", 3, kFast);
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kFast, "Small permissions do not need to use the following logic."));
     EXPECT_EQ(lines.Lines().size(), 1U);
     EXPECT_EQ(transport.Count(), 0U);
 }
@@ -47,7 +47,7 @@ TEST_F(FirstStreamTokenTest, SmallPermissionModeStops) {
 TEST_F(FirstStreamTokenTest, B2CModeStops) {
     core.setPermissionMode(2);
     EXPECT_EQ(core.GetStreamTokenFast(), 0);
-    ExpectLine("4200 B2c do not need to use the following logic.", "INFO ", 3, kFast);
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kFast, "4200 B2c do not need to use the following logic."));
     EXPECT_EQ(lines.Lines().size(), 1U);
     EXPECT_EQ(transport.Count(), 0U);
 }
@@ -56,7 +56,7 @@ TEST_F(FirstStreamTokenTest, TokenThatIsThereStops) {
     Prefetch();
     lines.Clear();
     EXPECT_EQ(core.GetStreamTokenFast(), 0);
-    ExpectLine("m_strFirstToken is not NULL", "INFO ", 3, kFast);
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kFast, "m_strFirstToken is not NULL"));
     EXPECT_EQ(lines.Lines().size(), 1U);
     EXPECT_EQ(transport.Count(), 1U);
     core.setAccessToken("");
@@ -67,7 +67,7 @@ TEST_F(FirstStreamTokenTest, TokenThatIsThereStops) {
 TEST_F(FirstStreamTokenTest, EmptyAccessTokenStops) {
     core.setAccessToken("");
     EXPECT_EQ(core.GetStreamTokenFast(), 0);
-    ExpectLine("getAccessToken is NULL", "INFO ", 3, kFast);
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kFast, "getAccessToken is NULL"));
     EXPECT_EQ(lines.Lines().size(), 1U);
     EXPECT_EQ(transport.Count(), 0U);
 }
@@ -86,7 +86,7 @@ TEST_F(FirstStreamTokenTest, FailedRequestStops) {
         lines.Clear();
         transport.Make([curl = curl, body = body](const SentRequest&) { return ScriptedAnswer{curl, body}; });
         EXPECT_EQ(core.GetStreamTokenFast(), 0);
-        ExpectLine("getStreamToken failed", "INFO ", 3, kFast);
+        EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kFast, "getStreamToken failed"));
         ExpectNothingPrefetched();
     }
 }
@@ -94,8 +94,9 @@ TEST_F(FirstStreamTokenTest, FailedRequestStops) {
 TEST_F(FirstStreamTokenTest, TextualResultCodeThatIsNoSuccessOfTheAuthenticationStops) {
     transport.Answer(R"({"resultCode":"0"})");  // a success of the envelope, but not of the mapping
     EXPECT_EQ(core.GetStreamTokenFast(), 0);
-    ExpectLine("getStreamToken resultCode Error", "INFO ", 3, kFast);
-    ExpectLine("Authentication server response: OpenAPIRet:0, TokenError:-1", "INFO ", 3, "ConvertVerifyErrorCode");
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kFast, "getStreamToken resultCode Error"));
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "ConvertVerifyErrorCode",
+                                       "Authentication server response: OpenAPIRet:0, TokenError:-1"));
     ExpectNothingPrefetched();
 }
 
@@ -125,7 +126,8 @@ TEST_F(FirstStreamTokenTest, LongerTextIsNotKept) {
     for (const size_t length : {4097U, 5000U, 20000U}) {
         lines.Clear();
         Prefetch(AnswerOf(length));
-        ExpectLine("strTokens length is over limited,length= " + std::to_string(length) + " ", "INFO ", 3, kFast);
+        EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kFast,
+                                           "strTokens length is over limited,length= " + std::to_string(length) + " "));
         ExpectNothingPrefetched();
     }
 }
@@ -147,7 +149,7 @@ TEST_F(FirstStreamTokenTest, ExpiredTwiceStops) {
     transport.Answer(RefreshAnswer());
     Prefetch(kExpired);
     EXPECT_EQ(transport.Count(), 3U);
-    ExpectLine("getStreamToken failed", "INFO ", 3, kFast);
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kFast, "getStreamToken failed"));
     EXPECT_EQ(Take("new-token"), -1);
 }
 
@@ -168,11 +170,11 @@ TEST_F(FirstStreamTokenTest, TokenIsServedOnceToItsOwner) {
     lines.Clear();
     EXPECT_EQ(Take(), 0);
     EXPECT_STREQ(buffer, kTokenBatch);
-    ExpectLine("GetStreamTokenFromQueue SUC", "INFO ", 3, kFrom);
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kFrom, "GetStreamTokenFromQueue SUC"));
     EXPECT_EQ(lines.Lines().size(), 1U);
     lines.Clear();
     EXPECT_EQ(Take(), -1);
-    ExpectLine("GetStreamTokenFromQueue failed", "INFO ", 3, kFrom);
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kFrom, "GetStreamTokenFromQueue failed"));
     EXPECT_EQ(lines.Lines().size(), 1U);
 }
 

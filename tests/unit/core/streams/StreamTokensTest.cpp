@@ -38,7 +38,7 @@ TEST_F(StreamTokens, SmallPermissionModeDoesNothing) {
     lines.Clear();
     EXPECT_EQ(Take(), -1) << "though there are two in the queue";
     EXPECT_EQ(token, "what was there");
-    ExpectLine("Small permissions do not need to use the following logic.", "INFO ", 3, kTag);
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kTag, "Small permissions do not need to use the following logic."));
     EXPECT_EQ(lines.Lines().size(), 1U);
     EXPECT_EQ(transport.Count(), 1U);
     core.setPermissionMode(0);
@@ -57,7 +57,7 @@ TEST_F(StreamTokens, EmptyQueueIsFilledByABatchOfTwenty) {
     EXPECT_EQ(sent.Param("accessToken"), "access-token");
     EXPECT_EQ(sent.Param("count"), "20");
     EXPECT_EQ(sent.Param("appKey"), "app-id");
-    ExpectLine("Returning B domain", "INFO ", 3, kTag);
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kTag, "Returning B domain"));
 }
 
 TEST_F(StreamTokens, RestOfTheBatchIsServedInOrderWithoutARequest) {
@@ -155,7 +155,7 @@ TEST_F(StreamTokens, SharedTokenHasTheCDomainInTheB2CMode) {
         EXPECT_EQ(Take(shared), 0);
         EXPECT_EQ(Address(transport.Count() - 1), "https://c.example/api/user/token");
         EXPECT_EQ(Token(transport.Count() - 1), shared);
-        ExpectLine("Returning C domain for shared device", "INFO ", 3, kTag);
+        EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kTag, "Returning C domain for shared device"));
     }
 }
 
@@ -167,7 +167,7 @@ TEST_F(StreamTokens, EveryOtherTokenAndModeHasTheBDomain) {
         lines.Clear();
         EXPECT_EQ(Take(asked), 0);
         EXPECT_EQ(Address(transport.Count() - 1), "https://b.example/api/user/token") << mode;
-        ExpectLine("Returning B domain", "INFO ", 3, kTag);
+        EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kTag, "Returning B domain"));
     }
 }
 
@@ -197,7 +197,8 @@ TEST_F(StreamTokens, FailedBatchIsLoggedAndItsCodeReturned) {
         EXPECT_EQ(Take(), row.result);
         EXPECT_EQ(token, "what was there");
         EXPECT_EQ(transport.Count(), before + 1) << "no refresh, no repeat";
-        ExpectLine("GetStreamTokensFromPlatform failed, iRet:" + std::to_string(row.logged), "ERROR", 5, kTag);
+        EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kTag,
+                                           "GetStreamTokensFromPlatform failed, iRet:" + std::to_string(row.logged)));
         EXPECT_EQ(core.getAccessToken(), "access-token");
     }
 }

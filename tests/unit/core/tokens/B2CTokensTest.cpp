@@ -51,21 +51,25 @@ TEST_F(B2CTokens, SettingLogsEveryKeyAndTheSize) {
 TEST_F(B2CTokens, LookUpLogsTheKey) {
     Set("[" + Entry("t", "A", "1", "1") + "]");
     core.getB2CTokens("A", 1);
-    ExpectLine("getB2CTokens key = A_1 ", "INFO ", 3, "CVantixDataCenter::getB2CTokens");
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::getB2CTokens", "getB2CTokens key = A_1 "));
     core.isB2CSharedDevice("A", 1);
-    ExpectLine("isB2CSharedDevice key = A_1 ", "INFO ", 3, "CVantixDataCenter::isB2CSharedDevice");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", "CVantixDataCenter::isB2CSharedDevice", "isB2CSharedDevice key = A_1 "));
     EXPECT_EQ(lines.Lines().size(), 2U);
 }
 
 TEST_F(B2CTokens, AbsentKeyGivesAnErrorLineAndNothing) {
     EXPECT_EQ(core.getB2CTokens("S", 1), "");
-    ExpectLine("The key does not exist key = S_1", "ERROR", 5, "CVantixDataCenter::getB2CTokens");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(5, "ERROR", "CVantixDataCenter::getB2CTokens", "The key does not exist key = S_1"));
     lines.Clear();
     EXPECT_EQ(core.getB2CTokens("S", "x"), "");
-    ExpectLine("The key does not exist key = S_x", "ERROR", 5, "CVantixDataCenter::getB2CTokens");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(5, "ERROR", "CVantixDataCenter::getB2CTokens", "The key does not exist key = S_x"));
     lines.Clear();
     EXPECT_FALSE(core.isB2CSharedDevice("S", -1));
-    ExpectLine("The key does not exist key = S_-1", "ERROR", 5, "CVantixDataCenter::isB2CSharedDevice");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(5, "ERROR", "CVantixDataCenter::isB2CSharedDevice", "The key does not exist key = S_-1"));
 }
 
 TEST_F(B2CTokens, AnythingButZeroIsShared) {
@@ -107,9 +111,11 @@ TEST_F(B2CTokens, TokenInTheMapIsLoggedAsAHit) {
     core.setSharedAccessToken("also shared");
     Set("[" + Entry("one", "A", "1", "7") + "," + Entry("zero", "B", "1", "0") + "]");
     EXPECT_TRUE(core.isB2CSharedDevice("one"));
-    ExpectLine("Token found in B2C map, isShared=7", "INFO ", 2, "CVantixDataCenter::isB2CSharedDevice");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(2, "INFO ", "CVantixDataCenter::isB2CSharedDevice", "Token found in B2C map, isShared=7"));
     EXPECT_FALSE(core.isB2CSharedDevice("zero"));
-    ExpectLine("Token found in B2C map, isShared=0", "INFO ", 2, "CVantixDataCenter::isB2CSharedDevice");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(2, "INFO ", "CVantixDataCenter::isB2CSharedDevice", "Token found in B2C map, isShared=0"));
     EXPECT_EQ(lines.Lines().size(), 2U);
 }
 
@@ -117,8 +123,9 @@ TEST_F(B2CTokens, UnknownTokenIsLoggedAndNotShared) {
     core.setAccessToken("mine");
     core.setSharedAccessToken("shared");
     EXPECT_FALSE(core.isB2CSharedDevice("unknown"));
-    ExpectLine("Unknown token provided, cannot determine if it's a shared device. Defaulting to false.", "ERROR", 4,
-               "CVantixDataCenter::isB2CSharedDevice");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(4, "ERROR", "CVantixDataCenter::isB2CSharedDevice",
+                        "Unknown token provided, cannot determine if it's a shared device. Defaulting to false."));
 }
 
 TEST_F(B2CTokens, EmptyTokenIsNeverTheSharedOne) {
@@ -160,7 +167,8 @@ TEST_F(B2CTokens, TextThatIsNoJsonChangesNothing) {
         json11::Json::parse(text, error);
         lines.Clear();
         core.SetB2CTokens(text);
-        ExpectLine("szDeviceTkTokens parse error " + error, "ERROR", 5, "CVantixDataCenter::SetB2CTokens");
+        EXPECT_THAT(lines.Lines(),
+                    HasLine(5, "ERROR", "CVantixDataCenter::SetB2CTokens", "szDeviceTkTokens parse error " + error));
         EXPECT_EQ(lines.Lines().size(), 1U);
         EXPECT_EQ(core.getB2CTokens("A", 1), "a");
     }

@@ -62,21 +62,27 @@ TEST_F(TkTokens, SettingLogsEveryKeyAndTheSize) {
 TEST_F(TkTokens, LookUpLogsArgumentsAndKey) {
     Set("[" + Entry("1", "ABC123", "1") + "]");
     core.getDeviceTkTokens(2, "ABC123", 1);
-    ExpectLine("tkType = 2 strSerial = ABC123 iChannelNo = 1", "INFO ", 1, "CVantixDataCenter::getDeviceTkTokens");
-    ExpectLine("getDeviceTkTokens key = ABC1231 ", "INFO ", 1, "CVantixDataCenter::getDeviceTkTokens");
+    EXPECT_THAT(lines.Lines(), HasLine(1, "INFO ", "CVantixDataCenter::getDeviceTkTokens",
+                                       "tkType = 2 strSerial = ABC123 iChannelNo = 1"));
+    EXPECT_THAT(lines.Lines(),
+                HasLine(1, "INFO ", "CVantixDataCenter::getDeviceTkTokens", "getDeviceTkTokens key = ABC1231 "));
     EXPECT_EQ(lines.Lines().size(), 2U);
     lines.Clear();
     core.getDeviceTkTokens(2, "ABC123", "1");
-    ExpectLine("tkType = 2 strSerial = ABC123 strChannelNo = 1", "INFO ", 1, "CVantixDataCenter::getDeviceTkTokens");
-    ExpectLine("getDeviceTkTokens key = ABC1231 ", "INFO ", 1, "CVantixDataCenter::getDeviceTkTokens");
+    EXPECT_THAT(lines.Lines(), HasLine(1, "INFO ", "CVantixDataCenter::getDeviceTkTokens",
+                                       "tkType = 2 strSerial = ABC123 strChannelNo = 1"));
+    EXPECT_THAT(lines.Lines(),
+                HasLine(1, "INFO ", "CVantixDataCenter::getDeviceTkTokens", "getDeviceTkTokens key = ABC1231 "));
     EXPECT_EQ(lines.Lines().size(), 2U);
 }
 
 TEST_F(TkTokens, AbsentKeyGivesAnErrorLineAndNothing) {
     EXPECT_EQ(core.getDeviceTkTokens(2, "S", 1), "");
-    ExpectLine("The key does not exist key = S1", "ERROR", 5, "CVantixDataCenter::getDeviceTkTokens");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(5, "ERROR", "CVantixDataCenter::getDeviceTkTokens", "The key does not exist key = S1"));
     EXPECT_EQ(core.getDeviceTkTokens(99, "T", "x"), "");
-    ExpectLine("The key does not exist key = Tx", "ERROR", 5, "CVantixDataCenter::getDeviceTkTokens");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(5, "ERROR", "CVantixDataCenter::getDeviceTkTokens", "The key does not exist key = Tx"));
 }
 
 TEST_F(TkTokens, GlobalTokenNeedsNoMapAndLogsOnlyTheArguments) {
@@ -159,7 +165,8 @@ TEST_F(TkTokens, TextThatIsNoJsonChangesNothing) {
         ASSERT_NE(error, "");
         lines.Clear();
         core.SetDeviceTkTokens(text);
-        ExpectLine("szDeviceTkTokens parse error " + error, "ERROR", 5, "CVantixDataCenter::SetDeviceTkTokens");
+        EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "CVantixDataCenter::SetDeviceTkTokens",
+                                           "szDeviceTkTokens parse error " + error));
         EXPECT_EQ(lines.Lines().size(), 1U);
         EXPECT_EQ(core.getDeviceTkTokens(2, "A", 1), "d1");
     }
