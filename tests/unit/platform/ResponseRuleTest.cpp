@@ -1,58 +1,68 @@
-// Where the platform's requests differ from each other: which envelope rule reads an answer, what a missing payload is,
-// which blank is escaped, which of two paths is taken.
+// Where the platform's requests differ from each other: which envelope rule reads a response, and what a missing
+// payload is.
 
-#include "PlatformCase.h"
-#include "platform/Recordings.h"
-#include "support/CoreFixture.h"
-#include "support/LogCapture.h"
+#include <gmock/gmock.h>
+
+#include <stdexcept>
+
+#include "support/CleanSwitches.h"
+#include "support/Handle.h"
+#include "support/LineMatcher.h"
+#include "support/RequestCase.h"
+#include "support/ScriptedTransport.h"
 
 namespace vantix::test {
 namespace {
 
-/// An answer to one request, what becomes of it, and the line that says why.
-struct AnswerRow {
+/// A response to one request, what becomes of it, and the line that says why.
+struct ResponseRow {
     const char* name;
     const char* request;
-    const char* answer;
+    const char* body;
     int result;
-    const char* line = nullptr;  ///< "$" stands for the answer.
+    const char* line = nullptr;  ///< "$" stands for the response.
     unsigned level = 5;
+    const char* word = "ERROR";
 };
 
-void PrintTo(const AnswerRow& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const ResponseRow& row, std::ostream* out) { *out << row.name; }
 
-class RequestRuleTest : public CoreFixture, public ::testing::WithParamInterface<AnswerRow> {
-protected:
-    PlatformCase Request() const {
-        for (PlatformCase& row : PlatformCases()) {
-            if (row.name == GetParam().request) {
-                return std::move(row);
-            }
+RequestCase RequestNamed(const std::string& name) {
+    for (RequestCase& row : PlatformRequests()) {
+        if (row.name == name) {
+            return std::move(row);
         }
-        throw std::runtime_error("no such request");
     }
+    throw std::out_of_range("no request is named " + name);
+}
+
+class ResponseRuleTest : public testing::TestWithParam<ResponseRow> {
+protected:
+    CleanSwitches m_switches;
+    ScriptedTransport m_transport;
+    LogCapture m_log;
+    Handle m_handle = NewHandle();
 };
 
-TEST_P(RequestRuleTest, ReadsTheAnswerByItsOwnRule) {
-    const PlatformCase request = Request();
-    Cloud().ScriptResponse({{"path", request.path}, {"body", GetParam().answer}});
-    const LogCapture log;
-    Json output;
-    EXPECT_EQ(request.call({BDomain(), Account("accessToken"), Account("appKey")}, output), GetParam().result);
+TEST_P(ResponseRuleTest, ReadsTheResponseByItsOwnRule) {
+    const RequestCase request = RequestNamed(GetParam().request);
+    m_handle->setDomain("https://b.example", "https://c.example");
+    m_handle->setAuthAddr("https://b.example");
+    PrepareFor(request, *m_handle);
+    m_transport.Answer(GetParam().body);
+    EXPECT_EQ(Call(*m_handle, request.operation, request.arguments), GetParam().result);
     if (GetParam().line == nullptr) {
         return;
     }
-    std::string line = GetParam().line;
-    if (const size_t at = line.find('$'); at != std::string::npos) {
-        line.replace(at, 1, GetParam().answer);
+    std::string message = GetParam().line;
+    if (const size_t at = message.find('$'); at != std::string::npos) {
+        message.replace(at, 1, GetParam().body);
     }
-    EXPECT_EQ(log.Count(line), 1U) << line;
-    EXPECT_EQ(log.Find(line).level, GetParam().level);
-    EXPECT_EQ(log.Find(line).Word(), GetParam().level == 5 ? "ERROR" : "INFO ");
+    EXPECT_THAT(m_log.Lines(), HasLine(GetParam().level, GetParam().word, testing::_, message));
 }
 
 // The common rule: texts at the top, and a text or a number inside "result".
-const AnswerRow kCommonRows[] = {
+const ResponseRow kCommonRows[] = {
     {"TextAtTheTop", "DeviceInfo", R"({"resultCode":"200"})", 0},
     {"ZeroAsCode", "DeviceInfo", R"({"code":"0"})", 0},
     {"NumberAtTheTopIsSkipped", "DeviceInfo", R"({"resultCode":200})", 300002},
@@ -66,11 +76,11 @@ const AnswerRow kCommonRows[] = {
     {"FirstOfThreeDecides", "DeviceInfo", R"({"resultCode":"20002","code":"200","result":{"code":"200"}})", 320002},
 };
 
-INSTANTIATE_TEST_SUITE_P(Common, RequestRuleTest, ::testing::ValuesIn(kCommonRows),
+INSTANTIATE_TEST_SUITE_P(Common, ResponseRuleTest, ::testing::ValuesIn(kCommonRows),
                          [](const auto& row) { return row.param.name; });
 
 // Two rules read "meta": one is silent where the other refuses.
-const AnswerRow kMetaRows[] = {
+const ResponseRow kMetaRows[] = {
     {"LenientWithoutACode", "Ticket", R"({"meta":{}})", 0},
     {"LenientWithATextAsCode", "Ticket", R"({"meta":{"code":"500"}})", 0},
     {"LenientWithACode", "Ticket", R"({"meta":{"code":500}})", 300500},
@@ -83,15 +93,15 @@ const AnswerRow kMetaRows[] = {
     {"StrictWithSuccess", "CloudFilesOfADay", R"({"meta":{"code":200}})", 0},
     {"StrictWithZero", "CloudFileDetails", R"({"meta":{"code":0}})", 0},
     {"StrictWithoutMeta", "CloudFileDetails", R"({"meta":5})", 300002,
-     "platform response bad, [result] is not object, Resp:$", 3},
+     "platform response bad, [result] is not object, Resp:$", 3, "INFO "},
     {"StrictPushSession", "PushSession", R"({"meta":{},"pushSessionId":"p"})", 300002},
     {"StrictBandwidth", "Bandwidth", R"({"meta":{"code":"0"},"data":{}})", 300002},
 };
 
-INSTANTIATE_TEST_SUITE_P(Meta, RequestRuleTest, ::testing::ValuesIn(kMetaRows),
+INSTANTIATE_TEST_SUITE_P(Meta, ResponseRuleTest, ::testing::ValuesIn(kMetaRows),
                          [](const auto& row) { return row.param.name; });
 
-const AnswerRow kPermissionRows[] = {
+const ResponseRow kPermissionRows[] = {
     {"TextCounts", "PermissionToWatch", R"({"result":{"code":"200"}})", 0},
     {"NumberDoesNot", "PermissionToWatch", R"({"result":{"code":200}})", 300002},
     {"LettersAreZero", "PermissionToPlayBack", R"({"result":{"code":"yes"}})", 0},
@@ -101,10 +111,10 @@ const AnswerRow kPermissionRows[] = {
      "GetAuthInfoFromPlatform:$ error:20018"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Permission, RequestRuleTest, ::testing::ValuesIn(kPermissionRows),
+INSTANTIATE_TEST_SUITE_P(Permission, ResponseRuleTest, ::testing::ValuesIn(kPermissionRows),
                          [](const auto& row) { return row.param.name; });
 
-const AnswerRow kConfigurationRows[] = {
+const ResponseRow kConfigurationRows[] = {
     {"NumberAndRootData", "Configuration", R"({"result":{"code":200},"data":{"streamType":1}})", 0},
     {"TextAndInnerData", "Configuration", R"({"result":{"code":"0","data":{"streamType":1}}})", 0},
     {"TopLevelIsNotRead", "Configuration", R"({"resultCode":"200","data":{}})", 300002},
@@ -112,11 +122,11 @@ const AnswerRow kConfigurationRows[] = {
     {"TrueAsCode", "Configuration", R"({"result":{"code":true},"data":{}})", 300002},
 };
 
-INSTANTIATE_TEST_SUITE_P(Configuration, RequestRuleTest, ::testing::ValuesIn(kConfigurationRows),
+INSTANTIATE_TEST_SUITE_P(Configuration, ResponseRuleTest, ::testing::ValuesIn(kConfigurationRows),
                          [](const auto& row) { return row.param.name; });
 
 // A good envelope without its payload.
-const AnswerRow kPayloadRows[] = {
+const ResponseRow kPayloadRows[] = {
     {"Detail", "DevDetail", R"({"result":{"code":"200"}})", 300002, "platform response invalid, szInfo = $"},
     {"DetailOfAnother", "DeviceDetailOfAnotherPlatform", R"({"result":{"code":"200","data":[]}})", 300002,
      "ParseDeviceDetailInfoFromPlatform:$ error:2"},
@@ -139,13 +149,14 @@ const AnswerRow kPayloadRows[] = {
     {"Bandwidth", "Bandwidth", R"({"meta":{"code":200},"data":{"id":"i","url":"u","version":1}})", 300002,
      "platform response invalid, [publicKey] not exist or not string, szInfo = $"},
     {"MessageWithoutResult", "TransparentMessage", R"({"resultCode":"200"})", 300002,
-     "platform response bad, [result] is not object, Resp:$", 3},
+     "platform response bad, [result] is not object, Resp:$", 3, "INFO "},
     {"MessageWithoutData", "TransparentMessage", R"({"result":{"code":"200"}})", 300002,
-     "platform response bad, [msgData] is not object, Resp:$", 3},
-    {"StreamTokens", "StreamTokensParsed", R"({"resultCode":"200"})", 300002, "ParseSwitchInfoFromPlatform:$ error:2"},
-    {"RefreshWithoutData", "Refresh", R"({"result":{"code":"200"}})", 300002,
+     "platform response bad, [msgData] is not object, Resp:$", 3, "INFO "},
+    {"StreamTokens", "StreamTokensOfTheQueue", R"({"resultCode":"200"})", 300002,
+     "ParseSwitchInfoFromPlatform:$ error:2"},
+    {"RefreshWithoutData", "Refresh", R"({"result":{"code":"200"}})", -1,
      "platform response invalid, szInfo = $, data not exist!"},
-    {"RefreshWithoutAToken", "Refresh", R"({"code":"200","data":{"openId":"o"}})", 300002,
+    {"RefreshWithoutAToken", "Refresh", R"({"code":"200","data":{"openId":"o"}})", -1,
      "platform response invalid, szInfo = $, access_token not exist!"},
     {"RefreshAtTheRoot", "Refresh",
      R"({"code":"200","data":{"access_token":"a","openId":"o","refresh_token":"r","expires_in":7200.0}})", 0},
@@ -155,34 +166,8 @@ const AnswerRow kPayloadRows[] = {
     {"UploadAddress", "UploadAddress", R"({"meta":{"code":200}})", 300002, "ParseLocalDeviceRecordFile:$ error:2"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Payload, RequestRuleTest, ::testing::ValuesIn(kPayloadRows),
+INSTANTIATE_TEST_SUITE_P(Payload, ResponseRuleTest, ::testing::ValuesIn(kPayloadRows),
                          [](const auto& row) { return row.param.name; });
-
-class BlankRuleTest : public CoreFixture {
-protected:
-    Caller Us() const { return {BDomain(), Account("accessToken"), Account("appKey")}; }
-};
-
-TEST_F(BlankRuleTest, OnlyTheFirstBlankIsEscapedSoASecondOneStopsTheRequest) {
-    const TimeSpan span{"2024-01-02 00:00 00", "2024-01-02 23:59 59"};
-    const LogCapture log;
-    RecordFileList list;
-    EXPECT_EQ(GetDeviceFileBySerialFromPlatformEx(Us(), "R20000016", 1, span, 0, false, list), 100003);
-    EXPECT_EQ(GetCloudRecordFileFromPlatform(Us(), "R20000016", 1, 7, span, list), 100003);
-    EXPECT_TRUE(log.Contains("&startTime=2024-01-02%2000:00 00"));
-    EXPECT_TRUE(log.Contains("&endTime=2024-01-02%2023:59 59&"));
-    EXPECT_EQ(log.Count("SyncRequestHeader error:3"), 2U);
-    EXPECT_EQ(Cloud().RequestCount(), 0U);
-}
-
-TEST_F(BlankRuleTest, BlankAtTheEndAndNothingAtAllAreTimesToo) {
-    RecordFileList list;
-    EXPECT_EQ(GetDeviceFileBySerialFromPlatformEx(Us(), "R20000016", 1, {"2024-01-02 ", ""}, 0, false, list), 0);
-    const auto requests = Cloud().Requests();
-    ASSERT_EQ(requests.size(), 1U);
-    EXPECT_EQ(requests[0].Parameter("startTime"), "2024-01-02%20");
-    EXPECT_EQ(requests[0].Parameter("endTime"), "");
-}
 
 }  // namespace
 }  // namespace vantix::test
