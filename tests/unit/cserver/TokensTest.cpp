@@ -2,30 +2,32 @@
 
 #include "cserver/Tokens.h"
 
-#include "requests/FeatureCode.h"
-#include "support/FakeClock.h"
+#include "support/FixedFeatureCode.h"
 #include "support/ScriptedTransport.h"
-#include "unit/cserver/ConsumerAnswer.h"
+#include "unit/cserver/ConsumerResponse.h"
 
 namespace vantix::test {
 namespace {
 
+using testing::Contains;
+using testing::ElementsAre;
+
 constexpr char kTag[] = "ParseRefreshSessionnFromCServer";
 constexpr char kRequest[] = "RefreshSessionFromCServer";
-constexpr char kGolden[] =
+constexpr char kWhole[] =
     R"({"meta":{"code":200},"sessionInfo":{"refreshSessionId":"fresh-refresher","sessionId":"fresh-session"}})";
 
-class ConsumerSession : public ConsumerAnswer {
+class ConsumerSession : public ConsumerResponse {
 protected:
     int Parse(const std::string& body) {
         session = {"old-session", "old-refresher"};
-        lines.Clear();
+        m_log.Clear();
         return ParseRefreshSessionnFromCServer(body, session);
     }
     int Refresh() {
         session = {"old-session", "old-refresher"};
-        lines.Clear();
-        return RefreshSessionFromCServer({"https://c.example", "the-session", "the-app"}, session);
+        m_log.Clear();
+        return RefreshSessionFromCServer(Route(), session);
     }
     void ExpectUntouched() const {
         EXPECT_EQ(session.sessionId, "old-session");
@@ -41,19 +43,17 @@ protected:
 };
 
 TEST_F(ConsumerSession, BothIdsAreReplaced) {
-    EXPECT_EQ(Parse(kGolden), 0);
+    EXPECT_EQ(Parse(kWhole), 0);
     ExpectFresh();
-    EXPECT_TRUE(lines.Lines().empty());
+    EXPECT_TRUE(m_log.Lines().empty());
 }
 
-/// The golden answer without this member of the session, and with every value in its place that is no text.
+/// The whole response without this member of the session, and with every value in its place that is no text.
 std::vector<std::string> WithoutText(const char* name) {
     const std::string place = std::string("/sessionInfo/") + name;
-    std::vector<std::string> bodies = {Without(Json::parse(kGolden), place)};
-    for (const std::string& value : OddValues()) {
-        if (value[0] != '"') {
-            bodies.push_back(WithValue(Json::parse(kGolden), place, value));
-        }
+    std::vector<std::string> bodies = {Without(Json::parse(kWhole), place)};
+    for (const MemberValue& value : NoTexts()) {
+        bodies.push_back(WithValue(Json::parse(kWhole), place, value.sent));
     }
     return bodies;
 }
@@ -61,9 +61,9 @@ std::vector<std::string> WithoutText(const char* name) {
 TEST_F(ConsumerSession, SessionIdMustBeAText) {
     for (const std::string& body : WithoutText("sessionId")) {
         EXPECT_EQ(Parse(body), 2) << body;
-        EXPECT_THAT(lines.Lines(),
-                    testing::ElementsAre(Line(
-                        5, "ERROR", kTag, "platform response invalid, szInfo = " + body + ", sessionId not exist!")));
+        EXPECT_THAT(m_log.Lines(),
+                    ElementsAre(Line(5, "ERROR", kTag,
+                                     "platform response invalid, szInfo = " + body + ", sessionId not exist!")));
         ExpectUntouched();
     }
 }
@@ -73,7 +73,7 @@ TEST_F(ConsumerSession, WithoutARefreshIdTheOldOneStays) {
         EXPECT_EQ(Parse(body), 0) << body;
         EXPECT_EQ(session.sessionId, "fresh-session");
         EXPECT_EQ(session.refreshSessionId, "old-refresher");
-        EXPECT_TRUE(lines.Lines().empty());
+        EXPECT_TRUE(m_log.Lines().empty());
     }
 }
 
@@ -83,18 +83,16 @@ TEST_F(ConsumerSession, SessionMustBeAnObject) {
                                        "5",
                                        "null",
                                        "\"x\"",
-                                       Without(Json::parse(kGolden), "/sessionInfo"),
+                                       Without(Json::parse(kWhole), "/sessionInfo"),
                                        R"({"data":{"sessionInfo":{"sessionId":"a","refreshSessionId":"b"}}})"};
-    for (const std::string& value : OddValues()) {
-        if (value[0] != '{') {
-            bodies.push_back(WithValue(Json::parse(kGolden), "/sessionInfo", value));
-        }
+    for (const MemberValue& value : NoObjects()) {
+        bodies.push_back(WithValue(Json::parse(kWhole), "/sessionInfo", value.sent));
     }
     for (const std::string& body : bodies) {
         EXPECT_EQ(Parse(body), 2) << body;
-        EXPECT_THAT(lines.Lines(),
-                    testing::ElementsAre(Line(
-                        5, "ERROR", kTag, "platform response invalid, szInfo = " + body + ", sessionInfo not exist!")));
+        EXPECT_THAT(m_log.Lines(),
+                    ElementsAre(Line(5, "ERROR", kTag,
+                                     "platform response invalid, szInfo = " + body + ", sessionInfo not exist!")));
         ExpectUntouched();
     }
 }
@@ -103,55 +101,62 @@ TEST_F(ConsumerSession, TextThatIsNoJsonGivesOne) {
     for (const std::string& body : NoJson()) {
         EXPECT_EQ(Parse(body), 1);
         ExpectUntouched();
-        if (body.size() < 1000) {
-            EXPECT_THAT(lines.Lines(),
-                        testing::ElementsAre(Line(5, "ERROR", kTag, "platform response bad, szInfo = " + body)));
-        }
+        EXPECT_THAT(m_log.Lines(), ElementsAre(Line(5, "ERROR", kTag, "platform response bad, szInfo = " + body)));
     }
-    ExpectTruncationIsNoJson(kGolden, [this](const std::string& body) { return Parse(body); });
+    ExpectTruncationIsNoJson(kWhole, [this](const std::string& body) { return Parse(body); });
 }
 
 TEST_F(ConsumerSession, CodeOfTheEnvelopeIsReturned) {
     for (const MetaRow& row : MetaRows()) {
-        const std::string body = WithValue(Json::parse(kGolden), "/meta", row.meta);
+        const std::string body = WithValue(Json::parse(kWhole), "/meta", row.meta);
         EXPECT_EQ(Parse(body), row.code) << row.meta;
         if (row.code != 0) {
-            EXPECT_THAT(lines.Lines(), testing::ElementsAre(Line(
-                                           3, "INFO ", kTag,
-                                           "Platform Response Error:" + std::to_string(row.code) + ", Resp:" + body)));
+            EXPECT_THAT(m_log.Lines(), ElementsAre(Line(3, "INFO ", kTag, row.line + body)));
             ExpectUntouched();
         }
     }
-    EXPECT_EQ(Parse(Without(Json::parse(kGolden), "/meta")), 0) << "the parser needs no envelope";
+    EXPECT_EQ(Parse(Without(Json::parse(kWhole), "/meta")), 0) << "the parser needs no envelope";
 }
 
 // ---- The request
 
-TEST_F(ConsumerSession, RefreshIsAPutWithoutABody) {
-    transport.Answer(kGolden);
+TEST_F(ConsumerSession, RefreshReplacesBothIds) {
+    transport.Answer(kWhole);
     EXPECT_EQ(Refresh(), 0);
     ExpectFresh();
-    ASSERT_EQ(transport.Count(), 1U);
-    const SentRequest sent = transport.Sent()[0];
-    EXPECT_EQ(sent.method, "PUT");
-    EXPECT_EQ(sent.url, "https://c.example/v3/apigateway/login?featureCode=" + PublicGetHDSign() +
-                            "&refreshSessionId=old-refresher");
-    EXPECT_EQ(sent.body, "");
-    EXPECT_FALSE(lines.Contains("CostTime")) << "this request is not timed";
+    EXPECT_FALSE(m_log.Contains("CostTime")) << "this request is not timed";
+}
+
+TEST_F(ConsumerSession, RefreshSaysOfThisComputerTheSameInHeaderAndParameter) {
+    const FixedFeatureCode fixed;
+    transport.Answer(kWhole);
+    EXPECT_EQ(Refresh(), 0);
+    EXPECT_EQ(transport.Sent()[0].Param("featureCode"), "f-code");
+    EXPECT_THAT(transport.Sent()[0].headers, Contains("featureCode: f-code"));
 }
 
 TEST_F(ConsumerSession, RefreshReturnsTheServersOwnCodeBare) {
-    for (const int code : {401, 201, 10002, 1, 2, -5, 2147483647}) {
-        const std::string text = std::to_string(code);
-        const std::string body =
-            R"({"meta":{"code":)" + text + R"(},"sessionInfo":{"sessionId":"a","refreshSessionId":"b"}})";
-        transport.Answer(body);
-        EXPECT_EQ(Refresh(), code);
-        EXPECT_THAT(lines.Lines(),
-                    HasLine(3, "INFO ", kRequest,
-                            std::string("ZQR TEST QX_API_B2C_REFRESH_SESSION Platform Response Error:").append(text) +
-                                ", Resp:" + body));
-        EXPECT_FALSE(lines.Contains(kTag));
+    const struct {
+        int code;
+        const char* body;
+        const char* line;
+    } rows[] = {
+        {401, R"({"meta":{"code":401},"sessionInfo":{"sessionId":"a"}})",
+         R"(ZQR TEST QX_API_B2C_REFRESH_SESSION Platform Response Error:401, Resp:{"meta":{"code":401},"sessionInfo":{"sessionId":"a"}})"},
+        {10002, R"({"meta":{"code":10002}})",
+         R"(ZQR TEST QX_API_B2C_REFRESH_SESSION Platform Response Error:10002, Resp:{"meta":{"code":10002}})"},
+        {2, R"({"meta":{"code":2}})",
+         R"(ZQR TEST QX_API_B2C_REFRESH_SESSION Platform Response Error:2, Resp:{"meta":{"code":2}})"},
+        {-5, R"({"meta":{"code":-5}})",
+         R"(ZQR TEST QX_API_B2C_REFRESH_SESSION Platform Response Error:-5, Resp:{"meta":{"code":-5}})"},
+        {2147483647, R"({"meta":{"code":2147483647}})",
+         R"(ZQR TEST QX_API_B2C_REFRESH_SESSION Platform Response Error:2147483647, Resp:{"meta":{"code":2147483647}})"},
+    };
+    for (const auto& row : rows) {
+        transport.Answer(row.body);
+        EXPECT_EQ(Refresh(), row.code);
+        EXPECT_THAT(m_log.Lines(), Contains(Line(3, "INFO ", kRequest, row.line)).Times(1));
+        EXPECT_FALSE(m_log.Contains(kTag));
         ExpectUntouched();
     }
 }
@@ -161,22 +166,24 @@ TEST_F(ConsumerSession, RefreshGivesABareOneForWhatIsNoJson) {
         transport.Answer(body);
         EXPECT_EQ(Refresh(), 1);
         EXPECT_THAT(
-            lines.Lines(),
-            HasLine(5, "ERROR", kRequest,
-                    std::string("ZQR TEST QX_API_B2C_REFRESH_SESSION platform response bad, szInfo = ") + body));
-        EXPECT_FALSE(lines.Contains(kTag));
+            m_log.Lines(),
+            Contains(Line(5, "ERROR", kRequest,
+                          std::string("ZQR TEST QX_API_B2C_REFRESH_SESSION platform response bad, szInfo = ") + body))
+                .Times(1));
+        EXPECT_FALSE(m_log.Contains(kTag));
         ExpectUntouched();
     }
 }
 
 TEST_F(ConsumerSession, RefreshWithoutAnEnvelopeIsMalformed) {
     for (const std::string& body :
-         {std::string("{}"), std::string("[]"), std::string("5"), Without(Json::parse(kGolden), "/meta"),
-          WithValue(Json::parse(kGolden), "/meta", "401")}) {
+         {std::string("{}"), std::string("[]"), std::string("5"), Without(Json::parse(kWhole), "/meta"),
+          WithValue(Json::parse(kWhole), "/meta", "401")}) {
         transport.Answer(body);
         EXPECT_EQ(Refresh(), 300002) << body;
-        EXPECT_THAT(lines.Lines(),
-                    HasLine(5, "ERROR", kRequest, "ZQR TEST RefreshSessionFromCServer:" + body + " error:2"));
+        EXPECT_THAT(
+            m_log.Lines(),
+            Contains(Line(5, "ERROR", kRequest, "ZQR TEST RefreshSessionFromCServer:" + body + " error:2")).Times(1));
         ExpectUntouched();
     }
 }
@@ -187,8 +194,10 @@ TEST_F(ConsumerSession, ParsersRefusalOfARefreshHasTheBase) {
           R"({"meta":{},"sessionInfo":[]})"}) {
         transport.Answer(body);
         EXPECT_EQ(Refresh(), 300002) << body;
-        EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kRequest,
-                                           std::string("ZQR TEST RefreshSessionFromCServer:") + body + " error:2"));
+        EXPECT_THAT(
+            m_log.Lines(),
+            Contains(Line(5, "ERROR", kRequest, std::string("ZQR TEST RefreshSessionFromCServer:") + body + " error:2"))
+                .Times(1));
         ExpectUntouched();
     }
 }
@@ -196,39 +205,36 @@ TEST_F(ConsumerSession, ParsersRefusalOfARefreshHasTheBase) {
 TEST_F(ConsumerSession, FailedTransferOfARefreshIsPassedOn) {
     transport.Fail(28);
     EXPECT_EQ(Refresh(), 100028);
-    EXPECT_THAT(lines.Lines(),
-                HasLine(5, "ERROR", kRequest, "ZQR TEST QX_API_B2C_REFRESH_SESSION SyncPutRequestHeader error:28"));
+    EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kRequest,
+                                             "ZQR TEST QX_API_B2C_REFRESH_SESSION SyncPutRequestHeader error:28"))
+                                   .Times(1));
     ExpectUntouched();
 }
 
 // ---- Stream tokens
 
-TEST_F(ConsumerSession, StreamTokensAreTheWholeAnswerWhateverItSays) {
+TEST_F(ConsumerSession, StreamTokensAreTheWholeResponseWhateverItSays) {
     for (const std::string& body : {std::string(R"({"resultCode":"200","tokenArray":["t"]})"), std::string(),
                                     std::string("no json"), std::string(R"({"meta":{"code":401}})")}) {
-        std::string answer = "before";
-        lines.Clear();
+        std::string response = "before";
+        m_log.Clear();
         transport.Answer(body);
-        EXPECT_EQ(GetStreamTokensFromCServer({"https://c.example", "the-session", "the-app"}, answer), 0);
-        EXPECT_EQ(answer, body);
-        for (const LogLine& line : lines.Lines()) {
+        EXPECT_EQ(GetStreamTokensFromCServer(Route(), response), 0);
+        EXPECT_EQ(response, body);
+        for (const LogLine& line : m_log.Lines()) {
             EXPECT_NE(line.Tag(), "GetStreamTokensFromCServer") << line.text;
         }
     }
-    const SentRequest sent = transport.Sent()[0];
-    EXPECT_EQ(sent.method, "POST");
-    EXPECT_EQ(sent.url, "https://c.example/api/user/token/get?sessionId=the-session");
-    EXPECT_EQ(sent.body, "");
-    EXPECT_EQ(sent.headers, std::vector<std::string>{"sessionId: the-session"});
-    EXPECT_FALSE(lines.Contains("the-session"));
+    EXPECT_FALSE(m_log.Contains("the-session"));
 }
 
 TEST_F(ConsumerSession, StreamTokensOfAFailedTransferStayAsTheyWere) {
-    std::string answer = "before";
+    std::string response = "before";
     transport.Fail(35);
-    EXPECT_EQ(GetStreamTokensFromCServer({"https://c.example", "the-session", "the-app"}, answer), 100035);
-    EXPECT_EQ(answer, "before");
-    EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "GetStreamTokensFromCServer", "SyncRequest error:35"));
+    EXPECT_EQ(GetStreamTokensFromCServer(Route(), response), 100035);
+    EXPECT_EQ(response, "before");
+    EXPECT_THAT(m_log.Lines(),
+                Contains(Line(5, "ERROR", "GetStreamTokensFromCServer", "SyncRequest error:35")).Times(1));
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
-// The envelope of the consumer servers, and where their groups stand.
+// Which entry of a group belongs to a device.
 
-#include "cserver/ConsumerEnvelope.h"
+#include "cserver/DeviceEntry.h"
 
-#include "unit/cserver/ConsumerAnswer.h"
+#include <gtest/gtest.h>
 
 namespace vantix::test {
 namespace {
@@ -10,41 +10,7 @@ namespace {
 using json::JsonCppDocument;
 using json::JsonCppView;
 
-TEST(ConsumerEnvelope, CodeIsThatOfMetaAndSuccessWithoutOne) {
-    for (const MetaRow& row : MetaRows()) {
-        JsonCppDocument document;
-        ASSERT_TRUE(document.Parse(R"({"meta":)" + std::string(row.meta) + "}"));
-        EXPECT_EQ(consumer::Code(document.Root()), row.code) << row.meta;
-    }
-    for (const char* root : {"{}", "[]", "5", "\"x\"", "null", R"({"code":401})", R"({"resultCode":"401"})"}) {
-        JsonCppDocument document;
-        ASSERT_TRUE(document.Parse(root));
-        EXPECT_EQ(consumer::Code(document.Root()), 0) << root;
-    }
-}
-
-TEST(ConsumerEnvelope, MemberIsLookedForBesideDataFirst) {
-    const struct {
-        const char* root;
-        const char* found;
-    } rows[] = {{R"({"group":1})", "1"},
-                {R"({"data":{"group":2}})", "2"},
-                {R"({"group":1,"data":{"group":2}})", "1"},
-                {R"({"group":null,"data":{"group":2}})", "2"},
-                {R"({"group":false,"data":{"group":2}})", "false"},
-                {R"({"data":{"data":{"group":2}}})", ""},
-                {R"({"data":[{"group":2}]})", ""},
-                {R"({"data":"group"})", ""},
-                {"[]", ""},
-                {"5", ""}};
-    for (const auto& row : rows) {
-        JsonCppDocument document;
-        ASSERT_TRUE(document.Parse(row.root));
-        EXPECT_EQ(consumer::Find(document.Root(), "group").Compact(), row.found) << row.root;
-    }
-}
-
-TEST(ConsumerEnvelope, EntryOfADeviceStandsUnderItsSerialOrNamesItOrIsTheOnlyOne) {
+TEST(DeviceEntry, StandsUnderTheSerialOrNamesItOrIsTheOnlyOne) {
     const struct {
         const char* rule;
         const char* group;
@@ -81,7 +47,7 @@ TEST(ConsumerEnvelope, EntryOfADeviceStandsUnderItsSerialOrNamesItOrIsTheOnlyOne
     EXPECT_EQ(consumer::EntryOf(JsonCppView(), "S").Compact(), "");
 }
 
-TEST(ConsumerEnvelope, OnlyAnotherTextNamesAnotherDevice) {
+TEST(DeviceEntry, NamesAnotherDeviceByAnotherTextOnly) {
     const struct {
         const char* entry;
         bool names;

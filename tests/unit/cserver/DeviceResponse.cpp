@@ -1,4 +1,4 @@
-#include "unit/cserver/ConsumerPage.h"
+#include "unit/cserver/DeviceResponse.h"
 
 namespace vantix::test {
 namespace {
@@ -8,7 +8,7 @@ constexpr char kExtension[] = R"({"support_ptz":"51","support_talk":"52","ptz_le
     "support_seek_playback":"59","support_seek_v2":"60","support_quickplay_way":"61",
     "support_device_playback_small_speed":"62","257":"63","836":"64","149":"65","585":"66"})";
 
-constexpr char kPage[] = R"({
+constexpr char kDevice[] = R"({
     "meta": {"code": 200, "message": "ok"},
     "cameraInfos": [
         {"channelNo": 1, "cameraId": "camera-2", "deviceSerial": "S", "videoLevel": 3, "permission": 4, "isShared": 5,
@@ -36,51 +36,51 @@ constexpr char kPage[] = R"({
 
 }  // namespace
 
-nlohmann::json GoldenPage() { return PageWithExtension(kExtension); }
+Json WholeDevice() { return DeviceWithExtension(kExtension); }
 
-nlohmann::json PageWithExtension(const std::string& text) {
-    nlohmann::json page = nlohmann::json::parse(kPage);
-    page["deviceInfos"][1]["supportExt"] = text;
-    return page;
+Json DeviceWithExtension(const std::string& text) {
+    Json response = Json::parse(kDevice);
+    response["deviceInfos"][1]["supportExt"] = text;
+    return response;
 }
 
-const std::vector<Member<DevChannelInfo>>& PageCameraRows() {
-    static const std::vector<Member<DevChannelInfo>> rows = {
-        {"/cameraInfos/0/channelNo", &DevChannelInfo::cameraNo},
-        {"/cameraInfos/0/cameraId", &DevChannelInfo::cameraId},
-        {"/cameraInfos/0/videoLevel", &DevChannelInfo::videoLevel},
-        {"/cameraInfos/0/permission", &DevChannelInfo::permission},
-        {"/cameraInfos/0/streamBizUrl", &DevChannelInfo::streamBizUrl},
-        {"/cameraInfos/0/vtmInfo/forceStreamType", &DevChannelInfo::forceStreamType},
+const RecordFields<DevChannelInfo>& CameraRows() {
+    static const RecordFields<DevChannelInfo> rows = {
+        {"/cameraInfos/0/channelNo", &DevChannelInfo::cameraNo, 1},
+        {"/cameraInfos/0/cameraId", &DevChannelInfo::cameraId, "camera-2"},
+        {"/cameraInfos/0/videoLevel", &DevChannelInfo::videoLevel, 3},
+        {"/cameraInfos/0/permission", &DevChannelInfo::permission, 4},
+        {"/cameraInfos/0/streamBizUrl", &DevChannelInfo::streamBizUrl, "biz-6"},
+        {"/cameraInfos/0/vtmInfo/forceStreamType", &DevChannelInfo::forceStreamType, 7},
     };
     return rows;
 }
 
-const std::vector<Member<BelongDevInfo>>& PageDeviceRows() {
+const RecordFields<BelongDevInfo>& DeviceRows() {
     using Device = BelongDevInfo;
-    static const std::vector<Member<Device>> rows = {
-        {"/cameraInfos/0/vtmInfo/externalIp", &Device::vtmIp},
-        {"/cameraInfos/0/vtmInfo/port", &Device::vtmPort},
-        {"/deviceInfos/1/channelNumber", &Device::supportChannelNums},
-        {"/deviceInfos/1/isOwner", &Device::isOwner},
-        {"/connectionInfos/S/netIp", &Device::deviceIP},
-        {"/connectionInfos/S/netCmdPort", &Device::cmdPort},
-        {"/connectionInfos/S/netHttpPort", &Device::httpPort},
-        {"/connectionInfos/S/localIp", &Device::localIp},
-        {"/connectionInfos/S/localCmdPort", &Device::localCmdPort},
-        {"/connectionInfos/S/localHttpPort", &Device::localHttpPort},
-        {"/connectionInfos/S/localStreamPort", &Device::localStreamPort},
-        {"/connectionInfos/S/netType", &Device::netType},
-        {"/connectionInfos/S/upnp", &Device::upnp},
-        {"/connectionInfos/S/casIp", &Device::casIp},
-        {"/connectionInfos/S/casPort", &Device::casPort},
-        {"/cloudInfos/S/status", &Device::cloudServiceStatus},
-        {"/statusInfos/S/isEncrypt", &Device::isEncrypt},
-        {"/statusInfos/S/encryptPwd", &Device::encryptPwd},
-        {"/ttsInfos/S/externalIp", &Device::ttsIp},
-        {"/ttsInfos/S/port", &Device::ttsPort},
-        {"/ttsInfos/S/publicKey/key", &Device::publicKey},
-        {"/ttsInfos/S/publicKey/version", &Device::version},
+    static const RecordFields<Device> rows = {
+        {"/cameraInfos/0/vtmInfo/externalIp", &Device::vtmIp, "vtm-8"},
+        {"/cameraInfos/0/vtmInfo/port", &Device::vtmPort, 9},
+        {"/deviceInfos/1/channelNumber", &Device::supportChannelNums, 20},
+        {"/deviceInfos/1/isOwner", &Device::isOwner, 21},
+        {"/connectionInfos/S/netIp", &Device::deviceIP, "net-22"},
+        {"/connectionInfos/S/netCmdPort", &Device::cmdPort, 23},
+        {"/connectionInfos/S/netHttpPort", &Device::httpPort, 24},
+        {"/connectionInfos/S/localIp", &Device::localIp, "local-25"},
+        {"/connectionInfos/S/localCmdPort", &Device::localCmdPort, 26},
+        {"/connectionInfos/S/localHttpPort", &Device::localHttpPort, 27},
+        {"/connectionInfos/S/localStreamPort", &Device::localStreamPort, 28},
+        {"/connectionInfos/S/netType", &Device::netType, 29},
+        {"/connectionInfos/S/upnp", &Device::upnp, 30},
+        {"/connectionInfos/S/casIp", &Device::casIp, "cas-31"},
+        {"/connectionInfos/S/casPort", &Device::casPort, 32},
+        {"/cloudInfos/S/status", &Device::cloudServiceStatus, 34},
+        {"/statusInfos/S/isEncrypt", &Device::isEncrypt, 35},
+        {"/statusInfos/S/encryptPwd", &Device::encryptPwd, "pwd-36"},
+        {"/ttsInfos/S/externalIp", &Device::ttsIp, "tts-37"},
+        {"/ttsInfos/S/port", &Device::ttsPort, 38},
+        {"/ttsInfos/S/publicKey/key", &Device::publicKey, "key-39"},
+        {"/ttsInfos/S/publicKey/version", &Device::version, 40},
     };
     return rows;
 }
