@@ -136,11 +136,7 @@ std::string ReadMacAddress(const std::string& root) {
     return virtualAdapter;
 }
 
-}  // namespace hwprint
-
-namespace {
-
-int CopyOut(const std::string& text, char* buffer, size_t size) {
+int CopyText(const std::string& text, char* buffer, size_t size) {
     if (buffer == nullptr) {
         return -1;
     }
@@ -150,8 +146,10 @@ int CopyOut(const std::string& text, char* buffer, size_t size) {
     return text.empty() ? -1 : 0;
 }
 
-}  // namespace
+}  // namespace hwprint
 
-int HWP_GetDiskSerial(char* serial, char* /*second*/) { return CopyOut(hwprint::ReadDiskSerial("/"), serial, 64); }
+int HWP_GetDiskSerial(char* serial, char* /*second*/) {
+    return hwprint::CopyText(hwprint::ReadDiskSerial("/"), serial, 64);
+}
 
-int HWP_GetMacAddr(char* mac) { return CopyOut(hwprint::ReadMacAddress("/"), mac, 48); }
+int HWP_GetMacAddr(char* mac) { return hwprint::CopyText(hwprint::ReadMacAddress("/"), mac, 48); }

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 
 #if defined(__GNUC__)
 #define VANTIX_FUNCTION_NAME __PRETTY_FUNCTION__
@@ -29,17 +30,30 @@ constexpr bool StartsWith(const char* text, const char* start) {
     return *start == '\0';
 }
 
-/// Whether a parenthesis belongs to an unnamed namespace or a deduced return type ("decltype(auto)").
-constexpr bool OpensNoArguments(const char* parenthesis) {
-    return StartsWith(parenthesis, "(anonymous") || StartsWith(parenthesis, "(auto)");
+/// Whether the text before `end` ends with the word of an operator's name, as in "operator bool".
+constexpr bool EndsWithOperator(const char* name, size_t end) {
+    constexpr size_t kLength = 8;
+    return end >= kLength && StartsWith(name + end - kLength, "operator");
 }
 
-/// The first parenthesis that opens an argument list.
-constexpr size_t ArgumentsBegin(const char* name, size_t from) {
+/// Whether these are the parentheses of the call operator's own name: "operator()", also with a blank between.
+constexpr bool IsCallOperator(const char* name, size_t parenthesis) {
+    const bool isBehindABlank = parenthesis > 0 && name[parenthesis - 1] == ' ';
+    return StartsWith(name + parenthesis, "()") && EndsWithOperator(name, parenthesis - (isBehindABlank ? 1 : 0));
+}
+
+/// Whether a parenthesis belongs to an unnamed namespace, a deduced return type ("decltype(auto)") or an operator.
+constexpr bool OpensNoArguments(const char* name, size_t parenthesis) {
+    return StartsWith(name + parenthesis, "(anonymous") || StartsWith(name + parenthesis, "(auto)") ||
+           IsCallOperator(name, parenthesis);
+}
+
+/// The first parenthesis that opens an argument list, or the name's end.
+constexpr size_t ArgumentsBegin(const char* name) {
     size_t depth = 0;  // inside template arguments, which may hold lists of their own
-    for (size_t i = from;; ++i) {
+    for (size_t i = 0;; ++i) {
         const char c = name[i];
-        if (c == '\0' || (c == '(' && depth == 0 && !OpensNoArguments(name + i))) {
+        if (c == '\0' || (c == '(' && depth == 0 && !OpensNoArguments(name, i))) {
             return i;
         }
         if (c == '<') {
@@ -64,12 +78,6 @@ constexpr size_t ArgumentsEnd(const char* name, size_t open) {
     return i;
 }
 
-/// Whether the text before `end` ends with the word of an operator's name, as in "operator ()".
-constexpr bool EndsWithOperator(const char* name, size_t end) {
-    constexpr size_t kLength = 8;
-    return end >= kLength && StartsWith(name + end - kLength, "operator");
-}
-
 /// Where the qualified name that ends at `end` begins: after the return type.
 constexpr size_t NameBegin(const char* name, size_t end) {
     size_t depth = 0;
@@ -90,7 +98,7 @@ constexpr size_t NameBegin(const char* name, size_t end) {
 
 /// Skips leading namespaces: all of ours, and unnamed ones, begin with a lower-case letter or a bracket.
 constexpr size_t SkipNamespaces(const char* name, size_t begin, size_t end) {
-    for (size_t i = begin; i + 1 < end; ++i) {
+    for (size_t i = begin; i + 1 < end && name[i] != '<'; ++i) {
         if (name[i] == ':' && name[i + 1] == ':') {
             const char first = name[begin];
             if (first >= 'A' && first <= 'Z') {
@@ -111,22 +119,31 @@ struct TagRanges {
     constexpr size_t Length() const { return size_t{name.end} - name.begin + lambda.end - lambda.begin; }
 };
 
-/// A lambda's part of the name, behind the arguments of the function around it and without qualifiers; empty when the
-/// name is no lambda's.
+/// Whether this character stands in qualifiers behind an argument list: " const", " &".
+constexpr bool IsQualifier(char c) { return c == ' ' || c == '&' || (c >= 'a' && c <= 'z'); }
+
+/// A lambda's part of the name, behind the arguments and qualifiers of the function around it and without qualifiers of
+/// its own; empty when the name is no lambda's.
 constexpr Range LambdaPart(const char* name, size_t argumentsEnd) {
     size_t begin = argumentsEnd;
-    begin += StartsWith(name + begin, " const") ? size_t{6} : size_t{0};
+    while (IsQualifier(name[begin])) {
+        ++begin;
+    }
     size_t end = begin;
     if (StartsWith(name + begin, "::")) {
-        while (name[end] != '\0' && !StartsWith(name + end, " const") && !StartsWith(name + end, " [")) {
-            ++end;
+        for (size_t depth = 0; name[end] != '\0' && (depth > 0 || name[end] != ' '); ++end) {
+            if (name[end] == '(' || name[end] == '<') {
+                ++depth;
+            } else if (depth > 0 && (name[end] == ')' || name[end] == '>')) {
+                --depth;
+            }
         }
     }
     return {static_cast<uint16_t>(begin), static_cast<uint16_t>(end)};
 }
 
 constexpr TagRanges FindTag(const char* name) {
-    const size_t end = ArgumentsBegin(name, 0);
+    const size_t end = ArgumentsBegin(name);
     const size_t begin = SkipNamespaces(name, NameBegin(name, end), end);
     return {{static_cast<uint16_t>(begin), static_cast<uint16_t>(end)}, LambdaPart(name, ArgumentsEnd(name, end))};
 }
@@ -157,6 +174,7 @@ public:
     template <size_t Size>
     consteval CallSite(const char (&function)[Size], int line)
         : m_function(function), m_tag(tag_detail::FindTag(function)), m_line(line) {
+        static_assert(Size <= std::numeric_limits<uint16_t>::max(), "positions in the name have 16 bits");
         if (m_tag.Length() > FunctionTag::kLongest) {
             throw "a tag that is too long for a log line";
         }

@@ -55,6 +55,8 @@ int ProcessId() {
 #endif
 }
 
+FunctionTag LineTag(const CallSite& site) { return site.Tag(); }
+
 void log(int lineLevel, const char* format, ...) {
     // Any line may be the first thing that happens in the process, and it builds the core.
     if (!kBuildCore() || !LogPasses(lineLevel)) {

@@ -50,18 +50,21 @@ void log(int lineLevel, const char* format, ...) VANTIX_PRINTF_FORMAT(2, 3);
 /// The id that lines bear.
 int ProcessId();
 
+/// A call site's tag. Not inline: hundreds of statements share it.
+FunctionTag LineTag(const CallSite& site);
+
 }  // namespace vantix
 
 #define VANTIX_INFO_PREFIX "[%d] VX   INFO \t<%s>\t<%d>,"
 #define VANTIX_ERROR_PREFIX "[%d] VX   ERROR\t<%s>\t<%d>,"
 
-#define VANTIX_LOG_LINE(site, lineLevel, prefix, format, ...)                                     \
-    do {                                                                                          \
-        if (::vantix::LogPasses(lineLevel)) {                                                     \
-            const ::vantix::CallSite& vantixSite = site;                                          \
-            ::vantix::log(lineLevel, prefix format, ::vantix::ProcessId(), vantixSite.Tag().text, \
-                          vantixSite.Line() __VA_OPT__(, ) __VA_ARGS__);                          \
-        }                                                                                         \
+#define VANTIX_LOG_LINE(site, lineLevel, prefix, format, ...)                                                  \
+    do {                                                                                                       \
+        if (::vantix::LogPasses(lineLevel)) {                                                                  \
+            const ::vantix::CallSite& vantixSite = site;                                                       \
+            ::vantix::log(lineLevel, prefix format, ::vantix::ProcessId(), ::vantix::LineTag(vantixSite).text, \
+                          vantixSite.Line() __VA_OPT__(, ) __VA_ARGS__);                                       \
+        }                                                                                                      \
     } while (false)
 
 /// Writes an "INFO " or "ERROR" line: call site, level, a literal format, its values.

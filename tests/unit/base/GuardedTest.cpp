@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <future>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -44,6 +46,24 @@ TEST(Guarded, LiveIsTheValueItself) {
     text.Assign("seen");
     EXPECT_EQ(live, "seen");
     EXPECT_EQ(&live, &text.Live());
+}
+
+TEST(Guarded, LiveWaitsForAWriterThatIsAtWork) {
+    Guarded<std::string> text("old");
+    std::promise<void> written;
+    std::promise<void> asked;
+    std::thread writer([&] {
+        text.With([&](std::string& value) {
+            written.set_value();
+            asked.get_future().wait();
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));  // a reader without the lock is through by now
+            value = "new";
+        });
+    });
+    written.get_future().wait();
+    asked.set_value();
+    EXPECT_EQ(text.Live(), "new");
+    writer.join();
 }
 
 TEST(Guarded, ExceptionInAUseGivesTheLockUp) {

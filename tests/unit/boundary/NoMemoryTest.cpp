@@ -99,6 +99,23 @@ TEST_F(NoMemoryTest, NoOperationThrowsWhicheverAllocationFails) {
     }
 }
 
+TEST_F(NoMemoryTest, NothingIsSharedWhicheverAllocationFails) {
+    handle->SetB2CTokens(
+        R"([{"token":"a token that is no short string","deviceSerial":"S","channelNo":"1","isShared":0}])");
+    const std::string token = "another token that is no short string";
+    const std::string serial = "a serial that is no short string";
+    size_t yes = 0;
+    size_t failures = 0;
+    WithEveryAllocationFailing(
+        [&] {
+            yes += handle->isB2CSharedToken(token) ? 1U : 0U;
+            yes += handle->isB2CSharedChannel(serial, 1) ? 1U : 0U;
+        },
+        [&](size_t /*n*/) { failures += FailingNew::Fired() ? 1U : 0U; });
+    EXPECT_EQ(yes, 0U);
+    EXPECT_GT(failures, 0U);
+}
+
 TEST_F(NoMemoryTest, NextCallAfterAFailedOneSucceeds) {
     size_t failures = 0;
     WithEveryAllocationFailing(

@@ -54,6 +54,7 @@ constexpr Row kTexts[] = {
     {R"({"accessToken":null,"sessionId": 12 })", R"({"accessToken":***,"sessionId": *** })"},
     {R"({"accessToken":5)", R"({"accessToken":***)"},
     {R"({"x":"accessToken","y":"z"})", R"({"x":"accessToken","y":"z"})"},
+    {R"({"x""accessToken":"t"})", R"({"x""accessToken":"***"})"},
     {R"(["accessToken","t"])", R"(["accessToken","t"])"},
 };
 

@@ -176,6 +176,7 @@ TEST_F(RequestFunctions, ReturnWhatTheTransferReturned) {
         EXPECT_EQ(body.Text(), "part");
         EXPECT_EQ(m_log.Messages().back(), "end Posts url and Param result = 28");
         EXPECT_EQ(m_log.Lines().back().Word(), "INFO ");
+        EXPECT_EQ(m_log.Lines().back().level, 3U);
     }
 }
 

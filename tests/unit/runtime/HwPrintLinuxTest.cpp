@@ -8,6 +8,7 @@
 #include <sys/sysmacros.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
@@ -17,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A temporary folder that plays the root of a file system; it is gone with its test.
+/// A temporary folder that stands for the root of a file system; it is gone with its test.
 class HwPrintLinux : public testing::Test {
 public:
     HwPrintLinux() {
@@ -44,11 +45,14 @@ protected:
         fs::create_directories((m_root / path).parent_path());
         fs::create_symlink(m_root / target, m_root / path);
     }
-    /// Lets the root file system live on this device of the tree.
+    /// Puts the root file system on this device of the tree.
     void RootIsOn(const std::string& device) const {
         struct stat info {};
         ASSERT_EQ(stat(m_root.c_str(), &info), 0);
-        Link("sys/dev/block/" + std::to_string(major(info.st_dev)) + ":" + std::to_string(minor(info.st_dev)), device);
+        const std::string link =
+            "sys/dev/block/" + std::to_string(major(info.st_dev)) + ":" + std::to_string(minor(info.st_dev));
+        fs::remove(m_root / link);
+        Link(link, device);
     }
     std::string Serial() const { return hwprint::ReadDiskSerial(m_root.string()); }
     std::string Mac() const { return hwprint::ReadMacAddress(m_root.string()); }
@@ -93,6 +97,20 @@ TEST_F(DiskSerial, OfSeveralDisksBelowAMappingTheFirstCounts) {
     Link("sys/devices/md0/slaves/sda", "sys/devices/sda");
     RootIsOn("sys/devices/md0");
     EXPECT_EQ(Serial(), "ONE");
+}
+
+TEST_F(DiskSerial, IsFoundBelowEightMappingsAndNotBelowNine) {
+    Write("sys/devices/sda/device/serial", "BELOW\n");
+    Write("sys/block/sdz/device/serial", "FALLBACK\n");
+    Link("sys/devices/dm-1/slaves/sda", "sys/devices/sda");
+    for (int number = 2; number <= 9; ++number) {
+        const std::string below = "dm-" + std::to_string(number - 1);
+        Link("sys/devices/dm-" + std::to_string(number) + "/slaves/" + below, "sys/devices/" + below);
+    }
+    RootIsOn("sys/devices/dm-8");
+    EXPECT_EQ(Serial(), "BELOW");
+    RootIsOn("sys/devices/dm-9");
+    EXPECT_EQ(Serial(), "FALLBACK");
 }
 
 TEST_F(DiskSerial, AMappingOntoItselfEnds) {
@@ -229,6 +247,24 @@ TEST_F(MacAddress, IsEmptyWhereNothingCanBeRead) {
     Folder("sys/class/net/eth0/device");
     EXPECT_EQ(Mac(), "");
     EXPECT_EQ(hwprint::ReadMacAddress("/nowhere/at/all"), "");
+}
+
+TEST(CopyText, FillsItsBufferAndNotMore) {
+    struct Row {
+        const char* text;
+        int result;
+        const char* copied;
+    };
+    constexpr Row kRows[] = {{"", -1, ""}, {"abc", 0, "abc"}, {"1234567", 0, "1234567"}, {"12345678", 0, "1234567"}};
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(row.text);
+        char buffer[16];
+        std::fill(std::begin(buffer), std::end(buffer), '#');
+        EXPECT_EQ(hwprint::CopyText(row.text, buffer, 8), row.result);
+        EXPECT_STREQ(buffer, row.copied);
+        EXPECT_EQ(std::string(buffer + 8, 8), "########");
+    }
+    EXPECT_EQ(hwprint::CopyText("abc", nullptr, 8), -1);
 }
 
 }  // namespace

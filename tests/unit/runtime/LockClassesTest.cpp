@@ -1,10 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <functional>
+#include <future>
 #include <new>
 #include <thread>
 #include <type_traits>
 #include <vector>
+
+#if !defined(_WIN32)
+#include <pthread.h>
+#endif
 
 #include "tvl/tvl.h"
 
@@ -26,6 +32,7 @@ struct Calls {
     int locks = 0;
     int unlocks = 0;
     bool failCreate = false;
+    void* created = nullptr;
     int lockStatus = 0;
     int unlockStatus = 0;
 };
@@ -33,7 +40,10 @@ thread_local Calls t_calls;
 
 }  // namespace
 
-void* __wrap_TVL_MutexCreate(int recursive) { return t_calls.failCreate ? nullptr : __real_TVL_MutexCreate(recursive); }
+void* __wrap_TVL_MutexCreate(int recursive) {
+    t_calls.created = t_calls.failCreate ? nullptr : __real_TVL_MutexCreate(recursive);
+    return t_calls.created;
+}
 
 int __wrap_TVL_MutexLock(void* mutex) {
     ++t_calls.locks;
@@ -77,6 +87,40 @@ TEST_F(Mutex, LockAndUnlockReturnZero) {
     EXPECT_EQ(mutex.Unlock(), 0);
     ExpectFree(mutex);
 }
+
+#if !defined(_WIN32)
+/// Whether the thread that holds the runtime's newest mutex gets it once more without waiting.
+bool OwnerMayLockAgain() {
+    auto* mutex = static_cast<pthread_mutex_t*>(t_calls.created);
+    const bool isLocked = pthread_mutex_trylock(mutex) == 0;
+    if (isLocked) {
+        pthread_mutex_unlock(mutex);
+    }
+    return isLocked;
+}
+
+TEST_F(Mutex, ItsOwnerMayNotLockItAgain) {
+    TVL_Mutex mutex;
+    ASSERT_EQ(mutex.Lock(), 0);
+    EXPECT_FALSE(OwnerMayLockAgain());
+    EXPECT_EQ(mutex.Unlock(), 0);
+    EXPECT_TRUE(OwnerMayLockAgain()) << "nobody holds it";
+}
+#else
+TEST_F(Mutex, ItsOwnerMayNotLockItAgain) {
+    TVL_Mutex mutex;
+    std::promise<void> locked;
+    std::thread owner([&] {
+        mutex.Lock();
+        mutex.Lock();
+        locked.set_value();
+        mutex.Unlock();
+    });
+    EXPECT_EQ(locked.get_future().wait_for(std::chrono::milliseconds(200)), std::future_status::timeout);
+    mutex.Unlock();  // in the owner's place, which would wait for ever
+    owner.join();
+}
+#endif
 
 TEST_F(Mutex, LockAndUnlockReturnTheRuntimesStatus) {
     TVL_Mutex mutex;
@@ -222,6 +266,15 @@ TEST_F(RecursiveMutex, ItsOwnerMayLockItAgain) {
     ExpectFree(mutex);
 }
 
+#if !defined(_WIN32)
+TEST_F(RecursiveMutex, ItsOwnerGetsItAgainWithoutWaiting) {
+    tvl::tvl_recursive_mutex mutex;
+    ASSERT_EQ(mutex.Lock(), 0);
+    EXPECT_TRUE(OwnerMayLockAgain());
+    EXPECT_EQ(mutex.Unlock(), 0);
+}
+#endif
+
 TEST_F(RecursiveMutex, HasAVirtualTable) {
     EXPECT_TRUE(std::is_polymorphic_v<tvl::tvl_recursive_mutex>);
     EXPECT_TRUE(std::has_virtual_destructor_v<tvl::tvl_recursive_mutex>);
@@ -265,7 +318,7 @@ TEST_F(RecursiveMutex, AssignmentReturnsTheObjectAndLeavesBothAsTheyAre) {
 #endif
 
 #if !defined(_WIN32) && !defined(VANTIX_MISTAKES_ARE_REPORTED)
-// Windows has no status to tell it by, and the thread sanitizer ends the program at such a mistake.
+// Windows has no status that shows it, and the thread sanitizer ends the program at such a mistake.
 TEST_F(RecursiveMutex, AnUnlockWithoutALockIsAnError) {
     tvl::tvl_recursive_mutex mutex;
     mutex.Lock();

@@ -159,9 +159,39 @@ TEST_F(CRequestBody, StaysInUtf8WhenTheHostAskedForIt) {
     const std::string body = "\xC3\xA9\xE2\x82\xAC \xE4\xB8\xAD \xFF";
     bUtf8 = true;
     m_spy.Respond(CURLE_OK, {body});
+    m_spy.ConvertTo("converted");
+    for (const Operation& operation : Operations()) {
+        SCOPED_TRACE(operation.name);
+        const Outcome outcome(operation);
+        EXPECT_EQ(outcome.Body(), body);
+        EXPECT_EQ(m_log.Messages().back(), "strRsp:" + body);
+    }
+    EXPECT_THAT(m_spy.Converted(), testing::IsEmpty());
+}
+
+TEST_F(CRequestBody, GoesThroughTheConversionUnlessTheHostAskedForUtf8) {
+    for (const Operation& operation : Operations()) {
+        SCOPED_TRACE(operation.name);
+        m_spy.Clear();
+        m_spy.Respond(CURLE_PARTIAL_FILE, {"the b", "ody"});
+        m_spy.ConvertTo("converted");
+        const Outcome outcome(operation);
+        EXPECT_EQ(outcome.result, CURLE_PARTIAL_FILE);
+        EXPECT_EQ(outcome.Body(), "converted");
+        EXPECT_EQ(m_log.Messages().back(), "strRsp:converted");
+        EXPECT_THAT(m_spy.Converted(), ElementsAre("the body")) << "once, and whole";
+    }
+}
+
+TEST_F(CRequestBody, IsEmptyWhenItsConversionFails) {
+    m_spy.Respond(CURLE_RECV_ERROR, {"the body"});
+    m_spy.ConvertTo("");
     const Outcome outcome(Operations()[0]);
-    EXPECT_EQ(outcome.Body(), body);
-    EXPECT_THAT(m_log.Messages(), ElementsAre("strRsp:" + body));
+    EXPECT_EQ(outcome.result, CURLE_RECV_ERROR) << "the transfer's own";
+    EXPECT_EQ(outcome.length, 0U);
+    ASSERT_NE(outcome.response, nullptr);
+    EXPECT_STREQ(outcome.response, "");
+    EXPECT_THAT(m_log.Messages(), ElementsAre("strRsp:"));
 }
 
 TEST_F(CRequestBody, IsConvertedWithTheSwitchOff) {

@@ -55,6 +55,12 @@ protected:
     CurlSpy m_spy;
 };
 
+TEST_F(CRequestOptions, ModesAreNumbersThatCallersKnow) {
+    EXPECT_EQ(static_cast<int>(RequestMode::Get), 0);
+    EXPECT_EQ(static_cast<int>(RequestMode::FormPost), 1);
+    EXPECT_EQ(static_cast<int>(RequestMode::JsonPost), 2);
+}
+
 TEST_F(CRequestOptions, OfAGet) {
     const Outcome outcome(Operations()[0]);
     EXPECT_EQ(outcome.result, 0);

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <map>
+#include <optional>
 
 #include "transport/CurlCallbacks.h"
 
@@ -47,6 +48,8 @@ struct State {
     std::string sentMethod;
     std::string sentBody;
     std::vector<std::string> sentHeaders;
+    std::optional<std::string> conversion;
+    std::vector<std::string> converted;
 };
 
 State* g_state = nullptr;
@@ -176,6 +179,7 @@ void CurlSpy::FailOption(size_t n, CURLcode code) { g_state->option = {n, code};
 void CurlSpy::FailHeader(size_t n) { g_state->header = {n, CURLE_OUT_OF_MEMORY}; }
 void CurlSpy::FailFormCall(size_t n, CURLcode code) { g_state->form = {n, code}; }
 void CurlSpy::FailMalloc(size_t size) { g_failingSize = size; }
+void CurlSpy::ConvertTo(const std::string& text) { g_state->conversion = text; }
 
 std::vector<std::string> CurlSpy::Calls() const { return g_state->calls; }
 
@@ -194,6 +198,7 @@ std::string CurlSpy::Method() const { return g_state->sentMethod; }
 std::string CurlSpy::Body() const { return g_state->sentBody; }
 std::vector<std::string> CurlSpy::Headers() const { return g_state->sentHeaders; }
 int CurlSpy::Unreleased() const { return g_state->unreleased; }
+std::vector<std::string> CurlSpy::Converted() const { return g_state->converted; }
 
 }  // namespace vantix::test
 
@@ -371,3 +376,18 @@ void* __wrap_malloc(size_t size) {
 }
 }
 // NOLINTEND(bugprone-reserved-identifier,cppcoreguidelines-no-malloc)
+
+// The names of vantix::Utf8ToAnsi as the linker leads its calls.
+#define UTF8_TO_ANSI "_ZN6vantix10Utf8ToAnsiERKNSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEEE"
+std::string OriginalConversion(const std::string& text) __asm__("__real_" UTF8_TO_ANSI);
+std::string WatchedConversion(const std::string& text) __asm__("__wrap_" UTF8_TO_ANSI);
+
+std::string WatchedConversion(const std::string& text) {
+    if (g_state != nullptr) {
+        g_state->converted.push_back(text);
+        if (g_state->conversion) {
+            return *g_state->conversion;
+        }
+    }
+    return OriginalConversion(text);
+}

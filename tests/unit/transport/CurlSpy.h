@@ -1,7 +1,8 @@
 #pragma once
 
 /// @file
-/// Watches every call of libcurl that the transport makes, and lets any of them fail (options.cmake).
+/// Watches every call of libcurl that the transport makes, and the conversion of bodies, and lets any of them fail
+/// (options.cmake).
 
 #include <curl/curl.h>
 
@@ -38,6 +39,8 @@ public:
     void FailFormCall(size_t n, CURLcode code);
     /// The next block of exactly this size is not there.
     void FailMalloc(size_t size);
+    /// From now on the conversion of a body to the code page gives this text.
+    void ConvertTo(const std::string& text);
 
     /// All calls so far, in order.
     std::vector<std::string> Calls() const;
@@ -47,6 +50,8 @@ public:
     size_t OptionCount() const;
     /// How many calls built a form.
     size_t FormCallCount() const;
+    /// The texts that were converted to the code page.
+    std::vector<std::string> Converted() const;
 
     /// What the last transfer would have sent, read when it was performed.
     std::string Url() const;
