@@ -5,10 +5,10 @@
 #include <atomic>
 
 #include "support/DetailAnswer.h"
+#include "support/LockRecorder.h"
+#include "support/Operations.h"
 #include "tvllog/tvllog.h"
 #include "unit/boundary/HandleTest.h"
-#include "unit/boundary/HeldLocks.h"
-#include "unit/boundary/Operations.h"
 
 namespace vantix::test {
 namespace {
@@ -18,7 +18,7 @@ std::atomic<int> g_linesUnderALock{0};
 
 void CountLine(unsigned /*level*/, const char* /*moduleName*/, const char* /*text*/) {
     ++g_lines;
-    g_linesUnderALock += LocksHeldByThisThread() == 0 ? 0 : 1;
+    g_linesUnderALock += LockRecorder::HeldByThisThread() == 0 ? 0 : 1;
 }
 
 class LocksTest : public HandleTest {
@@ -43,16 +43,15 @@ protected:
     void CallEverything(const std::string& body) {
         transport.Always([this, body](const SentRequest&) {
             ++requests;
-            requestsUnderALock += LocksHeldByThisThread() == 0 ? 0 : 1;
+            requestsUnderALock += LockRecorder::HeldByThisThread() == 0 ? 0 : 1;
             return ScriptedAnswer{0, body};
         });
         for (const int mode : {0, 1, 2}) {
-            for (const auto* operations : {&OperationsWithCode(), &OperationsWithoutCode()}) {
-                for (const Operation& operation : *operations) {
-                    handle->setPermissionMode(mode);
-                    handle->setLogLevel(1);
-                    operation.call(*handle, {"C1", "token", "shared", 1});
-                }
+            for (const Operation& operation : Operations()) {
+                handle->setPermissionMode(mode);
+                handle->setLogLevel(1);
+                Outputs outputs;
+                Call(*handle, operation, Arguments::AllOf("C1", "token", "shared", 1), outputs);
             }
         }
     }
@@ -66,7 +65,7 @@ TEST_F(LocksTest, AreHeldOneAtATimeAndNeverAcrossARequestOrALine) {
     CallEverything(R"({"resultCode":"10002","meta":{"code":10002}})");
     CallEverything(R"({"resultCode":"401","meta":{"code":401}})");
     CallEverything("no JSON");
-    EXPECT_EQ(MostLocksHeldByAThread(), 1);
+    EXPECT_EQ(LockRecorder::MostHeldByAnyThread(), 1U);
     EXPECT_EQ(requestsUnderALock, 0);
     EXPECT_EQ(g_linesUnderALock, 0);
     EXPECT_GT(requests, 300);

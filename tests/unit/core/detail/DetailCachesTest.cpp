@@ -7,6 +7,7 @@
 #include <climits>
 #include <set>
 
+#include "support/LineMatcher.h"
 #include "unit/core/FetchTest.h"
 
 namespace vantix::test {
@@ -51,8 +52,8 @@ TEST_F(DeviceCaches, SerialOf129CharactersOrNoneIsItselfTheKey) {
         const std::string serial(length, 's');
         lines.Clear();
         EXPECT_EQ(getDevDetailInfoMapKey(serial, 7), serial) << length;
-        ExpectLine("设备序列号参数错误, Serial:" + serial + " Channel:7", "ERROR", 5,
-                   "CVantixDataCenter::getDevDetailInfoMapKey");
+        EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "CVantixDataCenter::getDevDetailInfoMapKey",
+                                           "设备序列号参数错误, Serial:" + serial + " Channel:7"));
         EXPECT_EQ(lines.Lines().size(), 1U);
     }
 }
@@ -62,7 +63,8 @@ TEST_F(DeviceCaches, SerialOf129CharactersOrNoneIsItselfTheKey) {
 TEST_F(DeviceCaches, ReadOfAnAbsentChannelFails) {
     channel.cameraId = "kept";
     EXPECT_EQ(core.getDevInfoCache("C1", 1, channel, device), VANTIX_ERROR);
-    ExpectLine("m_mapDevDetailInfo not exist key = C1_1", "INFO ", 3, "CVantixDataCenter::getDevInfoCache");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", "CVantixDataCenter::getDevInfoCache", "m_mapDevDetailInfo not exist key = C1_1"));
     EXPECT_EQ(lines.Lines().size(), 1U);
     EXPECT_EQ(channel.cameraId, "kept");
 }
@@ -88,9 +90,11 @@ TEST_F(DeviceCaches, ReadServesCopiesMarkedAsCached) {
 TEST_F(DeviceCaches, ReadAfterClearingTheDevicesNamesTheOtherCache) {
     Cache("C1", 1, WithDevice("C1", 1, "supportExt", {{"support_seek_playback", "1"}}));
     EXPECT_EQ(core.ClearDeviceInfoCache(), 0);
-    ExpectLine("m_mapDeviceInfoCache clear", "INFO ", 3, "CVantixDataCenter::ClearDeviceInfoCache");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", "CVantixDataCenter::ClearDeviceInfoCache", "m_mapDeviceInfoCache clear"));
     EXPECT_EQ(core.getDevInfoCache("C1", 1, channel, device), VANTIX_ERROR);
-    ExpectLine("m_mapDeviceInfoCache not exist key = C1_1", "INFO ", 3, "CVantixDataCenter::getDevInfoCache");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", "CVantixDataCenter::getDevInfoCache", "m_mapDeviceInfoCache not exist key = C1_1"));
     EXPECT_EQ(channel.deviceSerial, "C1") << "the channel was read before the device was missed";
     EXPECT_EQ(core.IsSupportSeekPlayback("C1"), 1) << "the cache by serial is another";
 }
@@ -129,13 +133,14 @@ TEST_F(DeviceCaches, SerialsThatAreTooLongAreCachedUnderThemselves) {
 
 TEST_F(DeviceCaches, MarkingAnAbsentDeviceFails) {
     EXPECT_EQ(core.SetDevInfoCache("C1", 1), -1);
-    ExpectLine("key not exist strKey= C1_1", "INFO ", 3, "CVantixDataCenter::SetDevInfoCache");
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::SetDevInfoCache", "key not exist strKey= C1_1"));
 }
 
 TEST_F(DeviceCaches, MarkIsServedAndClearedByTheNextRefill) {
     Cache("C1", 1, DetailAnswer("C1", 1));
     EXPECT_EQ(core.SetDevInfoCache("C1", 1), 0);
-    ExpectLine("Update status successful strKey= C1_1", "INFO ", 3, "CVantixDataCenter::SetDevInfoCache");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", "CVantixDataCenter::SetDevInfoCache", "Update status successful strKey= C1_1"));
     EXPECT_EQ(core.getDevInfoCache("C1", 1, channel, device), 0);
     EXPECT_TRUE(device.isUpdate);
     Cache("C1", 1, DetailAnswer("C1", 1));
@@ -189,7 +194,8 @@ TEST_F(AllCaches, ClearingAllEndsServersUserAndP2PDevices) {
     EXPECT_EQ(fetch(), 0U) << "that one is another cache";
     lines.Clear();
     EXPECT_EQ(core.ClearAllCache(), 0);
-    ExpectLine("m_mapDeviceInfoCache clear", "INFO ", 3, "CVantixDataCenter::ClearDeviceInfoCache");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", "CVantixDataCenter::ClearDeviceInfoCache", "m_mapDeviceInfoCache clear"));
     EXPECT_EQ(lines.Lines().size(), 1U);
     EXPECT_EQ(fetch(), 3U);
 }
@@ -251,10 +257,12 @@ TEST_F(DeviceCaches, SeekingIsSupportedWhenTheCapabilityIsExactlyOne) {
 
 TEST_F(DeviceCaches, EmptySerialIsLoggedByBothQueries) {
     EXPECT_EQ(core.IsSupportSeekPlayback(""), 0);
-    ExpectLine("strSerial invalid, Serial:", "ERROR", 5, "CVantixDataCenter::IsSupportSeekPlayback");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(5, "ERROR", "CVantixDataCenter::IsSupportSeekPlayback", "strSerial invalid, Serial:"));
     lines.Clear();
     EXPECT_EQ(core.IsSupportPlaybackSpeed("", 2), 0);
-    ExpectLine("strSerial invalid, Serial:", "ERROR", 5, "CVantixDataCenter::IsSupportPlaybackSpeed");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(5, "ERROR", "CVantixDataCenter::IsSupportPlaybackSpeed", "strSerial invalid, Serial:"));
 }
 
 TEST_F(DeviceCaches, SmallSpeedsNeedExactlyOneAndAllOthersMerelyNotZero) {

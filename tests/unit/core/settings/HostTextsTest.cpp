@@ -2,6 +2,7 @@
 
 #include <thread>
 
+#include "support/LineMatcher.h"
 #include "unit/core/FetchTest.h"
 
 namespace vantix::test {
@@ -32,11 +33,11 @@ TEST_F(Credentials, TextsOfAFreshCoreAreEmpty) {
 
 TEST_F(Credentials, SetDomainLogsTheOldBDomainAndBothArguments) {
     core.setDomain("https://b1", "https://c1");
-    ExpectLine("SetDomain OldAreaBDomain:, szBDomain:https://b1, szCDomain:https://c1", "INFO ", 3,
-               "CVantixDataCenter::setDomain");
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::setDomain",
+                                       "SetDomain OldAreaBDomain:, szBDomain:https://b1, szCDomain:https://c1"));
     core.setDomain("https://b2", "");
-    ExpectLine("SetDomain OldAreaBDomain:https://b1, szBDomain:https://b2, szCDomain:", "INFO ", 3,
-               "CVantixDataCenter::setDomain");
+    EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::setDomain",
+                                       "SetDomain OldAreaBDomain:https://b1, szBDomain:https://b2, szCDomain:"));
     EXPECT_EQ(lines.Lines().size(), 2U);
 }
 
@@ -57,15 +58,18 @@ TEST_F(Credentials, EmptyDomainKeepsTheOldOne) {
 
 TEST_F(Credentials, AuthAddressIsLoggedAndAlsoStoredWhenEmpty) {
     core.setAuthAddr("https://auth1");
-    ExpectLine("SetAuthAddr OldAuth:, NewAuth:https://auth1", "INFO ", 3, "CVantixDataCenter::setAuthAddr");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", "CVantixDataCenter::setAuthAddr", "SetAuthAddr OldAuth:, NewAuth:https://auth1"));
     core.setAuthAddr("");
-    ExpectLine("SetAuthAddr OldAuth:https://auth1, NewAuth:", "INFO ", 3, "CVantixDataCenter::setAuthAddr");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", "CVantixDataCenter::setAuthAddr", "SetAuthAddr OldAuth:https://auth1, NewAuth:"));
     EXPECT_EQ(core.getAuthAddr(), "");
 }
 
 TEST_F(Credentials, TokenExpireTimeIsTextThatIsLogged) {
     core.setTokenExpireTime("not a number");
-    ExpectLine("Set TokenExpireTime:not a number", "INFO ", 3, "CVantixDataCenter::setTokenExpireTime");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", "CVantixDataCenter::setTokenExpireTime", "Set TokenExpireTime:not a number"));
     EXPECT_EQ(core.getTokenExpireTime(), "not a number");
     core.setTokenExpireTime("");
     EXPECT_EQ(core.getTokenExpireTime(), "");
@@ -93,7 +97,7 @@ TEST_F(Credentials, OutsideTheB2CModeASharedDeviceHasTheBDomain) {
         core.setPermissionMode(mode);
         lines.Clear();
         EXPECT_EQ(core.getDomain("SHARED", 1), "https://b.example") << mode;
-        ExpectLine("Returning B domain", "INFO ", 3, "CVantixDataCenter::getDomain");
+        EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::getDomain", "Returning B domain"));
         EXPECT_EQ(lines.Lines().size(), 1U) << "the map is not asked";
     }
 }
@@ -103,11 +107,12 @@ TEST_F(Credentials, InTheB2CModeASharedDeviceHasTheCDomain) {
     core.SetB2CTokens(kShared);
     core.setPermissionMode(2);
     EXPECT_EQ(core.getDomain("SHARED", 1), "https://c.example");
-    ExpectLine("Returning C domain for shared device", "INFO ", 3, "CVantixDataCenter::getDomain");
+    EXPECT_THAT(lines.Lines(),
+                HasLine(3, "INFO ", "CVantixDataCenter::getDomain", "Returning C domain for shared device"));
     for (const auto& [serial, ch] : {std::pair("OWN", 1), {"SHARED", 2}, {"ABSENT", 1}, {"", 0}}) {
         lines.Clear();
         EXPECT_EQ(core.getDomain(serial, ch), "https://b.example") << serial << ch;
-        ExpectLine("Returning B domain", "INFO ", 3, "CVantixDataCenter::getDomain");
+        EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::getDomain", "Returning B domain"));
     }
 }
 
@@ -121,9 +126,10 @@ TEST_F(Credentials, OutsideTheB2CModeEveryTokenHasTheBDomain) {
         lines.Clear();
         EXPECT_EQ(core.getDomainByToken("shared-token"), "https://b.example");
         ASSERT_EQ(lines.Lines().size(), 2U);
-        ExpectLine("Getting domain for token (first 10 chars): shared-tok...", "INFO ", 3,
-                   "CVantixDataCenter::getDomainByToken");
-        ExpectLine("Returning B domain not a shared device", "INFO ", 3, "CVantixDataCenter::getDomainByToken");
+        EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::getDomainByToken",
+                                           "Getting domain for token (first 10 chars): shared-tok..."));
+        EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::getDomainByToken",
+                                           "Returning B domain not a shared device"));
     }
 }
 
@@ -135,12 +141,14 @@ TEST_F(Credentials, InTheB2CModeASharedTokenHasTheCDomain) {
     for (const char* token : {"shared-token", "shared-access-token"}) {
         lines.Clear();
         EXPECT_EQ(core.getDomainByToken(token), "https://c.example") << token;
-        ExpectLine("Returning C domain for shared device", "INFO ", 3, "CVantixDataCenter::getDomainByToken");
+        EXPECT_THAT(lines.Lines(),
+                    HasLine(3, "INFO ", "CVantixDataCenter::getDomainByToken", "Returning C domain for shared device"));
     }
     for (const char* token : {"own-token", "access-token", "unknown", ""}) {
         lines.Clear();
         EXPECT_EQ(core.getDomainByToken(token), "https://b.example") << token;
-        ExpectLine("Returning B domain not a shared device", "INFO ", 3, "CVantixDataCenter::getDomainByToken");
+        EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::getDomainByToken",
+                                           "Returning B domain not a shared device"));
     }
 }
 
