@@ -32,8 +32,8 @@ def main(runs, mode, library, *probe):
     cloud = subprocess.Popen([os.environ["VANTIX_SIMULATOR_PROGRAM"], "--until-eof"], stdin=subprocess.PIPE,
                              stdout=subprocess.PIPE)
     addresses = json.loads(cloud.stdout.readline())
-    with urllib.request.urlopen(addresses["control"] + "/account") as answer:
-        token = json.load(answer)["accessToken"]
+    with urllib.request.urlopen(addresses["control"] + "/account") as response:
+        token = json.load(response)["accessToken"]
     command = [*probe, library, mode, addresses["bDomain"], token, "C10000001"]
     clean = sum(is_clean(command) for _ in range(int(runs)))
     cloud.stdin.close()
