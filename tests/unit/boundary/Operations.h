@@ -21,13 +21,13 @@ struct Arguments {
     CloudFileQuery query{text, text, number};
 };
 
-/// An operation of the interface with its name. Those without a code answer 0 here.
+/// An operation of the interface with its name. Those without a code return 0 here.
 struct Operation {
     const char* name;
     std::function<int(IVantixDataCenter& dataCenter, const Arguments& arguments)> call;
 };
 
-/// Those that answer a code, in the order of their slots. Asynchronous ones wait for their future.
+/// Those that return a code, in the order of their slots. Asynchronous ones wait for their future.
 const std::vector<Operation>& OperationsWithCode();
 
 /// All others.
