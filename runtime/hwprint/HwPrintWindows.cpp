@@ -14,7 +14,7 @@
 
 namespace {
 
-/// A handle on the first physical drive that may only be asked, which needs no rights.
+/// A handle on the first physical drive for queries alone, which needs no rights.
 class Drive {
 public:
     Drive()
@@ -28,7 +28,7 @@ public:
     Drive(const Drive&) = delete;
     Drive& operator=(const Drive&) = delete;
 
-    /// Fills the buffer with the storage descriptor; false when the drive does not answer.
+    /// Fills the buffer with the storage descriptor; false when the drive gives none.
     bool Describe(std::vector<char>& buffer) const {
         STORAGE_PROPERTY_QUERY query{};
         query.PropertyId = StorageDeviceProperty;

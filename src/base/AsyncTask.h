@@ -9,8 +9,8 @@
 
 namespace vantix {
 
-/// Starts a task on a thread of its own and hands its future back. An exception in the task becomes -1; when no thread
-/// can be started, the future is ready and yields -1.
+/// Starts a task on a thread of its own and hands its future back; destroying the future waits for the task. An
+/// exception in the task becomes -1; when no thread can be started, the future is ready and yields -1.
 template <class Task>
 std::future<int32_t> StartTask(Task task) {
     try {

@@ -9,7 +9,7 @@ namespace vantix {
 
 /// A source of time. Its functions are called from any thread and never throw.
 struct Clock {
-    /// Seconds since the epoch, or -1 when the system does not tell.
+    /// Seconds since the epoch, or -1 when the system has no time.
     int64_t (*wallSeconds)();
     /// Nanoseconds on a clock that never goes back.
     int64_t (*steadyNanoseconds)();
@@ -18,7 +18,7 @@ struct Clock {
 /// The system's own clocks.
 extern const Clock kSystemClock;
 
-/// Makes everybody read from `clock` (static storage) from now on. For tests.
+/// Makes the whole process read from `clock` (static storage) from now on. For tests.
 void SetClock(const Clock& clock);
 
 /// Seconds since the epoch, or -1.

@@ -7,12 +7,12 @@
 namespace vantix {
 namespace {
 
-/// The slot is made on first use: nothing happens while the library is being loaded.
+/// The slot is made on first use: nothing happens while the library is being loaded. The system may have none left.
 struct Slot {
-    Slot() : isThere(TVL_ThreadTls_Create(&number) == 0) {}
+    Slot() : exists(TVL_ThreadTls_Create(&number) == 0) {}
 
     unsigned number = 0;
-    bool isThere;
+    bool exists;
 };
 
 const Slot& LastErrorSlot() {
@@ -23,7 +23,7 @@ const Slot& LastErrorSlot() {
 }  // namespace
 
 void SetThreadLastError(int code) {
-    if (const Slot& slot = LastErrorSlot(); slot.isThere) {
+    if (const Slot& slot = LastErrorSlot(); slot.exists) {
         // NOLINTNEXTLINE(performance-no-int-to-ptr): a slot holds pointers
         TVL_ThreadTls_SetValue(slot.number, reinterpret_cast<void*>(static_cast<intptr_t>(code)));
     }
@@ -31,7 +31,7 @@ void SetThreadLastError(int code) {
 
 int ThreadLastError() {
     const Slot& slot = LastErrorSlot();
-    return slot.isThere ? static_cast<int>(reinterpret_cast<intptr_t>(TVL_ThreadTls_GetValue(slot.number))) : 0;
+    return slot.exists ? static_cast<int>(reinterpret_cast<intptr_t>(TVL_ThreadTls_GetValue(slot.number))) : 0;
 }
 
 }  // namespace vantix

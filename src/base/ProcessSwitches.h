@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// The two switches that layers below the core must know. The core sets them; anybody reads them without a lock.
+/// The two switches of the core that layers below it read. The core sets them; any thread reads them without a lock.
 
 #include <atomic>
 
@@ -15,7 +15,7 @@ inline constexpr bool kHasCodePage = true;
 #else
 inline constexpr bool kHasCodePage = false;
 #endif
-/// Whether the texts of responses have been converted.
+/// Whether the texts of responses are in the system's code page.
 inline bool TextsAreInCodePage() { return kHasCodePage && !bUtf8; }
 
 /// Whether the permission mode is the B2C mode, in which capability lists may be JSON.

@@ -11,7 +11,7 @@
 
 namespace vantix::json {
 
-/// One row: the member's key, and where its value goes. The field's type says which JSON type is accepted.
+/// One row: the member's key, and where its value goes. The field's type decides which JSON type is accepted.
 template <class Record>
 struct Field {
     const char* key;
@@ -19,7 +19,7 @@ struct Field {
 };
 
 /// Copies every member that is present with the right type; all others leave their field as it was. `View` is one of
-/// the readers of this folder; an object that is not one has no members.
+/// the readers of this folder; a value that is no object has no members.
 template <class View, class Record, size_t Count>
 void ReadFields(const View& object, const Field<Record> (&fields)[Count], Record& record) {
     for (const Field<Record>& field : fields) {

@@ -1,8 +1,8 @@
 #pragma once
 
 /// @file
-/// JsonCpp's header. Its `Reader` and `FastWriter` are older than their successors, but their leniency is what the
-/// servers' answers are read with.
+/// JsonCpp's header. Its `Reader` and `FastWriter` are deprecated, but their leniency is part of how responses are
+/// read.
 
 #if defined(__GNUC__)
 #pragma GCC diagnostic push

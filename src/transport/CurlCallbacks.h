@@ -6,7 +6,7 @@
 
 namespace vantix {
 
-/// Appends a piece of the answer to the `std::string` behind `body`. Returns `count` (libcurl always passes size 1),
+/// Appends a piece of the body to the `std::string` behind `body`. Returns `count` (libcurl always passes size 1),
 /// or a value that makes libcurl abort when a pointer is null or memory runs out.
 size_t AppendToBody(char* data, size_t size, size_t count, void* body);
 

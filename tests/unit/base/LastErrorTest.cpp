@@ -5,7 +5,23 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cstdlib>
 #include <thread>
+
+namespace {
+
+bool g_noSlots = false;
+
+}  // namespace
+
+// The linker leads calls of this entry point here (options.cmake).
+// NOLINTBEGIN(bugprone-reserved-identifier)
+extern "C" {
+int __real_TVL_ThreadTls_Create(unsigned* slot);
+
+int __wrap_TVL_ThreadTls_Create(unsigned* slot) { return g_noSlots ? -1 : __real_TVL_ThreadTls_Create(slot); }
+}
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace vantix::test {
 namespace {
@@ -37,6 +53,18 @@ TEST(LastError, BelongsToItsThread) {
     EXPECT_EQ(ThreadLastError(), 7);
     SetThreadLastError(0);
 }
+
+#if GTEST_HAS_DEATH_TEST
+TEST(LastError, IsZeroWhereTheSystemHasNoSlotLeft) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";  // in a process that has just started
+    const auto steps = [] {
+        g_noSlots = true;
+        SetThreadLastError(5);
+        std::_Exit(ThreadLastError());
+    };
+    EXPECT_EXIT(steps(), testing::ExitedWithCode(0), "");
+}
+#endif
 
 }  // namespace
 }  // namespace vantix::test

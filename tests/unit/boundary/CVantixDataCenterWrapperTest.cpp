@@ -48,10 +48,10 @@ TEST_F(WrapperTest, TextSettingsHaveAPlaceEach) {
 }
 
 TEST_F(WrapperTest, TextSettingsTakeAnyTextAlsoTheEmptyOne) {
-    const std::string odd("CR\r LF\n NUL\0 %s \xFF & = #", 23);
+    const std::string unusual("CR\r LF\n NUL\0 %s \xFF & = #", 23);
     for (const TextSetting& setting : kTextSettings) {
         SCOPED_TRACE(setting.name);
-        for (const std::string& value : {odd, std::string(100'000, 'x'), std::string()}) {
+        for (const std::string& value : {unusual, std::string(100'000, 'x'), std::string()}) {
             (handle->*setting.set)(value);
             EXPECT_EQ((handle->*setting.get)(), value);
         }
@@ -199,10 +199,11 @@ TEST_F(WrapperTest, SwitchesWriteTheirLinesInTheCoresName) {
 TEST_F(WrapperTest, DetailCachesAreReachedBySlot) {
     handle->setAccessToken("token");
     handle->setDomain("https://b.example", "");
-    auto answer = DetailAnswer("C1", 2);
-    answer["result"]["data"]["camera"]["isTrust"] = "7";
-    answer["result"]["data"]["device"]["supportExt"] = {{"support_seek_playback", "1"}, {"support_quickplay_way", "2"}};
-    transport.Answer(answer.dump());
+    auto response = DetailAnswer("C1", 2);
+    response["result"]["data"]["camera"]["isTrust"] = "7";
+    response["result"]["data"]["device"]["supportExt"] = {{"support_seek_playback", "1"},
+                                                          {"support_quickplay_way", "2"}};
+    transport.Answer(response.dump());
     DevChannelInfo channelInfo;
     DevDetailInfo detail;
     std::future<int32_t> future;

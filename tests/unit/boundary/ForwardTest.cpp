@@ -29,7 +29,7 @@ protected:
         return outputs.future.valid() ? outputs.future.get() : result;
     }
 
-    /// A transfer that fails: one request, as the row says, and its code as the result.
+    /// A transfer that fails: one request, the one of the row, and its code as the result.
     void ExpectForwarded(const ForwardRow& row) {
         SCOPED_TRACE(row.name);
         const size_t before = transport.Count();

@@ -1,4 +1,4 @@
-// Memory that runs out at any place: a handle answers, nothing is thrown, nothing is torn.
+// Memory that runs out at any place: nothing is thrown, and no record is a mixture.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@ protected:
         handle->setAccessToken("a token that is no short string");
     }
 
-    /// Makes the next request's answer one that bears this mark, whatever was left of the script.
+    /// Makes the next response one that bears this mark, whatever was left of the script.
     void Script(const std::string& mark) {
         const FailingNew::Suspended suspended;
         transport.DropScript();

@@ -1,4 +1,5 @@
-// Texts that a server may send and no parser likes. Whatever they are, parsing and every accessor only answer.
+// Texts that a server may send and no parser likes. Whatever they are, they are taken or refused, and no
+// accessor throws.
 
 #include <gtest/gtest.h>
 
@@ -91,9 +92,9 @@ const std::vector<Row>& Rows() {
     return rows;
 }
 
-/// Asks every accessor of a value; the answers do not matter here.
+/// Calls every accessor of a value; what they return does not matter here.
 template <class View>
-void Ask(const View& view) {
+void CallAccessors(const View& view) {
     std::string text;
     int32_t number = 0;
     bool flag = false;
@@ -113,14 +114,14 @@ void Ask(const View& view) {
     }
 }
 
-/// Asks the root and everything on the way down its first elements and its members "a".
+/// The same for the root and everything on the way down its first elements and its members "a".
 template <class View>
-void AskAll(View view) {
-    Ask(View());
+void CallAccessorsOnTheWayDown(View view) {
+    CallAccessors(View());
     while (!view.IsNull()) {
-        Ask(view);
-        Ask(view.Element(1));
-        Ask(view.Member("absent"));
+        CallAccessors(view);
+        CallAccessors(view.Element(1));
+        CallAccessors(view.Member("absent"));
         view = view.IsArray() ? view.Element(0) : view.Member("a");
     }
 }
@@ -139,33 +140,33 @@ TYPED_TEST(HostileText, IsTakenOrRefusedAndNothingThrows) {
         if (expected != Taken::Either) {
             EXPECT_EQ(taken, expected == Taken::Yes);
         }
-        EXPECT_NO_THROW(AskAll(document.Root()));
+        EXPECT_NO_THROW(CallAccessorsOnTheWayDown(document.Root()));
         if (!taken) {
             EXPECT_TRUE(document.Root().IsNull());
         }
     }
 }
 
-TYPED_TEST(HostileText, TruncatedAtEveryByteOnlyAnswers) {
-    const std::string golden =
+TYPED_TEST(HostileText, TruncatedAtEveryByteIsRefused) {
+    const std::string whole =
         R"({"resultCode": "200", "result": {"code": 200, "a": [1, -2.5e3, true, null, "\u20ac\n"]}, "a": {"b": "c"}})";
-    for (size_t length = 0; length <= golden.size(); ++length) {
+    for (size_t length = 0; length <= whole.size(); ++length) {
         SCOPED_TRACE(length);
         typename TypeParam::Document document;
-        EXPECT_EQ(document.Parse(golden.substr(0, length)), length == golden.size());
-        EXPECT_NO_THROW(AskAll(document.Root()));
+        EXPECT_EQ(document.Parse(whole.substr(0, length)), length == whole.size());
+        EXPECT_NO_THROW(CallAccessorsOnTheWayDown(document.Root()));
     }
 }
 
-TYPED_TEST(HostileText, EveryByteReplacedByEveryOtherOnlyAnswers) {
-    const std::string golden = R"({"a": [1.5, "x\n", true]})";
-    for (size_t at = 0; at < golden.size(); ++at) {
+TYPED_TEST(HostileText, WithAnyByteReplacedNothingThrows) {
+    const std::string whole = R"({"a": [1.5, "x\n", true]})";
+    for (size_t at = 0; at < whole.size(); ++at) {
         for (int byte = 0; byte < 256; ++byte) {
-            std::string text = golden;
+            std::string text = whole;
             text[at] = static_cast<char>(byte);
             typename TypeParam::Document document;
             ASSERT_NO_THROW(document.Parse(text)) << at << ' ' << byte;
-            ASSERT_NO_THROW(AskAll(document.Root())) << at << ' ' << byte;
+            ASSERT_NO_THROW(CallAccessorsOnTheWayDown(document.Root())) << at << ' ' << byte;
         }
     }
 }

@@ -30,7 +30,7 @@ TEST(Json11Reader, TextOfAnythingElseIsNull) {
     EXPECT_EQ(Json11View().Text(), nullptr);
 }
 
-TEST(Json11Reader, TheErrorTellsWhyAParseFailed) {
+TEST(Json11Reader, TheErrorIsTheReasonOfAFailedParse) {
     Json11Document document;
     EXPECT_EQ(document.Error(), "");
     EXPECT_FALSE(document.Parse(R"({"a": })"));

@@ -1,4 +1,4 @@
-// Memory may run out at any allocation of a parse. The document then says that there is nothing; it does not throw.
+// Memory may run out at any allocation of a parse. The document is then empty; nothing throws.
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 namespace vantix::test {
 namespace {
 
-constexpr const char* kAnswer =
+constexpr const char* kResponse =
     R"({"resultCode": "200", "result": {"code": 200, "list": [1, -2.5e3, true, null, {"deep": [[], {}]}],)"
     R"( "text": "long enough not to fit into a small string \u20ac"}})";
 
@@ -19,12 +19,12 @@ template <class Reader>
 class OutOfMemory : public testing::Test {};
 TYPED_TEST_SUITE(OutOfMemory, BothReaders, ReaderName);
 
-TYPED_TEST(OutOfMemory, AtAnyAllocationAParseAnswersFalse) {
-    const std::string answer = kAnswer;
+TYPED_TEST(OutOfMemory, AtAnyAllocationAParseReturnsFalse) {
+    const std::string response = kResponse;
     typename TypeParam::Document document;
-    ASSERT_TRUE(document.Parse(answer)) << "and what the parser keeps for ever is made";
+    ASSERT_TRUE(document.Parse(response)) << "and what the parser keeps for ever is made";
     bool parsed = false;
-    const size_t allocations = WithEveryAllocationFailing([&] { EXPECT_NO_THROW(parsed = document.Parse(answer)); },
+    const size_t allocations = WithEveryAllocationFailing([&] { EXPECT_NO_THROW(parsed = document.Parse(response)); },
                                                           [&](size_t n) {
                                                               SCOPED_TRACE(n);
                                                               EXPECT_EQ(parsed, !FailingNew::Fired());
@@ -40,7 +40,7 @@ TYPED_TEST(OutOfMemory, AtAnyAllocationAParseAnswersFalse) {
 
 TEST(OutOfMemoryCompact, AtAnyAllocationTheTextIsEmptyOrWhole) {
     json::JsonCppDocument document;
-    ASSERT_TRUE(document.Parse(kAnswer));
+    ASSERT_TRUE(document.Parse(kResponse));
     const std::string whole = document.Root().Compact();
     std::string text;
     const size_t allocations = WithEveryAllocationFailing([&] { EXPECT_NO_THROW(text = document.Root().Compact()); },

@@ -13,7 +13,7 @@
 namespace vantix::test {
 namespace {
 
-/// What the accessors say of a value.
+/// What the accessors return for a value.
 struct Row {
     const char* json;
     bool isNull = false;

@@ -6,7 +6,7 @@
 
 namespace {
 
-thread_local std::jmp_buf* t_trap = nullptr;
+thread_local std::jmp_buf* t_wayBack = nullptr;
 
 }  // namespace
 
@@ -15,8 +15,8 @@ extern "C" {
 [[noreturn]] void __real_abort();
 
 [[noreturn]] void __wrap_abort() {
-    if (t_trap != nullptr) {
-        std::longjmp(*t_trap, 1);
+    if (t_wayBack != nullptr) {
+        std::longjmp(*t_wayBack, 1);
     }
     __real_abort();
 }
@@ -25,14 +25,14 @@ extern "C" {
 namespace vantix::test {
 
 bool TriesToEndTheProcess(void (*action)(const char*), const char* argument) {
-    std::jmp_buf trap;
-    t_trap = &trap;
-    if (setjmp(trap) != 0) {
-        t_trap = nullptr;
+    std::jmp_buf wayBack;
+    t_wayBack = &wayBack;
+    if (setjmp(wayBack) != 0) {
+        t_wayBack = nullptr;
         return true;
     }
     action(argument);
-    t_trap = nullptr;
+    t_wayBack = nullptr;
     return false;
 }
 

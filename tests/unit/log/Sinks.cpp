@@ -16,8 +16,8 @@ bool g_active = false;
 std::vector<Emitted> g_emitted;
 std::function<void()> g_action;
 
-/// Allocates nothing while nobody listens: a test may have made allocations fail.
-void Note(const char* sink, const char* text, unsigned level, const char* moduleName) {
+/// Allocates nothing while nobody looks: a test may have made allocations fail.
+void Record(const char* sink, const char* text, unsigned level, const char* moduleName) {
     const std::lock_guard<std::mutex> guard(g_mutex);
     if (g_active) {
         g_emitted.push_back({sink, text == nullptr ? "<null>" : text, level, moduleName});
@@ -25,7 +25,7 @@ void Note(const char* sink, const char* text, unsigned level, const char* module
 }
 
 void LogLibrary(unsigned level, const char* moduleName, const char* text) {
-    Note("log library", text, level, moduleName);
+    Record("log library", text, level, moduleName);
     std::function<void()> action;
     {
         const std::lock_guard<std::mutex> guard(g_mutex);
@@ -84,5 +84,5 @@ size_t Sinks::DebuggerTexts() { return g_debuggerTexts; }
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the name is the linker's
 extern "C" void __wrap_TVL_OutputDebugString(const char* text) {
     ++vantix::test::g_debuggerTexts;
-    vantix::test::Note("debugger", text, 0, "");
+    vantix::test::Record("debugger", text, 0, "");
 }

@@ -14,8 +14,8 @@ struct Emitted {
     std::string moduleName;  ///< Log library only.
 };
 
-/// Stands in for both sinks of the logger while it lives, and notes what arrives, in order, from all threads. One at a
-/// time. Without it the debugger channel is silent.
+/// Stands in for both sinks of the logger while it exists, and records what arrives, in order, from all threads. One at
+/// a time. Without it the debugger channel is silent.
 class Sinks {
 public:
     Sinks();
@@ -27,7 +27,7 @@ public:
     /// The texts that reached one sink.
     std::vector<std::string> Texts(const std::string& sink) const;
     void Clear();
-    /// Called by the log library's sink after it noted a line, on the thread that logs.
+    /// Called by the log library's sink after it recorded a line, on the thread that logs.
     void OnLine(const std::function<void()>& action);
 
     /// How many texts the debugger channel has received in this process, also without an object of this class.

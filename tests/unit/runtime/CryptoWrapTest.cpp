@@ -48,7 +48,7 @@ TEST(Md5, EndsItsTextWithAZeroAndWritesNoFurther) {
     EXPECT_EQ(std::string(text + 33, sizeof(text) - 33), std::string(sizeof(text) - 33, '#'));
 }
 
-TEST(Md5, TakesTheLengthThatItIsTold) {
+TEST(Md5, TakesTheLengthThatItIsGiven) {
     char text[64] = {};
     unsigned length = 0;
     ASSERT_EQ(ssl_md5_digest("abcdef", 3, text, &length), 0);

@@ -22,7 +22,7 @@ struct Buffer {
     char behind[16] = {};
 };
 
-// What this machine has is not known, but the status must tell whether there is a text.
+// What this machine has is not known, but the status must agree with whether there is a text.
 
 TEST(HardwarePrint, DiskSerialIsATextOrAnError) {
     Buffer<64> serial;

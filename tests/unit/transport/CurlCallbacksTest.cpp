@@ -82,7 +82,7 @@ constexpr Row kRows[] = {
     {CURLINFO_SSL_DATA_OUT, "", "libcurl  infotype:6 info:some %s data \n"},
 };
 
-TEST(TraceCallback, PrintsHeadersAndDataAndTellsTheDebuggerEverything) {
+TEST(TraceCallback, PrintsHeadersAndDataAndHandsTheDebuggerEverything) {
     for (const Row& row : kRows) {
         SCOPED_TRACE(static_cast<int>(row.type));
         const Printed printed = Trace(row.type, "some %s data");
