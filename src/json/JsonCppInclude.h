@@ -2,7 +2,7 @@
 
 /// @file
 /// JsonCpp's header. Its `Reader` and `FastWriter` are older than their successors, but their leniency is what the
-/// servers' answers are read with.
+/// servers' responses are read with.
 
 #if defined(__GNUC__)
 #pragma GCC diagnostic push

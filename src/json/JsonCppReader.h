@@ -32,7 +32,7 @@ public:
     /// An element of an array; nothing beyond its end.
     JsonCppView Element(size_t index) const;
 
-    /// Copies the value out when it has the field's type, and tells whether it did. An int is an integer, or a real
+    /// Copies the value out when it has the field's type, and returns whether it did. An int is an integer, or a real
     /// without fraction, within 32 bits.
     bool Read(std::string& text) const;
     bool Read(int32_t& number) const;
