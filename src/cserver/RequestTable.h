@@ -2,7 +2,7 @@
 
 /// @file
 /// Every request of the consumer servers, as a row. They authenticate by the session id, in a header. Some labels name
-/// a platform parser or carry a tester's mark; they are kept as they stand.
+/// a platform parser or have a tester's mark; they are kept as they stand.
 
 #include "requests/EndpointTable.h"
 #include "requests/RequestRow.h"
@@ -12,7 +12,7 @@ namespace vantix::cserver_requests {
 inline constexpr RequestRow kDevDetailInfo{
     .family = RequestFamily::Consumer,
     .kind = RequestKind::Get,
-    .endpoint = endpoint::kConsumerDevicePages,
+    .endpoint = endpoint::kConsumerDevicePagelist,
     .headers = {.set = HeaderSet::A},
     .keys = {"deviceSerial"},
     .fixed = {{"filter", "CONNECTION,WIFI,KMS,STATUS,HIDDNS,TTS,P2P"}},
@@ -76,7 +76,7 @@ inline constexpr RequestRow kP2PConfiguration{
 inline constexpr RequestRow kP2PDevInfo{
     .family = RequestFamily::Consumer,
     .kind = RequestKind::Get,
-    .endpoint = endpoint::kConsumerDevicePages,
+    .endpoint = endpoint::kConsumerDevicePagelist,
     .headers = {.set = HeaderSet::A},
     .keys = {"deviceSerial"},
     .fixed = {{"filter", "P2P,KMS"}},

@@ -36,12 +36,12 @@ void AppendRecords(const View& array, const Field<Record> (&fields)[Count], std:
     }
 }
 
-/// Calls `visit` with each element of an array that is an object, in order.
-template <class View, class Visit>
-void ForEachObject(const View& array, const Visit& visit) {
+/// Calls `use` with each element of an array that is an object, in order.
+template <class View, class Use>
+void ForEachObject(const View& array, const Use& use) {
     for (size_t i = 0; i < array.Size(); ++i) {
         if (const View element = array.Element(i); element.IsObject()) {
-            visit(element);
+            use(element);
         }
     }
 }

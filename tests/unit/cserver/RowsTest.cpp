@@ -15,6 +15,23 @@
 namespace vantix::test {
 namespace {
 
+using Headers = std::vector<std::string>;
+
+Headers SetA() {
+    return {"clientNo: 100002", "clientType: 19",  "clientVersion: v5.25.0",
+            "netType: UNKNOWN", "osVersion: wins", "sessionId: X"};
+}
+
+Headers SetB() {
+    return {"clientType: 19", "clientVersion: v5.25.0", "customno: 100002", "featureCode: f-code",
+            "lang: EN",       "netType: UNKNOWN",       "sessionId: X"};
+}
+
+Headers WithForm(Headers headers) {
+    headers.insert(headers.begin(), "Content-Type: application/x-www-form-urlencoded");
+    return headers;
+}
+
 ConsumerRoute Route() { return ConsumerRouteTo("https://c.example", "X"); }
 
 void AddDevices(std::vector<RowCase>& cases) {
@@ -30,8 +47,7 @@ void AddDevices(std::vector<RowCase>& cases) {
         .method = "GET",
         .url = "https://c.example/v3/userdevices/v1/devices/pagelist?deviceSerial=S&"
                "filter=CONNECTION,WIFI,KMS,STATUS,HIDDNS,TTS,P2P",
-        .headers = {"clientNo: 100002", "clientType: 19", "clientVersion: v5.25.0", "netType: UNKNOWN",
-                    "osVersion: wins", "sessionId: X"},
+        .headers = SetA(),
         .cost = "/v3/userdevices/v1/devices/pagelist CostTime: = 3 milliseconds",
         .notSent = "SyncRequestHeader error:7",
         .refused = {{R"({"meta":{"code":401}})", 300401,
@@ -47,8 +63,7 @@ void AddDevices(std::vector<RowCase>& cases) {
             },
         .method = "GET",
         .url = "https://c.example/v3/userdevices/v1/devices/pagelist?deviceSerial=S&filter=P2P,KMS",
-        .headers = {"clientNo: 100002", "clientType: 19", "clientVersion: v5.25.0", "netType: UNKNOWN",
-                    "osVersion: wins", "sessionId: X"},
+        .headers = SetA(),
         .cost = "/v3/userdevices/v1/devices/pagelist CostTime: = 3 milliseconds",
         .notSent = "ZQR TEST QX_API_B2C_GET_DEVICE_DETAIL SyncRequestHeader error:7",
         .refused = {{R"({"meta":{"code":401}})", 300401,
@@ -80,8 +95,7 @@ void AddDevices(std::vector<RowCase>& cases) {
         .method = "GET",
         .url = "https://c.example/v3/streaming/records?channelNo=3&deviceSerial=S&recordType=4&size=100&"
                "startTime=from%200&stopTime=to%209 9",
-        .headers = {"clientType: 19", "clientVersion: v5.25.0", "customno: 100002", "featureCode: f-code", "lang: EN",
-                    "netType: UNKNOWN", "sessionId: X"},
+        .headers = SetB(),
         .notSent = "ZQR TEST QX_API_B2C_GET_DEVICE_RECORD SyncRequestHeader error:7",
         .refused = {{R"({"meta":{"code":401}})", 300401,
                      R"(ZQR TEST GetLocalRecordFileBySerialFromPlatform:{"meta":{"code":401}} error:401)"},
@@ -100,8 +114,7 @@ void AddAccount(std::vector<RowCase>& cases) {
             },
         .method = "GET",
         .url = "https://c.example/v3/configurations/system/info?",
-        .headers = {"Content-Type: application/x-www-form-urlencoded", "clientType: 19", "clientVersion: v5.25.0",
-                    "customno: 100002", "featureCode: f-code", "lang: EN", "netType: UNKNOWN", "sessionId: X"},
+        .headers = WithForm(SetB()),
         .cost = "v3/configurations/system/info CostTime: = 3 milliseconds",
         .notSent = "SyncRequest error:7",
         .refused = {{R"({"meta":{"code":401}})", 300401,
@@ -129,8 +142,7 @@ void AddAccount(std::vector<RowCase>& cases) {
             },
         .method = "PUT",
         .url = "https://c.example/v3/apigateway/login?featureCode=f-code&refreshSessionId=refresh",
-        .headers = {"Content-Type: application/x-www-form-urlencoded", "clientType: 19", "clientVersion: v5.25.0",
-                    "customno: 100002", "featureCode: f-code", "lang: EN", "netType: UNKNOWN", "sessionId: X"},
+        .headers = WithForm(SetB()),
         .notSent = "ZQR TEST QX_API_B2C_REFRESH_SESSION SyncPutRequestHeader error:7",
         .refused = {{R"({"meta":{"code":200}})", 300002,
                      R"(ZQR TEST RefreshSessionFromCServer:{"meta":{"code":200}} error:2)"}},
@@ -145,8 +157,7 @@ void AddAccount(std::vector<RowCase>& cases) {
             },
         .method = "GET",
         .url = "https://c.example/v3/users/info?",
-        .headers = {"clientType: 19", "clientVersion: v5.25.0", "customno: 100002", "featureCode: f-code", "lang: EN",
-                    "netType: UNKNOWN", "sessionId: X"},
+        .headers = SetB(),
         .cost = "v3/users/info CostTime: = 3 milliseconds",
         .notSent = "ZQR TEST QX_API_B2C_GET_P2P_USER_INFO SyncRequestHeader error:7",
         .refused = {{R"({"meta":{"code":401}})", 0,

@@ -116,7 +116,7 @@ TEST_F(DetailParser, WholeResponseWritesItsLinesInOrder) {
                 Contains(Line(3, "INFO ", kTag, "DeviceSerial = D-serial-101,  support_replay_download:152")).Times(1));
 }
 
-// ---- What becomes of the caller's records
+// ---- What becomes of the records
 
 TEST_F(DetailParser, BookkeepingIsNotTouched) {
     device.tCacheTime = 123;
@@ -137,7 +137,7 @@ TEST_F(DetailParser, RecordsAreResetBeforeTheyAreFilled) {
     EXPECT_EQ(Parse(std::string(R"({"result":{"code":200,"data":{}}})")), 0);
     EXPECT_TRUE(Same(channel, DevChannelInfo()));
     EXPECT_TRUE(Same(device, DevDetailInfo()));
-    EXPECT_EQ(parent->deviceSerial, "P-serial-201") << "an response without a parent leaves the caller's";
+    EXPECT_EQ(parent->deviceSerial, "P-serial-201") << "a response without a parent leaves the record";
     EXPECT_FALSE(m_log.Contains("platform response"));
 }
 

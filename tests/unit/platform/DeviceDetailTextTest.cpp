@@ -56,7 +56,7 @@ TEST_F(HostileDetail, RawNulIsNoJson) {
     ExpectUntouched();
 }
 
-TEST_F(HostileDetail, HugeAnswersAreRead) {
+TEST_F(HostileDetail, HugeResponsesAreRead) {
     Json response = WholeDetail();
     Device(response)["publicKey"] = std::string(1U << 20U, 'k');
     for (int i = 0; i < 20'000; ++i) {

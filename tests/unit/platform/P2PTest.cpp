@@ -11,7 +11,7 @@ namespace {
 
 constexpr char kInvalid[] = "platform response invalid, szInfo = $body";
 
-/// The objects that both responses need. The code stands in "result", so an response without that has no code either.
+/// The objects that both responses need. The code stands in "result", so a response without that has no code either.
 void NeedsResultAndData(ParserCase& row) {
     row.members.push_back({.place = "/result/data", .values = NoObjects, .isRequired = true, .line = kInvalid});
     row.members.push_back({.place = "/result",

@@ -88,17 +88,9 @@ TEST_F(ResponseChecks, PermissionQueryTakesOnlyATextualCodeOfTheResult) {
 TEST_F(ResponseChecks, CloudCheckNeedsAnIntegerInMeta) {
     ExpectAll(CheckCloudResponseInfoFromPlatform, {
                                                       {R"({"meta":{"code":200}})", 0},
-                                                      {R"({"meta":{"code":0}})", 0},
                                                       {R"({"meta":{"code":10002}})", 10002},
-                                                      {R"({"meta":{"code":-1}})", -1},
-                                                      {R"({"meta":{"code":2147483647}})", INT_MAX},
-                                                      {R"({"meta":{}})", 2},
                                                       {R"({"meta":{"code":"200"}})", 2},
-                                                      {R"({"meta":{"code":2147483648}})", 2},
-                                                      {R"({"meta":{"code":1.5}})", 2},
-                                                      {R"({"meta":{"code":true}})", 2},
-                                                      {R"({"meta":{"code":null}})", 2},
-                                                      {R"({"meta":{"code":{}}})", 2},
+                                                      {R"({"meta":{}})", 2},
                                                   });
     EXPECT_TRUE(m_log.Lines().empty());
 }

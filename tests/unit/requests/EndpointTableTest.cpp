@@ -108,7 +108,7 @@ static_assert(endpoint::kCloudTicket == 31);
 static_assert(endpoint::kUserId == 32);
 static_assert(endpoint::kPushRegistration == 33);
 static_assert(endpoint::kBandwidthCheck == 34);
-static_assert(endpoint::kConsumerDevicePages == 35);
+static_assert(endpoint::kConsumerDevicePagelist == 35);
 static_assert(endpoint::kConsumerStreamTokens == 37);
 static_assert(endpoint::kConsumerSystemInfo == 38);
 static_assert(endpoint::kConsumerUserInfo == 39);

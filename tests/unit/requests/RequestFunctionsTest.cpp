@@ -54,8 +54,8 @@ struct Function {
     std::function<int(uint32_t endpoint, const char* base, char** response, uint32_t* length)> call;
     const char* operation;  ///< Log tag of the operation below.
     const char* method;
-    bool inBody;               ///< Whether the parameters travel in the body.
-    bool headers;              ///< Whether the caller's headers are sent.
+    bool inBody;               ///< Whether the parameters stand in the body.
+    bool headers;              ///< Whether headers are sent.
     const char* path;          ///< A fixed one, or null.
     const char* sent = kSent;  ///< The parameters.
     const char* logged = kMasked;
@@ -104,17 +104,17 @@ protected:
     int Call(const Function& function, uint32_t endpoint, const char* base = kBase) {
         m_log.Clear();
         m_spy.Clear();
-        m_spy.Answer(CURLE_OK, {"answer"});
+        m_spy.Answer(CURLE_OK, {"response"});
         ResponseBody body;
         const int result = function.call(endpoint, base, body.Data(), body.Length());
-        m_answer = body.Text();
+        m_response = body.Text();
         return result;
     }
 
     CleanSwitches m_switches;
     LogCapture m_log;
     CurlSpy m_spy;
-    std::string m_answer;
+    std::string m_response;
 };
 
 TEST_F(RequestFunctions, SendTheirParametersToTheirPath) {
@@ -125,7 +125,7 @@ TEST_F(RequestFunctions, SendTheirParametersToTheirPath) {
         EXPECT_EQ(m_spy.Method(), function.method);
         EXPECT_EQ(m_spy.Url(), function.inBody ? address : address + "?" + function.sent);
         EXPECT_EQ(m_spy.Body(), function.inBody ? function.sent : "");
-        EXPECT_EQ(m_answer, "answer");
+        EXPECT_EQ(m_response, "response");
         EXPECT_EQ(m_spy.Count("perform"), 1U);
         EXPECT_EQ(m_spy.Unreleased(), 0);
     }
@@ -144,7 +144,7 @@ TEST_F(RequestFunctions, WithHeadersSendThemAll) {
     }
 }
 
-TEST_F(RequestFunctions, LogStartHeadersAnswerAndEnd) {
+TEST_F(RequestFunctions, LogStartHeadersResponseAndEnd) {
     for (const Function& function : Functions()) {
         SCOPED_TRACE(function.name);
         Call(function, kAnyEndpoint);
@@ -154,12 +154,12 @@ TEST_F(RequestFunctions, LogStartHeadersAnswerAndEnd) {
             expected.insert(expected.end(), {"heads = AccessToken: shown", "heads = accessToken: ***",
                                              "heads = appKey: shown", "heads = lang: ", "heads = sessionId: ***"});
         }
-        expected.insert(expected.end(), {"strRsp:answer", "end Posts url and Param result = 0"});
+        expected.insert(expected.end(), {"strRsp:response", "end Posts url and Param result = 0"});
         EXPECT_EQ(m_log.Messages(), expected);
         for (const LogLine& line : m_log.Lines()) {
             EXPECT_EQ(line.Word(), "INFO ");
             EXPECT_EQ(line.level, 3U);
-            EXPECT_EQ(line.Tag(), line.Message() == "strRsp:answer" ? function.operation : function.name);
+            EXPECT_EQ(line.Tag(), line.Message() == "strRsp:response" ? function.operation : function.name);
         }
         EXPECT_FALSE(m_log.Contains("secret"));
     }
@@ -213,13 +213,13 @@ TEST_F(RequestFunctions, WithoutABaseGiveSevenAndTheOperationsLine) {
     EXPECT_THAT(m_spy.Calls(), IsEmpty());
 }
 
-TEST_F(RequestFunctions, WithoutAPlaceForTheAnswerTellItsLengthAlone) {
+TEST_F(RequestFunctions, WithoutAPlaceForTheResponseReturnItsLengthAlone) {
     for (const Function& function : Functions()) {
         SCOPED_TRACE(function.name);
-        m_spy.Answer(CURLE_OK, {"answer"});
+        m_spy.Answer(CURLE_OK, {"response"});
         uint32_t length = 4711;
         EXPECT_EQ(function.call(kAnyEndpoint, kBase, nullptr, &length), 0);
-        EXPECT_EQ(length, 6U);
+        EXPECT_EQ(length, 8U);
     }
 }
 
