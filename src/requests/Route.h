@@ -24,7 +24,6 @@ public:
 
 private:
     friend class Routes;
-    friend struct Caller;
 
     PlatformRoute(std::string address, std::string accessToken, std::string appKey)
         : m_address(std::move(address)), m_accessToken(std::move(accessToken)), m_appKey(std::move(appKey)) {}
@@ -43,7 +42,6 @@ public:
 
 private:
     friend class Routes;
-    friend struct Caller;
 
     ConsumerRoute(std::string address, std::string sessionId)
         : m_address(std::move(address)), m_sessionId(std::move(sessionId)) {}
@@ -62,24 +60,12 @@ public:
 
 private:
     friend class Routes;
-    friend struct Caller;
 
     AuthorizationRoute(std::string address, std::string appKey)
         : m_address(std::move(address)), m_appKey(std::move(appKey)) {}
 
     std::string m_address;
     std::string m_appKey;
-};
-
-/// Goes away with the core's rebuild.
-struct Caller {
-    std::string url;
-    std::string credential;
-    std::string appKey;
-
-    operator PlatformRoute() const { return {url, credential, appKey}; }  // NOLINT
-    operator ConsumerRoute() const { return {url, credential}; }          // NOLINT
-    operator AuthorizationRoute() const { return {url, appKey}; }         // NOLINT
 };
 
 }  // namespace vantix

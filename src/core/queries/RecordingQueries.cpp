@@ -81,7 +81,7 @@ int Queries::getCloudFileBySerialEX(const std::string& serial, int ch, int video
 int Queries::getCloudFileInfoBySerialEX(const std::string& serial, int ch, const std::string& jsonQuery,
                                         std::string& json) {
     json::JsonCppDocument document;
-    if (!document.Parse(jsonQuery) || !document.Root().IsObject()) {
+    if (!document.ParseObjectStrictly(jsonQuery)) {
         VANTIX_LOG_ERROR(queries::kCloudFileDetails.site, level::kError, "query is no JSON object");
         return VANTIX_ERROR;
     }
