@@ -32,8 +32,8 @@ public:
     /// An element of an array; nothing beyond its end.
     Json11View Element(size_t index) const;
 
-    /// Copies the value out when it has the field's type, and returns whether it did. A number is truncated toward zero;
-    /// one outside 32 bits is not read.
+    /// Copies the value out when it has the field's type, and returns whether it did. A number is truncated toward
+    /// zero; one outside 32 bits is not read.
     bool Read(std::string& text) const;
     bool Read(int32_t& number) const;
     bool Read(bool& flag) const;

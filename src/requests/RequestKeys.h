@@ -95,7 +95,7 @@ struct Key {
 };
 
 template <FixedText Name>
-consteval Key<Name> operator""_key() {
+constexpr Key<Name> operator""_key() {
     return {};
 }
 
