@@ -15,8 +15,8 @@ namespace vantix::capabilities {
 /// A capability. Those with a number in the short list take their default from it, and only a value that is not zero
 /// replaces the default.
 struct Capability {
-    const char* key;
-    int32_t DevDetailInfo::*field;
+    const char* key = nullptr;
+    int32_t DevDetailInfo::*field = nullptr;
     unsigned shortListNumber = 0;  ///< 0 when the short list does not have it.
 };
 

@@ -18,6 +18,7 @@
 #include "requests/ClientInfo.h"
 #include "requests/RequestKeys.h"
 #include "requests/RequestRow.h"
+#include "requests/RequestRowChecks.h"
 #include "requests/Route.h"
 #include "transport/ParamMap.h"
 
@@ -53,7 +54,7 @@ protected:
     void SetJson(const std::string& json) { m_json = json; }
 
 private:
-    PreparedRequest(const CallSite& site, const RequestRow& row, const std::string& address);
+    PreparedRequest(const CallSite& site, const RequestRow& row, std::string address);
 
     int Send(char** response, uint32_t* length) const;
     void StoreAndLogCost(int32_t milliseconds) const;
@@ -84,33 +85,36 @@ struct JsonBody {
 
 /// Whether a call gives a value of the right type for each key of the row, and for no other.
 template <const RequestRow& Row, class... Parameters>
-concept GivesKeysOf = (kIsKeyedParameter<Parameters> && ...) && AreKeysOf(Row, {Parameters::kKey...});
+concept GivesKeysOf = Row.kind != RequestKind::JsonPost && (kIsKeyedParameter<Parameters> && ...) &&
+                      AreKeysOf(Row, {Parameters::kKey...});
+/// The same for a request whose headers describe this computer.
+template <const RequestRow& Row, class... Parameters>
+concept GivesKeysOfConsumer = (Row.family == RequestFamily::Consumer) && GivesKeysOf<Row, Parameters...>;
 
 /// Prepares one request: what it is made of must be what its row asks for.
 template <const RequestRow& Row>
 class RequestCall : public PreparedRequest {
     static_assert(IsConsistent(Row), "something stands in the row that its kind or family ignores");
 
-    static constexpr bool kIsConsumer = Row.family == RequestFamily::Consumer;
-    static constexpr bool kIsJson = Row.kind == RequestKind::JsonPost;
-
 public:
     using Route = typename RouteOfFamily<Row.family>::type;
 
     template <class... Parameters>
-    requires(GivesKeysOf<Row, Parameters...> && !kIsJson)
-        RequestCall(const CallSite& site, const Route& route, const Parameters&... parameters)
+    requires GivesKeysOf<Row, Parameters...> RequestCall(const CallSite& site, const Route& route,
+                                                         const Parameters&... parameters)
         : PreparedRequest(site, Row, route) {
         Add({parameters...});
     }
     /// Where several requests, or a request and its parameters, must say the same of this computer.
     template <class... Parameters>
-    requires(GivesKeysOf<Row, Parameters...>&& kIsConsumer)
-        RequestCall(const CallSite& site, const Route& route, const ClientInfo& client, const Parameters&... parameters)
+    requires GivesKeysOfConsumer<Row, Parameters...> RequestCall(const CallSite& site, const Route& route,
+                                                                 const ClientInfo& client,
+                                                                 const Parameters&... parameters)
         : PreparedRequest(site, Row, route, &client) {
         Add({parameters...});
     }
-    RequestCall(const CallSite& site, const Route& route, const JsonBody& body) requires(kIsJson)
+    RequestCall(const CallSite& site, const Route& route,
+                const JsonBody& body) requires(Row.kind == RequestKind::JsonPost)
         : PreparedRequest(site, Row, route) {
         SetJson(body.text);
     }

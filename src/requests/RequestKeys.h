@@ -4,7 +4,6 @@
 /// Parameters of a request, each under a key that the compiler knows: `"deviceSerial"_key = serial`.
 
 #include <algorithm>
-#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -28,13 +27,11 @@ struct FixedText {
 };
 
 template <class T>
-concept ParameterText = std::same_as<T, std::string> || std::same_as < std::decay_t<const T&>,
-const char* > ;
+inline constexpr bool kIsText = std::is_same_v<T, std::string> || std::is_same_v<std::decay_t<const T&>, const char*>;
+
+/// What a parameter can be: a text or a number. An optional one is a `std::optional` of that.
 template <class T>
-concept ParameterNumber = std::same_as<T, int32_t>;
-/// What a parameter can be. An optional one is a `std::optional` of a text or number.
-template <class T>
-concept ParameterType = ParameterText<T> || ParameterNumber<T>;
+concept ParameterType = kIsText<T> || std::is_same_v<T, int32_t>;
 
 /// A key as calls and rows are compared by.
 struct KeyInfo {
@@ -95,7 +92,7 @@ struct Key {
 };
 
 template <FixedText Name>
-consteval Key<Name> operator""_key() {
+constexpr Key<Name> operator""_key() {
     return {};
 }
 

@@ -106,10 +106,11 @@ TEST_F(DeviceRelationTest, DeviceWithoutAParentComesBackAsItself) {
     EXPECT_EQ(DetailRequests(), 1U);
 }
 
-TEST_F(DeviceRelationTest, ParentThatTheResponseLeavesOutGivesNothing) {
+TEST_F(DeviceRelationTest, DeviceWhoseParentTheResponseLeavesOutComesBackAsItself) {
     Cloud().Delete("/devices/R20000016");
     Detail detail;
-    EXPECT_EQ(ByRelation(kBehindOnline, detail), -1);
+    EXPECT_EQ(ByRelation(kBehindOnline, detail), 0);
+    EXPECT_EQ(detail.device.deviceSerial, kBehindOnline);
     EXPECT_EQ(DetailRequests(), 1U);
 }
 

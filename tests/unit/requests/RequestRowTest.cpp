@@ -1,7 +1,7 @@
 // Rows and calls are checked when they are compiled, and so is this: a wrong row is not consistent, a wrong call does
 // not compile.
 
-#include "requests/RequestRow.h"
+#include "requests/RequestRowChecks.h"
 
 #include <gtest/gtest.h>
 
