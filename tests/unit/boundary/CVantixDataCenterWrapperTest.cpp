@@ -7,7 +7,7 @@
 #include <climits>
 
 #include "core/CVantixDataCenter.h"
-#include "support/DetailAnswer.h"
+#include "support/DetailResponse.h"
 #include "unit/boundary/HandleTest.h"
 #include "vantix/records/DevChannelInfo.h"
 #include "vantix/records/DevDetailInfo.h"
@@ -199,10 +199,10 @@ TEST_F(WrapperTest, SwitchesWriteTheirLinesInTheCoresName) {
 TEST_F(WrapperTest, DetailCachesAreReachedBySlot) {
     handle->setAccessToken("token");
     handle->setDomain("https://b.example", "");
-    auto answer = DetailAnswer("C1", 2);
+    auto answer = DetailResponse("C1", 2);
     answer["result"]["data"]["camera"]["isTrust"] = "7";
     answer["result"]["data"]["device"]["supportExt"] = {{"support_seek_playback", "1"}, {"support_quickplay_way", "2"}};
-    transport.Answer(answer.dump());
+    transport.Respond(answer.dump());
     DevChannelInfo channelInfo;
     DevDetailInfo detail;
     std::future<int32_t> future;

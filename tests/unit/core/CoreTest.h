@@ -6,7 +6,7 @@
 
 #include "core/CVantixDataCenter.h"
 #include "support/CleanSwitches.h"
-#include "support/DetailAnswer.h"
+#include "support/DetailResponse.h"
 #include "support/FakeClock.h"
 #include "support/LineMatcher.h"
 #include "support/ScriptedTransport.h"
@@ -25,7 +25,7 @@ protected:
     }
     /// Puts a detail answer into the caches by a forced fetch.
     void Cache(const std::string& serial, int ch, const nlohmann::json& answer) {
-        transport.Answer(answer.dump());
+        transport.Respond(answer.dump());
         DevChannelInfo channel;
         DevDetailInfo device;
         ASSERT_EQ(core.getDevDetailInfoSync(serial, ch, true, channel, device, false), 0);

@@ -27,7 +27,7 @@ protected:
         return answer.dump();
     }
     void Cache(const std::string& ip = "cached") {
-        transport.Answer(Answer(ip));
+        transport.Respond(Answer(ip));
         P2PDevInfo kept;
         std::vector<P2PServerAddr> servers;
         ASSERT_EQ(core.getP2PDevInfoCached("OWN", servers, kept, true), 0);
@@ -55,7 +55,7 @@ constexpr char kServed[] = "getP2PDevInfoFromLocal SUCCESS iRet = 0 stP2PDevInfo
 
 TEST_F(P2PDevices, PlatformRequestNamesTheDevice) {
     clock.SetSteadyStep(8'000'000);
-    transport.Answer(kPlatformDevice);
+    transport.Respond(kPlatformDevice);
     EXPECT_EQ(Fetch(), 0);
     ASSERT_EQ(transport.Count(), 1U);
     EXPECT_EQ(transport.Sent()[0].method, "POST");
@@ -72,7 +72,7 @@ TEST_F(P2PDevices, PlatformRequestNamesTheDevice) {
 
 TEST_F(P2PDevices, ConsumerRequestNamesTheDeviceAndCarriesTheSession) {
     core.setPermissionMode(2);
-    transport.Answer(kConsumerDevice);
+    transport.Respond(kConsumerDevice);
     EXPECT_EQ(core.getP2PDevInfo(device, "shared-token", "SHARED", false), 0);
     EXPECT_EQ(transport.Sent()[0].method, "GET");
     EXPECT_EQ(transport.Sent()[0].Param("deviceSerial"), "SHARED");
@@ -85,11 +85,11 @@ TEST_F(P2PDevices, ConsumerRequestNamesTheDeviceAndCarriesTheSession) {
 TEST_F(P2PDevices, TokenChoosesTheFamilyAndTheChannelTheDomain) {
     core.setPermissionMode(2);
     core.SetB2CTokens(R"([{"token":"shared-token","deviceSerial":"D","channelNo":"2","isShared":1}])");
-    transport.Answer(kConsumerDevice);
+    transport.Respond(kConsumerDevice);
     EXPECT_EQ(core.getP2PDevInfo("D", 2, "shared-token", device, false), 0);
     EXPECT_EQ(Address(0), "https://c.example/v3/userdevices/v1/devices/pagelist");
     core.ClearAllCache();
-    transport.Answer(kPlatformDevice);
+    transport.Respond(kPlatformDevice);
     EXPECT_EQ(core.getP2PDevInfo("D", 2, "own-token", device, false), 0);
     EXPECT_EQ(Address(1), "https://c.example/api/sdk/p2p/dev/info/get");
     EXPECT_EQ(Token(1), "access-token");
@@ -98,7 +98,7 @@ TEST_F(P2PDevices, TokenChoosesTheFamilyAndTheChannelTheDomain) {
 TEST_F(P2PDevices, SessionGoesToTheConsumerServersOnly) {
     core.setPermissionMode(2);
     core.SetB2CTokens(R"([{"token":"shared-token","deviceSerial":"D","channelNo":"2","isShared":1}])");
-    transport.Answer(kConsumerDevice);
+    transport.Respond(kConsumerDevice);
     EXPECT_EQ(core.getP2PDevInfo(device, "shared-token", "D", false), 0) << "channel 1 itself is not shared";
     EXPECT_EQ(Address(0), "https://c.example/v3/userdevices/v1/devices/pagelist");
     EXPECT_EQ(Session(0), "old-session");
@@ -123,7 +123,7 @@ TEST_F(P2PDevices, CopyIsKeptBySerialHoweverOld) {
     clock.AdvanceSeconds(10'000'000);
     EXPECT_EQ(core.getP2PDevInfo("OWN", 7, "another", device, false), 0) << "another channel, another token";
     EXPECT_EQ(transport.Count(), 1U);
-    transport.Answer(Answer("other device"));
+    transport.Respond(Answer("other device"));
     EXPECT_EQ(Fetch("C1"), 0);
     EXPECT_EQ(IP(), "other device");
     EXPECT_EQ(CachedIP(), "cached");
@@ -138,7 +138,7 @@ TEST_F(P2PDevices, MarkedCopyIsFetchedAgainByEveryFormThatLooksAtTheMark) {
     for (const auto& form : forms) {
         Cache("old");
         Mark();
-        transport.Answer(Answer("new"));
+        transport.Respond(Answer("new"));
         EXPECT_EQ(form(), 0);
         EXPECT_EQ(IP(), "new");
         EXPECT_FALSE(device.isUpdate);
@@ -150,10 +150,10 @@ TEST_F(P2PDevices, MarkedCopyIsFetchedAgainByEveryFormThatLooksAtTheMark) {
 }
 
 TEST_F(P2PDevices, RefillReplacesTheWholeRecord) {
-    transport.Answer(kPlatformDevice);
+    transport.Respond(kPlatformDevice);
     EXPECT_EQ(Fetch(), 0);
     Mark();
-    transport.Answer(R"({"resultCode":"200","result":{"data":{"serverInfos":[{"ip":"only","port":1}]}}})");
+    transport.Respond(R"({"resultCode":"200","result":{"data":{"serverInfos":[{"ip":"only","port":1}]}}})");
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(Fetch(), 0);
     ASSERT_EQ(device.serverInfos.size(), 1U);
@@ -180,7 +180,7 @@ TEST_F(P2PDevices, FailureLeavesTheCacheAsItWas) {
     Mark();
     for (const auto& row : rows) {
         SCOPED_TRACE(row.body);
-        transport.Make([row](const SentRequest&) { return ScriptedAnswer{row.curl, row.body}; });
+        transport.Make([row](const SentRequest&) { return ScriptedResponse{row.curl, row.body}; });
         EXPECT_EQ(Fetch(), row.result);
         EXPECT_EQ(CachedIP(), "cached");
     }
@@ -193,7 +193,7 @@ TEST_F(P2PDevices, FailedFetchTouchesOnlyTheCost) {
     clock.SetSteadyStep(8'000'000);
     device.deviceSerial = "mine";
     device.serverInfos.resize(3);
-    transport.Answer(R"({"resultCode":"20007","result":{"data":{"serverInfos":[{"ip":"refused","port":1}]}}})");
+    transport.Respond(R"({"resultCode":"20007","result":{"data":{"serverInfos":[{"ip":"refused","port":1}]}}})");
     EXPECT_EQ(Fetch(), 320007);
     EXPECT_EQ(device.deviceSerial, "mine");
     EXPECT_EQ(device.serverInfos.size(), 3U);
@@ -205,7 +205,7 @@ TEST_F(P2PDevices, FailedFetchFromTheConsumerServerTouchesNothing) {
     core.setPermissionMode(2);
     device.deviceSerial = "mine";
     device.iRequestCost = 77;
-    transport.Answer(R"({"meta":{"code":500}})");
+    transport.Respond(R"({"meta":{"code":500}})");
     EXPECT_EQ(core.getP2PDevInfo(device, "shared-token", "SHARED", false), 300500);
     EXPECT_EQ(device.deviceSerial, "mine");
     EXPECT_EQ(device.iRequestCost, 77);
@@ -222,7 +222,7 @@ TEST_F(P2PDevices, ClearingAllForgetsEveryDevice) {
 // ---- The asynchronous form
 
 TEST_F(P2PDevices, MissReturnsMinusOneAndTheRecordIsCompleteWhenTheFutureIsReady) {
-    transport.Answer(kPlatformDevice);
+    transport.Respond(kPlatformDevice);
     EXPECT_EQ(FetchInBackground(), -1);
     ASSERT_TRUE(future.valid());
     EXPECT_EQ(future.get(), 0);
@@ -249,7 +249,7 @@ TEST_F(P2PDevices, HitLeavesTheFutureUntouched) {
 TEST_F(P2PDevices, MarkedCopyReturnsZeroAndStartsATask) {
     Cache("old");
     Mark();
-    transport.Answer(Answer("new"));
+    transport.Respond(Answer("new"));
     EXPECT_EQ(FetchInBackground(), 0) << "a copy was found";
     ASSERT_TRUE(future.valid());
     EXPECT_EQ(future.get(), 0);
@@ -264,10 +264,10 @@ TEST_F(P2PDevices, TaskHasItsOwnCopiesOfSerialAndToken) {
         std::string token = "shared-token";
         transport.Make([&](const SentRequest&) {
             release.get_future().wait();
-            return ScriptedAnswer{0, kSessionGone};
+            return ScriptedResponse{0, kSessionGone};
         });
-        transport.Answer(SessionAnswer());
-        transport.Answer(kConsumerDevice);
+        transport.Respond(SessionAnswer());
+        transport.Respond(kConsumerDevice);
         EXPECT_EQ(core.getP2PDevInfo(device, token, serial, future), -1);
         serial.assign(serial.size(), '!');
         token.assign(token.size(), '!');
@@ -285,12 +285,12 @@ TEST_F(P2PDevices, SecondTaskIntoTheSameFutureWaitsForTheFirst) {
     transport.Make([&](const SentRequest&) {
         started.set_value();
         release.get_future().wait();
-        return ScriptedAnswer{7, ""};
+        return ScriptedResponse{7, ""};
     });
     P2PDevInfo first;
     EXPECT_EQ(core.getP2PDevInfo(first, "own-token", "OWN", future), -1);
     started.get_future().wait();
-    transport.Answer(kPlatformDevice);
+    transport.Respond(kPlatformDevice);
     release.set_value();
     EXPECT_EQ(FetchInBackground(), -1);
     EXPECT_EQ(future.get(), 0);

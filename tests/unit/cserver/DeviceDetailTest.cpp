@@ -119,7 +119,7 @@ TEST_F(ConsumerDetail, CodeOfTheEnvelopeIsReturned) {
 // ---- The request
 
 TEST_F(ConsumerDetail, RequestNamesTheDeviceAndWhatItWantsToKnow) {
-    transport.Answer(GoldenPage().dump());
+    transport.Respond(GoldenPage().dump());
     EXPECT_EQ(Fetch(), 0);
     ASSERT_EQ(transport.Count(), 1U);
     const SentRequest sent = transport.Sent()[0];
@@ -134,7 +134,7 @@ TEST_F(ConsumerDetail, RequestNamesTheDeviceAndWhatItWantsToKnow) {
 
 TEST_F(ConsumerDetail, RequestHandsOutTheChannelThatWasAskedFor) {
     clock.SetSteadyStep(12'999'999);
-    transport.Answer(GoldenPage().dump(), 2);
+    transport.Respond(GoldenPage().dump(), 2);
     EXPECT_EQ(Fetch(15), 0);
     EXPECT_EQ(channel.cameraId, "camera-16");
     EXPECT_EQ(device.vtmIp, "vtm-18");
@@ -154,7 +154,7 @@ TEST_F(ConsumerDetail, RequestHandsOutTheChannelThatWasAskedFor) {
 TEST_F(ConsumerDetail, PageWithoutTheChannelIsMalformed) {
     for (const int absent : {0, 2, -1, 999}) {
         const std::string body = GoldenPage().dump();
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(Fetch(absent), 300002) << absent;
         EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kRequest, "platform response invalid, szInfo = " + body));
         EXPECT_THAT(lines.Lines(),
@@ -166,7 +166,7 @@ TEST_F(ConsumerDetail, PageWithoutTheChannelIsMalformed) {
 TEST_F(ConsumerDetail, ChannelOfAnotherDeviceIsNotHandedOut) {
     Json page = GoldenPage();
     page["cameraInfos"].erase(0);  // the other device's channel 1 comes first now
-    transport.Answer(page.dump());
+    transport.Respond(page.dump());
     EXPECT_EQ(Fetch(1), 300002);
     ExpectUntouched();
 }
@@ -186,7 +186,7 @@ TEST_F(ConsumerDetail, RefusedAnswerIsLoggedUnderThePlatformsLabel) {
                 {R"({"meta":{"code":2147183647}})", 2147183647, 2147483647},
                 {R"({"meta":{"code":2147483647}})", 2147483647, 300002}};
     for (const auto& row : rows) {
-        transport.Answer(row.body);
+        transport.Respond(row.body);
         EXPECT_EQ(Fetch(), row.result) << row.body;
         EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kRequest,
                                            std::string("ParseDevDetailInfoFromPlatform:") + row.body +
@@ -198,7 +198,7 @@ TEST_F(ConsumerDetail, RefusedAnswerIsLoggedUnderThePlatformsLabel) {
 
 TEST_F(ConsumerDetail, FailedTransferLeavesOnlyItsCost) {
     clock.SetSteadyStep(5'000'000);
-    transport.Make([](const SentRequest&) { return ScriptedAnswer{28, GoldenPage().dump()}; });
+    transport.Make([](const SentRequest&) { return ScriptedResponse{28, GoldenPage().dump()}; });
     EXPECT_EQ(Fetch(), 100028);
     EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kRequest, "SyncRequestHeader error:28"));
     EXPECT_THAT(lines.Lines(),

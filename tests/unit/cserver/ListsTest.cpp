@@ -254,11 +254,11 @@ TEST_F(SharedDevices, CodeOfTheEnvelopeIsReturned) {
 }
 
 TEST_F(SharedDevices, RequestHandsTheListOut) {
-    transport.Answer(Golden().dump());
+    transport.Respond(Golden().dump());
     EXPECT_EQ(GetB2CSharedDevListFromPlatform({"https://c.example", "the-session", "the-app"}, 0, 50, list), 0);
     EXPECT_EQ(Json::parse(list), GoldenList());
     list = "before";
-    transport.Answer(R"({"meta":{"code":401}})");
+    transport.Respond(R"({"meta":{"code":401}})");
     EXPECT_EQ(GetB2CSharedDevListFromPlatform({"https://c.example", "the-session", "the-app"}, 0, 50, list), 300401);
     EXPECT_EQ(list, "before");
     EXPECT_THAT(lines.Lines(),

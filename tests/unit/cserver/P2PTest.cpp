@@ -265,7 +265,7 @@ TEST_F(ConsumerP2PDevice, CapabilityTextThatIsNoJsonGivesOne) {
 TEST_F(ConsumerP2PDevice, RequestOnlyLogsItsCost) {
     clock.SetSteadyStep(5'000'000);
     info.iRequestCost = 77;
-    transport.Answer(Golden().dump());
+    transport.Respond(Golden().dump());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(info.iRequestCost, 77);
     EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "GetP2PDevInfoFromCServer",
@@ -286,7 +286,7 @@ TEST_F(ConsumerP2PDevice, RequestPassesFailuresOn) {
         int code;
     } rows[] = {{"x", 1}, {"{}", 2}, {R"({"meta":{"code":401}})", 401}};
     for (const auto& row : rows) {
-        transport.Answer(row.body);
+        transport.Respond(row.body);
         EXPECT_EQ(Fetch(), 300000 + row.code);
         EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "GetP2PDevInfoFromCServer",
                                            std::string("ParseDevDetailInfoFromPlatform:") + row.body +

@@ -153,8 +153,8 @@ TEST_F(ConsumerP2PUser, TextThatIsNoJsonGivesOne) {
 
 TEST_F(ConsumerP2PUser, TwoRequestsInSequenceFillTheRecord) {
     clock.SetSteadyStep(5'000'000);
-    transport.Answer(kFirst);
-    transport.Answer(kSecond);
+    transport.Respond(kFirst);
+    transport.Respond(kSecond);
     EXPECT_EQ(Fetch(), 0);
     ExpectFilled(Rows(), Golden(), info);
     EXPECT_EQ(info.iRequestCost, 10) << "of both";
@@ -169,7 +169,7 @@ TEST_F(ConsumerP2PUser, TwoRequestsInSequenceFillTheRecord) {
 
 TEST_F(ConsumerP2PUser, FirstAnswerThatIsNoJsonGivesABareOne) {
     for (const char* body : {"", "<html></html>", "{"}) {
-        transport.Answer(body);
+        transport.Respond(body);
         const size_t before = transport.Count();
         EXPECT_EQ(Fetch(), 1);
         EXPECT_EQ(transport.Count(), before + 1);
@@ -194,7 +194,7 @@ TEST_F(ConsumerP2PUser, FirstAnswerWithAFailureGivesASilentZero) {
                 {"[]", 2},
                 {"5", 2}};
     for (const auto& row : rows) {
-        transport.Answer(row.body);
+        transport.Respond(row.body);
         const size_t before = transport.Count();
         EXPECT_EQ(Fetch(), 0) << row.body;
         EXPECT_EQ(transport.Count(), before + 1) << "no second request";
@@ -218,7 +218,7 @@ TEST_F(ConsumerP2PUser, FirstTransferThatFailsEndsIt) {
 
 TEST_F(ConsumerP2PUser, SecondTransferThatFailsHasALabelOfItsOwn) {
     clock.SetSteadyStep(5'000'000);
-    transport.Answer(kFirst);
+    transport.Respond(kFirst);
     transport.Fail(56);
     EXPECT_EQ(Fetch(), 100056);
     EXPECT_THAT(lines.Lines(),
@@ -230,23 +230,23 @@ TEST_F(ConsumerP2PUser, SecondTransferThatFailsHasALabelOfItsOwn) {
 }
 
 TEST_F(ConsumerP2PUser, SecondAnswerThatIsNoJsonGivesABareOne) {
-    transport.Answer(kFirst);
-    transport.Answer("<html></html>");
+    transport.Respond(kFirst);
+    transport.Respond("<html></html>");
     EXPECT_EQ(Fetch(), 1);
     EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kRequest, "platform response bad, szInfo = <html></html>"));
     ExpectUntouched();
 }
 
 TEST_F(ConsumerP2PUser, SecondAnswersEnvelopeIsNotLookedAt) {
-    transport.Answer(kFirst);
-    transport.Answer(R"({"meta":{"code":500},"secret":"s","data":{"version":3,"saltIndex":4}})");
+    transport.Respond(kFirst);
+    transport.Respond(R"({"meta":{"code":500},"secret":"s","data":{"version":3,"saltIndex":4}})");
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(info.data, "s");
 }
 
 TEST_F(ConsumerP2PUser, RefusalOfTheParserIsLoggedWithTheSecretMasked) {
-    transport.Answer(R"({"meta":{"code":0}})");
-    transport.Answer(kSecond);
+    transport.Respond(R"({"meta":{"code":0}})");
+    transport.Respond(kSecond);
     EXPECT_EQ(Fetch(), 300002);
     const std::string joined =
         R"({"response1":{"meta":{"code":0}},"response2":{"data":{"saltIndex":"***","version":"***"},"secret":"***"}})";
@@ -264,14 +264,14 @@ TEST_F(ConsumerP2PUser, RefusalOfTheParserIsLoggedWithTheSecretMasked) {
 
 TEST_F(ConsumerP2PUser, SecondAnswerWithoutItsObjectIsMalformed) {
     for (const char* body : {"[]", "5", "null"}) {
-        transport.Answer(kFirst);
-        transport.Answer(body);
+        transport.Respond(kFirst);
+        transport.Respond(body);
         EXPECT_EQ(Fetch(), 300002) << body;
         EXPECT_TRUE(lines.Contains("response2 not exist!"));
     }
     for (const char* body : {"{}", R"({"secret":"s"})", R"({"data":[]})", R"({"meta":{"code":401}})"}) {
-        transport.Answer(kFirst);
-        transport.Answer(body);
+        transport.Respond(kFirst);
+        transport.Respond(body);
         EXPECT_EQ(Fetch(), 300002) << body;
         EXPECT_TRUE(lines.Contains(", data not exist!"));
         ExpectUntouched();

@@ -108,7 +108,7 @@ TEST_F(ConsumerRecordings, CodeOfTheEnvelopeIsReturnedUnderTheParsersOwnWords) {
 // ---- The request
 
 TEST_F(ConsumerRecordings, OnlyTheFirstBlankOfATimeIsEscaped) {
-    transport.Answer(kGolden, 3);
+    transport.Respond(kGolden, 3);
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(records, kList);
     EXPECT_EQ(transport.Sent()[0].url,
@@ -124,7 +124,7 @@ TEST_F(ConsumerRecordings, OnlyTheFirstBlankOfATimeIsEscaped) {
 
 TEST_F(ConsumerRecordings, AnswerIsLoggedWholeBeforeItIsChecked) {
     for (const char* body : {kGolden, "no json", "", "{}"}) {
-        transport.Answer(body);
+        transport.Respond(body);
         Fetch();
         EXPECT_THAT(lines.Lines(),
                     HasLine(3, "INFO ", kRequest, std::string("ZQR TEST GetDeviceFileBySerialFromCServer:") + body));
@@ -147,7 +147,7 @@ TEST_F(ConsumerRecordings, RequestChecksTheEnvelopeItself) {
                 {R"({"meta":{"code":201},"records":[]})", 201, 300201},
                 {R"({"meta":{"code":-1}})", -1, 300002}};
     for (const auto& row : rows) {
-        transport.Answer(row.body);
+        transport.Respond(row.body);
         EXPECT_EQ(Fetch(), row.result) << row.body;
         EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kRequest,
                                            std::string("ZQR TEST GetLocalRecordFileBySerialFromPlatform:") + row.body +
@@ -158,12 +158,12 @@ TEST_F(ConsumerRecordings, RequestChecksTheEnvelopeItself) {
 }
 
 TEST_F(ConsumerRecordings, ParsersRefusalHasAnotherLabel) {
-    transport.Answer(R"({"meta":{"code":200},"records":{}})");
+    transport.Respond(R"({"meta":{"code":200},"records":{}})");
     EXPECT_EQ(Fetch(), 300002);
     EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kRequest,
                                        R"(ParseServerInfoFromPlatform:{"meta":{"code":200},"records":{}} error:2)"));
     for (const char* body : {R"({"meta":{},"records":[]})", R"({"meta":{"code":"401"},"records":[]})"}) {
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(Fetch(), 0) << "an envelope without a number is a success: " << body;
     }
 }

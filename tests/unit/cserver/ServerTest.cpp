@@ -144,7 +144,7 @@ TEST_F(ConsumerServers, ConfigurationMustBeThere) {
 
 TEST_F(ConsumerServers, RequestStoresItsCostWhateverTheOutcome) {
     clock.SetSteadyStep(4'999'999);
-    transport.Answer(Golden().dump());
+    transport.Respond(Golden().dump());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(info.iRequestCost, 4);
     EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "GetServerInfoFromCServer",
@@ -171,7 +171,7 @@ TEST_F(ConsumerServers, RefusedAnswerIsLoggedUnderThePlatformsLabel) {
                 {R"({"meta":{"code":-1}})", -1, 300002},
                 {R"({"meta":{"code":2147483647}})", 2147483647, 300002}};
     for (const auto& row : rows) {
-        transport.Answer(row.body);
+        transport.Respond(row.body);
         EXPECT_EQ(Fetch(), row.result) << row.body;
         EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "GetServerInfoFromCServer",
                                            std::string("ParseServerInfoFromPlatform:") + row.body +

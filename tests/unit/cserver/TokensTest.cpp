@@ -128,7 +128,7 @@ TEST_F(ConsumerSession, CodeOfTheEnvelopeIsReturned) {
 // ---- The request
 
 TEST_F(ConsumerSession, RefreshIsAPutWithoutABody) {
-    transport.Answer(kGolden);
+    transport.Respond(kGolden);
     EXPECT_EQ(Refresh(), 0);
     ExpectFresh();
     ASSERT_EQ(transport.Count(), 1U);
@@ -145,7 +145,7 @@ TEST_F(ConsumerSession, RefreshReturnsTheServersOwnCodeBare) {
         const std::string text = std::to_string(code);
         const std::string body =
             R"({"meta":{"code":)" + text + R"(},"sessionInfo":{"sessionId":"a","refreshSessionId":"b"}})";
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(Refresh(), code);
         EXPECT_THAT(lines.Lines(),
                     HasLine(3, "INFO ", kRequest,
@@ -158,7 +158,7 @@ TEST_F(ConsumerSession, RefreshReturnsTheServersOwnCodeBare) {
 
 TEST_F(ConsumerSession, RefreshGivesABareOneForWhatIsNoJson) {
     for (const char* body : {"", "<html>%s</html>", "{\"meta\":"}) {
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(Refresh(), 1);
         EXPECT_THAT(
             lines.Lines(),
@@ -173,7 +173,7 @@ TEST_F(ConsumerSession, RefreshWithoutAnEnvelopeIsMalformed) {
     for (const std::string& body :
          {std::string("{}"), std::string("[]"), std::string("5"), Without(Json::parse(kGolden), "/meta"),
           WithValue(Json::parse(kGolden), "/meta", "401")}) {
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(Refresh(), 300002) << body;
         EXPECT_THAT(lines.Lines(),
                     HasLine(5, "ERROR", kRequest, "ZQR TEST RefreshSessionFromCServer:" + body + " error:2"));
@@ -185,7 +185,7 @@ TEST_F(ConsumerSession, ParsersRefusalOfARefreshHasTheBase) {
     for (const char* body :
          {R"({"meta":{"code":200}})", R"({"meta":{"code":0},"sessionInfo":{"refreshSessionId":"a"}})",
           R"({"meta":{},"sessionInfo":[]})"}) {
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(Refresh(), 300002) << body;
         EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", kRequest,
                                            std::string("ZQR TEST RefreshSessionFromCServer:") + body + " error:2"));
@@ -208,7 +208,7 @@ TEST_F(ConsumerSession, StreamTokensAreTheWholeAnswerWhateverItSays) {
                                     std::string("no json"), std::string(R"({"meta":{"code":401}})")}) {
         std::string answer = "before";
         lines.Clear();
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(GetStreamTokensFromCServer({"https://c.example", "the-session", "the-app"}, answer), 0);
         EXPECT_EQ(answer, body);
         for (const LogLine& line : lines.Lines()) {

@@ -57,7 +57,7 @@ void Collect(const json& value, std::vector<std::string>& all) {
     }
 }
 
-TEST(GoldenDetailAnswer, HasEveryMemberAndNoTwoEqualValues) {
+TEST(GoldenDetailResponse, HasEveryMemberAndNoTwoEqualValues) {
     json answer = GoldenDetail();
     for (const auto& member : CameraMembers()) {
         EXPECT_TRUE(Camera(answer).contains(member.key)) << member.key;

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "support/CleanSwitches.h"
-#include "support/DetailAnswer.h"
+#include "support/DetailResponse.h"
 #include "support/FakeClock.h"
 #include "support/LineMatcher.h"
 #include "support/ScriptedTransport.h"
@@ -32,7 +32,7 @@ protected:
 };
 
 TEST_F(DetailRequest, IsAFormWithItsParametersInTheOrderOfTheirKeys) {
-    transport.Answer(DetailAnswer("C1", 3).dump());
+    transport.Respond(DetailResponse("C1", 3).dump());
     EXPECT_EQ(Fetch(), 0);
     ASSERT_EQ(transport.Count(), 1U);
     const SentRequest sent = transport.Sent()[0];
@@ -52,7 +52,7 @@ TEST_F(DetailRequest, IsAFormWithItsParametersInTheOrderOfTheirKeys) {
 TEST_F(DetailRequest, SerialTravelsAsItIs) {
     for (const std::string& serial :
          {std::string(), std::string("a b+c%41#"), std::string("\xE8\xAE\xBE"), std::string(1'000'000, 's')}) {
-        transport.Answer(DetailAnswer("C1", 3).dump());
+        transport.Respond(DetailResponse("C1", 3).dump());
         EXPECT_EQ(Fetch(serial, -1), 0);
         EXPECT_EQ(transport.Sent().back().Param("deviceSerial"), serial);
         EXPECT_EQ(transport.Sent().back().Param("cameraNo"), "-1");
@@ -63,7 +63,7 @@ TEST_F(DetailRequest, SuccessIsStampedAndItsCostLogged) {
     clock.SetSteadyStep(12'999'999);
     device.isUpdate = true;
     device.iCloseBlong = 4;
-    transport.Answer(GoldenDetailText());
+    transport.Respond(GoldenDetailText());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(device.tCacheTime, clock.Wall());
     EXPECT_FALSE(device.isFromCache);
@@ -80,7 +80,7 @@ TEST_F(DetailRequest, SuccessIsStampedAndItsCostLogged) {
 TEST_F(DetailRequest, FailedTransferIsLoggedAndItsAnswerNotParsed) {
     clock.SetSteadyStep(5'000'000);
     device.deviceIP = "mine";
-    transport.Make([](const SentRequest&) { return ScriptedAnswer{28, GoldenDetailText()}; });
+    transport.Make([](const SentRequest&) { return ScriptedResponse{28, GoldenDetailText()}; });
     EXPECT_EQ(Fetch(), 100028);
     EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "GetDevDetailInfoFromPlatformBySerial", "SyncRequest error:28"));
     EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "GetDevDetailInfoFromPlatformBySerial",
@@ -102,17 +102,17 @@ TEST_F(DetailRequest, RefusedAnswerIsLoggedWithBodyAndCode) {
                 {"<html>%s%n</html>", 1, 300001},
                 {"[]", 2, 300002},
                 {R"({"result":{"code":200}})", 2, 300002},
-                {CodeAnswer("10002"), 10002, 310002},
-                {CodeAnswer("49999"), 49999, 349999},
-                {CodeAnswer("2147183647"), 2147183647, 2147483647},
+                {CodeResponse("10002"), 10002, 310002},
+                {CodeResponse("49999"), 49999, 349999},
+                {CodeResponse("2147183647"), 2147183647, 2147483647},
                 // Codes that no platform means count as malformed.
-                {CodeAnswer("2147183648"), 2147183648, 300002},
-                {CodeAnswer("-5"), -5, 300002},
-                {CodeAnswer("-300000"), -300000, 300002}};
+                {CodeResponse("2147183648"), 2147183648, 300002},
+                {CodeResponse("-5"), -5, 300002},
+                {CodeResponse("-300000"), -300000, 300002}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.body);
         device.deviceIP = "mine";
-        transport.Answer(row.body);
+        transport.Respond(row.body);
         EXPECT_EQ(Fetch(), row.result);
         EXPECT_THAT(lines.Lines(),
                     HasLine(5, "ERROR", "GetDevDetailInfoFromPlatformBySerial",
@@ -125,13 +125,13 @@ TEST_F(DetailRequest, RefusedAnswerIsLoggedWithBodyAndCode) {
 TEST_F(DetailRequest, AnswerOf200IsASuccessEverywhereInTheEnvelope) {
     for (const char* body : {R"({"resultCode":"200","result":{"data":{}}})", R"({"code":"200","result":{"data":{}}})",
                              R"({"result":{"code":"200","data":{}}})", R"({"result":{"code":200,"data":{}}})"}) {
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(Fetch(), 0) << body;
     }
 }
 
 TEST_F(DetailRequest, CredentialsDoNotReachTheLog) {
-    transport.Answer(CodeAnswer("10002"));
+    transport.Respond(CodeResponse("10002"));
     Fetch();
     EXPECT_FALSE(lines.Contains("the-token"));
     EXPECT_FALSE(lines.Contains("the-app"));
@@ -140,7 +140,7 @@ TEST_F(DetailRequest, CredentialsDoNotReachTheLog) {
 TEST_F(DetailRequest, CostIsZeroBeforeAMillisecondHasPassed) {
     clock.SetSteadyStep(999'999);
     device.iRequestCost = 77;
-    transport.Answer(DetailAnswer("C1", 1).dump());
+    transport.Respond(DetailResponse("C1", 1).dump());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(device.iRequestCost, 0);
 }
