@@ -40,7 +40,7 @@ protected:
         PrepareFor(Row(), *m_handle);
         m_transport.DropScript();
         for (const Exchange& exchange : Row().before) {
-            m_transport.Answer(exchange.response);
+            m_transport.Respond(exchange.response);
         }
         m_log.Clear();
     }
@@ -53,9 +53,9 @@ protected:
         return result;
     }
     int CallWithGoodResponse(Json& changes) {
-        m_transport.Answer(Row().response);
+        m_transport.Respond(Row().response);
         for (const Exchange& exchange : Row().after) {
-            m_transport.Answer(exchange.response);
+            m_transport.Respond(exchange.response);
         }
         return Call(changes);
     }
@@ -166,7 +166,7 @@ TEST_P(RequestTest, PassesATransportFailureOn) {
 
 inline void RequestTest::ExpectRefused(const Refusal& refusal) {
     SCOPED_TRACE(refusal.body);
-    m_transport.Always([&](const SentRequest& /*request*/) { return ScriptedAnswer{0, refusal.body}; });
+    m_transport.Always([&](const SentRequest& /*request*/) { return ScriptedResponse{0, refusal.body}; });
     Json changes;
     EXPECT_EQ(Call(changes), refusal.result);
     Json fills = Row().costFills;

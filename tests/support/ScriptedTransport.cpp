@@ -56,7 +56,7 @@ void NoteFunction(Pending& pending, CURLoption option, curl_write_callback funct
     }
 }
 
-/// The next answer's maker, and the request noted as sent.
+/// The next response's maker, and the request noted as sent.
 ScriptedTransport::Maker TakeMaker(const SentRequest& request) {
     const std::lock_guard<std::mutex> guard(g_mutex);
     g_sent.push_back(request);
@@ -68,25 +68,25 @@ ScriptedTransport::Maker TakeMaker(const SentRequest& request) {
     return maker;
 }
 
-ScriptedAnswer NextAnswer(Pending& pending) {
+ScriptedResponse NextResponse(Pending& pending) {
     const FailingNew::Suspended suspended;
     pending.request.method = pending.hasBody ? "POST" : "GET";
     if (!pending.customMethod.empty()) {
         pending.request.method = pending.customMethod;
     }
     const ScriptedTransport::Maker maker = TakeMaker(pending.request);
-    return maker ? maker(pending.request) : ScriptedAnswer{CURLE_COULDNT_CONNECT, ""};
+    return maker ? maker(pending.request) : ScriptedResponse{CURLE_COULDNT_CONNECT, ""};
 }
 
-/// Delivers the next answer through the library's own callback.
+/// Delivers the next response through the library's own callback.
 CURLcode Play(Pending& pending) {
-    ScriptedAnswer answer = NextAnswer(pending);
-    const size_t size = answer.body.size();
+    ScriptedResponse response = NextResponse(pending);
+    const size_t size = response.body.size();
     if (pending.write != nullptr && size != 0 &&
-        pending.write(answer.body.data(), 1, size, pending.writeData) != size) {
+        pending.write(response.body.data(), 1, size, pending.writeData) != size) {
         return CURLE_WRITE_ERROR;
     }
-    return static_cast<CURLcode>(answer.code);
+    return static_cast<CURLcode>(response.code);
 }
 
 /// Copies what was set on a handle so far; false when transfers are not scripted.
@@ -155,14 +155,14 @@ ScriptedTransport::~ScriptedTransport() {
     g_active = false;
 }
 
-void ScriptedTransport::Answer(const std::string& body, int times) {
+void ScriptedTransport::Respond(const std::string& body, int times) {
     for (int i = 0; i < times; ++i) {
-        Make([body](const SentRequest&) { return ScriptedAnswer{CURLE_OK, body}; });
+        Make([body](const SentRequest&) { return ScriptedResponse{CURLE_OK, body}; });
     }
 }
 
 void ScriptedTransport::Fail(int code) {
-    Make([code](const SentRequest&) { return ScriptedAnswer{code, ""}; });
+    Make([code](const SentRequest&) { return ScriptedResponse{code, ""}; });
 }
 
 void ScriptedTransport::Make(const Maker& maker) {

@@ -20,12 +20,12 @@ struct SentRequest {
 };
 
 /// What a request gets: libcurl's code, and a body.
-struct ScriptedAnswer {
+struct ScriptedResponse {
     int code = 0;
     std::string body;
 };
 
-/// While it lives, no transfer leaves the process: each gets the next answer of a script, and code 7 (nothing there)
+/// While it lives, no transfer leaves the process: each gets the next response of a script, and code 7 (nothing there)
 /// when the script is at its end. One at a time; requests may come from any thread. The program is linked with the
 /// options that support/ScriptedTransport.cpp names.
 class ScriptedTransport {
@@ -35,17 +35,17 @@ public:
     ScriptedTransport(const ScriptedTransport&) = delete;
     ScriptedTransport& operator=(const ScriptedTransport&) = delete;
 
-    using Maker = std::function<ScriptedAnswer(const SentRequest&)>;
+    using Maker = std::function<ScriptedResponse(const SentRequest&)>;
 
-    /// Adds an answer with this body.
-    void Answer(const std::string& body, int times = 1);
+    /// Adds a response with this body.
+    void Respond(const std::string& body, int times = 1);
     /// Adds a transfer that fails with a code of libcurl.
     void Fail(int code);
-    /// Adds an answer that is made when the request comes, on its thread and under no lock.
+    /// Adds a response that is made when the request comes, on its thread and under no lock.
     void Make(const Maker& maker);
     /// Forgets what is left of the script.
     void DropScript();
-    /// Answers all requests beyond the script.
+    /// Responds to all requests beyond the script.
     void Always(const Maker& maker);
 
     /// What was sent so far, in order.

@@ -7,7 +7,7 @@
 #include <climits>
 
 #include "core/CVantixDataCenter.h"
-#include "support/DetailAnswer.h"
+#include "support/DetailResponse.h"
 #include "unit/boundary/HandleTest.h"
 #include "vantix/records/DevChannelInfo.h"
 #include "vantix/records/DevDetailInfo.h"
@@ -199,11 +199,11 @@ TEST_F(WrapperTest, SwitchesWriteTheirLinesInTheCoresName) {
 TEST_F(WrapperTest, DetailCachesAreReachedBySlot) {
     handle->setAccessToken("token");
     handle->setDomain("https://b.example", "");
-    auto response = DetailAnswer("C1", 2);
+    auto response = DetailResponse("C1", 2);
     response["result"]["data"]["camera"]["isTrust"] = "7";
     response["result"]["data"]["device"]["supportExt"] = {{"support_seek_playback", "1"},
                                                           {"support_quickplay_way", "2"}};
-    transport.Answer(response.dump());
+    transport.Respond(response.dump());
     DevChannelInfo channelInfo;
     DevDetailInfo detail;
     std::future<int32_t> future;

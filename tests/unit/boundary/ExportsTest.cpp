@@ -13,7 +13,7 @@
 
 #include "core/CoreInstance.h"
 #include "log/Logger.h"
-#include "support/DetailAnswer.h"
+#include "support/DetailResponse.h"
 #include "support/FailingNew.h"
 #include "support/Operations.h"
 #include "support/TestData.h"
@@ -81,7 +81,7 @@ TEST_F(ExportsTest, EverythingOutlivesTheLastHandle) {
     handle->setDomain("https://outlives.example", "");
     handle->setAccessToken("outlives");
     handle->SetB2CTokens(R"([{"token":"t","deviceSerial":"B","channelNo":"1","isShared":1}])");
-    transport.Answer(DetailAnswer("C1", 1).dump());
+    transport.Respond(DetailResponse("C1", 1).dump());
     DevChannelInfo channelInfo;
     DevDetailInfo detail;
     ASSERT_EQ(handle->getDevDetailInfoSync("C1", 1, true, channelInfo, detail), 0);

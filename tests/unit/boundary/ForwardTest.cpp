@@ -91,7 +91,7 @@ TEST_F(ForwardTest, ArgumentsOfStreamTokensHaveTheirPlaces) {
     EXPECT_EQ(transport.Sent().back().Param("count"), "10");
     EXPECT_EQ(transport.Count(), 2U);
 
-    transport.Answer(R"({"resultCode":"200","tokenArray":["a"]})");
+    transport.Respond(R"({"resultCode":"200","tokenArray":["a"]})");
     EXPECT_EQ(handle->GetStreamTokenFast(), 0);
     std::array<char, 4097> buffer{};
     EXPECT_EQ(handle->GetStreamTokenFromQueue("token0", buffer.data()), 0);
@@ -124,7 +124,7 @@ TEST_F(ForwardTest, P2PVersionIsAskedForTheDeviceWithTheChannelsToken) {
 
 TEST_F(ForwardTest, ServerInformationExpires) {
     transport.Always([](const SentRequest&) {
-        return ScriptedAnswer{0, R"({"resultCode":"200","result":{"code":"200","data":{"stun1Addr":"a"}}})"};
+        return ScriptedResponse{0, R"({"resultCode":"200","result":{"code":"200","data":{"stun1Addr":"a"}}})"};
     });
     ServerInfo info;
     EXPECT_EQ(handle->getServerInfoSync("token1", info), 0);
@@ -142,7 +142,7 @@ TEST_F(ForwardTest, CallThatIsARepeatRenewsNothing) {
     handle->setOpenID("open0");
     size_t slots = 0;
     transport.Always([](const SentRequest&) {
-        return ScriptedAnswer{0, R"({"resultCode":"10002","meta":{"code":10002}})"};
+        return ScriptedResponse{0, R"({"resultCode":"10002","meta":{"code":10002}})"};
     });
     for (const auto* rows : {&DetailForwards(), &ListForwards(), &RecordingForwards()}) {
         for (const ForwardRow& row : *rows) {

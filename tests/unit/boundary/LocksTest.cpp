@@ -4,7 +4,7 @@
 
 #include <atomic>
 
-#include "support/DetailAnswer.h"
+#include "support/DetailResponse.h"
 #include "support/LockRecorder.h"
 #include "support/Operations.h"
 #include "tvllog/tvllog.h"
@@ -44,7 +44,7 @@ protected:
         transport.Always([this, body](const SentRequest&) {
             ++requests;
             requestsUnderALock += LockRecorder::HeldByThisThread() == 0 ? 0 : 1;
-            return ScriptedAnswer{0, body};
+            return ScriptedResponse{0, body};
         });
         for (const int mode : {0, 1, 2}) {
             for (const Operation& operation : Operations()) {
@@ -61,7 +61,7 @@ protected:
 };
 
 TEST_F(LocksTest, AreHeldOneAtATimeAndNeverAcrossARequestOrALine) {
-    CallEverything(MarkedDetailAnswer("C1", 1, "x").dump());
+    CallEverything(MarkedDetailResponse("C1", 1, "x").dump());
     CallEverything(R"({"resultCode":"10002","meta":{"code":10002}})");
     CallEverything(R"({"resultCode":"401","meta":{"code":401}})");
     CallEverything("no JSON");

@@ -5,7 +5,7 @@
 
 #include <set>
 
-#include "support/DetailAnswer.h"
+#include "support/DetailResponse.h"
 #include "support/FailingNew.h"
 #include "support/Operations.h"
 #include "tvllog/tvllog.h"
@@ -27,7 +27,7 @@ protected:
     void Script(const std::string& mark) {
         const FailingNew::Suspended suspended;
         transport.DropScript();
-        transport.Answer(MarkedDetailAnswer("C1", 1, mark).dump());
+        transport.Respond(MarkedDetailResponse("C1", 1, mark).dump());
     }
     int Fetch() {
         DevChannelInfo channelInfo;
@@ -78,7 +78,7 @@ TEST_F(NoMemoryTest, NoOperationThrowsWhicheverAllocationFails) {
     const Arguments arguments =
         Arguments::AllOf("C1-a-serial-that-is-no-short-string", "another token that is no short string",
                          R"([{"token":"a text that is JSON, too","deviceSerial":"S","channelNo":"1"}])", 1);
-    transport.Always([](const SentRequest&) { return ScriptedAnswer{0, MarkedDetailAnswer("C1", 1, "x").dump()}; });
+    transport.Always([](const SentRequest&) { return ScriptedResponse{0, MarkedDetailResponse("C1", 1, "x").dump()}; });
     for (const Operation& operation : Operations()) {
         if (std::string(operation.name) == "getServerInfoEx") {
             continue;  // takes a text by value: its copy is the caller's

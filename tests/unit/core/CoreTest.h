@@ -7,7 +7,7 @@
 #include "core/CVantixDataCenter.h"
 #include "core/CoreParts.h"
 #include "support/CleanSwitches.h"
-#include "support/DetailAnswer.h"
+#include "support/DetailResponse.h"
 #include "support/FakeClock.h"
 #include "support/LineMatcher.h"
 #include "support/ScriptedTransport.h"
@@ -48,7 +48,7 @@ protected:
     CoreParts& Parts() const { return *PartsPointerOf(core); }
     /// Puts a detail answer into the caches by a forced fetch.
     void Cache(const std::string& serial, int ch, const nlohmann::json& answer) {
-        transport.Answer(answer.dump());
+        transport.Respond(answer.dump());
         DevChannelInfo channel;
         DevDetailInfo device;
         ASSERT_EQ(core.getDevDetailInfoSync(serial, ch, true, channel, device, false), 0);

@@ -151,7 +151,7 @@ protected:
     int Call(const std::string& token, bool retried = false) { return GetParam().call(core, token, retried); }
     void AnswerByConsumer() {
         for (const char* answer : GetParam().consumerAnswers) {
-            transport.Answer(answer);
+            transport.Respond(answer);
         }
     }
     std::string AtPlatform() const { return "https://b.example" + std::string(GetParam().platformPath); }

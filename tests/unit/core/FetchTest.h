@@ -32,7 +32,7 @@ inline constexpr char kConsumerDevice[] = R"({"meta":{"code":200},"p2pInfos":[{"
 inline constexpr char kTokenBatch[] = R"({"resultCode":"200","tokenArray":["t1","t2","t3"]})";
 
 /// The authorisation service's answer with a new access token.
-inline std::string RefreshAnswer(const std::string& token = "new-token") {
+inline std::string RefreshResponse(const std::string& token = "new-token") {
     nlohmann::json answer;
     answer["result"]["code"] = "200";
     answer["result"]["data"] = {
@@ -41,7 +41,7 @@ inline std::string RefreshAnswer(const std::string& token = "new-token") {
 }
 
 /// The consumer servers' answer with a new session.
-inline std::string SessionAnswer(const std::string& session = "new-session") {
+inline std::string SessionResponse(const std::string& session = "new-session") {
     nlohmann::json answer;
     answer["meta"]["code"] = 200;
     answer["sessionInfo"] = {{"sessionId", session}, {"refreshSessionId", "next-refresh-id"}};

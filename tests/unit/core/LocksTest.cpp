@@ -44,7 +44,7 @@ TEST_F(Locks, EachCacheHasOneOfItsOwn) {
 }
 
 TEST_F(Locks, RefillStoresChannelThenDeviceThenSerial) {
-    transport.Answer(DetailAnswer("C1", 1).dump());
+    transport.Respond(DetailResponse("C1", 1).dump());
     std::vector<void*> stored;
     {
         const LockRecorder recorder;
@@ -76,7 +76,7 @@ TEST_F(Locks, NoneIsHeldAcrossARequestAndNeverTwoAtOnce) {
     std::vector<size_t> held;
     transport.Always([&](const SentRequest&) {
         held.push_back(LockRecorder::HeldByThisThread());
-        return ScriptedAnswer{0, R"({"resultCode":"200","meta":{"code":200},"tokenArray":["t"]})"};
+        return ScriptedResponse{0, R"({"resultCode":"200","meta":{"code":200},"tokenArray":["t"]})"};
     });
     ServerInfo servers;
     P2PUserInfo user;

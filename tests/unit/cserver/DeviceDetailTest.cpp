@@ -120,7 +120,7 @@ TEST_F(ConsumerDetail, CodeOfTheEnvelopeIsReturned) {
 
 TEST_F(ConsumerDetail, RequestHandsOutTheChannelThatWasAskedFor) {
     clock.SetSteadyStep(12'999'999);
-    transport.Answer(WholeDevice().dump(), 2);
+    transport.Respond(WholeDevice().dump(), 2);
     EXPECT_EQ(Fetch(15), 0);
     EXPECT_EQ(channel.cameraId, "camera-16");
     EXPECT_EQ(device.vtmIp, "vtm-18");
@@ -141,7 +141,7 @@ TEST_F(ConsumerDetail, RequestHandsOutTheChannelThatWasAskedFor) {
 TEST_F(ConsumerDetail, ResponseWithoutTheChannelIsMalformed) {
     for (const int absent : {0, 2, -1, 999}) {
         const std::string body = WholeDevice().dump();
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(Fetch(absent), 300002) << absent;
         EXPECT_THAT(m_log.Lines(),
                     Contains(Line(5, "ERROR", kRequest, "platform response invalid, szInfo = " + body)).Times(1));
@@ -155,7 +155,7 @@ TEST_F(ConsumerDetail, ResponseWithoutTheChannelIsMalformed) {
 TEST_F(ConsumerDetail, ChannelOfAnotherDeviceIsNotHandedOut) {
     Json response = WholeDevice();
     response["cameraInfos"].erase(0);  // the other device's channel 1 comes first now
-    transport.Answer(response.dump());
+    transport.Respond(response.dump());
     EXPECT_EQ(Fetch(1), 300002);
     ExpectUntouched();
 }
@@ -165,7 +165,7 @@ TEST_F(ConsumerDetail, RefusedResponseLeavesTheRecords) {
                                        {"{}", 300002},
                                        {R"({"meta":{"code":401}})", 300401},
                                        {R"({"meta":{"code":-401}})", 300002}}) {
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(Fetch(), result) << body;
         ExpectUntouched();
     }
@@ -174,7 +174,7 @@ TEST_F(ConsumerDetail, RefusedResponseLeavesTheRecords) {
 
 TEST_F(ConsumerDetail, FailedTransferLeavesOnlyItsCost) {
     clock.SetSteadyStep(5'000'000);
-    transport.Make([](const SentRequest&) { return ScriptedAnswer{28, WholeDevice().dump()}; });
+    transport.Make([](const SentRequest&) { return ScriptedResponse{28, WholeDevice().dump()}; });
     EXPECT_EQ(Fetch(), 100028);
     EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kRequest, "SyncRequestHeader error:28")).Times(1));
     EXPECT_THAT(m_log.Lines(),

@@ -249,11 +249,11 @@ TEST_F(SharedDevices, CodeOfTheEnvelopeIsReturned) {
 }
 
 TEST_F(SharedDevices, RequestHandsTheListOut) {
-    transport.Answer(Whole().dump());
+    transport.Respond(Whole().dump());
     EXPECT_EQ(GetB2CSharedDevListFromPlatform(Route(), 0, 50, list), 0);
     EXPECT_EQ(Json::parse(list), PlatformList());
     list = "before";
-    transport.Answer(R"({"meta":{"code":401}})");
+    transport.Respond(R"({"meta":{"code":401}})");
     EXPECT_EQ(GetB2CSharedDevListFromPlatform(Route(), 0, 50, list), 300401);
     EXPECT_EQ(list, "before");
     EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kRequest,

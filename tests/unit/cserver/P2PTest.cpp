@@ -271,7 +271,7 @@ TEST_F(ConsumerP2PDevice, CapabilityTextThatIsNoJsonGivesOne) {
 TEST_F(ConsumerP2PDevice, RequestOnlyLogsItsCost) {
     clock.SetSteadyStep(5'000'000);
     info.iRequestCost = 77;
-    transport.Answer(Whole().dump());
+    transport.Respond(Whole().dump());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(info.iRequestCost, 77);
     EXPECT_EQ(info.defaultKey, "key-5");
@@ -282,7 +282,7 @@ TEST_F(ConsumerP2PDevice, RequestOnlyLogsItsCost) {
 
 TEST_F(ConsumerP2PDevice, RequestPassesFailuresOn) {
     for (const auto& [body, result] : {std::pair("x", 300001), {"{}", 300002}, {R"({"meta":{"code":401}})", 300401}}) {
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(Fetch(), result) << body;
     }
     EXPECT_FALSE(m_log.Contains("the-session"));

@@ -167,8 +167,8 @@ TEST_F(ConsumerP2PUser, TextThatIsNoJsonGivesOne) {
 
 TEST_F(ConsumerP2PUser, TwoRequestsInSequenceFillTheRecord) {
     clock.SetSteadyStep(5'000'000);
-    transport.Answer(kFirst);
-    transport.Answer(kSecond);
+    transport.Respond(kFirst);
+    transport.Respond(kSecond);
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(ValuesOf(Rows(), info), WholeValues(Rows()));
     EXPECT_EQ(info.iRequestCost, 10) << "of both";
@@ -200,7 +200,7 @@ TEST_F(ConsumerP2PUser, FirstResponseThatIsNoJsonGivesABareOne) {
          R"(ZQR TEST QX_API_B2C_GET_P2P_USER_INFO platform response bad, szInfo = {"userInfo":{"userId":"***")"},
     };
     for (const auto& row : rows) {
-        transport.Answer(row.body);
+        transport.Respond(row.body);
         const size_t before = transport.Count();
         EXPECT_EQ(Fetch(), 1);
         EXPECT_EQ(transport.Count(), before + 1);
@@ -225,7 +225,7 @@ TEST_F(ConsumerP2PUser, FirstResponseWithAFailureGivesASilentZero) {
         {"5", "CheckResponseInfoFromPlatform:5 error:2"},
     };
     for (const auto& row : rows) {
-        transport.Answer(row.body);
+        transport.Respond(row.body);
         const size_t before = transport.Count();
         EXPECT_EQ(Fetch(), 0) << row.body;
         EXPECT_EQ(transport.Count(), before + 1) << "no second request";
@@ -249,7 +249,7 @@ TEST_F(ConsumerP2PUser, FirstTransferThatFailsEndsIt) {
 
 TEST_F(ConsumerP2PUser, SecondTransferThatFailsHasALabelOfItsOwn) {
     clock.SetSteadyStep(5'000'000);
-    transport.Answer(kFirst);
+    transport.Respond(kFirst);
     transport.Fail(56);
     EXPECT_EQ(Fetch(), 100056);
     EXPECT_THAT(
@@ -272,8 +272,8 @@ TEST_F(ConsumerP2PUser, SecondResponseThatIsNoJsonGivesABareOne) {
          R"(platform response bad, szInfo = {"secret":"***","data":{"version":"***")"},
     };
     for (const auto& row : rows) {
-        transport.Answer(kFirst);
-        transport.Answer(row.body);
+        transport.Respond(kFirst);
+        transport.Respond(row.body);
         EXPECT_EQ(Fetch(), 1);
         EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kRequest, row.line)).Times(1));
         ExpectUntouched();
@@ -282,8 +282,8 @@ TEST_F(ConsumerP2PUser, SecondResponseThatIsNoJsonGivesABareOne) {
 }
 
 TEST_F(ConsumerP2PUser, SecondResponsesEnvelopeIsNotLookedAt) {
-    transport.Answer(kFirst);
-    transport.Answer(R"({"meta":{"code":500},"secret":"s","data":{"version":3,"saltIndex":4}})");
+    transport.Respond(kFirst);
+    transport.Respond(R"({"meta":{"code":500},"secret":"s","data":{"version":3,"saltIndex":4}})");
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(info.data, "s");
 }
@@ -312,8 +312,8 @@ TEST_F(ConsumerP2PUser, RefusalOfTheParserIsLoggedWithTheSecretsMasked) {
          R"("response2":{"data":[{"secret":"***"}]}} error:2)"},
     };
     for (const auto& row : rows) {
-        transport.Answer(row.first);
-        transport.Answer(row.second);
+        transport.Respond(row.first);
+        transport.Respond(row.second);
         EXPECT_EQ(Fetch(), 300002);
         EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kTag, row.parserLine)).Times(1));
         EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kRequest, row.line)).Times(1));
@@ -324,8 +324,8 @@ TEST_F(ConsumerP2PUser, RefusalOfTheParserIsLoggedWithTheSecretsMasked) {
 
 /// Each half can be read, both joined stand one level too deep.
 TEST_F(ConsumerP2PUser, JoinedResponseThatIsTooDeepShowsNoSecretEither) {
-    transport.Answer(R"({"meta":{"code":200},"userInfo":{"userId":"SECRET"}})");
-    transport.Answer(R"({"secret":"SECRET","data":{"version":3,"x":)" + std::string(998, '[') + std::string(998, ']') +
+    transport.Respond(R"({"meta":{"code":200},"userInfo":{"userId":"SECRET"}})");
+    transport.Respond(R"({"secret":"SECRET","data":{"version":3,"x":)" + std::string(998, '[') + std::string(998, ']') +
                      "}}");
     EXPECT_EQ(Fetch(), 300001);
     EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kTag,
@@ -340,14 +340,14 @@ TEST_F(ConsumerP2PUser, JoinedResponseThatIsTooDeepShowsNoSecretEither) {
 
 TEST_F(ConsumerP2PUser, SecondResponseWithoutItsObjectIsMalformed) {
     for (const char* body : {"[]", "5", "null"}) {
-        transport.Answer(kFirst);
-        transport.Answer(body);
+        transport.Respond(kFirst);
+        transport.Respond(body);
         EXPECT_EQ(Fetch(), 300002) << body;
         EXPECT_TRUE(m_log.Contains("response2 not exist!"));
     }
     for (const char* body : {"{}", R"({"secret":"s"})", R"({"data":[]})", R"({"meta":{"code":401}})"}) {
-        transport.Answer(kFirst);
-        transport.Answer(body);
+        transport.Respond(kFirst);
+        transport.Respond(body);
         EXPECT_EQ(Fetch(), 300002) << body;
         EXPECT_TRUE(m_log.Contains(", data not exist!"));
         ExpectUntouched();

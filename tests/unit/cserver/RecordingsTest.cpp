@@ -111,7 +111,7 @@ TEST_F(ConsumerRecordings, CodeOfTheEnvelopeIsReturnedUnderTheParsersOwnWords) {
 // ---- The request
 
 TEST_F(ConsumerRecordings, OnlyTheFirstBlankOfATimeIsEscaped) {
-    transport.Answer(kWhole, 3);
+    transport.Respond(kWhole, 3);
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(records, kList);
     EXPECT_EQ(transport.Sent()[0].url,
@@ -127,7 +127,7 @@ TEST_F(ConsumerRecordings, OnlyTheFirstBlankOfATimeIsEscaped) {
 
 TEST_F(ConsumerRecordings, ResponseIsLoggedWholeBeforeItIsChecked) {
     for (const char* body : {kWhole, "no json", "", "{}"}) {
-        transport.Answer(body);
+        transport.Respond(body);
         Fetch();
         EXPECT_THAT(m_log.Lines(), Contains(Line(3, "INFO ", kRequest,
                                                  std::string("ZQR TEST GetDeviceFileBySerialFromCServer:") + body))
@@ -154,7 +154,7 @@ TEST_F(ConsumerRecordings, RequestChecksTheEnvelopeItself) {
          R"(ZQR TEST GetLocalRecordFileBySerialFromPlatform:{"meta":{"code":-1}} error:-1)"},
     };
     for (const auto& row : rows) {
-        transport.Answer(row.body);
+        transport.Respond(row.body);
         EXPECT_EQ(Fetch(), row.result) << row.body;
         EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kRequest, row.line)).Times(1));
         EXPECT_FALSE(m_log.Contains(kTag)) << "the parser is not asked";
@@ -163,14 +163,14 @@ TEST_F(ConsumerRecordings, RequestChecksTheEnvelopeItself) {
 }
 
 TEST_F(ConsumerRecordings, ParsersRefusalHasAnotherLabel) {
-    transport.Answer(R"({"meta":{"code":200},"records":{}})");
+    transport.Respond(R"({"meta":{"code":200},"records":{}})");
     EXPECT_EQ(Fetch(), 300002);
     EXPECT_THAT(m_log.Lines(),
                 Contains(Line(5, "ERROR", kRequest,
                               R"(ParseServerInfoFromPlatform:{"meta":{"code":200},"records":{}} error:2)"))
                     .Times(1));
     for (const char* body : {R"({"meta":{},"records":[]})", R"({"meta":{"code":"401"},"records":[]})"}) {
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(Fetch(), 0) << "an envelope without a number is a success: " << body;
     }
 }

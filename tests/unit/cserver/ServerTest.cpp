@@ -138,7 +138,7 @@ TEST_F(ConsumerServers, ConfigurationMustBeThere) {
 
 TEST_F(ConsumerServers, RequestStoresItsCostWhateverTheOutcome) {
     clock.SetSteadyStep(4'999'999);
-    transport.Answer(Whole().dump());
+    transport.Respond(Whole().dump());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(info.iRequestCost, 4);
     EXPECT_THAT(m_log.Lines(), Contains(Line(3, "INFO ", "GetServerInfoFromCServer",
@@ -156,7 +156,7 @@ TEST_F(ConsumerServers, RequestStoresItsCostWhateverTheOutcome) {
 
 TEST_F(ConsumerServers, RefusedResponseLeavesTheRecord) {
     for (const auto& [body, result] : {std::pair("", 300001), {"{}", 300002}, {R"({"meta":{"code":401}})", 300401}}) {
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(Fetch(), result) << body;
         ExpectUntouched();
     }

@@ -121,7 +121,7 @@ TEST_F(ConsumerSession, CodeOfTheEnvelopeIsReturned) {
 // ---- The request
 
 TEST_F(ConsumerSession, RefreshReplacesBothIds) {
-    transport.Answer(kWhole);
+    transport.Respond(kWhole);
     EXPECT_EQ(Refresh(), 0);
     ExpectFresh();
     EXPECT_FALSE(m_log.Contains("CostTime")) << "this request is not timed";
@@ -129,7 +129,7 @@ TEST_F(ConsumerSession, RefreshReplacesBothIds) {
 
 TEST_F(ConsumerSession, RefreshSaysOfThisComputerTheSameInHeaderAndParameter) {
     const FixedFeatureCode fixed;
-    transport.Answer(kWhole);
+    transport.Respond(kWhole);
     EXPECT_EQ(Refresh(), 0);
     EXPECT_EQ(transport.Sent()[0].Param("featureCode"), "f-code");
     EXPECT_THAT(transport.Sent()[0].headers, Contains("featureCode: f-code"));
@@ -153,7 +153,7 @@ TEST_F(ConsumerSession, RefreshReturnsTheServersOwnCodeBare) {
          R"(ZQR TEST QX_API_B2C_REFRESH_SESSION Platform Response Error:2147483647, Resp:{"meta":{"code":2147483647}})"},
     };
     for (const auto& row : rows) {
-        transport.Answer(row.body);
+        transport.Respond(row.body);
         EXPECT_EQ(Refresh(), row.code);
         EXPECT_THAT(m_log.Lines(), Contains(Line(3, "INFO ", kRequest, row.line)).Times(1));
         EXPECT_FALSE(m_log.Contains(kTag));
@@ -163,7 +163,7 @@ TEST_F(ConsumerSession, RefreshReturnsTheServersOwnCodeBare) {
 
 TEST_F(ConsumerSession, RefreshGivesABareOneForWhatIsNoJson) {
     for (const char* body : {"", "<html>%s</html>", "{\"meta\":"}) {
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(Refresh(), 1);
         EXPECT_THAT(
             m_log.Lines(),
@@ -179,7 +179,7 @@ TEST_F(ConsumerSession, RefreshWithoutAnEnvelopeIsMalformed) {
     for (const std::string& body :
          {std::string("{}"), std::string("[]"), std::string("5"), Without(Json::parse(kWhole), "/meta"),
           WithValue(Json::parse(kWhole), "/meta", "401")}) {
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(Refresh(), 300002) << body;
         EXPECT_THAT(
             m_log.Lines(),
@@ -192,7 +192,7 @@ TEST_F(ConsumerSession, ParsersRefusalOfARefreshHasTheBase) {
     for (const char* body :
          {R"({"meta":{"code":200}})", R"({"meta":{"code":0},"sessionInfo":{"refreshSessionId":"a"}})",
           R"({"meta":{},"sessionInfo":[]})"}) {
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(Refresh(), 300002) << body;
         EXPECT_THAT(
             m_log.Lines(),
@@ -218,7 +218,7 @@ TEST_F(ConsumerSession, StreamTokensAreTheWholeResponseWhateverItSays) {
                                     std::string("no json"), std::string(R"({"meta":{"code":401}})")}) {
         std::string response = "before";
         m_log.Clear();
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(GetStreamTokensFromCServer(Route(), response), 0);
         EXPECT_EQ(response, body);
         for (const LogLine& line : m_log.Lines()) {

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "support/CleanSwitches.h"
-#include "support/DetailAnswer.h"
+#include "support/DetailResponse.h"
 #include "support/FakeClock.h"
 #include "support/LineMatcher.h"
 #include "support/LogCapture.h"
@@ -40,7 +40,7 @@ protected:
 TEST_F(DetailRequest, SerialIsSentAsItIs) {
     for (const std::string& serial :
          {std::string(), std::string("a b+c%41#"), std::string("\xE8\xAE\xBE"), std::string(1'000'000, 's')}) {
-        transport.Answer(DetailAnswer("C1", 3).dump());
+        transport.Respond(DetailResponse("C1", 3).dump());
         EXPECT_EQ(Fetch(serial, -1), 0);
         EXPECT_EQ(transport.Sent().back().Param("deviceSerial"), serial);
         EXPECT_EQ(transport.Sent().back().Param("cameraNo"), "-1");
@@ -51,7 +51,7 @@ TEST_F(DetailRequest, SuccessIsMarkedAsFetchedAndItsCostLogged) {
     clock.SetSteadyStep(12'999'999);
     device.isUpdate = true;
     device.iCloseBlong = 4;
-    transport.Answer(WholeDetailText());
+    transport.Respond(WholeDetailText());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(device.tCacheTime, clock.Wall());
     EXPECT_FALSE(device.isFromCache);
@@ -68,7 +68,7 @@ TEST_F(DetailRequest, SuccessIsMarkedAsFetchedAndItsCostLogged) {
 TEST_F(DetailRequest, FailedTransferIsLoggedAndItsResponseNotParsed) {
     clock.SetSteadyStep(5'000'000);
     device.deviceIP = "mine";
-    transport.Make([](const SentRequest&) { return ScriptedAnswer{28, WholeDetailText()}; });
+    transport.Make([](const SentRequest&) { return ScriptedResponse{28, WholeDetailText()}; });
     EXPECT_EQ(Fetch(), 100028);
     EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kTag, "SyncRequest error:28")).Times(1));
     EXPECT_THAT(m_log.Lines(),
@@ -99,7 +99,7 @@ TEST_F(DetailRequest, RefusedResponseIsLoggedWithBodyAndCode) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.body);
         device.deviceIP = "mine";
-        transport.Answer(row.body);
+        transport.Respond(row.body);
         EXPECT_EQ(Fetch(), row.result);
         EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kTag, row.line)).Times(1));
         EXPECT_EQ(device.deviceIP, "mine");
@@ -110,13 +110,13 @@ TEST_F(DetailRequest, RefusedResponseIsLoggedWithBodyAndCode) {
 TEST_F(DetailRequest, CodeOf200IsASuccessEverywhereInTheEnvelope) {
     for (const char* body : {R"({"resultCode":"200","result":{"data":{}}})", R"({"code":"200","result":{"data":{}}})",
                              R"({"result":{"code":"200","data":{}}})", R"({"result":{"code":200,"data":{}}})"}) {
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(Fetch(), 0) << body;
     }
 }
 
 TEST_F(DetailRequest, CredentialsDoNotReachTheLog) {
-    transport.Answer(CodeAnswer("10002"));
+    transport.Respond(CodeResponse("10002"));
     Fetch();
     EXPECT_FALSE(m_log.Contains("the-token"));
     EXPECT_FALSE(m_log.Contains("the-app"));
@@ -125,7 +125,7 @@ TEST_F(DetailRequest, CredentialsDoNotReachTheLog) {
 TEST_F(DetailRequest, CostIsZeroBeforeAMillisecondHasPassed) {
     clock.SetSteadyStep(999'999);
     device.iRequestCost = 77;
-    transport.Answer(DetailAnswer("C1", 1).dump());
+    transport.Respond(DetailResponse("C1", 1).dump());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(device.iRequestCost, 0);
 }

@@ -49,7 +49,7 @@ TEST_P(ResponseRuleTest, ReadsTheResponseByItsOwnRule) {
     m_handle->setDomain("https://b.example", "https://c.example");
     m_handle->setAuthAddr("https://b.example");
     PrepareFor(request, *m_handle);
-    m_transport.Answer(GetParam().body);
+    m_transport.Respond(GetParam().body);
     EXPECT_EQ(Call(*m_handle, request.operation, request.arguments), GetParam().result);
     if (GetParam().line == nullptr) {
         return;

@@ -20,7 +20,7 @@ protected:
     /// A detail answer with one member of the device set.
     static nlohmann::json WithDevice(const std::string& serial, int ch, const std::string& key,
                                      const nlohmann::json& value) {
-        nlohmann::json answer = DetailAnswer(serial, ch);
+        nlohmann::json answer = DetailResponse(serial, ch);
         answer["result"]["data"]["device"][key] = value;
         return answer;
     }
@@ -108,7 +108,7 @@ TEST_F(DeviceCaches, OtherReleaseIsNeverServed) {
         EXPECT_TRUE(lines.Lines().empty());
         EXPECT_EQ(device.deviceIP, "kept");
     }
-    auto missing = DetailAnswer("C1", 1);
+    auto missing = DetailResponse("C1", 1);
     missing["result"]["data"]["device"].erase("releaseVersion");
     Cache("C1", 1, missing);
     EXPECT_EQ(core.getDevInfoCache("C1", 1, channel, device), 600001);
@@ -124,7 +124,7 @@ TEST_F(DeviceCaches, DeviceRecordIsReadWhateverItsRelease) {
 
 TEST_F(DeviceCaches, SerialsThatAreTooLongAreCachedUnderThemselves) {
     const std::string serial(129, 's');
-    Cache(serial, 1, DetailAnswer(serial, 1));
+    Cache(serial, 1, DetailResponse(serial, 1));
     EXPECT_EQ(core.getDevInfoCache(serial, 1, channel, device), 0);
     EXPECT_EQ(core.getDevInfoCache(serial, 2, channel, device), 0) << "the key has no channel";
 }
@@ -137,20 +137,20 @@ TEST_F(DeviceCaches, MarkingAnAbsentDeviceFails) {
 }
 
 TEST_F(DeviceCaches, MarkIsServedAndClearedByTheNextRefill) {
-    Cache("C1", 1, DetailAnswer("C1", 1));
+    Cache("C1", 1, DetailResponse("C1", 1));
     EXPECT_EQ(core.SetDevInfoCache("C1", 1), 0);
     EXPECT_THAT(lines.Lines(),
                 HasLine(3, "INFO ", "CVantixDataCenter::SetDevInfoCache", "Update status successful strKey= C1_1"));
     EXPECT_EQ(core.getDevInfoCache("C1", 1, channel, device), 0);
     EXPECT_TRUE(device.isUpdate);
-    Cache("C1", 1, DetailAnswer("C1", 1));
+    Cache("C1", 1, DetailResponse("C1", 1));
     EXPECT_EQ(core.getDevInfoCache("C1", 1, channel, device), 0);
     EXPECT_FALSE(device.isUpdate);
 }
 
 TEST_F(DeviceCaches, MarkConcernsOneChannel) {
-    Cache("C1", 1, DetailAnswer("C1", 1));
-    Cache("C1", 2, DetailAnswer("C1", 2));
+    Cache("C1", 1, DetailResponse("C1", 1));
+    Cache("C1", 2, DetailResponse("C1", 2));
     core.SetDevInfoCache("C1", 2);
     core.getDevInfoCache("C1", 1, channel, device);
     EXPECT_FALSE(device.isUpdate);
@@ -180,7 +180,7 @@ TEST_F(AllCaches, ClearingAllEndsServersUserAndP2PDevices) {
     const auto fetch = [&] {
         transport.DropScript();
         for (const char* answer : {kPlatformServers, kPlatformUser, kPlatformDevice}) {
-            transport.Answer(answer);
+            transport.Respond(answer);
         }
         const size_t before = transport.Count();
         EXPECT_EQ(core.getServerInfo("own-token", servers, false), 0);
@@ -227,7 +227,7 @@ TEST_F(DeviceCaches, ClearingEmptyCachesIsFine) {
 // ---- The channel's value
 
 TEST_F(DeviceCaches, ChannelValueIsTheTrailingInteger) {
-    auto answer = DetailAnswer("C1", 1);
+    auto answer = DetailResponse("C1", 1);
     answer["result"]["data"]["camera"]["isTrust"] = "42";
     Cache("C1", 1, answer);
     EXPECT_EQ(core.getChannelCacheValue("C1", 1), 42);

@@ -12,7 +12,7 @@ protected:
 
     /// A device behind a parent, in force and online, with its own number and encryption.
     static nlohmann::json Answer() {
-        nlohmann::json answer = DetailAnswer("CHILD", 1);
+        nlohmann::json answer = DetailResponse("CHILD", 1);
         nlohmann::json& device = answer["result"]["data"]["device"];
         device["deviceIP"] = "ip of child";
         device["belongSerial"] = "PARENT";
@@ -62,7 +62,7 @@ protected:
 };
 
 TEST_F(Relation, FetchedDeviceBehindAnOnlineParentComesBackAsTheParent) {
-    transport.Answer(Answer().dump());
+    transport.Respond(Answer().dump());
     EXPECT_EQ(Read(), 0);
     ExpectParent();
     EXPECT_EQ(transport.Count(), 1U);
@@ -173,7 +173,7 @@ TEST_F(Relation, ParentThatIsNotCachedIsFetchedForARecordThatCarriesTheRelation)
     Cache("CHILD", 1, Answer());
     CarryRelation();
     device.belongSerial = "ELSEWHERE";
-    transport.Answer(Answer().dump());
+    transport.Respond(Answer().dump());
     EXPECT_EQ(Read(), 0);
     ExpectParent();
     EXPECT_EQ(transport.Count(), 2U);
@@ -200,7 +200,7 @@ TEST_F(Relation, OtherReleaseIsLoggedAndFetchedAgain) {
     nlohmann::json answer = Answer();
     answer["result"]["data"]["device"]["releaseVersion"] = "VERSION_1";
     Cache("CHILD", 1, answer);
-    transport.Answer(answer.dump());
+    transport.Respond(answer.dump());
     EXPECT_EQ(Read(), -1);
     EXPECT_EQ(transport.Count(), 2U);
     const std::string message = "VANTIX_DEV_NO_SUPPORT Release Version Not Equal VERSION_17";
@@ -214,13 +214,13 @@ TEST_F(Relation, DeviceIsLookedUpUnderTheChannelsSerial) {
     nlohmann::json answer = Answer();
     answer["result"]["data"]["camera"]["deviceSerial"] = "OTHER";
     Cache("CHILD", 1, answer);
-    transport.Answer(answer.dump());
+    transport.Respond(answer.dump());
     EXPECT_EQ(Read(), -1) << "OTHER is not cached, before or after the fetch";
     EXPECT_EQ(transport.Count(), 2U);
 }
 
 TEST_F(Relation, ExpiredTokenThatCannotBeRenewedIsReturned) {
-    transport.Answer(CodeAnswer("10002"), 2);
+    transport.Respond(CodeResponse("10002"), 2);
     EXPECT_EQ(Read(), VANTIX_ACCESS_TOKEN_EXPIRED);
     EXPECT_EQ(core.getDevDetailInfoByRelation("CHILD", 1, channel, device, true), VANTIX_ACCESS_TOKEN_EXPIRED);
     EXPECT_EQ(transport.Count(), 2U);
@@ -238,7 +238,7 @@ TEST_F(Relation, ParentIsStoredAsADeviceOfItsOwn) {
     nlohmann::json answer = Answer();
     Cache("CHILD", 1, answer);
     EXPECT_EQ(core.IsSupportSeekPlayback("PARENT"), 0);
-    nlohmann::json parentsChannel = DetailAnswer("PARENT", 1);
+    nlohmann::json parentsChannel = DetailResponse("PARENT", 1);
     parentsChannel["result"]["data"]["device"]["deviceIP"] = "fetched itself";
     Cache("PARENT", 1, parentsChannel);
     EXPECT_EQ(Read(), 0);
@@ -286,7 +286,7 @@ TEST_F(Relation, ParentKeepsNothingOfTheFailedAttemptBefore) {
     refused["result"]["code"] = "49999";
     nlohmann::json answer = Answer();
     answer["result"]["data"]["device"].erase("belongDevice");
-    transport.Answer(refused.dump());
+    transport.Respond(refused.dump());
     Cache("CHILD", 1, answer);
     EXPECT_EQ(transport.Count(), 2U);
     EXPECT_EQ(Parts().caches.FindDevice("PARENT").value_or(DevDetailInfo()).deviceIP, "");

@@ -19,7 +19,7 @@ protected:
         return core.getDevDetailInfo(serial, ch, channel, device, future, retried);
     }
     static std::string Answer(const std::string& ip, const std::string& release = "VERSION_17") {
-        nlohmann::json answer = DetailAnswer("C1", 1);
+        nlohmann::json answer = DetailResponse("C1", 1);
         answer["result"]["data"]["device"]["deviceIP"] = ip;
         answer["result"]["data"]["device"]["releaseVersion"] = release;
         return answer.dump();
@@ -34,7 +34,7 @@ protected:
 };
 
 TEST_F(DetailAsync, MissStartsATaskAndReturnsMinusOne) {
-    transport.Answer(Answer("10.0.0.1"));
+    transport.Respond(Answer("10.0.0.1"));
     EXPECT_EQ(Ask(), -1);
     ASSERT_TRUE(future.valid());
     EXPECT_EQ(future.get(), 0);
@@ -45,7 +45,7 @@ TEST_F(DetailAsync, MissStartsATaskAndReturnsMinusOne) {
 }
 
 TEST_F(DetailAsync, TaskLogsItselfInItsMethodsName) {
-    transport.Answer(Answer("x"));
+    transport.Respond(Answer("x"));
     Ask("C1", 7);
     future.get();
     const LogLine line = OnlyLine("futureDetailInfo async strDeviceSerial = C1 iChannel = 7");
@@ -83,7 +83,7 @@ TEST_F(DetailAsync, CopyIsFetchedAgainOneSecondAfterTheCacheTime) {
     EXPECT_EQ(Ask(), 0);
     EXPECT_FALSE(future.valid());
     clock.AdvanceSeconds(1);
-    transport.Answer(Answer("new"));
+    transport.Respond(Answer("new"));
     EXPECT_EQ(Ask(), 0) << "a copy was found, if an old one";
     ASSERT_TRUE(future.valid());
     EXPECT_EQ(future.get(), 0);
@@ -96,7 +96,7 @@ TEST_F(DetailAsync, CopyIsFetchedAgainOneSecondAfterTheCacheTime) {
 TEST_F(DetailAsync, MarkedCopyIsFetchedAgainAndTheMarkIsGone) {
     CacheIt("old");
     EXPECT_EQ(core.SetDevInfoCache("C1", 1), 0);
-    transport.Answer(Answer("new"));
+    transport.Respond(Answer("new"));
     EXPECT_EQ(Ask(), 0);
     ASSERT_TRUE(future.valid());
     EXPECT_EQ(future.get(), 0);
@@ -121,7 +121,7 @@ TEST_F(DetailAsync, FailedRefillKeepsTheMarkAndTheCopy) {
 TEST_F(DetailAsync, OtherReleaseStartsATask) {
     for (const char* release : {"", "VERSION_16"}) {
         CacheIt("old", release);
-        transport.Answer(Answer("new"));
+        transport.Respond(Answer("new"));
         EXPECT_EQ(Ask(), VANTIX_DEV_RELEASE_MISMATCH);
         ASSERT_TRUE(future.valid());
         EXPECT_EQ(future.get(), 0);
@@ -132,7 +132,7 @@ TEST_F(DetailAsync, OtherReleaseStartsATask) {
 TEST_F(DetailAsync, ClearedDeviceCacheStartsATask) {
     CacheIt("old");
     core.ClearDeviceInfoCache();
-    transport.Answer(Answer("new"));
+    transport.Respond(Answer("new"));
     EXPECT_EQ(Ask(), -1);
     EXPECT_EQ(future.get(), 0);
 }
@@ -151,7 +151,7 @@ TEST_F(DetailAsync, CopyFetchedWithoutAClockIsServedUntilThereIsOne) {
     EXPECT_EQ(Ask(), 0);
     EXPECT_FALSE(future.valid());
     clock.SetWall(1'800'000'000);
-    transport.Answer(Answer("new"));
+    transport.Respond(Answer("new"));
     EXPECT_EQ(Ask(), 0);
     EXPECT_TRUE(future.valid());
     EXPECT_EQ(future.get(), 0);
@@ -168,17 +168,17 @@ TEST_F(DetailAsync, EmptyTokenComesThroughTheFutureAndIsTheTasksLastError) {
 }
 
 TEST_F(DetailAsync, ExpiredTokenThatCannotBeRenewedComesThroughTheFuture) {
-    transport.Answer(CodeAnswer("10002"));
+    transport.Respond(CodeResponse("10002"));
     EXPECT_EQ(Ask(), -1);
     EXPECT_EQ(future.get(), 310002);
-    transport.Answer(CodeAnswer("10002"));
+    transport.Respond(CodeResponse("10002"));
     EXPECT_EQ(Ask("C1", 1, true), -1);
     EXPECT_EQ(future.get(), 310002);
     EXPECT_EQ(transport.Count(), 2U);
 }
 
 TEST_F(DetailAsync, TransientCodesAreTriedThreeTimesByTheTask) {
-    transport.Answer(CodeAnswer("50000"), 3);
+    transport.Respond(CodeResponse("50000"), 3);
     Ask();
     EXPECT_EQ(future.get(), 350000);
     EXPECT_EQ(transport.Count(), 3U);
@@ -188,7 +188,7 @@ TEST_F(DetailAsync, TaskHasItsOwnCopyOfTheSerial) {
     std::promise<void> release;
     transport.Make([&](const SentRequest& request) {
         release.get_future().wait();
-        return ScriptedAnswer{0, DetailAnswer(request.Param("deviceSerial"), 1).dump()};
+        return ScriptedResponse{0, DetailResponse(request.Param("deviceSerial"), 1).dump()};
     });
     {
         std::string serial = "a serial that lives shorter than the task";
@@ -206,11 +206,11 @@ TEST_F(DetailAsync, SecondTaskIntoTheSameFutureWaitsForTheFirst) {
     transport.Make([&](const SentRequest&) {
         started.set_value();
         release.get_future().wait();
-        return ScriptedAnswer{0, Answer("first")};
+        return ScriptedResponse{0, Answer("first")};
     });
     transport.Make([&](const SentRequest&) {
         release.set_value();
-        return ScriptedAnswer{0, Answer("second")};
+        return ScriptedResponse{0, Answer("second")};
     });
     DevChannelInfo otherChannel;
     DevDetailInfo otherDevice;
@@ -230,7 +230,7 @@ TEST_F(DetailAsync, WithoutThreadsTheFutureYieldsMinusOne) {
     ASSERT_TRUE(future.valid());
     EXPECT_EQ(future.get(), -1);
     EXPECT_EQ(transport.Count(), 0U);
-    transport.Answer(Answer("x"));
+    transport.Respond(Answer("x"));
     EXPECT_EQ(Ask(), -1);
     EXPECT_EQ(future.get(), 0) << "once there are threads again";
 }
@@ -238,7 +238,7 @@ TEST_F(DetailAsync, WithoutThreadsTheFutureYieldsMinusOne) {
 TEST_F(DetailAsync, SerialsThatAreNoneReachTheServerAsTheyAre) {
     for (const std::string& serial : {std::string(), std::string(129, 's')}) {
         lines.Clear();
-        transport.Answer(CodeAnswer("20002"));
+        transport.Respond(CodeResponse("20002"));
         EXPECT_EQ(Ask(serial), -1);
         EXPECT_EQ(future.get(), 320002);
         EXPECT_EQ(transport.Sent().back().Param("deviceSerial"), serial);
@@ -251,7 +251,7 @@ TEST_F(DetailAsync, SixtyFourCallersAtOnceAreAllAnswered) {
     std::atomic<int> requests{0};
     transport.Always([&](const SentRequest&) {
         ++requests;
-        return ScriptedAnswer{0, Answer("x")};
+        return ScriptedResponse{0, Answer("x")};
     });
     constexpr size_t kCallers = 64;
     std::vector<DevChannelInfo> channels(kCallers);

@@ -26,7 +26,7 @@ protected:
         return core.getDeviceRecord(serial, ch, cached) == 0 ? cached.deviceIP : "";
     }
     static nlohmann::json WithIP(const std::string& serial, const std::string& ip) {
-        nlohmann::json answer = DetailAnswer(serial, 1);
+        nlohmann::json answer = DetailResponse(serial, 1);
         answer["result"]["data"]["device"]["deviceIP"] = ip;
         answer["result"]["data"]["camera"]["cameraId"] = ip;
         return answer;
@@ -37,7 +37,7 @@ protected:
 };
 
 TEST_F(DetailFetch, RequestCarriesDeviceTokenAndAppIdToTheBDomain) {
-    transport.Answer(DetailAnswer("C1", 3).dump());
+    transport.Respond(DetailResponse("C1", 3).dump());
     EXPECT_EQ(Fetch("C1", 3), 0);
     ASSERT_EQ(transport.Count(), 1U);
     const SentRequest sent = transport.Sent()[0];
@@ -51,7 +51,7 @@ TEST_F(DetailFetch, RequestCarriesDeviceTokenAndAppIdToTheBDomain) {
 
 TEST_F(DetailFetch, SuccessFillsTheRecordsAndStampsThem) {
     clock.SetSteadyStep(7'000'000);
-    transport.Answer(WithIP("C1", "10.0.0.1").dump());
+    transport.Respond(WithIP("C1", "10.0.0.1").dump());
     EXPECT_EQ(Fetch(), VANTIX_NOERROR);
     EXPECT_EQ(channel.deviceSerial, "C1");
     EXPECT_EQ(channel.cameraId, "10.0.0.1");
@@ -66,7 +66,7 @@ TEST_F(DetailFetch, SuccessIsStoredInAllThreeCaches) {
     auto answer = WithIP("C1", "10.0.0.1");
     answer["result"]["data"]["camera"]["isTrust"] = "3";
     answer["result"]["data"]["device"]["supportExt"] = {{"support_seek_playback", "1"}};
-    transport.Answer(answer.dump());
+    transport.Respond(answer.dump());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(core.getChannelCacheValue("C1", 1), 3);
     EXPECT_EQ(CachedIP(), "10.0.0.1");
@@ -79,7 +79,7 @@ TEST_F(DetailFetch, RefillReplacesTheWholeRecord) {
     first["result"]["data"]["device"]["vtmBackups"] = {{{"ip", "v"}, {"port", 1}}};
     first["result"]["data"]["camera"]["videoQualityInfos"] = {{{"videoLevel", 2}}};
     Cache("C1", 1, first);
-    transport.Answer(WithIP("C1", "10.0.0.2").dump());
+    transport.Respond(WithIP("C1", "10.0.0.2").dump());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(core.getDevInfoCache("C1", 1, channel, device), 0);
     EXPECT_EQ(device.deviceIP, "10.0.0.2");
@@ -114,7 +114,7 @@ TEST_F(DetailFetch, EmptyTokenIsLoggedInTheRefillsName) {
 
 TEST_F(DetailFetch, SuccessLeavesTheThreadsLastErrorAlone) {
     SetThreadLastError(77);
-    transport.Answer(DetailAnswer("C1", 1).dump());
+    transport.Respond(DetailResponse("C1", 1).dump());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(ThreadLastError(), 77);
     SetThreadLastError(0);
@@ -124,7 +124,7 @@ TEST_F(DetailFetch, SmallPermissionModeUsesTheVideoTkToken) {
     core.setPermissionMode(1);
     core.SetDeviceTkTokens(R"([{"deviceTkToken":"d","deviceVideoTkToken":"video","previewTkToken":"p",
                                 "deviceSerial":"C1","channelNo":"1"}])");
-    transport.Answer(DetailAnswer("C1", 1).dump());
+    transport.Respond(DetailResponse("C1", 1).dump());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(transport.Sent()[0].Param("accessToken"), "video");
     EXPECT_EQ(Fetch("C1", 2), -1) << "no token for that channel";
@@ -134,7 +134,7 @@ TEST_F(DetailFetch, SmallPermissionModeUsesTheVideoTkToken) {
 TEST_F(DetailFetch, B2CModeUsesTheDevicesTokenAtTheBDomainForAnOwnDevice) {
     core.setPermissionMode(2);
     core.SetB2CTokens(R"([{"token":"own","deviceSerial":"C1","channelNo":"1","isShared":0}])");
-    transport.Answer(DetailAnswer("C1", 1).dump());
+    transport.Respond(DetailResponse("C1", 1).dump());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(transport.Sent()[0].Param("accessToken"), "own");
     EXPECT_EQ(transport.Sent()[0].url, "https://b.example/api/device/detail");
@@ -154,7 +154,7 @@ TEST_F(DetailFetch, B2CModeAsksTheConsumerServerForASharedDevice) {
 TEST_F(DetailFetch, OtherModesUseTheAccessToken) {
     for (const int mode : {0, 3, -1}) {
         core.setPermissionMode(mode);
-        transport.Answer(DetailAnswer("C1", 1).dump());
+        transport.Respond(DetailResponse("C1", 1).dump());
         EXPECT_EQ(Fetch(), 0);
         EXPECT_EQ(transport.Sent().back().Param("accessToken"), "access-token");
     }
@@ -165,7 +165,7 @@ TEST_F(DetailFetch, OtherModesUseTheAccessToken) {
 TEST_F(DetailFetch, TransientCodesAreTriedThreeTimesInAll) {
     for (const auto& [code, result] : {std::pair("49999", 349999), {"50000", 350000}}) {
         const size_t before = transport.Count();
-        transport.Answer(CodeAnswer(code), 3);
+        transport.Respond(CodeResponse(code), 3);
         EXPECT_EQ(Fetch(), result);
         EXPECT_EQ(transport.Count(), before + 3);
     }
@@ -175,8 +175,8 @@ TEST_F(DetailFetch, TransientCodesAreTriedThreeTimesInAll) {
 TEST_F(DetailFetch, SuccessEndsTheAttempts) {
     for (const int failures : {1, 2}) {
         const size_t before = transport.Count();
-        transport.Answer(CodeAnswer("49999"), failures);
-        transport.Answer(WithIP("C1", std::to_string(failures)).dump());
+        transport.Respond(CodeResponse("49999"), failures);
+        transport.Respond(WithIP("C1", std::to_string(failures)).dump());
         EXPECT_EQ(Fetch(), 0);
         EXPECT_EQ(transport.Count(), before + static_cast<size_t>(failures) + 1);
         EXPECT_EQ(CachedIP(), std::to_string(failures));
@@ -186,13 +186,13 @@ TEST_F(DetailFetch, SuccessEndsTheAttempts) {
 TEST_F(DetailFetch, AnyOtherResultEndsTheAttempts) {
     for (const auto& [code, result] :
          {std::pair("10002", 310002), {"49998", 349998}, {"50001", 350001}, {"1", 300001}}) {
-        transport.Answer(CodeAnswer("50000"));
+        transport.Respond(CodeResponse("50000"));
         const size_t before = transport.Count();
-        transport.Answer(CodeAnswer(code));
+        transport.Respond(CodeResponse(code));
         EXPECT_EQ(Fetch(), result);
         EXPECT_EQ(transport.Count(), before + 2);
     }
-    transport.Answer(CodeAnswer("49999"));
+    transport.Respond(CodeResponse("49999"));
     transport.Fail(7);
     EXPECT_EQ(Fetch(), 100007);
 }
@@ -201,9 +201,9 @@ TEST_F(DetailFetch, EachAttemptTakesTokenAndDomainAnew) {
     transport.Make([this](const SentRequest&) {
         core.setAccessToken("second-token");
         core.setDomain("https://b2.example", "");
-        return ScriptedAnswer{0, CodeAnswer("49999")};
+        return ScriptedResponse{0, CodeResponse("49999")};
     });
-    transport.Answer(DetailAnswer("C1", 1).dump());
+    transport.Respond(DetailResponse("C1", 1).dump());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(transport.Sent()[0].Param("accessToken"), "access-token");
     EXPECT_EQ(transport.Sent()[1].Param("accessToken"), "second-token");
@@ -213,7 +213,7 @@ TEST_F(DetailFetch, EachAttemptTakesTokenAndDomainAnew) {
 TEST_F(DetailFetch, TokenThatIsGoneAtTheSecondAttemptEndsThem) {
     transport.Make([this](const SentRequest&) {
         core.setAccessToken("");
-        return ScriptedAnswer{0, CodeAnswer("49999")};
+        return ScriptedResponse{0, CodeResponse("49999")};
     });
     EXPECT_EQ(Fetch(), -1);
     EXPECT_EQ(ThreadLastError(), -1);
@@ -221,14 +221,14 @@ TEST_F(DetailFetch, TokenThatIsGoneAtTheSecondAttemptEndsThem) {
 }
 
 TEST_F(DetailFetch, ExpiredTokenThatCannotBeRenewedIsReturned) {
-    transport.Answer(CodeAnswer("10002"));
+    transport.Respond(CodeResponse("10002"));
     EXPECT_EQ(Fetch(), VANTIX_ACCESS_TOKEN_EXPIRED);
     EXPECT_EQ(transport.Count(), 1U);
     EXPECT_EQ(core.getAccessToken(), "access-token");
 }
 
 TEST_F(DetailFetch, RepeatIsNotRenewedAgain) {
-    transport.Answer(CodeAnswer("10002"));
+    transport.Respond(CodeResponse("10002"));
     EXPECT_EQ(core.getDevDetailInfoSync("C1", 1, true, channel, device, true), VANTIX_ACCESS_TOKEN_EXPIRED);
     EXPECT_EQ(transport.Count(), 1U);
     ExpectNoLine("RefreshToken");
@@ -249,8 +249,8 @@ TEST_F(DetailFetch, FailedRefillLeavesAllCachesAsTheyWere) {
         {0, "[]", 300002},
         {0, R"({"result":{"code":200}})", 300002},
         {0, R"({"result":{"code":200,"data":[]}})", 300002},
-        {0, CodeAnswer("20007"), 320007},
-        {0, CodeAnswer("10002"), 310002},
+        {0, CodeResponse("20007"), 320007},
+        {0, CodeResponse("10002"), 310002},
     };
     auto old = WithIP("C1", "old");
     old["result"]["data"]["camera"]["isTrust"] = "9";
@@ -258,13 +258,13 @@ TEST_F(DetailFetch, FailedRefillLeavesAllCachesAsTheyWere) {
     Cache("C1", 1, old);
     for (const auto& row : rows) {
         SCOPED_TRACE(row.result);
-        transport.Make([row](const SentRequest&) { return ScriptedAnswer{row.curl, row.body}; });
+        transport.Make([row](const SentRequest&) { return ScriptedResponse{row.curl, row.body}; });
         EXPECT_EQ(Fetch(), row.result);
         EXPECT_EQ(CachedIP(), "old");
         EXPECT_EQ(core.getChannelCacheValue("C1", 1), 9);
         EXPECT_EQ(core.IsSupportSeekPlayback("C1"), 1);
     }
-    transport.Answer(WithIP("C1", "new").dump());
+    transport.Respond(WithIP("C1", "new").dump());
     EXPECT_EQ(Fetch(), 0) << "the next good one succeeds";
     EXPECT_EQ(CachedIP(), "new");
 }
@@ -288,7 +288,7 @@ TEST_F(DetailFetch, FailedTransferTouchesOnlyTheCost) {
 TEST_F(DetailFetch, RefusedAnswerIsNeverASuccess) {
     for (const char* code : {"-300000", "2147183648", "2147483647", "-2147483648", "99999999999", "-99999999999"}) {
         Cache("C1", 1, WithIP("C1", "old"));
-        transport.Answer(CodeAnswer(code));
+        transport.Respond(CodeResponse(code));
         EXPECT_EQ(Fetch(), 300002) << code;
         EXPECT_EQ(CachedIP(), "old") << code;
     }
@@ -308,7 +308,7 @@ TEST_F(DetailFetch, UnforcedCallIsServedHoweverOldTheCopy) {
 }
 
 TEST_F(DetailFetch, UnforcedCallFetchesWhatIsNotCached) {
-    transport.Answer(WithIP("C1", "fetched").dump());
+    transport.Respond(WithIP("C1", "fetched").dump());
     EXPECT_EQ(core.getDevDetailInfoSync("C1", 1, false, channel, device, false), 0);
     EXPECT_EQ(device.deviceIP, "fetched");
     EXPECT_FALSE(device.isFromCache);
@@ -317,7 +317,7 @@ TEST_F(DetailFetch, UnforcedCallFetchesWhatIsNotCached) {
 
 TEST_F(DetailFetch, ForcedCallDoesNotLookAtTheCache) {
     Cache("C1", 1, WithIP("C1", "cached"));
-    transport.Answer(WithIP("C1", "fetched").dump());
+    transport.Respond(WithIP("C1", "fetched").dump());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(device.deviceIP, "fetched");
     EXPECT_EQ(transport.Count(), 2U);
@@ -327,7 +327,7 @@ TEST_F(DetailFetch, UnforcedCallLooksTheDeviceUpUnderTheChannelsSerial) {
     auto answer = WithIP("C1", "by channel");
     answer["result"]["data"]["camera"]["deviceSerial"] = "OTHER";
     Cache("C1", 1, answer);
-    transport.Answer(answer.dump());
+    transport.Respond(answer.dump());
     EXPECT_EQ(core.getDevDetailInfoSync("C1", 1, false, channel, device, false), 0);
     EXPECT_EQ(transport.Count(), 2U) << "OTHER is not cached, so the detail is fetched";
     ExpectNoLine("not exist");
@@ -340,7 +340,7 @@ TEST_F(DetailFetch, UnforcedCallFetchesADeviceOfAnotherReleaseAgain) {
     auto answer = WithIP("C1", "other release");
     answer["result"]["data"]["device"]["releaseVersion"] = "VERSION_1";
     Cache("C1", 1, answer);
-    transport.Answer(answer.dump());
+    transport.Respond(answer.dump());
     EXPECT_EQ(core.getDevDetailInfoSync("C1", 1, false, channel, device, false), 0);
     EXPECT_EQ(transport.Count(), 2U);
 }
@@ -350,7 +350,7 @@ TEST_F(DetailFetch, UnforcedCallFetchesADeviceOfAnotherReleaseAgain) {
 TEST_F(DetailFetch, ManyCallersFetchAndReadAtOnce) {
     iLogLevel = 6;
     transport.Always([](const SentRequest& request) {
-        return ScriptedAnswer{0, MarkedDetailAnswer(request.Param("deviceSerial"), 1, "x").dump()};
+        return ScriptedResponse{0, MarkedDetailResponse(request.Param("deviceSerial"), 1, "x").dump()};
     });
     std::vector<std::thread> threads;
     for (int i = 0; i < 8; ++i) {

@@ -49,7 +49,7 @@ protected:
     int Fetch(bool retried = false) { return GetParam().front(core, "OWN", channel, device, retried); }
     int FetchShared(bool retried = false) { return GetParam().front(core, "SHARED", channel, device, retried); }
     static std::string Answer(const std::string& ip = "10.0.0.1") {
-        nlohmann::json answer = DetailAnswer("OWN", 1);
+        nlohmann::json answer = DetailResponse("OWN", 1);
         answer["result"]["data"]["device"]["deviceIP"] = ip;
         return answer.dump();
     }
@@ -64,9 +64,9 @@ protected:
 };
 
 TEST_P(DetailRepeat, ExpiredTokenIsRenewedOnceAndTheFetchRepeatedWithTheNewOne) {
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer());
-    transport.Answer(Answer());
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse());
+    transport.Respond(Answer());
     EXPECT_EQ(Fetch(), 0);
     ASSERT_EQ(transport.Count(), 3U);
     EXPECT_EQ(Address(0), "https://b.example/api/device/detail");
@@ -80,9 +80,9 @@ TEST_P(DetailRepeat, ExpiredTokenIsRenewedOnceAndTheFetchRepeatedWithTheNewOne) 
 }
 
 TEST_P(DetailRepeat, ExpiredTwiceIsNotRenewedTwice) {
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer());
-    transport.Answer(kExpired);
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse());
+    transport.Respond(kExpired);
     EXPECT_EQ(Fetch(), 310002);
     EXPECT_EQ(transport.Count(), 3U);
     EXPECT_EQ(Refreshes(), 1U);
@@ -94,13 +94,13 @@ TEST_P(DetailRepeat, RefreshWithoutATokenLeavesTheFirstResultAndSendsNoSecondReq
         int curl;
         std::string body;
     } rows[] = {
-        {7, ""}, {0, CodeAnswer("10002")}, {0, "<html>gone</html>"}, {0, "{}"}, {0, RefreshAnswer("")},
+        {7, ""}, {0, CodeResponse("10002")}, {0, "<html>gone</html>"}, {0, "{}"}, {0, RefreshResponse("")},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.body);
         const size_t before = transport.Count();
-        transport.Answer(kExpired);
-        transport.Make([row](const SentRequest&) { return ScriptedAnswer{row.curl, row.body}; });
+        transport.Respond(kExpired);
+        transport.Make([row](const SentRequest&) { return ScriptedResponse{row.curl, row.body}; });
         EXPECT_EQ(Fetch(), 310002);
         EXPECT_EQ(transport.Count(), before + 2);
         EXPECT_EQ(core.getAccessToken(), "access-token");
@@ -110,13 +110,13 @@ TEST_P(DetailRepeat, RefreshWithoutATokenLeavesTheFirstResultAndSendsNoSecondReq
 
 TEST_P(DetailRepeat, RefreshThatCannotBeSentLeavesTheFirstResult) {
     core.setRefreshToken("");
-    transport.Answer(kExpired);
+    transport.Respond(kExpired);
     EXPECT_EQ(Fetch(), 310002);
     EXPECT_EQ(transport.Count(), 1U);
 }
 
 TEST_P(DetailRepeat, RepeatedCallIsNotRenewed) {
-    transport.Answer(kExpired);
+    transport.Respond(kExpired);
     EXPECT_EQ(Fetch(true), 310002);
     EXPECT_EQ(transport.Count(), 1U);
 }
@@ -124,26 +124,26 @@ TEST_P(DetailRepeat, RepeatedCallIsNotRenewed) {
 TEST_P(DetailRepeat, OtherResultsAreNotRenewed) {
     for (const auto& [code, result] : {std::pair("10001", 310001), {"401", 300401}, {"20007", 320007}}) {
         const size_t before = transport.Count();
-        transport.Answer(CodeAnswer(code));
+        transport.Respond(CodeResponse(code));
         EXPECT_EQ(Fetch(), result);
         EXPECT_EQ(transport.Count(), before + 1);
     }
 }
 
 TEST_P(DetailRepeat, ResultOfTheRepeatIsTheResult) {
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer());
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse());
     transport.Fail(28);
     EXPECT_EQ(Fetch(), 100028);
     EXPECT_EQ(transport.Count(), 3U);
 }
 
 TEST_P(DetailRepeat, ExpiryIsMetAtAnyAttemptAndTheRepeatHasThreeOfItsOwn) {
-    transport.Answer(CodeAnswer("49999"), 2);
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer());
-    transport.Answer(CodeAnswer("50000"), 2);
-    transport.Answer(Answer());
+    transport.Respond(CodeResponse("49999"), 2);
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse());
+    transport.Respond(CodeResponse("50000"), 2);
+    transport.Respond(Answer());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(transport.Count(), 7U);
     EXPECT_EQ(Token(2), "access-token");
@@ -154,7 +154,7 @@ TEST_P(DetailRepeat, ExpiryIsMetAtAnyAttemptAndTheRepeatHasThreeOfItsOwn) {
 TEST_P(DetailRepeat, SmallPermissionModeRenewsNothing) {
     core.setPermissionMode(1);
     core.SetDeviceTkTokens(R"([{"deviceVideoTkToken":"tk","deviceSerial":"OWN","channelNo":"1"}])");
-    transport.Answer(kExpired);
+    transport.Respond(kExpired);
     EXPECT_EQ(Fetch(), 310002);
     EXPECT_EQ(Token(0), "tk");
     EXPECT_EQ(transport.Count(), 1U);
@@ -164,9 +164,9 @@ TEST_P(DetailRepeat, SmallPermissionModeRenewsNothing) {
 
 TEST_P(DetailRepeat, B2CModeRenewsTheAccessTokenAndRepeatsWithTheDevicesOwn) {
     core.setPermissionMode(2);
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer());
-    transport.Answer(Answer());
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse());
+    transport.Respond(Answer());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(Token(0), "own-token");
     EXPECT_EQ(Token(2), "own-token");
@@ -174,15 +174,15 @@ TEST_P(DetailRepeat, B2CModeRenewsTheAccessTokenAndRepeatsWithTheDevicesOwn) {
 }
 
 TEST_P(DetailRepeat, RepeatIsForcedWhereTheRuleSaysSo) {
-    transport.Answer(kExpired);
+    transport.Respond(kExpired);
     transport.Make([&](const SentRequest&) {
-        transport.Answer(Answer("of another fetch"));
+        transport.Respond(Answer("of another fetch"));
         DevChannelInfo otherChannel;
         DevDetailInfo other;
         EXPECT_EQ(core.getDevDetailInfoSync("OWN", 1, true, otherChannel, other, true), 0);
-        return ScriptedAnswer{0, RefreshAnswer()};
+        return ScriptedResponse{0, RefreshResponse()};
     });
-    transport.Always([](const SentRequest&) { return ScriptedAnswer{0, Answer("of the repeat")}; });
+    transport.Always([](const SentRequest&) { return ScriptedResponse{0, Answer("of the repeat")}; });
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(transport.Count(), GetParam().repeatLooksAtTheCache ? 3U : 4U);
     EXPECT_EQ(device.deviceIP, GetParam().repeatLooksAtTheCache ? "of another fetch" : "of the repeat");
@@ -195,9 +195,9 @@ TEST_P(DetailRepeat, EndedSessionIsRenewedOnceAndTheFetchRepeatedWithTheNewOne) 
     for (const auto& [second, result] : {std::pair(R"({"meta":{"code":500}})", 300500), {kSessionGone, 300401}}) {
         core.setSessionId("old-session");
         const size_t before = transport.Count();
-        transport.Answer(kSessionGone);
-        transport.Answer(SessionAnswer());
-        transport.Answer(second);
+        transport.Respond(kSessionGone);
+        transport.Respond(SessionResponse());
+        transport.Respond(second);
         EXPECT_EQ(FetchShared(), result) << "that of the repeat, which is not renewed again";
         ASSERT_EQ(transport.Count(), before + 3);
         EXPECT_EQ(Address(before), "https://c.example/v3/userdevices/v1/devices/pagelist");
@@ -211,8 +211,8 @@ TEST_P(DetailRepeat, EndedSessionIsRenewedOnceAndTheFetchRepeatedWithTheNewOne) 
 
 TEST_P(DetailRepeat, RefusedSessionLeavesTheFirstResultAndSendsNoSecondRequest) {
     core.setPermissionMode(2);
-    transport.Answer(kSessionGone);
-    transport.Answer("<html>gone</html>");
+    transport.Respond(kSessionGone);
+    transport.Respond("<html>gone</html>");
     EXPECT_EQ(FetchShared(), 300401);
     EXPECT_EQ(transport.Count(), 2U);
     EXPECT_EQ(core.getSessionId(), "old-session");
@@ -220,7 +220,7 @@ TEST_P(DetailRepeat, RefusedSessionLeavesTheFirstResultAndSendsNoSecondRequest) 
 
 TEST_P(DetailRepeat, RepeatedCallDoesNotRenewTheSession) {
     core.setPermissionMode(2);
-    transport.Answer(kSessionGone);
+    transport.Respond(kSessionGone);
     EXPECT_EQ(FetchShared(true), 300401);
     EXPECT_EQ(transport.Count(), 1U);
     ExpectNoLine("start RefreshSession");

@@ -22,7 +22,7 @@ protected:
 };
 
 TEST_F(P2PCachedRead, MissIsFetchedAndTheServersAreHandedOut) {
-    transport.Answer(kPlatformDevice);
+    transport.Respond(kPlatformDevice);
     EXPECT_EQ(Read(false), 0);
     ASSERT_EQ(servers.size(), 2U);
     EXPECT_EQ(servers[0].ip, "10.0.0.1");
@@ -31,7 +31,7 @@ TEST_F(P2PCachedRead, MissIsFetchedAndTheServersAreHandedOut) {
 }
 
 TEST_F(P2PCachedRead, CopyIsServedUnlessForced) {
-    transport.Answer(kPlatformDevice, 2);
+    transport.Respond(kPlatformDevice, 2);
     EXPECT_EQ(Read(false), 0);
     servers.clear();
     EXPECT_EQ(Read(false), 0);
@@ -51,7 +51,7 @@ TEST_F(P2PCachedRead, FailureLeavesTheServersAlone) {
 }
 
 TEST_F(P2PCachedRead, ForcedFailureLeavesTheCacheAlone) {
-    transport.Answer(kPlatformDevice);
+    transport.Respond(kPlatformDevice);
     EXPECT_EQ(Read(false), 0);
     transport.Fail(7);
     EXPECT_EQ(Read(true), 100007);
@@ -80,7 +80,7 @@ TEST_F(V3Download, EmptyTokenIsAYesInEveryMode) {
 }
 
 TEST_F(V3Download, EmptyTokenIsAYesEvenWhenTheCacheSaysNo) {
-    transport.Answer(DownloadAnswer(R"({"V3Download":"0"})"));
+    transport.Respond(DownloadAnswer(R"({"V3Download":"0"})"));
     EXPECT_EQ(core.isP2PV3download("C1", 1), 0);
     core.setAccessToken("");
     EXPECT_EQ(core.isP2PV3download("C1", 1), 1);
@@ -90,7 +90,7 @@ TEST_F(V3Download, AnswerIsYesExactlyWhenTheTextIsOne) {
     for (const auto& [text, yes] : {std::pair("1", 1), {"0", 0}, {"", 0}, {"2", 0}, {"01", 0}, {"1 ", 0}, {"11", 0}}) {
         core.ClearAllCache();
         lines.Clear();
-        transport.Answer(DownloadAnswer(R"({"V3Download":")" + std::string(text) + R"("})"));
+        transport.Respond(DownloadAnswer(R"({"V3Download":")" + std::string(text) + R"("})"));
         EXPECT_EQ(core.isP2PV3download("C1", 1), yes) << text;
         EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kTag, "strV3Download[" + std::string(text) + "]"));
     }
@@ -99,7 +99,7 @@ TEST_F(V3Download, AnswerIsYesExactlyWhenTheTextIsOne) {
 TEST_F(V3Download, CapabilityThatIsNotThereIsANo) {
     for (const char* capability : {"{}", "no json", R"({"V3":"1"})"}) {
         core.ClearAllCache();
-        transport.Answer(DownloadAnswer(capability));
+        transport.Respond(DownloadAnswer(capability));
         EXPECT_EQ(core.isP2PV3download("C1", 1), 0) << capability;
     }
 }
@@ -112,7 +112,7 @@ TEST_F(V3Download, FailedFetchIsANo) {
 }
 
 TEST_F(V3Download, FetchIsKeptAndTheCopyAnswersNext) {
-    transport.Answer(kPlatformDevice);
+    transport.Respond(kPlatformDevice);
     EXPECT_EQ(core.isP2PV3download("C1", 1), 1);
     EXPECT_EQ(core.isP2PV3download("C1", 1), 1);
     P2PDevInfo device;
@@ -122,7 +122,7 @@ TEST_F(V3Download, FetchIsKeptAndTheCopyAnswersNext) {
 
 TEST_F(V3Download, SmallPermissionModeCarriesTheDevicesTkToken) {
     core.setPermissionMode(1);
-    transport.Answer(kPlatformDevice);
+    transport.Respond(kPlatformDevice);
     EXPECT_EQ(core.isP2PV3download("C1", 1), 1);
     EXPECT_EQ(Token(0), "tk-device");
     EXPECT_EQ(transport.Sent()[0].Param("deviceSerial"), "C1");
@@ -132,7 +132,7 @@ TEST_F(V3Download, OtherModesCarryTheAccessToken) {
     for (const int mode : {0, 2, 3}) {
         core.setPermissionMode(mode);
         core.ClearAllCache();
-        transport.Answer(kPlatformDevice);
+        transport.Respond(kPlatformDevice);
         EXPECT_EQ(core.isP2PV3download("C1", 1), 1);
         EXPECT_EQ(Token(transport.Count() - 1), "access-token");
     }
@@ -140,22 +140,22 @@ TEST_F(V3Download, OtherModesCarryTheAccessToken) {
 
 TEST_F(V3Download, ConsumerServerAnswersForASharedDevice) {
     core.setPermissionMode(2);
-    transport.Answer(kConsumerDevice);
+    transport.Respond(kConsumerDevice);
     EXPECT_EQ(core.isP2PV3download("SHARED", 1), 1);
     EXPECT_EQ(Address(0), "https://c.example/v3/userdevices/v1/devices/pagelist");
     EXPECT_EQ(Session(0), "old-session");
 }
 
 TEST_F(V3Download, ExpiredTokenIsRenewedOnce) {
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer());
-    transport.Answer(kPlatformDevice);
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse());
+    transport.Respond(kPlatformDevice);
     EXPECT_EQ(core.isP2PV3download("C1", 1), 1);
     EXPECT_EQ(Token(2), "new-token");
     core.ClearAllCache();
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer());
-    transport.Answer(kExpired);
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse());
+    transport.Respond(kExpired);
     EXPECT_EQ(core.isP2PV3download("C1", 1), 0);
     EXPECT_EQ(transport.Count(), 6U);
 }

@@ -17,7 +17,7 @@ protected:
         return answer.dump();
     }
     void Cache(const std::string& ip = "cached") {
-        transport.Answer(Answer(ip));
+        transport.Respond(Answer(ip));
         P2PDevInfo kept;
         std::vector<P2PServerAddr> servers;
         ASSERT_EQ(core.getP2PDevInfoCached("OWN", servers, kept, true), 0);
@@ -46,7 +46,7 @@ constexpr char kServed[] = "getP2PDevInfoFromLocal SUCCESS iRet = 0 stP2PDevInfo
 
 TEST_F(P2PDevicesTest, PlatformRequestNamesTheDevice) {
     clock.SetSteadyStep(8'000'000);
-    transport.Answer(kPlatformDevice);
+    transport.Respond(kPlatformDevice);
     EXPECT_EQ(Fetch(), 0);
     ASSERT_EQ(transport.Count(), 1U);
     EXPECT_EQ(transport.Sent()[0].method, "POST");
@@ -63,7 +63,7 @@ TEST_F(P2PDevicesTest, PlatformRequestNamesTheDevice) {
 
 TEST_F(P2PDevicesTest, ConsumerRequestNamesTheDeviceAndCarriesTheSession) {
     core.setPermissionMode(2);
-    transport.Answer(kConsumerDevice);
+    transport.Respond(kConsumerDevice);
     EXPECT_EQ(core.getP2PDevInfo(device, "shared-token", "SHARED", false), 0);
     EXPECT_EQ(transport.Sent()[0].method, "GET");
     EXPECT_EQ(transport.Sent()[0].Param("deviceSerial"), "SHARED");
@@ -76,11 +76,11 @@ TEST_F(P2PDevicesTest, ConsumerRequestNamesTheDeviceAndCarriesTheSession) {
 TEST_F(P2PDevicesTest, TokenChoosesTheFamilyAndTheChannelTheDomain) {
     core.setPermissionMode(2);
     core.SetB2CTokens(R"([{"token":"shared-token","deviceSerial":"D","channelNo":"2","isShared":1}])");
-    transport.Answer(kConsumerDevice);
+    transport.Respond(kConsumerDevice);
     EXPECT_EQ(core.getP2PDevInfo("D", 2, "shared-token", device, false), 0);
     EXPECT_EQ(Address(0), "https://c.example/v3/userdevices/v1/devices/pagelist");
     core.ClearAllCache();
-    transport.Answer(kPlatformDevice);
+    transport.Respond(kPlatformDevice);
     EXPECT_EQ(core.getP2PDevInfo("D", 2, "own-token", device, false), 0);
     EXPECT_EQ(Address(1), "https://c.example/api/sdk/p2p/dev/info/get");
     EXPECT_EQ(Token(1), "access-token");
@@ -89,7 +89,7 @@ TEST_F(P2PDevicesTest, TokenChoosesTheFamilyAndTheChannelTheDomain) {
 TEST_F(P2PDevicesTest, SessionGoesToTheConsumerServersOnly) {
     core.setPermissionMode(2);
     core.SetB2CTokens(R"([{"token":"shared-token","deviceSerial":"D","channelNo":"2","isShared":1}])");
-    transport.Answer(kConsumerDevice);
+    transport.Respond(kConsumerDevice);
     EXPECT_EQ(core.getP2PDevInfo(device, "shared-token", "D", false), 0) << "channel 1 itself is not shared";
     EXPECT_EQ(Address(0), "https://c.example/v3/userdevices/v1/devices/pagelist");
     EXPECT_EQ(Session(0), "old-session");
@@ -114,7 +114,7 @@ TEST_F(P2PDevicesTest, CopyIsKeptBySerialHoweverOld) {
     clock.AdvanceSeconds(10'000'000);
     EXPECT_EQ(core.getP2PDevInfo("OWN", 7, "another", device, false), 0) << "another channel, another token";
     EXPECT_EQ(transport.Count(), 1U);
-    transport.Answer(Answer("other device"));
+    transport.Respond(Answer("other device"));
     EXPECT_EQ(Fetch("C1"), 0);
     EXPECT_EQ(IP(), "other device");
     EXPECT_EQ(CachedIP(), "cached");
@@ -129,7 +129,7 @@ TEST_F(P2PDevicesTest, MarkedCopyIsFetchedAgainByEveryFormThatLooksAtTheMark) {
     for (const auto& form : forms) {
         Cache("old");
         Mark();
-        transport.Answer(Answer("new"));
+        transport.Respond(Answer("new"));
         EXPECT_EQ(form(), 0);
         EXPECT_EQ(IP(), "new");
         EXPECT_FALSE(device.isUpdate);
@@ -141,10 +141,10 @@ TEST_F(P2PDevicesTest, MarkedCopyIsFetchedAgainByEveryFormThatLooksAtTheMark) {
 }
 
 TEST_F(P2PDevicesTest, RefillReplacesTheWholeRecord) {
-    transport.Answer(kPlatformDevice);
+    transport.Respond(kPlatformDevice);
     EXPECT_EQ(Fetch(), 0);
     Mark();
-    transport.Answer(R"({"resultCode":"200","result":{"data":{"serverInfos":[{"ip":"only","port":1}]}}})");
+    transport.Respond(R"({"resultCode":"200","result":{"data":{"serverInfos":[{"ip":"only","port":1}]}}})");
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(Fetch(), 0);
     ASSERT_EQ(device.serverInfos.size(), 1U);
@@ -171,7 +171,7 @@ TEST_F(P2PDevicesTest, FailureLeavesTheCacheAsItWas) {
     Mark();
     for (const auto& row : rows) {
         SCOPED_TRACE(row.body);
-        transport.Make([row](const SentRequest&) { return ScriptedAnswer{row.curl, row.body}; });
+        transport.Make([row](const SentRequest&) { return ScriptedResponse{row.curl, row.body}; });
         EXPECT_EQ(Fetch(), row.result);
         EXPECT_EQ(CachedIP(), "cached");
     }
@@ -184,7 +184,7 @@ TEST_F(P2PDevicesTest, FailedFetchTouchesOnlyTheCost) {
     clock.SetSteadyStep(8'000'000);
     device.deviceSerial = "mine";
     device.serverInfos.resize(3);
-    transport.Answer(R"({"resultCode":"20007","result":{"data":{"serverInfos":[{"ip":"refused","port":1}]}}})");
+    transport.Respond(R"({"resultCode":"20007","result":{"data":{"serverInfos":[{"ip":"refused","port":1}]}}})");
     EXPECT_EQ(Fetch(), 320007);
     EXPECT_EQ(device.deviceSerial, "mine");
     EXPECT_EQ(device.serverInfos.size(), 3U);
@@ -196,7 +196,7 @@ TEST_F(P2PDevicesTest, FailedFetchFromTheConsumerServerTouchesNothing) {
     core.setPermissionMode(2);
     device.deviceSerial = "mine";
     device.iRequestCost = 77;
-    transport.Answer(R"({"meta":{"code":500}})");
+    transport.Respond(R"({"meta":{"code":500}})");
     EXPECT_EQ(core.getP2PDevInfo(device, "shared-token", "SHARED", false), 300500);
     EXPECT_EQ(device.deviceSerial, "mine");
     EXPECT_EQ(device.iRequestCost, 77);
@@ -213,7 +213,7 @@ TEST_F(P2PDevicesTest, ClearingAllForgetsEveryDevice) {
 // ---- The asynchronous form
 
 TEST_F(P2PDevicesTest, MissReturnsMinusOneAndTheRecordIsCompleteWhenTheFutureIsReady) {
-    transport.Answer(kPlatformDevice);
+    transport.Respond(kPlatformDevice);
     EXPECT_EQ(FetchInBackground(), -1);
     ASSERT_TRUE(future.valid());
     EXPECT_EQ(future.get(), 0);
@@ -240,7 +240,7 @@ TEST_F(P2PDevicesTest, HitLeavesTheFutureUntouched) {
 TEST_F(P2PDevicesTest, MarkedCopyReturnsZeroAndStartsATask) {
     Cache("old");
     Mark();
-    transport.Answer(Answer("new"));
+    transport.Respond(Answer("new"));
     EXPECT_EQ(FetchInBackground(), 0) << "a copy was found";
     ASSERT_TRUE(future.valid());
     EXPECT_EQ(future.get(), 0);
@@ -255,10 +255,10 @@ TEST_F(P2PDevicesTest, TaskHasItsOwnCopiesOfSerialAndToken) {
         std::string token = "shared-token";
         transport.Make([&](const SentRequest&) {
             release.get_future().wait();
-            return ScriptedAnswer{0, kSessionGone};
+            return ScriptedResponse{0, kSessionGone};
         });
-        transport.Answer(SessionAnswer());
-        transport.Answer(kConsumerDevice);
+        transport.Respond(SessionResponse());
+        transport.Respond(kConsumerDevice);
         EXPECT_EQ(core.getP2PDevInfo(device, token, serial, future), -1);
         serial.assign(serial.size(), '!');
         token.assign(token.size(), '!');
@@ -276,11 +276,11 @@ TEST_F(P2PDevicesTest, SecondTaskIntoTheSameFutureWaitsForTheFirst) {
     transport.Make([&](const SentRequest&) {
         started.set_value();
         release.get_future().wait();
-        return ScriptedAnswer{0, R"({"resultCode":"200","result":{"data":{"defaultKey":"first"}}})"};
+        return ScriptedResponse{0, R"({"resultCode":"200","result":{"data":{"defaultKey":"first"}}})"};
     });
     transport.Make([&](const SentRequest&) {
         release.set_value();  // only the second lets the first end
-        return ScriptedAnswer{0, kPlatformDevice};
+        return ScriptedResponse{0, kPlatformDevice};
     });
     P2PDevInfo first;
     EXPECT_EQ(core.getP2PDevInfo(first, "own-token", "OWN", future), -1);

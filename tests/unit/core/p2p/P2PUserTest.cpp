@@ -11,7 +11,7 @@ protected:
     int Fetch(const std::string& token = "own-token") { return core.getP2PUserInfo(token, user, false); }
     int FetchInBackground() { return core.getP2PUserInfo(user, "own-token", future, false); }
     void Cache() {
-        transport.Answer(kPlatformUser);
+        transport.Respond(kPlatformUser);
         P2PUserInfo kept;
         ASSERT_EQ(core.getP2PUserInfo("own-token", kept, true), 0);
         lines.Clear();
@@ -36,7 +36,7 @@ protected:
 
 TEST_F(P2PUser, PlatformRequestIsAFormWithTheAccessToken) {
     clock.SetSteadyStep(6'000'000);
-    transport.Answer(kPlatformUser);
+    transport.Respond(kPlatformUser);
     EXPECT_EQ(Fetch(), 0);
     ASSERT_EQ(transport.Count(), 1U);
     EXPECT_EQ(transport.Sent()[0].method, "POST");
@@ -69,7 +69,7 @@ TEST_F(P2PUser, AllThreeFormsShareTheCache) {
 }
 
 TEST_F(P2PUser, FormByDeviceFillsTheCacheToo) {
-    transport.Answer(kPlatformUser);
+    transport.Respond(kPlatformUser);
     EXPECT_EQ(core.getP2PUserInfo("OWN", 1, user, false), 0);
     ExpectPlatformUser();
     EXPECT_TRUE(IsCached());
@@ -86,8 +86,8 @@ TEST_F(P2PUser, CopyIsServedUntilTheCachesAreCleared) {
 
 TEST_F(P2PUser, SecretIsInNoLineButTheTransportsOwnOfWhatItReceived) {
     iLogLevel = 1;
-    transport.Answer(kConsumerUser);
-    transport.Answer(kConsumerSecret);
+    transport.Respond(kConsumerUser);
+    transport.Respond(kConsumerSecret);
     core.setPermissionMode(2);
     EXPECT_EQ(Fetch("shared-token"), 0);
     EXPECT_EQ(user.data, "quiet");
@@ -101,8 +101,8 @@ TEST_F(P2PUser, SecretIsInNoLineButTheTransportsOwnOfWhatItReceived) {
 TEST_F(P2PUser, ConsumerServerIsAskedTwiceWithTheSameSession) {
     core.setPermissionMode(2);
     clock.SetSteadyStep(6'000'000);
-    transport.Answer(kConsumerUser);
-    transport.Answer(kConsumerSecret);
+    transport.Respond(kConsumerUser);
+    transport.Respond(kConsumerSecret);
     EXPECT_EQ(Fetch("shared-token"), 0);
     ASSERT_EQ(transport.Count(), 2U);
     EXPECT_EQ(transport.Sent()[0].method, "GET");
@@ -124,7 +124,7 @@ TEST_F(P2PUser, ConsumerRefusalThatEndsAsASuccessFillsAndKeepsNothing) {
         SCOPED_TRACE(body);
         transport.Make([&, body](const SentRequest&) {
             Cache();  // by another fetch, meanwhile
-            return ScriptedAnswer{0, body};
+            return ScriptedResponse{0, body};
         });
         user.userId = "mine";
         const size_t before = transport.Count();
@@ -155,9 +155,9 @@ TEST_F(P2PUser, ConsumerFailureInvalidates) {
         transport.Make([&, row](const SentRequest&) {
             Cache();  // by another fetch, meanwhile
             if (row.second != nullptr) {
-                transport.Answer(row.second);
+                transport.Respond(row.second);
             }
-            return ScriptedAnswer{row.curl, row.first};
+            return ScriptedResponse{row.curl, row.first};
         });
         user.userId = "mine";
         EXPECT_EQ(Fetch("shared-token"), row.result);
@@ -186,7 +186,7 @@ TEST_F(P2PUser, PlatformFailureInvalidatesAndTouchesOnlyTheCost) {
         SCOPED_TRACE(row.body);
         transport.Make([&, row](const SentRequest&) {
             Cache();
-            return ScriptedAnswer{row.curl, row.body};
+            return ScriptedResponse{row.curl, row.body};
         });
         user.userId = "mine";
         user.iRequestCost = 0;
@@ -198,7 +198,7 @@ TEST_F(P2PUser, PlatformFailureInvalidatesAndTouchesOnlyTheCost) {
 }
 
 TEST_F(P2PUser, PlatformSuccessIsKeptWhateverItFills) {
-    transport.Answer(R"({"resultCode":"200","result":{"data":{"version":3,"saltIndex":1}}})");
+    transport.Respond(R"({"resultCode":"200","result":{"data":{"version":3,"saltIndex":1}}})");
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(user.userId, "");
     EXPECT_EQ(user.version, 3);
@@ -211,7 +211,7 @@ TEST_F(P2PUser, EmptyCredentialInvalidates) {
     transport.Make([&](const SentRequest&) {
         Cache();
         core.setAccessToken("");
-        return ScriptedAnswer{0, kExpired};
+        return ScriptedResponse{0, kExpired};
     });
     core.setOpenID("");
     EXPECT_EQ(Fetch(), 310002);
@@ -222,7 +222,7 @@ TEST_F(P2PUser, EmptyCredentialInvalidates) {
 // ---- The asynchronous form
 
 TEST_F(P2PUser, MissReturnsZeroAndTheRecordIsCompleteWhenTheFutureIsReady) {
-    transport.Answer(kPlatformUser);
+    transport.Respond(kPlatformUser);
     EXPECT_EQ(FetchInBackground(), 0);
     ASSERT_TRUE(future.valid());
     EXPECT_EQ(future.get(), 0);
@@ -236,8 +236,8 @@ TEST_F(P2PUser, MissReturnsZeroAndTheRecordIsCompleteWhenTheFutureIsReady) {
 
 TEST_F(P2PUser, ConsumerTaskLogsTheSameLine) {
     core.setPermissionMode(2);
-    transport.Answer(kConsumerUser);
-    transport.Answer(kConsumerSecret);
+    transport.Respond(kConsumerUser);
+    transport.Respond(kConsumerSecret);
     EXPECT_EQ(core.getP2PUserInfo(user, "shared-token", future, false), 0);
     EXPECT_EQ(future.get(), 0);
     EXPECT_EQ(user.userId, "consumer user");
@@ -257,9 +257,9 @@ TEST_F(P2PUser, HitLeavesTheFutureUntouched) {
 }
 
 TEST_F(P2PUser, TaskRepeatsThroughTheSynchronousForm) {
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer());
-    transport.Answer(kPlatformUser);
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse());
+    transport.Respond(kPlatformUser);
     EXPECT_EQ(FetchInBackground(), 0);
     EXPECT_EQ(future.get(), 0);
     EXPECT_EQ(Token(2), "new-token");
@@ -280,11 +280,11 @@ TEST_F(P2PUser, SecondTaskIntoTheSameFutureWaitsForTheFirst) {
     transport.Make([&](const SentRequest&) {
         started.set_value();
         release.get_future().wait();
-        return ScriptedAnswer{0, R"({"resultCode":"200","result":{"data":{"userId":"first","data":"first"}}})"};
+        return ScriptedResponse{0, R"({"resultCode":"200","result":{"data":{"userId":"first","data":"first"}}})"};
     });
     transport.Make([&](const SentRequest&) {
         release.set_value();  // only the second lets the first end
-        return ScriptedAnswer{0, kPlatformUser};
+        return ScriptedResponse{0, kPlatformUser};
     });
     P2PUserInfo first;
     EXPECT_EQ(core.getP2PUserInfo(first, "own-token", future, false), 0);

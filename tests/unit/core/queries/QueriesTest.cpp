@@ -61,7 +61,7 @@ protected:
                                     "deviceSerial":"C10000001","channelNo":"1"}])");
         core.SetB2CTokens(R"([{"token":"own-token","deviceSerial":"C10000001","channelNo":"1","isShared":0},
                               {"token":"shared-token","deviceSerial":"S60000006","channelNo":"1","isShared":1}])");
-        transport.Always([this](const SentRequest& request) { return ScriptedAnswer{0, Respond(PathOf(request))}; });
+        transport.Always([this](const SentRequest& request) { return ScriptedResponse{0, Respond(PathOf(request))}; });
         SetThreadLastError(0);
         lines.Clear();
     }

@@ -57,12 +57,12 @@ TEST_F(TokenRefresh, EachOfFourParametersIsRequired) {
         (core.*row.set)(row.value);
     }
     EXPECT_EQ(transport.Count(), 0U);
-    transport.Answer(RefreshAnswer());
+    transport.Respond(RefreshResponse());
     EXPECT_EQ(Refresh(), 0) << "with all four again";
 }
 
 TEST_F(TokenRefresh, RequestGoesToTheAuthorisationServiceAndCarriesTheRefreshCredentials) {
-    transport.Answer(RefreshAnswer());
+    transport.Respond(RefreshResponse());
     EXPECT_EQ(Refresh(), 0);
     ASSERT_EQ(transport.Count(), 1U);
     const SentRequest sent = transport.Sent()[0];
@@ -80,7 +80,7 @@ TEST_F(TokenRefresh, RequestGoesToTheAuthorisationServiceAndCarriesTheRefreshCre
 TEST_F(TokenRefresh, ScopeAndStateGoAsTheyAreAlsoWhenEmpty) {
     core.setScope("");
     core.setState("");
-    transport.Answer(RefreshAnswer());
+    transport.Respond(RefreshResponse());
     EXPECT_EQ(Refresh(), 0);
     EXPECT_EQ(transport.Sent()[0].Param("scope"), "");
     EXPECT_EQ(transport.Sent()[0].Param("state"), "");
@@ -88,14 +88,14 @@ TEST_F(TokenRefresh, ScopeAndStateGoAsTheyAreAlsoWhenEmpty) {
 
 TEST_F(TokenRefresh, NeedsNoAccessToken) {
     core.setAccessToken("");
-    transport.Answer(RefreshAnswer());
+    transport.Respond(RefreshResponse());
     EXPECT_EQ(Refresh(), 0);
     EXPECT_EQ(core.getAccessToken(), "new-token");
 }
 
 TEST_F(TokenRefresh, SuccessIsStoredReturnedAndToldByFiveCharacters) {
     core.setAccessToken("OLDOLsecret");
-    transport.Answer(RefreshAnswer("NEWNEsecret"));
+    transport.Respond(RefreshResponse("NEWNEsecret"));
     EXPECT_EQ(Refresh(), 0);
     EXPECT_EQ(token, "NEWNEsecret");
     EXPECT_EQ(core.getAccessToken(), "NEWNEsecret");
@@ -111,13 +111,13 @@ TEST_F(TokenRefresh, SuccessIsStoredReturnedAndToldByFiveCharacters) {
 
 TEST_F(TokenRefresh, ShortTokensAreToldWhole) {
     core.setAccessToken("abc");
-    transport.Answer(RefreshAnswer("x"));
+    transport.Respond(RefreshResponse("x"));
     EXPECT_EQ(Refresh(), 0);
     EXPECT_EQ(lines.Count("Refresh Token Success, OldAccessToken:abc***, NewAccessToken:x***, ExpireTime:7200"), 1U);
 }
 
 TEST_F(TokenRefresh, TokenOfTheNextRefreshIsNotTakenFromTheAnswer) {
-    transport.Answer(RefreshAnswer());
+    transport.Respond(RefreshResponse());
     EXPECT_EQ(Refresh(), 0);
     EXPECT_EQ(core.getRefreshToken(), "refresh-token");
     EXPECT_EQ(core.getOpenID(), "open-id");
@@ -126,14 +126,14 @@ TEST_F(TokenRefresh, TokenOfTheNextRefreshIsNotTakenFromTheAnswer) {
 TEST_F(TokenRefresh, WorksInEveryModeButTheSmallOne) {
     for (const int mode : {0, 2, 3, -1}) {
         core.setPermissionMode(mode);
-        transport.Answer(RefreshAnswer());
+        transport.Respond(RefreshResponse());
         EXPECT_EQ(Refresh(), 0) << mode;
     }
 }
 
 TEST_F(TokenRefresh, FailureLeavesEveryCredentialAsItWasAndTellsWhatWasSent) {
     auto without = [](const char* key) {
-        auto answer = nlohmann::json::parse(RefreshAnswer());
+        auto answer = nlohmann::json::parse(RefreshResponse());
         answer["result"]["data"].erase(key);
         return answer.dump();
     };
@@ -142,24 +142,24 @@ TEST_F(TokenRefresh, FailureLeavesEveryCredentialAsItWasAndTellsWhatWasSent) {
         std::string body;
     } rows[] = {
         {7, ""},
-        {28, RefreshAnswer()},
+        {28, RefreshResponse()},
         {0, ""},
         {0, "<html>gone</html>"},
         {0, "[]"},
         {0, "{}"},
-        {0, CodeAnswer("10002")},
-        {0, CodeAnswer("60000")},
+        {0, CodeResponse("10002")},
+        {0, CodeResponse("60000")},
         {0, R"({"result":{"code":"200","data":[]}})"},
         {0, without("access_token")},
         {0, without("openId")},
         {0, without("refresh_token")},
         {0, without("expires_in")},
-        {0, RefreshAnswer("")},
+        {0, RefreshResponse("")},
     };
     core.setTokenExpireTime("the old time");
     for (const auto& row : rows) {
         SCOPED_TRACE(row.body);
-        transport.Make([row](const SentRequest&) { return ScriptedAnswer{row.curl, row.body}; });
+        transport.Make([row](const SentRequest&) { return ScriptedResponse{row.curl, row.body}; });
         lines.Clear();
         token = "what was there";
         EXPECT_EQ(Refresh(), -1);
@@ -182,11 +182,11 @@ TEST_F(TokenRefresh, ManyExpiredCallersAreAllAnsweredAfterAtMostOneRefreshEach) 
     std::atomic<int> requests{0};
     transport.Always([&](const SentRequest& request) {
         if (request.url.find("refreshToken") != std::string::npos) {
-            return ScriptedAnswer{0, RefreshAnswer("fresh-" + std::to_string(++refreshes))};
+            return ScriptedResponse{0, RefreshResponse("fresh-" + std::to_string(++refreshes))};
         }
         ++requests;
         const bool isFresh = request.Param("accessToken").rfind("fresh-", 0) == 0;
-        return ScriptedAnswer{0, isFresh ? kPlatformServers : kExpired};
+        return ScriptedResponse{0, isFresh ? kPlatformServers : kExpired};
     });
     constexpr int kCallers = 8;
     std::vector<std::thread> threads;
@@ -262,13 +262,13 @@ TEST_F(SessionRefresh, RefreshSessionIdIsRequired) {
 
 TEST_F(SessionRefresh, SessionItselfIsNotRequired) {
     core.setSessionId("");
-    transport.Answer(SessionAnswer());
+    transport.Respond(SessionResponse());
     EXPECT_EQ(Refresh(), 0);
     EXPECT_EQ(core.getSessionId(), "new-session");
 }
 
 TEST_F(SessionRefresh, RequestGoesToTheConsumerServerWithBothIds) {
-    transport.Answer(SessionAnswer());
+    transport.Respond(SessionResponse());
     EXPECT_EQ(Refresh(), 0);
     ASSERT_EQ(transport.Count(), 1U);
     EXPECT_EQ(transport.Sent()[0].method, "PUT");
@@ -282,24 +282,24 @@ TEST_F(SessionRefresh, GivenRefreshSessionIdIsStoredFirstInEveryMode) {
     core.setPermissionMode(0);
     EXPECT_EQ(Refresh("brought-in"), -1);
     core.setPermissionMode(2);
-    transport.Answer(kSessionGone);
+    transport.Respond(kSessionGone);
     EXPECT_EQ(Refresh(), -1);
     EXPECT_EQ(transport.Sent()[0].Param("refreshSessionId"), "brought-in");
-    transport.Answer(kSessionGone);
+    transport.Respond(kSessionGone);
     EXPECT_EQ(Refresh("another"), -1);
     EXPECT_EQ(transport.Sent()[1].Param("refreshSessionId"), "another");
 }
 
 TEST_F(SessionRefresh, OneTextMayBringInTheIdAndTakeTheSession) {
     session = "brought-in";
-    transport.Answer(SessionAnswer());
+    transport.Respond(SessionResponse());
     EXPECT_EQ(core.RefreshSession(session, session), 0);
     EXPECT_EQ(transport.Sent()[0].Param("refreshSessionId"), "brought-in");
     EXPECT_EQ(session, "new-session");
 }
 
 TEST_F(SessionRefresh, SuccessIsStoredReturnedAndWordedAsATokens) {
-    transport.Answer(SessionAnswer("NEWNEsecret"));
+    transport.Respond(SessionResponse("NEWNEsecret"));
     EXPECT_EQ(Refresh(), 0);
     EXPECT_EQ(session, "NEWNEsecret");
     EXPECT_EQ(core.getSessionId(), "NEWNEsecret");
@@ -307,7 +307,7 @@ TEST_F(SessionRefresh, SuccessIsStoredReturnedAndWordedAsATokens) {
     EXPECT_THAT(lines.Lines(),
                 HasLine(3, "INFO ", kSessionTag,
                         "Refresh Token Success,  NewSession:NEWNE***, RefreshSessionID:next-refresh-id"));
-    transport.Answer(kSessionGone);
+    transport.Respond(kSessionGone);
     EXPECT_EQ(Refresh(), -1);
     EXPECT_EQ(transport.Sent()[1].Param("refreshSessionId"), "next-refresh-id") << "both ids were replaced";
     EXPECT_EQ(Session(1), "NEWNEsecret");
@@ -315,7 +315,7 @@ TEST_F(SessionRefresh, SuccessIsStoredReturnedAndWordedAsATokens) {
 
 TEST_F(SessionRefresh, FailureLeavesBothIdsAsTheyWere) {
     auto without = [](const char* key) {
-        auto answer = nlohmann::json::parse(SessionAnswer());
+        auto answer = nlohmann::json::parse(SessionResponse());
         answer["sessionInfo"].erase(key);
         return answer.dump();
     };
@@ -330,11 +330,11 @@ TEST_F(SessionRefresh, FailureLeavesBothIdsAsTheyWere) {
         {0, R"({"meta":{"code":-1}})"},
         {0, R"({"meta":{"code":200}})"},
         {0, without("sessionId")},
-        {0, SessionAnswer("")},
+        {0, SessionResponse("")},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.body);
-        transport.Make([row](const SentRequest&) { return ScriptedAnswer{row.curl, row.body}; });
+        transport.Make([row](const SentRequest&) { return ScriptedResponse{row.curl, row.body}; });
         lines.Clear();
         session = "what was there";
         EXPECT_EQ(Refresh(), -1);
@@ -350,10 +350,10 @@ TEST_F(SessionRefresh, FailureLeavesBothIdsAsTheyWere) {
 
 TEST_F(SessionRefresh, AnswerWithoutARefreshIdKeepsTheOldOne) {
     for (const char* info : {R"({"sessionId":"S1"})", R"({"sessionId":"S1","refreshSessionId":""})"}) {
-        transport.Answer(R"({"meta":{"code":200},"sessionInfo":)" + std::string(info) + "}");
+        transport.Respond(R"({"meta":{"code":200},"sessionInfo":)" + std::string(info) + "}");
         EXPECT_EQ(Refresh(), 0);
         EXPECT_EQ(core.getSessionId(), "S1");
-        transport.Answer(SessionAnswer());
+        transport.Respond(SessionResponse());
         EXPECT_EQ(Refresh(), 0);
         EXPECT_EQ(transport.Sent().back().Param("refreshSessionId"), "refresh-id");
         core.RefreshSession("refresh-id", session);

@@ -20,9 +20,9 @@ TEST_P(SourcesRepeat, ExpiredTokenIsRenewedOnceAndTheFetchRepeatedWithTheNewOne)
         core.setPermissionMode(mode);
         core.setAccessToken("access-token");
         const size_t before = transport.Count();
-        transport.Answer(kExpired);
-        transport.Answer(RefreshAnswer());
-        transport.Answer(GetParam().platformAnswer);
+        transport.Respond(kExpired);
+        transport.Respond(RefreshResponse());
+        transport.Respond(GetParam().platformAnswer);
         EXPECT_EQ(Call("own-token"), 0);
         ASSERT_EQ(transport.Count(), before + 3);
         EXPECT_EQ(Address(before), AtPlatform());
@@ -35,18 +35,18 @@ TEST_P(SourcesRepeat, ExpiredTokenIsRenewedOnceAndTheFetchRepeatedWithTheNewOne)
 }
 
 TEST_P(SourcesRepeat, NewTokenIsWhatTheRepeatIsAskedWith) {
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer());
-    transport.Answer(GetParam().platformAnswer);
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse());
+    transport.Respond(GetParam().platformAnswer);
     EXPECT_EQ(Call("own-token"), 0);
     EXPECT_EQ(lines.Count("Getting domain for token (first 10 chars): new-token..."),
               GetParam().hasDomainByToken ? 1U : 0U);
 }
 
 TEST_P(SourcesRepeat, ExpiredTwiceIsNotRenewedTwice) {
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer());
-    transport.Answer(kExpired);
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse());
+    transport.Respond(kExpired);
     EXPECT_EQ(Call("own-token"), 310002);
     EXPECT_EQ(transport.Count(), 3U);
     EXPECT_EQ(Refreshes(), 1U);
@@ -54,15 +54,15 @@ TEST_P(SourcesRepeat, ExpiredTwiceIsNotRenewedTwice) {
 }
 
 TEST_P(SourcesRepeat, ResultOfTheRepeatIsTheResult) {
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer());
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse());
     transport.Fail(28);
     EXPECT_EQ(Call("own-token"), 100028);
     EXPECT_EQ(transport.Count(), 3U);
 }
 
 TEST_P(SourcesFlag, RepeatedCallIsNotRenewed) {
-    transport.Answer(kExpired);
+    transport.Respond(kExpired);
     EXPECT_EQ(Call("own-token", true), 310002);
     EXPECT_EQ(transport.Count(), 1U);
     ExpectNoLine("Refresh Token");
@@ -73,19 +73,14 @@ TEST_P(SourcesRepeat, RefreshWithoutATokenLeavesTheFirstResultAndSendsNoSecondRe
         int curl;
         std::string body;
     } rows[] = {
-        {7, ""},
-        {0, CodeAnswer("10002")},
-        {0, CodeAnswer("20007")},
-        {0, "<html>gone</html>"},
-        {0, "{}"},
-        {0, R"({"result":{"code":"200"}})"},
-        {0, RefreshAnswer("")},
+        {7, ""},   {0, CodeResponse("10002")},          {0, CodeResponse("20007")}, {0, "<html>gone</html>"},
+        {0, "{}"}, {0, R"({"result":{"code":"200"}})"}, {0, RefreshResponse("")},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.body);
         const size_t before = transport.Count();
-        transport.Answer(kExpired);
-        transport.Make([row](const SentRequest&) { return ScriptedAnswer{row.curl, row.body}; });
+        transport.Respond(kExpired);
+        transport.Make([row](const SentRequest&) { return ScriptedResponse{row.curl, row.body}; });
         EXPECT_EQ(Call("own-token"), 310002);
         EXPECT_EQ(transport.Count(), before + 2);
         EXPECT_EQ(core.getAccessToken(), "access-token");
@@ -94,7 +89,7 @@ TEST_P(SourcesRepeat, RefreshWithoutATokenLeavesTheFirstResultAndSendsNoSecondRe
 
 TEST_P(SourcesRepeat, RefreshThatCannotBeSentLeavesTheFirstResult) {
     core.setOpenID("");
-    transport.Answer(kExpired);
+    transport.Respond(kExpired);
     EXPECT_EQ(Call("own-token"), 310002);
     EXPECT_EQ(transport.Count(), 1U);
     EXPECT_TRUE(lines.Contains("Refresh Token, params invalid"));
@@ -102,7 +97,7 @@ TEST_P(SourcesRepeat, RefreshThatCannotBeSentLeavesTheFirstResult) {
 
 TEST_P(SourcesRepeat, SmallPermissionModeRenewsNothing) {
     core.setPermissionMode(1);
-    transport.Answer(kExpired);
+    transport.Respond(kExpired);
     EXPECT_EQ(Call("own-token"), 310002);
     EXPECT_EQ(transport.Count(), 1U);
     EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "CVantixDataCenter::RefreshToken",
@@ -119,7 +114,7 @@ TEST_P(SourcesRepeat, NoOtherResultOfThePlatformRenewsAnything) {
                                        {"1", 300001}}) {
         SCOPED_TRACE(code);
         const size_t before = transport.Count();
-        transport.Answer(CodeAnswer(code));
+        transport.Respond(CodeResponse(code));
         EXPECT_EQ(Call("own-token"), result);
         EXPECT_EQ(transport.Count(), before + 1);
     }
@@ -136,8 +131,8 @@ INSTANTIATE_TEST_SUITE_P(Fetches, SourcesFlag, testing::ValuesIn(FetchesWith({&F
 
 TEST_P(ConsumerRepeat, EndedSessionIsRenewedOnceAndTheFetchRepeatedWithTheNewOne) {
     EnterB2C();
-    transport.Answer(kSessionGone);
-    transport.Answer(SessionAnswer());
+    transport.Respond(kSessionGone);
+    transport.Respond(SessionResponse());
     AnswerByConsumer();
     EXPECT_EQ(Call("shared-token"), 0);
     ASSERT_EQ(transport.Count(), 3U);
@@ -153,9 +148,9 @@ TEST_P(ConsumerRepeat, EndedSessionIsRenewedOnceAndTheFetchRepeatedWithTheNewOne
 
 TEST_P(ConsumerRepeat, SessionThatEndsTwiceIsNotRenewedTwice) {
     EnterB2C();
-    transport.Answer(kSessionGone);
-    transport.Answer(SessionAnswer());
-    transport.Answer(kSessionGone);
+    transport.Respond(kSessionGone);
+    transport.Respond(SessionResponse());
+    transport.Respond(kSessionGone);
     EXPECT_EQ(Call("shared-token"), 300401);
     EXPECT_EQ(transport.Count(), 3U);
     EXPECT_EQ(SessionRefreshes(), 1U);
@@ -163,7 +158,7 @@ TEST_P(ConsumerRepeat, SessionThatEndsTwiceIsNotRenewedTwice) {
 
 TEST_P(ConsumerFlag, RepeatedCallDoesNotRenewTheSession) {
     EnterB2C();
-    transport.Answer(kSessionGone);
+    transport.Respond(kSessionGone);
     EXPECT_EQ(Call("shared-token", true), 300401);
     EXPECT_EQ(transport.Count(), 1U);
     ExpectNoLine("start RefreshSession");
@@ -175,13 +170,13 @@ TEST_P(ConsumerRepeat, RefreshWithoutASessionLeavesTheFirstResultAndSendsNoSecon
         int curl;
         std::string body;
     } rows[] = {
-        {7, ""}, {0, kSessionGone}, {0, "<html>gone</html>"}, {0, "{}"}, {0, SessionAnswer("")},
+        {7, ""}, {0, kSessionGone}, {0, "<html>gone</html>"}, {0, "{}"}, {0, SessionResponse("")},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.body);
         const size_t before = transport.Count();
-        transport.Answer(kSessionGone);
-        transport.Make([row](const SentRequest&) { return ScriptedAnswer{row.curl, row.body}; });
+        transport.Respond(kSessionGone);
+        transport.Make([row](const SentRequest&) { return ScriptedResponse{row.curl, row.body}; });
         EXPECT_EQ(Call("shared-token"), 300401);
         EXPECT_EQ(transport.Count(), before + 2);
         EXPECT_EQ(core.getSessionId(), "old-session");
@@ -193,7 +188,7 @@ TEST_P(ConsumerRepeat, NoOtherResultOfTheConsumerServerRenewsAnything) {
     for (const auto& [code, result] : {std::pair("400", 300400), {"402", 300402}, {"10002", 310002}}) {
         SCOPED_TRACE(code);
         const size_t before = transport.Count();
-        transport.Answer(R"({"meta":{"code":)" + std::string(code) + "}}");
+        transport.Respond(R"({"meta":{"code":)" + std::string(code) + "}}");
         EXPECT_EQ(Call("shared-token"), result);
         EXPECT_EQ(transport.Count(), before + 1);
     }

@@ -42,9 +42,9 @@ protected:
         settings.setPermissionMode(2);
         transport.Always([](const SentRequest& request) {
             return request.url.find("/oauth/") != std::string::npos
-                       ? ScriptedAnswer{0, R"({"result":{"code":"200","data":{"access_token":"new-token",
+                       ? ScriptedResponse{0, R"({"result":{"code":"200","data":{"access_token":"new-token",
                              "openId":"o","refresh_token":"r","expires_in":7200}}})"}
-                       : ScriptedAnswer{0, R"({"meta":{"code":200},"sessionInfo":{"sessionId":"new-session"}})"};
+                       : ScriptedResponse{0, R"({"meta":{"code":200},"sessionInfo":{"sessionId":"new-session"}})"};
         });
         SetThreadLastError(0);
     }

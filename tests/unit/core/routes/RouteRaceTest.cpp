@@ -27,7 +27,7 @@ protected:
                                     "deviceSerial":"S","channelNo":"1"}])");
         transport.Always([this](const SentRequest& /*request*/) {
             m_requests.fetch_add(1);
-            return ScriptedAnswer{0, R"({"resultCode":"200","meta":{"code":200}})"};
+            return ScriptedResponse{0, R"({"resultCode":"200","meta":{"code":200}})"};
         });
     }
 

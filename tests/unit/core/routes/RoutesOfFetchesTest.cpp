@@ -18,7 +18,7 @@ TEST_P(Sources, OutsideTheB2CModeThePlatformAnswersForEveryToken) {
             SCOPED_TRACE(std::to_string(mode) + token);
             core.ClearAllCache();
             const size_t before = transport.Count();
-            transport.Answer(GetParam().platformAnswer);
+            transport.Respond(GetParam().platformAnswer);
             EXPECT_EQ(Call(token), 0);
             ASSERT_EQ(transport.Count(), before + 1);
             EXPECT_EQ(Address(before), AtPlatform());
@@ -34,7 +34,7 @@ TEST_P(Sources, InTheB2CModeThePlatformAnswersForTokensThatAreNotShared) {
         SCOPED_TRACE(token);
         core.ClearAllCache();
         const size_t before = transport.Count();
-        transport.Answer(GetParam().platformAnswer);
+        transport.Respond(GetParam().platformAnswer);
         EXPECT_EQ(Call(token), 0);
         ASSERT_EQ(transport.Count(), before + 1);
         EXPECT_EQ(Address(before), AtPlatform());
@@ -61,7 +61,7 @@ TEST_P(Sources, InTheB2CModeTheConsumerServerAnswersForSharedTokensByTheSession)
 }
 
 TEST_P(Sources, DomainIsToldInTheWordsOfItsOperation) {
-    transport.Answer(GetParam().platformAnswer);
+    transport.Respond(GetParam().platformAnswer);
     EXPECT_EQ(Call("own-token"), 0);
     if (GetParam().hasDomainByToken) {
         EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::getDomainByToken",
@@ -93,7 +93,7 @@ TEST_P(Sources, EmptyAccessTokenFailsBeforeAnyRequestInEveryMode) {
 TEST_P(Sources, EmptySessionIsRenewedBeforeTheRequest) {
     EnterB2C();
     core.setSessionId("");
-    transport.Answer(SessionAnswer("new-session"));
+    transport.Respond(SessionResponse("new-session"));
     AnswerByConsumer();
     EXPECT_EQ(Call("shared-token"), 0);
     EXPECT_EQ(SessionRefreshes(), 1U);
@@ -145,7 +145,7 @@ TEST_P(Sources, ConsumerServerNeedsNoAccessToken) {
 TEST_P(Sources, PlatformNeedsNoSession) {
     EnterB2C();
     core.setSessionId("");
-    transport.Answer(GetParam().platformAnswer);
+    transport.Respond(GetParam().platformAnswer);
     EXPECT_EQ(Call("own-token"), 0);
     EXPECT_EQ(Address(0), AtPlatform());
 }
@@ -173,13 +173,13 @@ protected:
 
 TEST_F(DeviceSources, SmallPermissionModeCarriesTheDevicesTkTokenOfTheOperationsKind) {
     core.setPermissionMode(1);
-    transport.Answer(kPlatformUser);
+    transport.Respond(kPlatformUser);
     EXPECT_EQ(User("C1", 1), 0);
     EXPECT_EQ(Token(0), "tk-device");
-    transport.Answer(kPlatformDevice);
+    transport.Respond(kPlatformDevice);
     EXPECT_EQ(Device("C1"), 0);
     EXPECT_EQ(Token(1), "tk-device");
-    transport.Answer(kPlatformServers);
+    transport.Respond(kPlatformServers);
     EXPECT_EQ(Relays("C1", 1), 0);
     EXPECT_EQ(Token(2), "tk-video");
 }
@@ -208,10 +208,10 @@ TEST_F(DeviceSources, OtherModesCarryTheAccessTokenForAnOwnDevice) {
     for (const int mode : {0, 2, 3}) {
         core.setPermissionMode(mode);
         core.ClearAllCache();
-        transport.Answer(kPlatformUser);
+        transport.Respond(kPlatformUser);
         EXPECT_EQ(User("OWN", 1), 0);
         EXPECT_EQ(Token(transport.Count() - 1), "access-token");
-        transport.Answer(kPlatformDevice);
+        transport.Respond(kPlatformDevice);
         EXPECT_EQ(Device("OWN"), 0);
         EXPECT_EQ(Token(transport.Count() - 1), "access-token");
         EXPECT_EQ(Address(transport.Count() - 1), "https://b.example/api/sdk/p2p/dev/info/get");
@@ -220,11 +220,11 @@ TEST_F(DeviceSources, OtherModesCarryTheAccessTokenForAnOwnDevice) {
 
 TEST_F(DeviceSources, InTheB2CModeTheB2CTokenOfTheDeviceChoosesTheFamily) {
     core.setPermissionMode(2);
-    transport.Answer(kConsumerUser);
-    transport.Answer(kConsumerSecret);
+    transport.Respond(kConsumerUser);
+    transport.Respond(kConsumerSecret);
     EXPECT_EQ(User("SHARED", 1), 0);
     EXPECT_EQ(Address(0), "https://c.example/v3/users/info");
-    transport.Answer(kConsumerDevice);
+    transport.Respond(kConsumerDevice);
     EXPECT_EQ(Device("SHARED"), 0);
     EXPECT_EQ(Address(2), "https://c.example/v3/userdevices/v1/devices/pagelist");
     EXPECT_EQ(Session(2), "old-session");
@@ -233,10 +233,10 @@ TEST_F(DeviceSources, InTheB2CModeTheB2CTokenOfTheDeviceChoosesTheFamily) {
 TEST_F(DeviceSources, ChannelWithoutAB2CTokenIsTheAccountsOwn) {
     core.setPermissionMode(2);
     core.setSharedAccessToken("");
-    transport.Answer(kPlatformUser);
+    transport.Respond(kPlatformUser);
     EXPECT_EQ(User("C9", 1), 0);
     EXPECT_EQ(Address(0), "https://b.example/api/sdk/p2p/user/info/get");
-    transport.Answer(kPlatformDevice);
+    transport.Respond(kPlatformDevice);
     EXPECT_EQ(Device("C9"), 0);
     EXPECT_EQ(Address(1), "https://b.example/api/sdk/p2p/dev/info/get");
     EXPECT_EQ(Token(1), "access-token");
@@ -244,23 +244,23 @@ TEST_F(DeviceSources, ChannelWithoutAB2CTokenIsTheAccountsOwn) {
 
 TEST_F(DeviceSources, SessionThatEndsIsRenewedForTheSameFamily) {
     core.setPermissionMode(2);
-    transport.Answer(kSessionGone);
-    transport.Answer(SessionAnswer());
-    transport.Answer(kConsumerDevice);
+    transport.Respond(kSessionGone);
+    transport.Respond(SessionResponse());
+    transport.Respond(kConsumerDevice);
     EXPECT_EQ(Device("SHARED"), 0);
     EXPECT_EQ(Address(2), "https://c.example/v3/userdevices/v1/devices/pagelist");
     EXPECT_EQ(Session(2), "new-session");
 }
 
 TEST_F(DeviceSources, ExpiredTokenIsRenewedForThemToo) {
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer());
-    transport.Answer(kPlatformUser);
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse());
+    transport.Respond(kPlatformUser);
     EXPECT_EQ(User("OWN", 1), 0);
     EXPECT_EQ(Token(2), "new-token");
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer("third-token"));
-    transport.Answer(kPlatformDevice);
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse("third-token"));
+    transport.Respond(kPlatformDevice);
     EXPECT_EQ(Device("OWN"), 0);
     EXPECT_EQ(Token(5), "third-token");
 }

@@ -12,7 +12,7 @@ protected:
     int FetchInBackground() { return core.getServerInfo("own-token", servers, future, false); }
     /// Puts a record into the cache.
     void Cache() {
-        transport.Answer(kPlatformServers);
+        transport.Respond(kPlatformServers);
         ServerInfo kept;
         ASSERT_EQ(core.getServerInfo("own-token", kept, true), 0);
         lines.Clear();
@@ -37,7 +37,7 @@ protected:
 // ---- The request
 
 TEST_F(ServerInformation, PlatformRequestCarriesTokenKeyAndVersion) {
-    transport.Answer(kPlatformServers);
+    transport.Respond(kPlatformServers);
     EXPECT_EQ(Fetch(), 0);
     ASSERT_EQ(transport.Count(), 1U);
     const SentRequest sent = transport.Sent()[0];
@@ -50,7 +50,7 @@ TEST_F(ServerInformation, PlatformRequestCarriesTokenKeyAndVersion) {
 
 TEST_F(ServerInformation, RecordComesWithTheTimeThatTheRequestTook) {
     clock.SetSteadyStep(9'000'000);
-    transport.Answer(kPlatformServers);
+    transport.Respond(kPlatformServers);
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(servers.stun1Addr, "platform");
     EXPECT_EQ(servers.stun1Port, 1);
@@ -89,7 +89,7 @@ TEST_F(ServerInformation, CopyIsNotAgedWhenItIsRead) {
 
 TEST_F(ServerInformation, RecordFromTheConsumerServerIsCachedToo) {
     core.setPermissionMode(2);
-    transport.Answer(kConsumerServers);
+    transport.Respond(kConsumerServers);
     EXPECT_EQ(core.getServerInfo("shared-token", servers, false), 0);
     EXPECT_EQ(servers.stun1Addr, "consumer");
     EXPECT_TRUE(IsCached());
@@ -98,7 +98,7 @@ TEST_F(ServerInformation, RecordFromTheConsumerServerIsCachedToo) {
 TEST_F(ServerInformation, RefillReplacesTheWholeRecord) {
     Cache();
     core.ClearAllCache();
-    transport.Answer(Servers("second"));
+    transport.Respond(Servers("second"));
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(servers.stun1Addr, "second");
@@ -125,7 +125,7 @@ TEST_F(ServerInformation, FailureTouchesOnlyTheCostAndIsNotCached) {
         SCOPED_TRACE(row.body);
         servers.stun1Addr = "mine";
         servers.iRequestCost = 0;
-        transport.Make([row](const SentRequest&) { return ScriptedAnswer{row.curl, row.body}; });
+        transport.Make([row](const SentRequest&) { return ScriptedResponse{row.curl, row.body}; });
         EXPECT_EQ(Fetch(), row.result);
         EXPECT_EQ(servers.stun1Addr, "mine");
         EXPECT_EQ(servers.iRequestCost, 4);
@@ -137,7 +137,7 @@ TEST_F(ServerInformation, FailureInvalidatesACopyThatAnotherFetchHasJustStored) 
     transport.Make([&](const SentRequest&) {
         Cache();
         EXPECT_TRUE(IsCached());
-        return ScriptedAnswer{7, ""};
+        return ScriptedResponse{7, ""};
     });
     EXPECT_EQ(Fetch(), 100007);
     EXPECT_FALSE(IsCached());
@@ -147,17 +147,17 @@ TEST_F(ServerInformation, RefusedConsumerAnswerInvalidatesToo) {
     core.setPermissionMode(2);
     transport.Make([&](const SentRequest&) {
         Cache();
-        return ScriptedAnswer{0, R"({"meta":{"code":500}})"};
+        return ScriptedResponse{0, R"({"meta":{"code":500}})"};
     });
     EXPECT_EQ(core.getServerInfo("shared-token", servers, false), 300500);
     EXPECT_FALSE(IsCached());
 }
 
 TEST_F(ServerInformation, RepeatIsServedWhatAnotherFetchHasStoredMeanwhile) {
-    transport.Answer(kExpired);
+    transport.Respond(kExpired);
     transport.Make([&](const SentRequest&) {
         Cache();
-        return ScriptedAnswer{0, RefreshAnswer()};
+        return ScriptedResponse{0, RefreshResponse()};
     });
     clock.SetSteadyStep(4'000'000);
     EXPECT_EQ(Fetch(), 0);
@@ -183,7 +183,7 @@ TEST_F(ServerInformation, HitLeavesTheFutureUntouched) {
 }
 
 TEST_F(ServerInformation, MissReturnsZeroAndTheRecordIsCompleteWhenTheFutureIsReady) {
-    transport.Answer(kPlatformServers);
+    transport.Respond(kPlatformServers);
     EXPECT_EQ(FetchInBackground(), 0);
     ASSERT_TRUE(future.valid());
     EXPECT_EQ(future.get(), 0);
@@ -199,7 +199,7 @@ TEST_F(ServerInformation, MissReturnsZeroAndTheRecordIsCompleteWhenTheFutureIsRe
 TEST_F(ServerInformation, FailureComesThroughTheFutureAndInvalidates) {
     transport.Make([&](const SentRequest&) {
         Cache();
-        return ScriptedAnswer{28, ""};
+        return ScriptedResponse{28, ""};
     });
     EXPECT_EQ(FetchInBackground(), 0);
     EXPECT_EQ(future.get(), 100028);
@@ -207,9 +207,9 @@ TEST_F(ServerInformation, FailureComesThroughTheFutureAndInvalidates) {
 }
 
 TEST_F(ServerInformation, TaskRepeatsThroughTheSynchronousForm) {
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer());
-    transport.Answer(kPlatformServers);
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse());
+    transport.Respond(kPlatformServers);
     EXPECT_EQ(FetchInBackground(), 0);
     EXPECT_EQ(future.get(), 0);
     EXPECT_EQ(Token(2), "new-token");
@@ -224,10 +224,10 @@ TEST_F(ServerInformation, TaskHasItsOwnCopyOfTheToken) {
         std::string token = "shared-token";
         transport.Make([&](const SentRequest&) {
             release.get_future().wait();
-            return ScriptedAnswer{0, kSessionGone};
+            return ScriptedResponse{0, kSessionGone};
         });
-        transport.Answer(SessionAnswer());
-        transport.Answer(kConsumerServers);
+        transport.Respond(SessionResponse());
+        transport.Respond(kConsumerServers);
         EXPECT_EQ(core.getServerInfo(token, servers, future, false), 0);
         token.assign(token.size(), '!');
     }
@@ -242,11 +242,11 @@ TEST_F(ServerInformation, SecondTaskIntoTheSameFutureWaitsForTheFirst) {
     transport.Make([&](const SentRequest&) {
         started.set_value();
         release.get_future().wait();
-        return ScriptedAnswer{0, R"({"resultCode":"200","serverResp":{"stun1Addr":"first"}})"};
+        return ScriptedResponse{0, R"({"resultCode":"200","serverResp":{"stun1Addr":"first"}})"};
     });
     transport.Make([&](const SentRequest&) {
         release.set_value();  // only the second lets the first end
-        return ScriptedAnswer{0, kPlatformServers};
+        return ScriptedResponse{0, kPlatformServers};
     });
     ServerInfo first;
     EXPECT_EQ(core.getServerInfo("own-token", first, future, false), 0);
@@ -278,7 +278,7 @@ TEST_F(ServerInformation, ExpiringKeepsACopyOf120SecondsAndEndsOneOf121) {
         core.expireServerInfo();
         EXPECT_EQ(IsCached(), cached) << age;
     }
-    transport.Answer(kPlatformServers);
+    transport.Respond(kPlatformServers);
     EXPECT_EQ(Fetch(), 0);
     EXPECT_TRUE(IsCached()) << "fetched again";
 }
@@ -295,9 +295,9 @@ TEST_F(ServerInformation, ExpiringIsSilentAndBeforeAnyFetchDoesNothing) {
 TEST_F(ServerInformation, ExpiringConcernsNoOtherCache) {
     P2PUserInfo user;
     P2PDevInfo device;
-    transport.Answer(kPlatformUser);
+    transport.Respond(kPlatformUser);
     EXPECT_EQ(core.getP2PUserInfo("own-token", user, false), 0);
-    transport.Answer(kPlatformDevice);
+    transport.Respond(kPlatformDevice);
     EXPECT_EQ(core.getP2PDevInfo(device, "own-token", "OWN", false), 0);
     clock.AdvanceSeconds(1000);
     core.expireServerInfo();

@@ -26,7 +26,7 @@ protected:
 TEST_F(VideoRelays, RequestNamesTheChannelAndCarriesTheAccessToken) {
     for (const int mode : {0, 2, 3}) {
         core.setPermissionMode(mode);
-        transport.Answer(kPlatformServers);
+        transport.Respond(kPlatformServers);
         EXPECT_EQ(Ask("C1", 5), 0) << mode;
         const SentRequest sent = transport.Sent().back();
         EXPECT_EQ(sent.method, "POST");
@@ -40,7 +40,7 @@ TEST_F(VideoRelays, RequestNamesTheChannelAndCarriesTheAccessToken) {
 
 TEST_F(VideoRelays, SmallPermissionModeCarriesTheVideoTkToken) {
     core.setPermissionMode(1);
-    transport.Answer(kPlatformServers);
+    transport.Respond(kPlatformServers);
     EXPECT_EQ(Ask(), 0);
     EXPECT_EQ(Token(0), "tk-video");
 }
@@ -61,7 +61,7 @@ TEST_F(VideoRelays, EmptyTokenFailsBeforeAnyRequest) {
 
 TEST_F(VideoRelays, SharedDeviceHasTheCDomainAndStillThePlatformsRequest) {
     core.setPermissionMode(2);
-    transport.Answer(kPlatformServers);
+    transport.Respond(kPlatformServers);
     EXPECT_EQ(Ask("SHARED"), 0);
     EXPECT_EQ(Address(0), "https://c.example/api/service/media/server/info");
     EXPECT_EQ(Token(0), "access-token");
@@ -71,7 +71,7 @@ TEST_F(VideoRelays, SharedDeviceHasTheCDomainAndStillThePlatformsRequest) {
 }
 
 TEST_F(VideoRelays, TwoAddressesAreOneLineOfJsonInTheirOrder) {
-    transport.Answer(kPlatformServers);
+    transport.Respond(kPlatformServers);
     EXPECT_EQ(Ask(), 0);
     EXPECT_EQ(json, kTwoRelays);
     std::vector<std::string> own;
@@ -88,7 +88,7 @@ TEST_F(VideoRelays, TwoAddressesAreOneLineOfJsonInTheirOrder) {
 }
 
 TEST_F(VideoRelays, MainRelayIsNotInTheList) {
-    transport.Answer(R"({"resultCode":"200","serverResp":{"vtmAddr":"main","vtmPort":1,
+    transport.Respond(R"({"resultCode":"200","serverResp":{"vtmAddr":"main","vtmPort":1,
                         "vtmBackups":[{"addr":"backup","port":2}]}})");
     EXPECT_EQ(Ask(), 0);
     EXPECT_EQ(json, R"({"vtmBackups":[{"addr":"backup","port":2}]})");
@@ -111,13 +111,13 @@ TEST_F(VideoRelays, NoListAnEmptyOneAndAFailureAreTheSame) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.body);
         lines.Clear();
-        transport.Make([row](const SentRequest&) { return ScriptedAnswer{row.curl, row.body}; });
+        transport.Make([row](const SentRequest&) { return ScriptedResponse{row.curl, row.body}; });
         ExpectNone(Ask());
     }
 }
 
 TEST_F(VideoRelays, NothingIsCached) {
-    transport.Answer(kPlatformServers, 3);
+    transport.Respond(kPlatformServers, 3);
     EXPECT_EQ(Ask(), 0);
     EXPECT_EQ(Ask(), 0);
     ServerInfo servers;
@@ -131,9 +131,9 @@ TEST_F(VideoRelays, NothingIsCached) {
 // ---- An expired token
 
 TEST_F(VideoRelays, ExpiredTokenIsRenewedOnceAndTheRepeatTakesTheNewOne) {
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer());
-    transport.Answer(kPlatformServers);
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse());
+    transport.Respond(kPlatformServers);
     EXPECT_EQ(Ask("C1", 5), 0);
     ASSERT_EQ(transport.Count(), 3U);
     EXPECT_EQ(Token(2), "new-token");
@@ -145,9 +145,9 @@ TEST_F(VideoRelays, ExpiredTokenIsRenewedOnceAndTheRepeatTakesTheNewOne) {
 }
 
 TEST_F(VideoRelays, ExpiredTwiceIsAFailureAfterOneRefresh) {
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer());
-    transport.Answer(kExpired);
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse());
+    transport.Respond(kExpired);
     EXPECT_EQ(Ask(), -1);
     EXPECT_EQ(transport.Count(), 3U);
     EXPECT_EQ(Refreshes(), 1U);
@@ -155,21 +155,21 @@ TEST_F(VideoRelays, ExpiredTwiceIsAFailureAfterOneRefresh) {
 }
 
 TEST_F(VideoRelays, RefusedRefreshSendsNoSecondRequest) {
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer(""));
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse(""));
     ExpectNone(Ask());
     EXPECT_EQ(transport.Count(), 2U);
 }
 
 TEST_F(VideoRelays, RepeatedCallIsNotRenewed) {
-    transport.Answer(kExpired);
+    transport.Respond(kExpired);
     ExpectNone(Ask("C1", 1, true));
     EXPECT_EQ(transport.Count(), 1U);
 }
 
 TEST_F(VideoRelays, SmallPermissionModeRenewsNothing) {
     core.setPermissionMode(1);
-    transport.Answer(kExpired);
+    transport.Respond(kExpired);
     ExpectNone(Ask());
     EXPECT_EQ(transport.Count(), 1U);
 }
@@ -179,7 +179,7 @@ TEST_F(VideoRelays, SmallPermissionModeRenewsNothing) {
 TEST_F(VideoRelays, GivenTokenIsCarriedInEveryMode) {
     for (const int mode : {0, 1, 2}) {
         core.setPermissionMode(mode);
-        transport.Answer(kPlatformServers);
+        transport.Respond(kPlatformServers);
         EXPECT_EQ(core.getServerInfoEx("given-token", json, "C1", 2, false), 0);
         EXPECT_EQ(Token(transport.Count() - 1), "given-token");
         EXPECT_EQ(transport.Sent().back().Param("localIndex"), "2");
@@ -195,12 +195,12 @@ TEST_F(VideoRelays, EmptyGivenTokenFailsBeforeAnyRequest) {
 }
 
 TEST_F(VideoRelays, GivenTokenThatHasExpiredIsRenewedOnce) {
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer());
-    transport.Answer(kPlatformServers);
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse());
+    transport.Respond(kPlatformServers);
     EXPECT_EQ(core.getServerInfoEx("given-token", json, "C1", 2, false), 0);
     EXPECT_EQ(Token(2), "new-token");
-    transport.Answer(kExpired);
+    transport.Respond(kExpired);
     EXPECT_EQ(core.getServerInfoEx("given-token", json, "C1", 2, true), -1);
     EXPECT_EQ(transport.Count(), 4U);
 }

@@ -174,12 +174,12 @@ TEST_F(RenewedCredentials, LiveReferencesFollowARefresh) {
     const std::string& time = core.getTokenExpireTime();
     const std::string& session = core.getSessionId();
     std::string renewed;
-    transport.Answer(RefreshAnswer());
+    transport.Respond(RefreshResponse());
     EXPECT_EQ(core.RefreshToken(renewed), 0);
     EXPECT_EQ(token, "new-token");
     EXPECT_EQ(time, "7200");
     core.setPermissionMode(2);
-    transport.Answer(SessionAnswer());
+    transport.Respond(SessionResponse());
     EXPECT_EQ(core.RefreshSession("", renewed), 0);
     EXPECT_EQ(session, "new-session");
 }
@@ -191,7 +191,7 @@ TEST_F(RenewedCredentials, RenewedTokenIsTheAccountsOwnAndTheOldOneIsNoMore) {
     EXPECT_EQ(core.getDomainByToken("new-token"), "https://c.example");
     EXPECT_EQ(core.getDomainByToken("access-token"), "https://b.example");
     std::string renewed;
-    transport.Answer(RefreshAnswer());
+    transport.Respond(RefreshResponse());
     EXPECT_EQ(core.RefreshToken(renewed), 0);
     EXPECT_EQ(core.getDomainByToken("new-token"), "https://b.example");
     EXPECT_EQ(core.getDomainByToken("access-token"), "https://c.example");

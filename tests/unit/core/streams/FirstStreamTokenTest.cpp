@@ -18,7 +18,7 @@ protected:
         return core.GetStreamTokenFromQueue(accessToken, buffer);
     }
     void Prefetch(const std::string& answer = kTokenBatch) {
-        transport.Answer(answer);
+        transport.Respond(answer);
         EXPECT_EQ(core.GetStreamTokenFast(), 0);
     }
     /// An answer of exactly this many characters.
@@ -82,9 +82,9 @@ TEST_F(FirstStreamTokenTest, RequestIsForTenTokens) {
 
 TEST_F(FirstStreamTokenTest, FailedRequestStops) {
     for (const auto& [curl, body] :
-         {std::pair(7, std::string()), {0, CodeAnswer("20007")}, {0, "no json"}, {0, "{}"}}) {
+         {std::pair(7, std::string()), {0, CodeResponse("20007")}, {0, "no json"}, {0, "{}"}}) {
         lines.Clear();
-        transport.Make([curl = curl, body = body](const SentRequest&) { return ScriptedAnswer{curl, body}; });
+        transport.Make([curl = curl, body = body](const SentRequest&) { return ScriptedResponse{curl, body}; });
         EXPECT_EQ(core.GetStreamTokenFast(), 0);
         EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kFast, "getStreamToken failed"));
         ExpectNothingPrefetched();
@@ -92,7 +92,7 @@ TEST_F(FirstStreamTokenTest, FailedRequestStops) {
 }
 
 TEST_F(FirstStreamTokenTest, TextualResultCodeThatIsNoSuccessOfTheAuthenticationStops) {
-    transport.Answer(R"({"resultCode":"0"})");  // a success of the envelope, but not of the mapping
+    transport.Respond(R"({"resultCode":"0"})");  // a success of the envelope, but not of the mapping
     EXPECT_EQ(core.GetStreamTokenFast(), 0);
     EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kFast, "getStreamToken resultCode Error"));
     EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "ConvertVerifyErrorCode",
@@ -133,8 +133,8 @@ TEST_F(FirstStreamTokenTest, LongerTextIsNotKept) {
 }
 
 TEST_F(FirstStreamTokenTest, ExpiredTokenIsRenewedOnceAndTheNewOneIsTheOwner) {
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer());
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse());
     Prefetch();
     ASSERT_EQ(transport.Count(), 3U);
     EXPECT_EQ(Token(2), "new-token");
@@ -145,8 +145,8 @@ TEST_F(FirstStreamTokenTest, ExpiredTokenIsRenewedOnceAndTheNewOneIsTheOwner) {
 }
 
 TEST_F(FirstStreamTokenTest, ExpiredTwiceStops) {
-    transport.Answer(kExpired);
-    transport.Answer(RefreshAnswer());
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse());
     Prefetch(kExpired);
     EXPECT_EQ(transport.Count(), 3U);
     EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kFast, "getStreamToken failed"));
@@ -156,7 +156,7 @@ TEST_F(FirstStreamTokenTest, ExpiredTwiceStops) {
 TEST_F(FirstStreamTokenTest, AccessTokenThatTheHostSetsMeanwhileIsNotTheOwner) {
     transport.Make([&](const SentRequest&) {
         core.setAccessToken("set-meanwhile");
-        return ScriptedAnswer{0, kTokenBatch};
+        return ScriptedResponse{0, kTokenBatch};
     });
     EXPECT_EQ(core.GetStreamTokenFast(), 0);
     EXPECT_EQ(Take("set-meanwhile"), -1);
@@ -259,7 +259,7 @@ TEST_F(FirstStreamTokenTest, ServedTokenMayBeFetchedAgain) {
 TEST_F(FirstStreamTokenTest, ItIsNotOfTheQueueAndNoCache) {
     Prefetch();
     std::string one;
-    transport.Answer(R"({"resultCode":"200","tokenArray":["q1","q2"]})");
+    transport.Respond(R"({"resultCode":"200","tokenArray":["q1","q2"]})");
     EXPECT_EQ(core.getOneStreamToken("access-token", one), 0);
     EXPECT_EQ(one, "q1");
     core.ClearAllCache();

@@ -31,7 +31,7 @@ protected:
 };
 
 TEST_F(StreamTokens, SmallPermissionModeDoesNothing) {
-    transport.Answer(Batch("t", 3));
+    transport.Respond(Batch("t", 3));
     EXPECT_EQ(Take(), 0);
     core.setPermissionMode(1);
     token = "what was there";
@@ -47,7 +47,7 @@ TEST_F(StreamTokens, SmallPermissionModeDoesNothing) {
 }
 
 TEST_F(StreamTokens, EmptyQueueIsFilledByABatchOfTwenty) {
-    transport.Answer(Batch("t", 20));
+    transport.Respond(Batch("t", 20));
     EXPECT_EQ(Take(), 0);
     EXPECT_EQ(token, "t1");
     ASSERT_EQ(transport.Count(), 1U);
@@ -61,8 +61,8 @@ TEST_F(StreamTokens, EmptyQueueIsFilledByABatchOfTwenty) {
 }
 
 TEST_F(StreamTokens, RestOfTheBatchIsServedInOrderWithoutARequest) {
-    transport.Answer(Batch("t", 20));
-    transport.Answer(Batch("second", 20));
+    transport.Respond(Batch("t", 20));
+    transport.Respond(Batch("second", 20));
     EXPECT_EQ(Take(), 0);
     lines.Clear();
     for (int i = 2; i <= 20; ++i) {
@@ -77,10 +77,10 @@ TEST_F(StreamTokens, RestOfTheBatchIsServedInOrderWithoutARequest) {
 }
 
 TEST_F(StreamTokens, BatchOfAnySizeIsTaken) {
-    transport.Answer(Batch("one", 1));
+    transport.Respond(Batch("one", 1));
     EXPECT_EQ(Take(), 0);
     EXPECT_EQ(token, "one1");
-    transport.Answer(Batch("many", 25));
+    transport.Respond(Batch("many", 25));
     EXPECT_EQ(Take(), 0);
     EXPECT_EQ(token, "many1");
     for (int i = 2; i <= 25; ++i) {
@@ -93,9 +93,9 @@ TEST_F(StreamTokens, BatchOfAnySizeIsTaken) {
 // ---- Whose the queue is
 
 TEST_F(StreamTokens, AnotherAccessTokenEmptiesTheQueueAndBecomesTheCores) {
-    transport.Answer(Batch("old", 20));
+    transport.Respond(Batch("old", 20));
     EXPECT_EQ(Take(), 0);
-    transport.Answer(Batch("new", 20));
+    transport.Respond(Batch("new", 20));
     EXPECT_EQ(Take("other-token"), 0);
     EXPECT_EQ(token, "new1");
     EXPECT_EQ(Token(1), "other-token");
@@ -107,19 +107,19 @@ TEST_F(StreamTokens, AnotherAccessTokenEmptiesTheQueueAndBecomesTheCores) {
 }
 
 TEST_F(StreamTokens, AnotherAccessTokenEmptiesTheQueueAlsoWhenItsBatchFails) {
-    transport.Answer(Batch("old", 20));
+    transport.Respond(Batch("old", 20));
     EXPECT_EQ(Take(), 0);
     transport.Fail(7);
     EXPECT_EQ(Take("other-token"), 100007);
     EXPECT_EQ(core.getAccessToken(), "access-token") << "only a batch makes it the core's";
-    transport.Answer(Batch("new", 20));
+    transport.Respond(Batch("new", 20));
     EXPECT_EQ(Take(), 0);
     EXPECT_EQ(token, "new1");
     EXPECT_EQ(transport.Count(), 3U);
 }
 
 TEST_F(StreamTokens, QueueBelongsToWhateverAccessTokenIsCurrent) {
-    transport.Answer(Batch("t", 20));
+    transport.Respond(Batch("t", 20));
     EXPECT_EQ(Take(), 0);
     core.setAccessToken("set-by-the-host");
     EXPECT_EQ(Take("set-by-the-host"), 0);
@@ -128,7 +128,7 @@ TEST_F(StreamTokens, QueueBelongsToWhateverAccessTokenIsCurrent) {
 }
 
 TEST_F(StreamTokens, ClearingAllCachesKeepsTheQueue) {
-    transport.Answer(Batch("t", 20));
+    transport.Respond(Batch("t", 20));
     EXPECT_EQ(Take(), 0);
     core.ClearAllCache();
     EXPECT_EQ(Take(), 0);
@@ -136,7 +136,7 @@ TEST_F(StreamTokens, ClearingAllCachesKeepsTheQueue) {
 }
 
 TEST_F(StreamTokens, TokensAreNotAged) {
-    transport.Answer(Batch("t", 20));
+    transport.Respond(Batch("t", 20));
     EXPECT_EQ(Take(), 0);
     clock.AdvanceSeconds(1'000'000);
     EXPECT_EQ(Take(), 0);
@@ -150,7 +150,7 @@ TEST_F(StreamTokens, SharedTokenHasTheCDomainInTheB2CMode) {
     core.setSharedAccessToken("shared-by-token");
     for (const char* shared : {"shared-token", "shared-by-token"}) {
         core.setAccessToken("access-token");  // the last batch made its token the core's own, which is never shared
-        transport.Answer(Batch("t", 20));
+        transport.Respond(Batch("t", 20));
         lines.Clear();
         EXPECT_EQ(Take(shared), 0);
         EXPECT_EQ(Address(transport.Count() - 1), "https://c.example/api/user/token");
@@ -163,7 +163,7 @@ TEST_F(StreamTokens, EveryOtherTokenAndModeHasTheBDomain) {
     for (const auto& [mode, asked] : {std::pair(0, "shared-token"), {3, "shared-token"}, {2, "own-token"}}) {
         core.setPermissionMode(mode);
         core.setAccessToken("access-token");
-        transport.Answer(Batch("t", 20));
+        transport.Respond(Batch("t", 20));
         lines.Clear();
         EXPECT_EQ(Take(asked), 0);
         EXPECT_EQ(Address(transport.Count() - 1), "https://b.example/api/user/token") << mode;
@@ -193,7 +193,7 @@ TEST_F(StreamTokens, FailedBatchIsLoggedAndItsCodeReturned) {
         SCOPED_TRACE(row.body);
         lines.Clear();
         const size_t before = transport.Count();
-        transport.Make([row](const SentRequest&) { return ScriptedAnswer{row.curl, row.body}; });
+        transport.Make([row](const SentRequest&) { return ScriptedResponse{row.curl, row.body}; });
         EXPECT_EQ(Take(), row.result);
         EXPECT_EQ(token, "what was there");
         EXPECT_EQ(transport.Count(), before + 1) << "no refresh, no repeat";
@@ -222,7 +222,7 @@ class StreamTokenAnswer : public FetchTest {};
 
 TEST_F(StreamTokenAnswer, WholeAnswerIsHandedOutAndTheCountSent) {
     std::string answer;
-    transport.Answer(kTokenBatch);
+    transport.Respond(kTokenBatch);
     EXPECT_EQ(core.getStreamTokens("own-token", 7, answer, false), 0);
     EXPECT_EQ(answer, kTokenBatch);
     EXPECT_EQ(transport.Sent()[0].Param("count"), "7");
@@ -231,7 +231,7 @@ TEST_F(StreamTokenAnswer, WholeAnswerIsHandedOutAndTheCountSent) {
 
 TEST_F(StreamTokenAnswer, FailureLeavesTheAnswerAlone) {
     std::string answer = "what was there";
-    transport.Answer(CodeAnswer("20007"));
+    transport.Respond(CodeResponse("20007"));
     EXPECT_EQ(core.getStreamTokens("own-token", 7, answer, false), 320007);
     EXPECT_EQ(answer, "what was there");
 }
@@ -240,7 +240,7 @@ TEST_F(StreamTokenAnswer, ConsumerServersAnswerIsNotLookedAt) {
     core.setPermissionMode(2);
     std::string answer;
     for (const char* body : {"no json", kSessionGone, ""}) {
-        transport.Answer(body);
+        transport.Respond(body);
         EXPECT_EQ(core.getStreamTokens("shared-token", 7, answer, false), 0);
         EXPECT_EQ(answer, body);
         EXPECT_EQ(transport.Sent().back().Param("sessionId"), "old-session");
@@ -255,7 +255,7 @@ TEST_F(StreamTokens, NoTokenOfABatchIsServedTwice) {
     iLogLevel = 6;
     std::atomic<int> batches{0};
     transport.Always([&](const SentRequest&) {
-        return ScriptedAnswer{0, Batch("batch" + std::to_string(++batches) + "-", 20)};
+        return ScriptedResponse{0, Batch("batch" + std::to_string(++batches) + "-", 20)};
     });
     std::vector<std::vector<std::string>> taken(8);
     std::vector<std::thread> threads;

@@ -1,19 +1,19 @@
-#include "support/DetailAnswer.h"
+#include "support/DetailResponse.h"
 
 namespace vantix::test {
 
-nlohmann::json DetailAnswer(const std::string& serial, int channel) {
-    nlohmann::json answer;
-    answer["result"]["code"] = "200";
-    nlohmann::json& data = answer["result"]["data"];
+nlohmann::json DetailResponse(const std::string& serial, int channel) {
+    nlohmann::json response;
+    response["result"]["code"] = "200";
+    nlohmann::json& data = response["result"]["data"];
     data["camera"] = {{"deviceSerial", serial}, {"cameraNo", channel}, {"status", 1}};
     data["device"] = {{"deviceSerial", serial}, {"releaseVersion", "VERSION_17"}, {"deviceStatus", 1}};
-    return answer;
+    return response;
 }
 
-nlohmann::json MarkedDetailAnswer(const std::string& serial, int channel, const std::string& mark) {
-    nlohmann::json answer = DetailAnswer(serial, channel);
-    nlohmann::json& data = answer["result"]["data"];
+nlohmann::json MarkedDetailResponse(const std::string& serial, int channel, const std::string& mark) {
+    nlohmann::json response = DetailResponse(serial, channel);
+    nlohmann::json& data = response["result"]["data"];
     const std::string text = "a text longer than any short string, " + mark;
     for (const char* key : {"cameraId", "capability", "streamBizUrl"}) {
         data["camera"][key] = text;
@@ -30,9 +30,9 @@ nlohmann::json MarkedDetailAnswer(const std::string& serial, int channel, const 
     data["device"]["belongDevice"].erase("belongDevice");
     data["device"]["belongDevice"]["deviceSerial"] = serial + "-parent";
     data["device"]["belongDevice"]["belongSerial"] = "";
-    return answer;
+    return response;
 }
 
-std::string CodeAnswer(const std::string& code) { return R"({"resultCode":")" + code + R"("})"; }
+std::string CodeResponse(const std::string& code) { return R"({"resultCode":")" + code + R"("})"; }
 
 }  // namespace vantix::test
