@@ -326,7 +326,7 @@ TEST_F(ConsumerP2PUser, RefusalOfTheParserIsLoggedWithTheSecretsMasked) {
 TEST_F(ConsumerP2PUser, JoinedResponseThatIsTooDeepShowsNoSecretEither) {
     transport.Respond(R"({"meta":{"code":200},"userInfo":{"userId":"SECRET"}})");
     transport.Respond(R"({"secret":"SECRET","data":{"version":3,"x":)" + std::string(998, '[') + std::string(998, ']') +
-                     "}}");
+                      "}}");
     EXPECT_EQ(Fetch(), 300001);
     EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kTag,
                                              testing::StartsWith("platform response bad, szInfo = "

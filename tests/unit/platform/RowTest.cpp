@@ -21,7 +21,7 @@ std::vector<std::string> RequestRows::OwnLines() const {
 namespace {
 
 TEST_P(RequestRows, AreSentExactlySo) {
-    m_transport.Answer("{}");
+    m_transport.Respond("{}");
     Row().send();
     ASSERT_EQ(m_transport.Count(), 1U);
     const SentRequest sent = m_transport.Sent()[0];
@@ -46,7 +46,7 @@ TEST_P(RequestRows, SayWhatWasRefused) {
     for (const RefusedResponse& refused : Row().refused) {
         SCOPED_TRACE(refused.body);
         m_log.Clear();
-        m_transport.Answer(refused.body);
+        m_transport.Respond(refused.body);
         EXPECT_EQ(Row().send(), refused.result);
         const std::vector<std::string> lines = OwnLines();
         ASSERT_FALSE(lines.empty());
