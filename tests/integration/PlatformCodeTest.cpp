@@ -8,7 +8,6 @@
 namespace vantix::test {
 namespace {
 
-
 /// A response that the cloud gives to every detail request, what becomes of it, and how many requests that takes.
 struct CodeRow {
     const char* name;

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "base/AsyncTask.h"
-#include "core/renewal/Renewal.h"
 #include "core/fetch/SingleRecordCache.h"
+#include "core/renewal/Renewal.h"
 #include "log/Logger.h"
 
 namespace vantix {
