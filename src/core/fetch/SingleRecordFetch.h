@@ -15,13 +15,13 @@ namespace vantix {
 /// What differs from one single record to the other.
 template <class Record>
 struct SingleRecordKind {
-    CallSite call;         ///< Whose name the lines bear,
-    CallSite task;         ///< and those of the background task.
-    const char* taskText;  ///< What the task logs first. No error, but at that level on purpose.
-    int (*fromPlatform)(const PlatformRoute& route, Record& record);
-    int (*fromConsumer)(const ConsumerRoute& route, Record& record);
+    CallSite call;                   ///< Whose name the lines bear,
+    CallSite task;                   ///< and those of the background task.
+    const char* taskText = nullptr;  ///< What the task logs first. No error, but at that level on purpose.
+    int (*fromPlatform)(const PlatformRoute& route, Record& record) = nullptr;
+    int (*fromConsumer)(const ConsumerRoute& route, Record& record) = nullptr;
     /// Whether a success of the consumer servers filled the record; one that did not is passed on and not kept.
-    bool (*isFilled)(const Record& record);
+    bool (*isFilled)(const Record& record) = nullptr;
 };
 
 /// One record that either family can tell, kept until it is invalidated: the same steps for all of them.

@@ -33,16 +33,20 @@ int Queries::getRecordByAlarmID(const std::string& serial, int ch, const std::st
 int Queries::getDeviceFileBySerial(const std::string& serial, int ch, const std::string& startTime,
                                    const std::string& endTime, int recordType, int location, RecordFileList& list,
                                    bool sdkPath, bool retried) {
-    const QueryRow& row = queries::kDeviceFiles;
+    using queries::kDeviceFiles;
     const TimeSpan span{startTime, endTime};
-    return m_renewal.Run(row.site, row.repeats, retried, Subject::OfChannel(serial, ch), [&](const Attempt& attempt) {
-        return SendAlong(
-            m_routes.Decide(row.site, row.route, attempt.subject),
-            [&](const PlatformRoute& route) {
-                return GetDeviceFileBySerialFromPlatform(route, serial, ch, span, recordType, location, sdkPath, list);
-            },
-            [&](const ConsumerRoute& route) { return ConsumerDeviceFiles(route, serial, ch, span, recordType, list); });
-    });
+    return m_renewal.Run(kDeviceFiles.site, kDeviceFiles.repeats, retried, Subject::OfChannel(serial, ch),
+                         [&](const Attempt& attempt) {
+                             return SendAlong(
+                                 m_routes.Decide(kDeviceFiles.site, kDeviceFiles.route, attempt.subject),
+                                 [&](const PlatformRoute& route) {
+                                     return GetDeviceFileBySerialFromPlatform(route, serial, ch, span, recordType,
+                                                                              location, sdkPath, list);
+                                 },
+                                 [&](const ConsumerRoute& route) {
+                                     return ConsumerDeviceFiles(route, serial, ch, span, recordType, list);
+                                 });
+                         });
 }
 
 int Queries::getDeviceFileBySerialEx(const std::string& serial, int ch, const std::string& startTime,
