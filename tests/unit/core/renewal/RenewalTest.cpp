@@ -48,7 +48,7 @@ protected:
         });
         SetThreadLastError(0);
     }
-    ~RenewalTest() override { SetThreadLastError(0); }
+    void TearDown() override { SetThreadLastError(0); }
 
     /// Runs an operation that comes to these outcomes, one after the other.
     int Run(const std::vector<Outcome>& outcomes, const RepeatRules& rules, bool retried = false) {

@@ -70,13 +70,13 @@ const Subject kOwn = Subject::OfChannel("O", 1);
 const Subject kUnknown = Subject::OfChannel("X", 1);
 
 struct Decided {
-    const char* name;
+    const char* name = nullptr;
     RouteRow row;
     Subject subject;
     /// In the ordinary mode, the small-permission mode and the B2C mode.
-    const char* ordinary;
-    const char* small;
-    const char* b2c;
+    const char* ordinary = nullptr;
+    const char* small = nullptr;
+    const char* b2c = nullptr;
 };
 
 const Decided kDecisions[] = {
