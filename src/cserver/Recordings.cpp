@@ -47,6 +47,7 @@ int ParseDeviceRecordFileFromCServer(const std::string& body, std::string& recor
     if (!list.IsArray()) {
         return LogMalformed(site, body);
     }
+    // "isFinished" has no place in the platform's shape and goes no further.
     records = json::JsonBuilder::Object().Set("data", json::JsonBuilder::CopyOf(list)).Compact();
     return VANTIX_NOERROR;
 }

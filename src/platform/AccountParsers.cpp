@@ -51,7 +51,10 @@ int ParseConfigInfoFromPlatform(const std::string& body, ConfigInfo& config) {
 int ParseUsernameFromPlatform(const std::string& body, std::string& userName) {
     const CallSite site = VANTIX_HERE;
     return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) {
-        return root.Member("userName").Read(userName) ? 0 : LogMissingText(site, body, "userName");
+        return root.Member("userName").Read(userName)
+                   ? 0
+                   : LogMissingText(site, body,
+                                    "platform response invalid, [userName] not exist or not string, szInfo = %s");
     });
 }
 
@@ -59,7 +62,10 @@ int ParseUserIdFromPlatform(const std::string& body, std::string& userId) {
     const CallSite site = VANTIX_HERE;
     VANTIX_LOG_INFO(site, level::kInfo, "ParseUserId = %s", body.c_str());
     return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) {
-        return ResultData(root).Member("userId").Read(userId) ? 0 : LogMissingText(site, body, "userId");
+        return ResultData(root).Member("userId").Read(userId)
+                   ? 0
+                   : LogMissingText(site, body,
+                                    "platform response invalid, [userId] not exist or not string, szInfo = %s");
     });
 }
 
@@ -68,7 +74,10 @@ int ParsePushSessionIdFromPlatform(const std::string& body, std::string& pushSes
     VANTIX_LOG_INFO(site, level::kInfo, "ParsePushSessionId = %s", body.c_str());
     return ReadResponse(site, body, StrictMetaCode, [&](const JsonCppView& root) {
         // The text names another key than the one that is read, and is kept so.
-        return root.Member("pushSessionId").Read(pushSessionId) ? 0 : LogMissingText(site, body, "userId");
+        return root.Member("pushSessionId").Read(pushSessionId)
+                   ? 0
+                   : LogMissingText(site, body,
+                                    "platform response invalid, [userId] not exist or not string, szInfo = %s");
     });
 }
 
@@ -78,7 +87,8 @@ int ParseBWCheckInfoFromPlatform(const std::string& body, BWCheckInfo& info) {
     return ReadResponse(site, body, StrictMetaCode, [&](const JsonCppView& root) -> int {
         BWCheckInfo fresh;
         if (!ReadBWCheck(RootData(root), fresh)) {
-            return LogMissingText(site, body, "publicKey");
+            return LogMissingText(site, body,
+                                  "platform response invalid, [publicKey] not exist or not string, szInfo = %s");
         }
         info = std::move(fresh);
         return VANTIX_NOERROR;
@@ -90,11 +100,11 @@ int ParseTransparentMsgDetailFromPlatform(const std::string& body, TransparentMs
     return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) -> int {
         const JsonCppView result = root.Member("result");
         if (!result.IsObject()) {
-            return LogNoObject(site, body, "result");
+            return LogNoObject(site, body, "platform response bad, [result] is not object, Resp:%s");
         }
         const JsonCppView message = result.Member("msgData");
         if (!message.IsObject()) {
-            return LogNoObject(site, body, "msgData");
+            return LogNoObject(site, body, "platform response bad, [msgData] is not object, Resp:%s");
         }
         for (const MessageMember& member : kMessageMembers) {
             message.Member(member.key).ReadText(detail.*member.field);

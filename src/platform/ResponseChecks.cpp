@@ -33,7 +33,7 @@ int CheckCloudResponseInfoFromPlatform(const std::string& body) {
     }
     if (!HasMeta(document.Root())) {
         // The text names another key than the one that is tested, and is kept so.
-        return LogNoObject(site, body, "result");
+        return LogNoObject(site, body, "platform response bad, [result] is not object, Resp:%s");
     }
     return StrictMetaCode(document.Root());
 }

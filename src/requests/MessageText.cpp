@@ -27,6 +27,8 @@ std::string Formatted(const char* format, ...) {
 
 std::string Filled(CodeText text, int code) { return Formatted(text.format, code); }
 
+std::string Filled(BodyText text, const std::string& body) { return Formatted(text.format, body.c_str()); }
+
 std::string Filled(BodyCodeText text, const std::string& body, int code) {
     return Formatted(text.format, body.c_str(), code);
 }

@@ -43,6 +43,8 @@ struct Text {
 
 /// A text about a code: one "%d".
 using CodeText = message_detail::Text<'%', 'd'>;
+/// A text about a body: one "%s".
+using BodyText = message_detail::Text<'%', 's'>;
 /// A text about a body and a code: "%s", then "%d".
 using BodyCodeText = message_detail::Text<'%', 's', '%', 'd'>;
 /// A text about milliseconds: one "%ld".
@@ -50,6 +52,7 @@ using CostText = message_detail::Text<'%', 'l', 'd'>;
 
 /// The message: the text with its values.
 std::string Filled(CodeText text, int code);
+std::string Filled(BodyText text, const std::string& body);
 std::string Filled(BodyCodeText text, const std::string& body, int code);
 std::string Filled(CostText text, int32_t milliseconds);
 

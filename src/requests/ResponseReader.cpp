@@ -84,14 +84,13 @@ int LogMalformed(const CallSite& site, const std::string& body, const char* memb
     return VANTIX_RESP_BAD_FORMAT;
 }
 
-int LogMissingText(const CallSite& site, const std::string& body, const char* member) {
-    VANTIX_LOG_ERROR(site, level::kError, "platform response invalid, [%s] not exist or not string, szInfo = %s",
-                     member, body.c_str());
+int LogMissingText(const CallSite& site, const std::string& body, BodyText text) {
+    VANTIX_LOG_ERROR(site, level::kError, "%s", Filled(text, body).c_str());
     return VANTIX_RESP_BAD_FORMAT;
 }
 
-int LogNoObject(const CallSite& site, const std::string& body, const char* member) {
-    VANTIX_LOG_INFO(site, level::kInfo, "platform response bad, [%s] is not object, Resp:%s", member, body.c_str());
+int LogNoObject(const CallSite& site, const std::string& body, BodyText text) {
+    VANTIX_LOG_INFO(site, level::kInfo, "%s", Filled(text, body).c_str());
     return VANTIX_RESP_BAD_FORMAT;
 }
 

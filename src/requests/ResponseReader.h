@@ -11,6 +11,7 @@
 #include "json/Json11Reader.h"
 #include "json/JsonCppReader.h"
 #include "log/CallSite.h"
+#include "requests/MessageText.h"
 
 namespace vantix {
 
@@ -48,8 +49,8 @@ int LogMalformed(const CallSite& site, const std::string& body);
 /// One that lacks this member: 2.
 int LogMalformed(const CallSite& site, const std::string& body, const char* member);
 /// One that lacks this text, in the words of the parsers of single texts: 2.
-int LogMissingText(const CallSite& site, const std::string& body, const char* member);
+int LogMissingText(const CallSite& site, const std::string& body, BodyText text);
 /// One in which this member is no object, as information: 2.
-int LogNoObject(const CallSite& site, const std::string& body, const char* member);
+int LogNoObject(const CallSite& site, const std::string& body, BodyText text);
 
 }  // namespace vantix

@@ -149,9 +149,10 @@ TEST_F(ResponseReader, EveryLineHasItsWordsAndItsCode) {
     ExpectOneLine("ERROR", 5, "platform response invalid, szInfo = {}");
     EXPECT_EQ(LogMalformed(m_site, R"({"100%": 1})", "cameraInfo"), 2);
     ExpectOneLine("ERROR", 5, R"(platform response invalid, szInfo = {"100%": 1}, cameraInfo not exist!)");
-    EXPECT_EQ(LogMissingText(m_site, "{}", "userName"), 2);
+    EXPECT_EQ(
+        LogMissingText(m_site, "{}", "platform response invalid, [userName] not exist or not string, szInfo = %s"), 2);
     ExpectOneLine("ERROR", 5, "platform response invalid, [userName] not exist or not string, szInfo = {}");
-    EXPECT_EQ(LogNoObject(m_site, "{}", "result"), 2);
+    EXPECT_EQ(LogNoObject(m_site, "{}", "platform response bad, [result] is not object, Resp:%s"), 2);
     ExpectOneLine("INFO ", 3, "platform response bad, [result] is not object, Resp:{}");
 }
 
