@@ -11,8 +11,6 @@
 namespace vantix::test {
 namespace {
 
-using ::testing::Contains;
-
 constexpr char kBegin[] = "2024-01-02 00:00:00";
 constexpr char kEnd[] = "2024-01-02 23:59:59";
 constexpr char kDetailPath[] = "/api/device/detail";
