@@ -224,9 +224,11 @@ TEST_F(Credentials, SettersAndDomainChoiceRunSideBySide) {
                 core.setPermissionMode(k % 3);
                 core.setDomain(text, text);
                 core.SetB2CTokens(kShared);
-                EXPECT_NE(core.getDomain("SHARED", 1), "");
-                EXPECT_NE(core.getDomainByToken("shared-token"), "");
-                EXPECT_GE(core.getDomain("OWN", 1).size(), 17U);
+                // Copied under their lock: what the interface hands out follows the setter while it is read.
+                const Routes& routes = Parts().routes;
+                EXPECT_NE(routes.getDomain("SHARED", 1).Copy(), "");
+                EXPECT_NE(routes.getDomainByToken("shared-token").Copy(), "");
+                EXPECT_GE(routes.getDomain("OWN", 1).Copy().size(), 17U);
             }
         });
     }
