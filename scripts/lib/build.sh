@@ -2,7 +2,7 @@
 # shellcheck shell=bash
 
 export CCACHE_DIR=${CCACHE_DIR:-$CACHE/ccache}
-export CCACHE_BASEDIR=$ROOT CCACHE_NOHASHDIR=1
+export CCACHE_BASEDIR=$ROOT CCACHE_NOHASHDIR=1 CCACHE_DEPEND=1
 
 # configure_preset PRESET
 configure_preset() {

@@ -170,7 +170,7 @@ Outcome PageList(Call& call) {
     return outcome;
 }
 
-constexpr std::array rows = {
+constexpr std::array pageListEndpoints = {
     Endpoint{"/v3/userdevices/v1/devices/pagelist",
              Method::get,
              Envelope::meta,
@@ -181,6 +181,6 @@ constexpr std::array rows = {
 
 }  // namespace
 
-std::span<const Endpoint> PageListEndpoints() { return rows; }
+std::span<const Endpoint> PageListEndpoints() { return pageListEndpoints; }
 
 }  // namespace vantix::simulator

@@ -25,12 +25,12 @@ Outcome Records(Call& call) {
     return outcome;
 }
 
-constexpr std::array rows = {
+constexpr std::array consumerRecordEndpoints = {
     Endpoint{"/v3/streaming/records", Method::get, Envelope::meta, Authentication::session, {"deviceSerial"}, Records},
 };
 
 }  // namespace
 
-std::span<const Endpoint> ConsumerRecordEndpoints() { return rows; }
+std::span<const Endpoint> ConsumerRecordEndpoints() { return consumerRecordEndpoints; }
 
 }  // namespace vantix::simulator

@@ -48,7 +48,7 @@ Outcome P2pConfiguration(Call& call) {
 constexpr auto get = Method::get;
 constexpr auto meta = Envelope::meta;
 
-constexpr std::array rows = {
+constexpr std::array sessionEndpoints = {
     Endpoint{"/v3/configurations/system/info", get, meta, Authentication::session, {}, SystemInfo},
     Endpoint{"/v3/apigateway/login", Method::put, meta, Authentication::none, {"refreshSessionId"}, Login},
     Endpoint{"/v3/users/info", get, meta, Authentication::session, {}, Users},
@@ -57,6 +57,6 @@ constexpr std::array rows = {
 
 }  // namespace
 
-std::span<const Endpoint> SessionEndpoints() { return rows; }
+std::span<const Endpoint> SessionEndpoints() { return sessionEndpoints; }
 
 }  // namespace vantix::simulator

@@ -44,7 +44,7 @@ Outcome SharedDevices(Call& call) {
     return Data({{"size", shown.size()}, {"total", list.size()}, {"resourceInfos", std::move(shown)}});
 }
 
-constexpr std::array rows = {
+constexpr std::array sharedListEndpoints = {
     Endpoint{"/v3/hc/userdevice/b2c/shared/resources/devices/pagelist",
              Method::get,
              Envelope::meta,
@@ -55,6 +55,6 @@ constexpr std::array rows = {
 
 }  // namespace
 
-std::span<const Endpoint> SharedListEndpoints() { return rows; }
+std::span<const Endpoint> SharedListEndpoints() { return sharedListEndpoints; }
 
 }  // namespace vantix::simulator

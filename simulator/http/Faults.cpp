@@ -15,7 +15,7 @@
 namespace vantix::simulator {
 namespace {
 
-constexpr int backlog = 128;
+constexpr int faultBacklog = 128;
 
 /// Owns a file descriptor and closes it.
 class Descriptor {
@@ -50,7 +50,7 @@ Descriptor Listen(std::uint16_t& port) {
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t size = sizeof address;
-    if (bind(socket.Number(), AsAddress(address), size) != 0 || listen(socket.Number(), backlog) != 0 ||
+    if (bind(socket.Number(), AsAddress(address), size) != 0 || listen(socket.Number(), faultBacklog) != 0 ||
         getsockname(socket.Number(), AsAddress(address), &size) != 0) {
         throw std::runtime_error("cannot listen");
     }

@@ -45,7 +45,7 @@ Outcome Permission(Call& call) {
     return (NumberOf(*camera, "permission") / right) % 2 == 1 ? Outcome{} : Refuse(code::noPermission);
 }
 
-constexpr std::array rows = {
+constexpr std::array accountEndpoints = {
     Endpoint{"/api/user/getUserName", Method::post, Envelope::resultCode, Authentication::accessToken, {}, UserName},
     Endpoint{"/api/service/user/get", Method::post, Envelope::result, Authentication::accessToken, {}, UserId},
     Endpoint{
@@ -66,6 +66,6 @@ constexpr std::array rows = {
 
 }  // namespace
 
-std::span<const Endpoint> AccountEndpoints() { return rows; }
+std::span<const Endpoint> AccountEndpoints() { return accountEndpoints; }
 
 }  // namespace vantix::simulator

@@ -16,7 +16,7 @@ Outcome UploadAddress(Call& call) {
                  {"urlExpireTime", call.parameters.Number("urlExpireTime", 0)}});
 }
 
-constexpr std::array rows = {
+constexpr std::array cloudUploadEndpoints = {
     Endpoint{"/api/service/cloud/upload/url",
              Method::get,
              Envelope::meta,
@@ -27,6 +27,6 @@ constexpr std::array rows = {
 
 }  // namespace
 
-std::span<const Endpoint> CloudUploadEndpoints() { return rows; }
+std::span<const Endpoint> CloudUploadEndpoints() { return cloudUploadEndpoints; }
 
 }  // namespace vantix::simulator

@@ -33,7 +33,7 @@ Outcome SetVideoLevel(Call& call) {
     return {};
 }
 
-constexpr std::array rows = {
+constexpr std::array deviceEndpoints = {
     Endpoint{
         "/api/device/detail", Method::post, Envelope::result, Authentication::accessToken, {"deviceSerial"}, Detail},
     Endpoint{"/api/device/setVideoLevel",
@@ -66,6 +66,6 @@ Json DeviceAsSent(CloudState& state, const Json& device) {
     return sent;
 }
 
-std::span<const Endpoint> DeviceEndpoints() { return rows; }
+std::span<const Endpoint> DeviceEndpoints() { return deviceEndpoints; }
 
 }  // namespace vantix::simulator

@@ -111,7 +111,7 @@ Outcome ReadAlarm(Call& call) {
     return Refuse(code::nothingFound);
 }
 
-constexpr std::array rows = {
+constexpr std::array listEndpoints = {
     Endpoint{"/api/device/list", Method::post, Envelope::result, Authentication::accessToken, {}, OwnDevices},
     Endpoint{"/api/device/sharelist", Method::post, Envelope::result, Authentication::accessToken, {}, SharedDevices},
     Endpoint{"/api/lapp/device/list", Method::post, Envelope::result, Authentication::accessToken, {}, PlainDevices},
@@ -128,6 +128,6 @@ constexpr std::array rows = {
 
 }  // namespace
 
-std::span<const Endpoint> ListEndpoints() { return rows; }
+std::span<const Endpoint> ListEndpoints() { return listEndpoints; }
 
 }  // namespace vantix::simulator

@@ -3,13 +3,13 @@
 namespace vantix::simulator {
 namespace {
 
-Outcome UserInfo(Call& call) {
+Outcome P2pUserInfo(Call& call) {
     Json data = {{"userId", TextOf(call.state.account, "userId")}};
     data.update(Member(call.state.account, "p2pUser"));
     return ResultData(std::move(data));
 }
 
-Outcome DeviceInfo(Call& call) {
+Outcome P2pDeviceInfo(Call& call) {
     const Json& p2p = Member(*call.Device(), "p2p");
     Json data;
     for (const char* name : {"serverInfos", "defaultKey", "defaultKeyVer"}) {
@@ -22,18 +22,19 @@ Outcome DeviceInfo(Call& call) {
     return ResultData(std::move(data));
 }
 
-constexpr std::array rows = {
-    Endpoint{"/api/sdk/p2p/user/info/get", Method::post, Envelope::result, Authentication::accessToken, {}, UserInfo},
+constexpr std::array p2pEndpoints = {
+    Endpoint{
+        "/api/sdk/p2p/user/info/get", Method::post, Envelope::result, Authentication::accessToken, {}, P2pUserInfo},
     Endpoint{"/api/sdk/p2p/dev/info/get",
              Method::post,
              Envelope::result,
              Authentication::accessToken,
              {"deviceSerial"},
-             DeviceInfo},
+             P2pDeviceInfo},
 };
 
 }  // namespace
 
-std::span<const Endpoint> P2pEndpoints() { return rows; }
+std::span<const Endpoint> P2pEndpoints() { return p2pEndpoints; }
 
 }  // namespace vantix::simulator

@@ -90,7 +90,7 @@ constexpr auto result = Envelope::result;
 constexpr auto meta = Envelope::meta;
 constexpr auto token = Authentication::accessToken;
 
-constexpr std::array rows = {
+constexpr std::array recordEndpoints = {
     Endpoint{"/api/sdk/device/local/video", post, result, token, {"deviceSerial", "cameraNo"}, OnDevice},
     Endpoint{"/api/v3/device/sdk/device/local/video", post, result, token, {"deviceSerial", "cameraNo"}, OnDevice},
     Endpoint{"/api/v3/das/device/local/video/query", get, meta, token, {"deviceSerial", "channelNo"}, OnDeviceExtended},
@@ -110,6 +110,6 @@ constexpr std::array rows = {
 
 }  // namespace
 
-std::span<const Endpoint> RecordEndpoints() { return rows; }
+std::span<const Endpoint> RecordEndpoints() { return recordEndpoints; }
 
 }  // namespace vantix::simulator

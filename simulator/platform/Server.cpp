@@ -41,7 +41,7 @@ Outcome Ticket(Call& call) {
     return outcome;
 }
 
-constexpr std::array rows = {
+constexpr std::array serverEndpoints = {
     Endpoint{"/api/service/media/server/info",
              Method::post,
              Envelope::resultCode,
@@ -84,6 +84,6 @@ constexpr std::array rows = {
 
 }  // namespace
 
-std::span<const Endpoint> ServerEndpoints() { return rows; }
+std::span<const Endpoint> ServerEndpoints() { return serverEndpoints; }
 
 }  // namespace vantix::simulator

@@ -44,7 +44,7 @@ Outcome Refresh(Call& call) {
                        {"scope", Member(account, "scope")}});
 }
 
-constexpr std::array rows = {
+constexpr std::array tokenEndpoints = {
     Endpoint{
         "/api/user/token", Method::post, Envelope::resultCode, Authentication::accessToken, {"count"}, StreamTokens},
     Endpoint{
@@ -59,6 +59,6 @@ constexpr std::array rows = {
 
 }  // namespace
 
-std::span<const Endpoint> TokenEndpoints() { return rows; }
+std::span<const Endpoint> TokenEndpoints() { return tokenEndpoints; }
 
 }  // namespace vantix::simulator

@@ -15,8 +15,6 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-constexpr char kRecorder[] = "R20000016";
-
 class AccountChangesTest : public OperationFixture {
 protected:
     /// The outputs of a call that succeeds.

@@ -4,20 +4,13 @@
 #include <future>
 #include <string>
 
+#include "SampleAccount.h"
 #include "support/CoreFixture.h"
 #include "support/DetailJson.h"
 
 namespace vantix::test {
 
 inline constexpr char kDetailPath[] = "/api/device/detail";
-
-// Devices of the sample account.
-inline constexpr char kCamera[] = "C10000001";
-inline constexpr char kRecorder[] = "R20000016";
-inline constexpr char kBehindOnline[] = "B30000003";   ///< Channel 3 of the recorder.
-inline constexpr char kBehindOffline[] = "B30000004";  ///< Channel 2 of the offline recorder.
-inline constexpr char kOtherRelease[] = "V40000004";
-inline constexpr char kOffline[] = "F50000005";
 
 /// A case about device details.
 class DetailFixture : public CoreFixture {

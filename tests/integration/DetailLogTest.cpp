@@ -118,7 +118,7 @@ TEST_F(DetailLogTest, NoLineShowsACredential) {
     const LogCapture log;
     Fetch(kCamera, 1);
     Ask(kRecorder, 1);
-    Fetch("X99999999", 1);
+    Fetch(kUnknown, 1);
     Center().setDomain(Cloud().ClosedPort(), "");
     Fetch(kRecorder, 2);
     EXPECT_TRUE(log.Contains("accessToken=***&appKey=***&"));
@@ -146,7 +146,7 @@ TEST_F(DetailLogTest, SilencedLibraryWritesNothing) {
     Center().setLogLevel(6);
     const LogCapture log;
     Fetch(kCamera, 1);
-    Fetch("X99999999", 1);
+    Fetch(kUnknown, 1);
     EXPECT_TRUE(log.Lines().empty());
 }
 

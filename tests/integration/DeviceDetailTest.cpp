@@ -67,7 +67,7 @@ TEST_F(DeviceDetailTest, EveryKindOfDeviceIsReadWhole) {
     // Some of them carry their nested members as text, some as objects.
     const std::pair<const char*, int> channels[] = {{kCamera, 1},        {kRecorder, 16},    {kBehindOnline, 1},
                                                     {kBehindOffline, 1}, {kOtherRelease, 1}, {kOffline, 4},
-                                                    {"S60000006", 1}};
+                                                    {kShared, 1}};
     for (const auto& [serial, ch] : channels) {
         Detail detail;
         EXPECT_EQ(Fetch(serial, ch, detail), 0) << serial;

@@ -3,13 +3,12 @@
 #include <string>
 #include <vector>
 
+#include "SampleAccount.h"
 #include "support/CoreFixture.h"
 #include "support/Operations.h"
 
 namespace vantix::test {
 
-inline constexpr char kOwn[] = "C10000001";     ///< A camera of the account, with Tk and B2C tokens.
-inline constexpr char kShared[] = "S60000006";  ///< One that is shared to it, with a B2C token.
 inline constexpr char kRefreshPath[] = "/oauth/token/refreshToken";
 inline constexpr char kSessionPath[] = "/v3/apigateway/login";
 /// No upload that was asked for has this path.

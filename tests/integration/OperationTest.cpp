@@ -29,7 +29,7 @@ protected:
         Center().setPermissionMode(kModes[mode]);
         Cloud().ForgetRequests();
         Arguments input;
-        input.serial = mode == kSharedInB2C ? kShared : kOwn;
+        input.serial = mode == kSharedInB2C ? kShared : kCamera;
         // A valid token other than the access token distinguishes the two; in mode 2 it also says what is shared.
         input.token = kModes[mode] == 2 ? std::string("b2c.").append(input.serial) : Account("sharedAccessToken");
         input.url = BDomain() + kUploadPath;

@@ -17,7 +17,7 @@ protected:
     /// Asks for an address to upload to.
     std::string AskForAddress() const {
         std::string data;
-        EXPECT_EQ(Center().GetClouduploadUrl(kOwn, 1, "gate.jpg", 1, 7, 3600, "alarm", data), 0);
+        EXPECT_EQ(Center().GetClouduploadUrl(kCamera, 1, "gate.jpg", 1, 7, 3600, "alarm", data), 0);
         Cloud().ForgetRequests();
         return Json::parse(data).at("url");
     }

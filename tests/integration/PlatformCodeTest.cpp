@@ -108,7 +108,7 @@ TEST_F(PlatformCodeTest, ExpiredTokenWithoutRefreshCredentialsSendsNothingElse) 
 }
 
 TEST_F(PlatformCodeTest, UnknownDeviceAndChannelGiveThePlatformsCodes) {
-    EXPECT_EQ(Fetch("X99999999", 1), 320002);
+    EXPECT_EQ(Fetch(kUnknown, 1), 320002);
     EXPECT_EQ(Fetch(kCamera, 2), 320032);
     EXPECT_EQ(Fetch(kCamera, -1), 320032);
 }

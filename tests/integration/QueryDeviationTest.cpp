@@ -30,7 +30,7 @@ protected:
         Cloud().Script({{"path", path}, {"code", code}, {"times", times}});
     }
     int DeviceDetail(Detail& detail) const {
-        return Center().getDeviceDetailInfo(kOwn, 1, "GB", "P-7", detail.channel, detail.device);
+        return Center().getDeviceDetailInfo(kCamera, 1, "GB", "P-7", detail.channel, detail.device);
     }
     int DeviceFiles(const std::string& serial, RecordFileList& list, bool sdkPath = false) const {
         return Center().getDeviceFileBySerial(serial, 1, kBegin, kEnd, 2, 1, list, sdkPath);
@@ -63,7 +63,7 @@ TEST_F(QueryDeviationTest, SharedListShowsTheSharedDevice) {
     std::string json;
     ASSERT_EQ(Center().getB2CSharedDevList(0, 50, json), 0);
     EXPECT_NE(json.find(kShared), std::string::npos);
-    EXPECT_EQ(json.find(kOwn), std::string::npos);
+    EXPECT_EQ(json.find(kCamera), std::string::npos);
     EXPECT_TRUE(Json::parse(json, nullptr, false).is_object());
 }
 
@@ -191,8 +191,8 @@ TEST_F(QueryDeviationTest, DetailIsRepeatedOnceForEachReason) {
 TEST_F(QueryDeviationTest, DetailOfAnotherPlatformIsNotCached) {
     Detail detail;
     ASSERT_EQ(DeviceDetail(detail), 0);
-    EXPECT_EQ(Center().getDevInfoCache(kOwn, 1, detail.channel, detail.device), -1);
-    EXPECT_EQ(Center().IsSupportSeekPlayback(kOwn), 0);
+    EXPECT_EQ(Center().getDevInfoCache(kCamera, 1, detail.channel, detail.device), -1);
+    EXPECT_EQ(Center().IsSupportSeekPlayback(kCamera), 0);
 }
 
 // ---- Queries that renew nothing
@@ -200,7 +200,7 @@ TEST_F(QueryDeviationTest, DetailOfAnotherPlatformIsNotCached) {
 TEST_F(QueryDeviationTest, RecordingOfAnAlarmIsHandedOnAsItCame) {
     Respond("/api/lapp/video/by/id", "10002");
     std::string json;
-    EXPECT_EQ(Center().getRecordByAlarmID(kOwn, 1, "AL1001", json), 0);
+    EXPECT_EQ(Center().getRecordByAlarmID(kCamera, 1, "AL1001", json), 0);
     EXPECT_NE(json.find("10002"), std::string::npos);
     EXPECT_EQ(Cloud().RequestCount(), 1U);
 }
@@ -208,12 +208,12 @@ TEST_F(QueryDeviationTest, RecordingOfAnAlarmIsHandedOnAsItCame) {
 TEST_F(QueryDeviationTest, PermissionTurnsAnExpiredTokenIntoAPlainFailure) {
     const std::string path = "/api/service/auth/device/user/permission";
     Respond(path, "10002");
-    EXPECT_EQ(Center().getAuthInfo(kOwn, 1, false), -1);
+    EXPECT_EQ(Center().getAuthInfo(kCamera, 1, false), -1);
     EXPECT_EQ(Cloud().RequestCount(), 1U);
     Respond(path, "20018");
-    EXPECT_EQ(Center().getAuthInfo(kOwn, 1, false), 320018) << "every other code stays";
-    EXPECT_EQ(Center().getAuthInfo("X99999999", 1, false), 320002);
-    EXPECT_EQ(Center().getAuthInfo(kOwn, 1, true), 0);
+    EXPECT_EQ(Center().getAuthInfo(kCamera, 1, false), 320018) << "every other code stays";
+    EXPECT_EQ(Center().getAuthInfo(kUnknown, 1, false), 320002);
+    EXPECT_EQ(Center().getAuthInfo(kCamera, 1, true), 0);
     EXPECT_EQ(Cloud().Requests().back().Parameter("permission"), "Replay");
 }
 
@@ -221,18 +221,18 @@ TEST_F(QueryDeviationTest, FailureLinesOfRecordingsAndUploadsAreOfLevelFour) {
     RecordFileList list;
     std::string url = "before";
     Respond("/api/service/cloudrecord/video/info/list", "10002");
-    EXPECT_EQ(Center().GetCloudRecordFile(kOwn, 1, 77, kBegin, kEnd, list), 310002);
+    EXPECT_EQ(Center().GetCloudRecordFile(kCamera, 1, 77, kBegin, kEnd, list), 310002);
     EXPECT_THAT(m_log.Lines(), HasLine(4, "ERROR", "CVantixDataCenter::GetCloudRecordFile",
                                        "GetCloudRecordFileFromPlatform error [310002]"));
     Respond("/api/service/cloud/upload/url", "10002");
-    EXPECT_EQ(Center().GetClouduploadUrl(kOwn, 1, "a.jpg", 1, 7, 60, "alarm", url), 310002);
+    EXPECT_EQ(Center().GetClouduploadUrl(kCamera, 1, "a.jpg", 1, 7, 60, "alarm", url), 310002);
     EXPECT_THAT(m_log.Lines(), HasLine(4, "ERROR", "CVantixDataCenter::GetClouduploadUrl",
                                        "GetClouduploadUrlPlatform error [310002]"));
     EXPECT_EQ(url, "before");
     EXPECT_EQ(Cloud().RequestCount(), 2U);
     m_log.Clear();
-    EXPECT_EQ(Center().GetCloudRecordFile(kOwn, 1, 77, kBegin, kEnd, list), 0);
-    EXPECT_EQ(Center().GetClouduploadUrl(kOwn, 1, "a.jpg", 1, 7, 60, "alarm", url), 0);
+    EXPECT_EQ(Center().GetCloudRecordFile(kCamera, 1, 77, kBegin, kEnd, list), 0);
+    EXPECT_EQ(Center().GetClouduploadUrl(kCamera, 1, "a.jpg", 1, 7, 60, "alarm", url), 0);
     EXPECT_FALSE(m_log.Contains("latform error ["));
 }
 
@@ -249,7 +249,7 @@ TEST_F(QueryDeviationTest, FailedUploadIsLoggedAtLevelFour) {
 
 TEST_F(QueryDeviationTest, UploadNeedsNoCredential) {
     std::string url;
-    ASSERT_EQ(Center().GetClouduploadUrl(kOwn, 1, "gate.jpg", 1, 7, 3600, "alarm", url), 0);
+    ASSERT_EQ(Center().GetClouduploadUrl(kCamera, 1, "gate.jpg", 1, 7, 3600, "alarm", url), 0);
     Center().setAccessToken("");
     const LocalFile picture(u8"gate.jpg");
     EXPECT_EQ(Center().UploadCloudPicFile(Json::parse(url).at("url"), picture.Path()), 0);
@@ -292,8 +292,8 @@ TEST_F(QueryDeviationTest, ExpiredRecordingsOfASharedDeviceRenewTheAccessToken) 
 
 TEST_F(QueryDeviationTest, RecordingsOnTheSdkPath) {
     RecordFileList list;
-    EXPECT_EQ(DeviceFiles(kOwn, list, true), 0);
-    EXPECT_EQ(DeviceFiles(kOwn, list, false), 0);
+    EXPECT_EQ(DeviceFiles(kCamera, list, true), 0);
+    EXPECT_EQ(DeviceFiles(kCamera, list, false), 0);
     const auto requests = Cloud().Requests();
     EXPECT_EQ(requests.at(0).path, "/api/sdk/device/local/video");
     EXPECT_EQ(requests.at(1).path, "/api/v3/device/sdk/device/local/video");
@@ -301,7 +301,7 @@ TEST_F(QueryDeviationTest, RecordingsOnTheSdkPath) {
 
 TEST_F(QueryDeviationTest, ExtendedRecordingsLeaveOutWhatIsNotAskedFor) {
     RecordFileList list;
-    EXPECT_EQ(Center().getDeviceFileBySerialEx(kOwn, 1, kBegin, kEnd, 0, false, list), 0);
+    EXPECT_EQ(Center().getDeviceFileBySerialEx(kCamera, 1, kBegin, kEnd, 0, false, list), 0);
     const ReceivedRequest request = Cloud().Requests().at(0);
     EXPECT_EQ(request.Parameter("recordType"), "<none>");
     EXPECT_EQ(request.Parameter("location"), "<none>");
@@ -328,9 +328,9 @@ TEST_F(QueryDeviationTest, StreamTokensOfASharedTokenComeFromTheConsumerServers)
 // ---- The query that the host writes
 
 TEST_F(QueryDeviationTest, DetailsOfRecordingsSendTheHostsQueryAndTheCoresToken) {
-    const Json query = {{"deviceSerial", kOwn}, {"accessToken", "the host's"}, {"videos", {1, 2}}};
+    const Json query = {{"deviceSerial", kCamera}, {"accessToken", "the host's"}, {"videos", {1, 2}}};
     std::string json;
-    ASSERT_EQ(Center().getCloudFileInfoBySerialEX(kOwn, 1, query.dump(2), json), 0);
+    ASSERT_EQ(Center().getCloudFileInfoBySerialEX(kCamera, 1, query.dump(2), json), 0);
     Json expected = query;
     expected["accessToken"] = Account("accessToken");
     const ReceivedRequest request = Cloud().Requests().at(0);
@@ -341,7 +341,7 @@ TEST_F(QueryDeviationTest, DetailsOfRecordingsSendTheHostsQueryAndTheCoresToken)
 TEST_F(QueryDeviationTest, RepeatOfTheHostsQuerySendsTheNewToken) {
     Respond(kDetailsOfRecordingsPath, "10002");
     std::string json;
-    ASSERT_EQ(Center().getCloudFileInfoBySerialEX(kOwn, 1, Json{{"deviceSerial", kOwn}}.dump(), json), 0);
+    ASSERT_EQ(Center().getCloudFileInfoBySerialEX(kCamera, 1, Json{{"deviceSerial", kCamera}}.dump(), json), 0);
     const auto requests = Cloud().Requests(kDetailsOfRecordingsPath);
     ASSERT_EQ(requests.size(), 2U);
     EXPECT_EQ(Json::parse(requests[1].body).at("accessToken"), Center().getAccessToken());
@@ -352,7 +352,7 @@ TEST_F(QueryDeviationTest, HostsQueryThatIsNoObjectIsRefused) {
     for (const char* query : {"", "no JSON", "[]", "7", "null", R"("text")", R"({"a":)"}) {
         SCOPED_TRACE(query);
         std::string json = "before";
-        EXPECT_EQ(Center().getCloudFileInfoBySerialEX(kOwn, 1, query, json), -1);
+        EXPECT_EQ(Center().getCloudFileInfoBySerialEX(kCamera, 1, query, json), -1);
         EXPECT_EQ(json, "before");
     }
     EXPECT_EQ(Cloud().RequestCount(), 0U);

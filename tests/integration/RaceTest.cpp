@@ -18,8 +18,8 @@
 namespace vantix::test {
 namespace {
 
-constexpr int kThreads = 32;
-constexpr int kRounds = 40;
+constexpr int kRaceThreads = 32;
+constexpr int kRaceRounds = 40;
 constexpr char kRefreshPath[] = "/oauth/token/refreshToken";
 
 /// The text of a response's version, as "v7".
@@ -218,8 +218,8 @@ TEST_F(RaceTest, EveryRecordIsWholeAndEveryRequestIsExplained) {
             Publish(version);
         }
     });
-    OnThreads(kThreads, [this](int thread) {
-        for (int round = 0; round < kRounds; ++round) {
+    OnThreads(kRaceThreads, [this](int thread) {
+        for (int round = 0; round < kRaceRounds; ++round) {
             DoSomething(thread, round);
         }
     });
@@ -247,19 +247,19 @@ TEST_F(RaceTest, EveryRecordIsWholeAndEveryRequestIsExplained) {
 
 TEST_F(RaceTest, EveryCallerOutlivesTheTokenWithOneRefreshOfItsOwn) {
     // All are refused before the first of them may renew the token.
-    Cloud().Script({{"path", kDetailPath}, {"times", kThreads}, {"hold", "all"}, {"code", "10002"}});
+    Cloud().Script({{"path", kDetailPath}, {"times", kRaceThreads}, {"hold", "all"}, {"code", "10002"}});
     std::thread opener([&] {
-        EXPECT_TRUE(Cloud().WaitUntilHeld("all", kThreads));
+        EXPECT_TRUE(Cloud().WaitUntilHeld("all", kRaceThreads));
         Cloud().Release("all");
     });
-    OnThreads(kThreads, [&](int thread) {
+    OnThreads(kRaceThreads, [&](int thread) {
         Outputs outputs;
         Succeed(thread % 2 == 0 ? "getDevDetailInfoSync" : "getDevDetailInfo", {.force = true}, outputs);
     });
     opener.join();
     EXPECT_THAT(m_findings.All(), ::testing::IsEmpty());
-    EXPECT_EQ(Received(kRefreshPath), static_cast<size_t>(kThreads));
-    EXPECT_EQ(Received(kDetailPath), static_cast<size_t>(2 * kThreads));
+    EXPECT_EQ(Received(kRefreshPath), static_cast<size_t>(kRaceThreads));
+    EXPECT_EQ(Received(kDetailPath), static_cast<size_t>(2 * kRaceThreads));
 }
 
 TEST_F(RaceTest, TokenMapsAreReplacedWholeAmongThoseWhoLookUp) {
@@ -281,8 +281,8 @@ TEST_F(RaceTest, TokenMapsAreReplacedWholeAmongThoseWhoLookUp) {
     const auto even = both(2);
     Center().SetDeviceTkTokens(odd.first);
     Center().SetB2CTokens(odd.second);
-    OnThreads(kThreads, [&](int thread) {
-        for (int round = 0; round < kRounds; ++round) {
+    OnThreads(kRaceThreads, [&](int thread) {
+        for (int round = 0; round < kRaceRounds; ++round) {
             const auto& next = (thread + round) % 2 == 0 ? odd : even;
             if (round % 4 == 0) {
                 Center().SetDeviceTkTokens(next.first);

@@ -9,7 +9,6 @@
 
 namespace vantix::test {
 
-inline constexpr char kShared[] = "S60000006";  ///< Somebody else's camera that the account may watch.
 inline constexpr char kMorning[] = "2024-01-02 00:00:00";
 inline constexpr char kEvening[] = "2024-01-02 23:59:59";
 

@@ -14,7 +14,7 @@ using ::testing::HasSubstr;
 class TimeWireTest : public OperationFixture {};
 
 const Arguments kTwoBlanks = {
-    .serial = "R20000016", .span = {"2024-01-02 00:00 00", "2024-01-02 23:59 59"}, .recordType = 0};
+    .serial = kRecorder, .span = {"2024-01-02 00:00 00", "2024-01-02 23:59 59"}, .recordType = 0};
 
 TEST_F(TimeWireTest, SecondBlankStopsTheRequest) {
     for (const char* operation : {"getDeviceFileBySerialEx", "GetCloudRecordFile"}) {
@@ -44,7 +44,7 @@ TEST_F(TimeWireTest, SecondBlankStopsARequestOfTheConsumerServersToo) {
 }
 
 TEST_F(TimeWireTest, BlankAtTheEndAndNothingAtAllAreTimesToo) {
-    const Arguments arguments = {.serial = "R20000016", .span = {"2024-01-02 ", ""}, .recordType = 0};
+    const Arguments arguments = {.serial = kRecorder, .span = {"2024-01-02 ", ""}, .recordType = 0};
     EXPECT_EQ(Call(Center(), "getDeviceFileBySerialEx", arguments), 0);
     const auto requests = Cloud().Requests();
     ASSERT_EQ(requests.size(), 1U);

@@ -10,19 +10,19 @@ class TlsFaultTest : public FaultFixture {};
 
 TEST_P(TlsFaultTest, ConcernsThatCallAlone) { ExpectSurvivalOfTheFault(); }
 
-constexpr size_t kLength = sizeof(kSmallResponse) - 1;
+constexpr size_t kBodyLength = sizeof(kSmallResponse) - 1;
 
 /// An HTTP/1.1 response with this many bytes of the body.
 std::string Response(size_t sent) {
     std::string response = "HTTP/1.1 200 OK\r\nContent-Length: ";
-    return response.append(std::to_string(kLength)).append("\r\n\r\n").append(kSmallResponse, sent);
+    return response.append(std::to_string(kBodyLength)).append("\r\n\r\n").append(kSmallResponse, sent);
 }
 
 Json Tls(const char* protocol, bool isExpired = false) { return {{"protocol", protocol}, {"isExpired", isExpired}}; }
 
 const FaultRow kRows[] = {
-    {"ExpiredCertificateIsTakenAsItIs", {{"tls", Tls("http/1.1", true)}, {"send", Response(kLength)}}, 0},
-    {"ResetWithinTheBody", {{"tls", Tls("http/1.1")}, {"send", Response(kLength / 2)}, {"then", "reset"}}, 100056},
+    {"ExpiredCertificateIsTakenAsItIs", {{"tls", Tls("http/1.1", true)}, {"send", Response(kBodyLength)}}, 0},
+    {"ResetWithinTheBody", {{"tls", Tls("http/1.1")}, {"send", Response(kBodyLength / 2)}, {"then", "reset"}}, 100056},
 };
 
 INSTANTIATE_TEST_SUITE_P(Http1, TlsFaultTest, ::testing::ValuesIn(kRows),
@@ -52,9 +52,9 @@ constexpr char kThisStreamAndNoError[] = "0000000100000000";
 Json Http2(const std::string& frames) { return {{"tls", Tls("h2")}, {"sendHex", Opening() + frames}}; }
 
 const FaultRow kHttp2Rows[] = {
-    {"ResponseIsRead", Http2(Ok() + Body("01", kLength)), 0},
-    {"StreamReset", Http2(Ok() + Body("00", kLength / 2) + Frame("03", "00", '1', kInternalError)), 100092},
-    {"GoAwayWithinTheBody", Http2(Ok() + Body("00", kLength / 2) + Frame("07", "00", '0', kThisStreamAndNoError)),
+    {"ResponseIsRead", Http2(Ok() + Body("01", kBodyLength)), 0},
+    {"StreamReset", Http2(Ok() + Body("00", kBodyLength / 2) + Frame("03", "00", '1', kInternalError)), 100092},
+    {"GoAwayWithinTheBody", Http2(Ok() + Body("00", kBodyLength / 2) + Frame("07", "00", '0', kThisStreamAndNoError)),
      100018},
 };
 

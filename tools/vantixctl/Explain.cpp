@@ -9,41 +9,46 @@
 namespace vantix::ctl {
 namespace {
 
-struct Known {
+struct KnownCode {
     int32_t code;
     std::string_view layer;
     std::string_view meaning;
     std::string_view advice;
 };
 
-constexpr std::array kKnown = {
-    Known{VANTIX_NOERROR, "success", "success", ""},
-    Known{VANTIX_ERROR, "core", "nothing is cached, or no request could be sent",
-          "Possible causes: an empty credential, a bad argument, a record that was not fetched in this run of the "
-          "tool, a "
-          "refused renewal. \"--log -\" shows which."},
-    Known{VANTIX_RESP_NOT_JSON, "response", "the consumer server's response about the P2P user is not JSON",
-          "Something other than that server responded: check the consumer domain, and proxies on the way."},
-    Known{VANTIX_VERIFY_CODE_10001, "core", "the authentication server refused a stream token (its code 10001)", ""},
-    Known{VANTIX_VERIFY_TOKEN_EXPIRED, "core", "the authentication server reports that the access token has expired",
-          "Renew it (RefreshToken) and try again."},
-    Known{VANTIX_VERIFY_CODE_20031, "core", "the authentication server refused a stream token (its code 20031)", ""},
-    Known{VANTIX_PLATFORM_ERROR_BASE + VANTIX_RESP_NOT_JSON, "response", "the response is not JSON",
-          "Something other than the platform responded: check the domain, and proxies on the way."},
-    Known{VANTIX_PLATFORM_ERROR_BASE + VANTIX_RESP_BAD_FORMAT, "response",
-          "the response is JSON, but its envelope or a required member is missing or of the wrong type",
-          "Check that the domain is that of the right server family; the log shows the whole response."},
-    Known{VANTIX_PLATFORM_ERROR_BASE + 401, "platform", "the consumer session has expired",
-          "The data center renews it once when it has a refresh session; otherwise log in again."},
-    Known{VANTIX_ACCESS_TOKEN_EXPIRED, "platform", "the access token has expired",
-          "The data center renews it once, which needs --auth-addr, --app-id, --open-id and --refresh-token; otherwise "
-          "log in again."},
-    Known{VANTIX_PLATFORM_CODE_49999, "platform", "the platform failed for the moment (its code 49999)",
-          "This is temporary: try again later. Requests for a detail are already repeated by the data center."},
-    Known{VANTIX_PLATFORM_CODE_50000, "platform", "the platform failed for the moment (its code 50000)",
-          "This is temporary: try again later. Requests for a detail are already repeated by the data center."},
-    Known{VANTIX_DEV_RELEASE_MISMATCH, "core", "the cached device is of another release and is not served from a cache",
-          "Fetch it (getDevDetailInfoSync with --force); only VERSION_17 is served from caches."},
+constexpr std::array kKnownCodes = {
+    KnownCode{VANTIX_NOERROR, "success", "success", ""},
+    KnownCode{VANTIX_ERROR, "core", "nothing is cached, or no request could be sent",
+              "Possible causes: an empty credential, a bad argument, a record that was not fetched in this run of the "
+              "tool, a "
+              "refused renewal. \"--log -\" shows which."},
+    KnownCode{VANTIX_RESP_NOT_JSON, "response", "the consumer server's response about the P2P user is not JSON",
+              "Something other than that server responded: check the consumer domain, and proxies on the way."},
+    KnownCode{VANTIX_VERIFY_CODE_10001, "core", "the authentication server refused a stream token (its code 10001)",
+              ""},
+    KnownCode{VANTIX_VERIFY_TOKEN_EXPIRED, "core",
+              "the authentication server reports that the access token has expired",
+              "Renew it (RefreshToken) and try again."},
+    KnownCode{VANTIX_VERIFY_CODE_20031, "core", "the authentication server refused a stream token (its code 20031)",
+              ""},
+    KnownCode{VANTIX_PLATFORM_ERROR_BASE + VANTIX_RESP_NOT_JSON, "response", "the response is not JSON",
+              "Something other than the platform responded: check the domain, and proxies on the way."},
+    KnownCode{VANTIX_PLATFORM_ERROR_BASE + VANTIX_RESP_BAD_FORMAT, "response",
+              "the response is JSON, but its envelope or a required member is missing or of the wrong type",
+              "Check that the domain is that of the right server family; the log shows the whole response."},
+    KnownCode{VANTIX_PLATFORM_ERROR_BASE + 401, "platform", "the consumer session has expired",
+              "The data center renews it once when it has a refresh session; otherwise log in again."},
+    KnownCode{
+        VANTIX_ACCESS_TOKEN_EXPIRED, "platform", "the access token has expired",
+        "The data center renews it once, which needs --auth-addr, --app-id, --open-id and --refresh-token; otherwise "
+        "log in again."},
+    KnownCode{VANTIX_PLATFORM_CODE_49999, "platform", "the platform failed for the moment (its code 49999)",
+              "This is temporary: try again later. Requests for a detail are already repeated by the data center."},
+    KnownCode{VANTIX_PLATFORM_CODE_50000, "platform", "the platform failed for the moment (its code 50000)",
+              "This is temporary: try again later. Requests for a detail are already repeated by the data center."},
+    KnownCode{VANTIX_DEV_RELEASE_MISMATCH, "core",
+              "the cached device is of another release and is not served from a cache",
+              "Fetch it (getDevDetailInfoSync with --force); only VERSION_17 is served from caches."},
 };
 
 /// Advice about the return code -1 of one operation.
@@ -96,8 +101,9 @@ Explanation OfTransport(int32_t code) {
 }  // namespace
 
 Explanation Explain(int32_t code) {
-    const auto* known = std::find_if(kKnown.begin(), kKnown.end(), [&](const Known& one) { return one.code == code; });
-    if (known != kKnown.end()) {
+    const auto* known =
+        std::find_if(kKnownCodes.begin(), kKnownCodes.end(), [&](const KnownCode& one) { return one.code == code; });
+    if (known != kKnownCodes.end()) {
         return {known->layer, std::string(known->meaning), std::string(known->advice)};
     }
     if (code >= VANTIX_NET_ERROR_BASE && code < VANTIX_PLATFORM_ERROR_BASE) {

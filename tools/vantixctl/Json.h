@@ -9,11 +9,9 @@ namespace vantix::ctl {
 using Json = nlohmann::ordered_json;
 
 /// The value as indented text; bytes that are not UTF-8 are replaced.
-inline std::string Dumped(const Json& value, int indent = 2) {
-    return value.dump(indent, ' ', false, Json::error_handler_t::replace);
-}
+std::string Dumped(const Json& value, int indent = 2);
 
 /// The text as JSON; a discarded value when it is not JSON.
-inline Json Parsed(const std::string& text) { return Json::parse(text, nullptr, false); }
+Json Parsed(const std::string& text);
 
 }  // namespace vantix::ctl

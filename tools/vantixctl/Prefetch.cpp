@@ -16,10 +16,10 @@ namespace {
 
 constexpr int kMaxPages = 10000;
 
-using Known = std::set<std::pair<std::string, int>>;
+using KnownChannels = std::set<std::pair<std::string, int>>;
 
 /// Adds the channels that were not on an earlier page. Returns whether there were any.
-bool AddNewChannels(const DeviceList& page, Known& known, std::vector<FetchedChannel>& channels) {
+bool AddNewChannels(const DeviceList& page, KnownChannels& known, std::vector<FetchedChannel>& channels) {
     bool any = false;
     for (const DeviceListItem& item : page.devices) {
         // A list may name devices without a channel number; every device has channel 1.
@@ -47,7 +47,7 @@ void FetchOne(IVantixDataCenter& center, FetchedChannel& fetched) {
 }  // namespace
 
 int32_t ListChannels(IVantixDataCenter& center, int pageSize, std::vector<FetchedChannel>& channels) {
-    Known known;
+    KnownChannels known;
     // A page without new channels is the last one, also with a server that repeats its first page without end.
     for (int number = 0; number < kMaxPages; ++number) {
         DeviceList page;

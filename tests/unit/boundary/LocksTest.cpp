@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <atomic>
 
 #include "support/DetailResponse.h"
@@ -38,6 +39,13 @@ protected:
         g_lines = 0;
         g_linesUnderALock = 0;
     }
+    /// A token that was fetched ahead stays in the process until it is served.
+    ~LocksTest() override {
+        std::array<char, 4097> token{};
+        handle->GetStreamTokenFromQueue("token", token.data());
+    }
+    LocksTest(const LocksTest&) = delete;
+    LocksTest& operator=(const LocksTest&) = delete;
 
     /// Calls every operation in every mode while each request gets this body.
     void CallEverything(const std::string& body) {

@@ -12,8 +12,8 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 
-constexpr char kTag[] = "ParseB2CDeviceListFromPlatform";
-constexpr char kRequest[] = "GetB2CSharedDevListFromPlatform";
+constexpr char kListsTag[] = "ParseB2CDeviceListFromPlatform";
+constexpr char kListsRequest[] = "GetB2CSharedDevListFromPlatform";
 
 Json Whole() {
     return Json::parse(R"({"meta":{"code":200},"data":{"size":1,"total":12,"resourceInfos":[{
@@ -221,7 +221,7 @@ TEST_F(SharedDevices, ResourcesMustBeThere) {
     for (const auto& [body, name] : rows) {
         EXPECT_EQ(Parse(body), 2) << body;
         EXPECT_THAT(m_log.Lines(),
-                    ElementsAre(Line(5, "ERROR", kTag,
+                    ElementsAre(Line(5, "ERROR", kListsTag,
                                      "platform response invalid, szInfo = " + body + ", " + name + " not exist!")));
         EXPECT_EQ(list, "before");
     }
@@ -231,7 +231,7 @@ TEST_F(SharedDevices, TextThatIsNoJsonGivesOne) {
     for (const std::string& body : NoJson()) {
         EXPECT_EQ(Parse(body), 1);
         EXPECT_EQ(list, "before");
-        EXPECT_THAT(m_log.Lines(), ElementsAre(Line(5, "ERROR", kTag, "platform response bad, szInfo = " + body)));
+        EXPECT_THAT(m_log.Lines(), ElementsAre(Line(5, "ERROR", kListsTag, "platform response bad, szInfo = " + body)));
     }
     ExpectTruncationIsNoJson(Whole().dump(), [this](const std::string& body) { return Parse(body); });
 }
@@ -241,7 +241,7 @@ TEST_F(SharedDevices, CodeOfTheEnvelopeIsReturned) {
         const std::string body = WithValue(Whole(), "/meta", row.meta);
         EXPECT_EQ(Parse(body), row.code) << row.meta;
         if (row.code != 0) {
-            EXPECT_THAT(m_log.Lines(), ElementsAre(Line(3, "INFO ", kTag, row.line + body)));
+            EXPECT_THAT(m_log.Lines(), ElementsAre(Line(3, "INFO ", kListsTag, row.line + body)));
             EXPECT_EQ(list, "before");
         }
     }
@@ -256,7 +256,7 @@ TEST_F(SharedDevices, RequestHandsTheListOut) {
     transport.Respond(R"({"meta":{"code":401}})");
     EXPECT_EQ(GetB2CSharedDevListFromPlatform(Route(), 0, 50, list), 300401);
     EXPECT_EQ(list, "before");
-    EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kRequest,
+    EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kListsRequest,
                                              R"(ParseB2CDeviceListFromPlatform:{"meta":{"code":401}} error:401)"))
                                    .Times(1));
     EXPECT_FALSE(m_log.Contains("the-session"));

@@ -12,7 +12,7 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 
-constexpr char kTag[] = "ParseP2PDevInfoFromCServer";
+constexpr char kP2PTag[] = "ParseP2PDevInfoFromCServer";
 constexpr char kCapabilityTag[] = "ParseP2PQXDevCapFromCServer";
 
 const RecordFields<P2PDevInfo>& CapabilityRows() {
@@ -32,7 +32,7 @@ Json Capability() {
                            "V3":"not read","290":"not read"})");
 }
 
-Json Whole() {
+Json WholeP2P() {
     Json response = Json::parse(R"({"meta":{"code":200},
         "p2pInfos":[{"ip":"p2p-1","port":2},{"ip":"p2p-3","port":4}],
         "deviceInfos":[{"deviceSerial":"X","kmsInfos":{"secretKey":"other","version":9}},
@@ -62,7 +62,7 @@ protected:
     /// The line on entry, which says the detail parser's name.
     void ExpectEntryLine(const std::string& body) const {
         EXPECT_THAT(m_log.Lines(),
-                    Contains(Line(3, "INFO ", kTag, "ParseDevDetailInfoFromCServer = " + body)).Times(1));
+                    Contains(Line(3, "INFO ", kP2PTag, "ParseDevDetailInfoFromCServer = " + body)).Times(1));
     }
     int Fetch() {
         m_log.Clear();
@@ -75,7 +75,7 @@ protected:
 };
 
 TEST_F(ConsumerP2PDevice, EveryMemberFillsItsField) {
-    EXPECT_EQ(Parse(Whole().dump()), 0);
+    EXPECT_EQ(Parse(WholeP2P().dump()), 0);
     EXPECT_EQ(info.deviceSerial, "S");
     ASSERT_EQ(info.serverInfos.size(), 2U);
     EXPECT_EQ(info.serverInfos[0].ip, "p2p-1");
@@ -88,11 +88,11 @@ TEST_F(ConsumerP2PDevice, EveryMemberFillsItsField) {
     EXPECT_FALSE(info.isUpdate);
     EXPECT_EQ(info.iRequestCost, 0);
     EXPECT_EQ(m_log.Lines().size(), 1U);
-    ExpectEntryLine(Whole().dump());
+    ExpectEntryLine(WholeP2P().dump());
 }
 
 TEST_F(ConsumerP2PDevice, ListsInsideDataAreReadToo) {
-    Json response = Whole();
+    Json response = WholeP2P();
     response["data"] = {{"p2pInfos", response["p2pInfos"]}, {"deviceInfos", response["deviceInfos"]}};
     response.erase("p2pInfos");
     response.erase("deviceInfos");
@@ -103,7 +103,7 @@ TEST_F(ConsumerP2PDevice, ListsInsideDataAreReadToo) {
 
 TEST_F(ConsumerP2PDevice, KeyVersionIsAnInteger) {
     for (const MemberValue& value : IntValues()) {
-        EXPECT_EQ(Parse(WithValue(Whole(), "/deviceInfos/1/kmsInfos/version", value.sent)), 0);
+        EXPECT_EQ(Parse(WithValue(WholeP2P(), "/deviceInfos/1/kmsInfos/version", value.sent)), 0);
         EXPECT_EQ(Json(info.defaultKeyVer), value.taken == nullptr ? Json(-99) : Json::parse(value.taken))
             << value.sent;
         EXPECT_EQ(info.defaultKey, "key-5") << value.sent;
@@ -113,10 +113,10 @@ TEST_F(ConsumerP2PDevice, KeyVersionIsAnInteger) {
 TEST_F(ConsumerP2PDevice, MembersAreReadOnlyWithTheirType) {
     for (const MemberValue& value : TextValues()) {
         SCOPED_TRACE(value.sent);
-        EXPECT_EQ(Parse(WithValue(Whole(), "/deviceInfos/1/kmsInfos/secretKey", value.sent)), 0);
+        EXPECT_EQ(Parse(WithValue(WholeP2P(), "/deviceInfos/1/kmsInfos/secretKey", value.sent)), 0);
         EXPECT_EQ(Json(info.defaultKey), value.taken == nullptr ? Json("before") : Json::parse(value.taken));
         EXPECT_EQ(info.defaultKeyVer, 6);
-        EXPECT_EQ(Parse(WithValue(Whole(), "/p2pInfos/0/ip", value.sent)), 0);
+        EXPECT_EQ(Parse(WithValue(WholeP2P(), "/p2pInfos/0/ip", value.sent)), 0);
         ASSERT_EQ(info.serverInfos.size(), 2U);
         EXPECT_EQ(Json(info.serverInfos[0].ip), value.taken == nullptr ? Json("") : Json::parse(value.taken));
         EXPECT_EQ(info.serverInfos[0].port, 2);
@@ -124,26 +124,26 @@ TEST_F(ConsumerP2PDevice, MembersAreReadOnlyWithTheirType) {
     }
     for (const MemberValue& value : IntValues()) {
         SCOPED_TRACE(value.sent);
-        EXPECT_EQ(Parse(WithValue(Whole(), "/p2pInfos/1/port", value.sent)), 0);
+        EXPECT_EQ(Parse(WithValue(WholeP2P(), "/p2pInfos/1/port", value.sent)), 0);
         ASSERT_EQ(info.serverInfos.size(), 2U);
         EXPECT_EQ(Json(info.serverInfos[1].port), value.taken == nullptr ? Json(0) : Json::parse(value.taken));
         EXPECT_EQ(info.serverInfos[1].ip, "p2p-3");
     }
     for (const MemberValue& value : NoObjects()) {
-        EXPECT_EQ(Parse(WithValue(Whole(), "/deviceInfos/1/kmsInfos", value.sent)), 0);
+        EXPECT_EQ(Parse(WithValue(WholeP2P(), "/deviceInfos/1/kmsInfos", value.sent)), 0);
         EXPECT_EQ(info.defaultKey, "before");
         EXPECT_EQ(info.defaultKeyVer, -99);
         EXPECT_EQ(info.strV3, "v3");
     }
     for (const char* place : {"/deviceInfos/1/kmsInfos/secretKey", "/deviceInfos/1/kmsInfos/version",
                               "/deviceInfos/1/kmsInfos", "/deviceInfos/1/qxDeviceCapability", "/p2pInfos/0/ip"}) {
-        EXPECT_EQ(Parse(Without(Whole(), place)), 0) << place;
+        EXPECT_EQ(Parse(Without(WholeP2P(), place)), 0) << place;
         EXPECT_EQ(info.deviceSerial, "S") << place;
     }
 }
 
 TEST_F(ConsumerP2PDevice, ResponseWithoutTheDeviceFillsItsServersOnly) {
-    Json response = Whole();
+    Json response = WholeP2P();
     response["deviceInfos"].erase(1);
     EXPECT_EQ(Parse(response.dump()), 0);
     EXPECT_EQ(info.serverInfos.size(), 2U);
@@ -153,7 +153,7 @@ TEST_F(ConsumerP2PDevice, ResponseWithoutTheDeviceFillsItsServersOnly) {
 }
 
 TEST_F(ConsumerP2PDevice, OnlyEntryWithoutASerialIsTheDevices) {
-    Json response = Whole();
+    Json response = WholeP2P();
     response["deviceInfos"].erase(0);
     response["deviceInfos"][0].erase("deviceSerial");
     EXPECT_EQ(Parse(response.dump()), 0);
@@ -167,15 +167,15 @@ TEST_F(ConsumerP2PDevice, ListsMustBeThere) {
         const char* name;
     } rows[] = {{"/p2pInfos", "p2pInfos"}, {"/deviceInfos", "deviceInfos"}};
     for (const auto& row : rows) {
-        std::vector<std::string> bodies = {Without(Whole(), row.place)};
+        std::vector<std::string> bodies = {Without(WholeP2P(), row.place)};
         for (const MemberValue& value : NoArrays()) {
-            bodies.push_back(WithValue(Whole(), row.place, value.sent));
+            bodies.push_back(WithValue(WholeP2P(), row.place, value.sent));
         }
         for (const std::string& body : bodies) {
             EXPECT_EQ(Parse(body), 2) << body;
             EXPECT_EQ(m_log.Lines().size(), 2U);
             EXPECT_THAT(m_log.Lines(),
-                        Contains(Line(5, "ERROR", kTag,
+                        Contains(Line(5, "ERROR", kP2PTag,
                                       "platform response invalid, szInfo = " + body + ", " + row.name + " not exist!"))
                             .Times(1));
             ExpectEntryLine(body);
@@ -185,7 +185,7 @@ TEST_F(ConsumerP2PDevice, ListsMustBeThere) {
     for (const char* body : {"{}", "[]", "5", "null", "\"x\""}) {
         EXPECT_EQ(Parse(body), 2) << body;
         EXPECT_THAT(m_log.Lines(),
-                    Contains(Line(5, "ERROR", kTag,
+                    Contains(Line(5, "ERROR", kP2PTag,
                                   std::string("platform response invalid, szInfo = ") + body + ", p2pInfos not exist!"))
                         .Times(1));
     }
@@ -199,28 +199,28 @@ TEST_F(ConsumerP2PDevice, TextThatIsNoJsonGivesOne) {
         ExpectUntouched();
         ExpectEntryLine(body);
         EXPECT_THAT(m_log.Lines(),
-                    Contains(Line(5, "ERROR", kTag, "platform response bad, szInfo = " + body)).Times(1));
+                    Contains(Line(5, "ERROR", kP2PTag, "platform response bad, szInfo = " + body)).Times(1));
     }
     EXPECT_EQ(Parse(TooDeep()), 1);
-    ExpectTruncationIsNoJson(Whole().dump(), [this](const std::string& body) { return Parse(body); });
+    ExpectTruncationIsNoJson(WholeP2P().dump(), [this](const std::string& body) { return Parse(body); });
 }
 
 TEST_F(ConsumerP2PDevice, CodeOfTheEnvelopeIsReturned) {
     for (const MetaRow& row : MetaRows()) {
-        const std::string body = WithValue(Whole(), "/meta", row.meta);
+        const std::string body = WithValue(WholeP2P(), "/meta", row.meta);
         EXPECT_EQ(Parse(body), row.code) << row.meta;
         if (row.code != 0) {
-            EXPECT_THAT(m_log.Lines(), Contains(Line(3, "INFO ", kTag, row.line + body)).Times(1));
+            EXPECT_THAT(m_log.Lines(), Contains(Line(3, "INFO ", kP2PTag, row.line + body)).Times(1));
             ExpectUntouched();
         }
     }
-    EXPECT_EQ(Parse(Without(Whole(), "/meta")), 0);
+    EXPECT_EQ(Parse(Without(WholeP2P(), "/meta")), 0);
 }
 
 // ---- The capability text
 
 TEST_F(ConsumerP2PDevice, MalformedCapabilityTextIsLoggedAndSkipped) {
-    Json response = Whole();
+    Json response = WholeP2P();
     response["deviceInfos"][1]["qxDeviceCapability"] = "{\"263\":";
     EXPECT_EQ(Parse(response.dump()), 0);
     EXPECT_THAT(m_log.Lines(),
@@ -231,7 +231,7 @@ TEST_F(ConsumerP2PDevice, MalformedCapabilityTextIsLoggedAndSkipped) {
 
 TEST_F(ConsumerP2PDevice, CapabilityThatIsNoTextIsSkipped) {
     for (const MemberValue& value : NoTexts()) {
-        EXPECT_EQ(Parse(WithValue(Whole(), "/deviceInfos/1/qxDeviceCapability", value.sent)), 0);
+        EXPECT_EQ(Parse(WithValue(WholeP2P(), "/deviceInfos/1/qxDeviceCapability", value.sent)), 0);
         EXPECT_EQ(m_log.Lines().size(), 1U) << value.sent;
         EXPECT_EQ(info.strV3, "before") << value.sent;
     }
@@ -271,7 +271,7 @@ TEST_F(ConsumerP2PDevice, CapabilityTextThatIsNoJsonGivesOne) {
 TEST_F(ConsumerP2PDevice, RequestOnlyLogsItsCost) {
     clock.SetSteadyStep(5'000'000);
     info.iRequestCost = 77;
-    transport.Respond(Whole().dump());
+    transport.Respond(WholeP2P().dump());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(info.iRequestCost, 77);
     EXPECT_EQ(info.defaultKey, "key-5");

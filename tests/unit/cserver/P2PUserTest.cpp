@@ -12,8 +12,8 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 
-constexpr char kTag[] = "ParseP2PUserInfoFromCServer";
-constexpr char kRequest[] = "GetP2PUserInfoFromCServer";
+constexpr char kP2PUserTag[] = "ParseP2PUserInfoFromCServer";
+constexpr char kP2PUserRequest[] = "GetP2PUserInfoFromCServer";
 constexpr char kFirst[] = R"({"meta":{"code":200},"userInfo":{"userId":"user-1"}})";
 constexpr char kSecond[] = R"({"secret":"secret-2","data":{"version":3,"saltIndex":4}})";
 
@@ -52,7 +52,7 @@ protected:
     /// No line but the transport's, which shows every response as it comes, shows what identifies the user.
     void ExpectNoSecrets() const {
         for (const LogLine& line : m_log.Lines()) {
-            if (line.Tag() == kTag || line.Tag() == kRequest) {
+            if (line.Tag() == kP2PUserTag || line.Tag() == kP2PUserRequest) {
                 EXPECT_EQ(line.text.find("SECRET"), std::string::npos) << line.text;
             }
         }
@@ -110,7 +110,7 @@ TEST_F(ConsumerP2PUser, FourObjectsMustBeThere) {
     };
     for (const auto& row : rows) {
         EXPECT_EQ(Parse(row.joined), 2) << row.joined;
-        EXPECT_THAT(m_log.Lines(), ElementsAre(Line(5, "ERROR", kTag, row.line)));
+        EXPECT_THAT(m_log.Lines(), ElementsAre(Line(5, "ERROR", kP2PUserTag, row.line)));
         ExpectUntouched();
     }
 }
@@ -119,7 +119,7 @@ TEST_F(ConsumerP2PUser, WhatIdentifiesTheUserIsMaskedWhereTheResponseIsLogged) {
     EXPECT_EQ(Parse(R"({"response1":{},"response2":{"secret":"one","data":{"secret":"two","version":3}}})"), 2);
     EXPECT_THAT(
         m_log.Lines(),
-        ElementsAre(Line(5, "ERROR", kTag,
+        ElementsAre(Line(5, "ERROR", kP2PUserTag,
                          "platform response invalid, szInfo = "
                          R"({"response1":{},"response2":{"secret":"***","data":{"secret":"***","version":"***"}}})"
                          ", userInfo not exist!")));
@@ -128,7 +128,7 @@ TEST_F(ConsumerP2PUser, WhatIdentifiesTheUserIsMaskedWhereTheResponseIsLogged) {
     EXPECT_THAT(
         m_log.Lines(),
         ElementsAre(
-            Line(5, "ERROR", kTag,
+            Line(5, "ERROR", kP2PUserTag,
                  "platform response invalid, szInfo = "
                  R"({"response1":{"userInfo":{"userId":"***","name":"n"}},"response2":{"data":[{"saltIndex":"***"}]}})"
                  ", data not exist!")));
@@ -158,7 +158,8 @@ TEST_F(ConsumerP2PUser, TextThatIsNoJsonGivesOne) {
     for (const std::string& body : NoJson()) {
         EXPECT_EQ(Parse(body), 1);
         ExpectUntouched();
-        EXPECT_THAT(m_log.Lines(), ElementsAre(Line(5, "ERROR", kTag, "platform response bad, szInfo = " + body)));
+        EXPECT_THAT(m_log.Lines(),
+                    ElementsAre(Line(5, "ERROR", kP2PUserTag, "platform response bad, szInfo = " + body)));
     }
     ExpectTruncationIsNoJson(Joined().dump(), [this](const std::string& body) { return Parse(body); });
 }
@@ -183,10 +184,10 @@ TEST_F(ConsumerP2PUser, TwoRequestsInSequenceFillTheRecord) {
     EXPECT_EQ(transport.Sent()[1].url, "https://c.example/v3/p2pbusiness/configurations/p2p?");
     EXPECT_EQ(transport.Sent()[1].headers, headers);
     EXPECT_THAT(m_log.Lines(),
-                Contains(Line(3, "INFO ", kRequest, "v3/users/info CostTime: = 5 milliseconds")).Times(1));
-    EXPECT_THAT(
-        m_log.Lines(),
-        Contains(Line(3, "INFO ", kRequest, "p2pbusiness/configurations/p2p CostTime: = 5 milliseconds")).Times(1));
+                Contains(Line(3, "INFO ", kP2PUserRequest, "v3/users/info CostTime: = 5 milliseconds")).Times(1));
+    EXPECT_THAT(m_log.Lines(),
+                Contains(Line(3, "INFO ", kP2PUserRequest, "p2pbusiness/configurations/p2p CostTime: = 5 milliseconds"))
+                    .Times(1));
 }
 
 TEST_F(ConsumerP2PUser, FirstResponseThatIsNoJsonGivesABareOne) {
@@ -204,7 +205,7 @@ TEST_F(ConsumerP2PUser, FirstResponseThatIsNoJsonGivesABareOne) {
         const size_t before = transport.Count();
         EXPECT_EQ(Fetch(), 1);
         EXPECT_EQ(transport.Count(), before + 1);
-        EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kRequest, row.line)).Times(1));
+        EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kP2PUserRequest, row.line)).Times(1));
         ExpectUntouched();
     }
 }
@@ -229,7 +230,7 @@ TEST_F(ConsumerP2PUser, FirstResponseWithAFailureGivesASilentZero) {
         const size_t before = transport.Count();
         EXPECT_EQ(Fetch(), 0) << row.body;
         EXPECT_EQ(transport.Count(), before + 1) << "no second request";
-        EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kRequest, row.line)).Times(1));
+        EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kP2PUserRequest, row.line)).Times(1));
         ExpectUntouched();
         ExpectNoSecrets();
     }
@@ -240,9 +241,9 @@ TEST_F(ConsumerP2PUser, FirstTransferThatFailsEndsIt) {
     transport.Fail(28);
     EXPECT_EQ(Fetch(), 100028);
     EXPECT_EQ(transport.Count(), 1U);
-    EXPECT_THAT(m_log.Lines(),
-                Contains(Line(5, "ERROR", kRequest, "ZQR TEST QX_API_B2C_GET_P2P_USER_INFO SyncRequestHeader error:28"))
-                    .Times(1));
+    EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kP2PUserRequest,
+                                             "ZQR TEST QX_API_B2C_GET_P2P_USER_INFO SyncRequestHeader error:28"))
+                                   .Times(1));
     EXPECT_EQ(info.iRequestCost, 5);
     ExpectUntouched();
 }
@@ -252,12 +253,12 @@ TEST_F(ConsumerP2PUser, SecondTransferThatFailsHasALabelOfItsOwn) {
     transport.Respond(kFirst);
     transport.Fail(56);
     EXPECT_EQ(Fetch(), 100056);
-    EXPECT_THAT(
-        m_log.Lines(),
-        Contains(Line(5, "ERROR", kRequest, "ZQR TEST QX_API_B2C_GET_P2P_USER_INFO SyncRequest error:56")).Times(1));
-    EXPECT_THAT(
-        m_log.Lines(),
-        Contains(Line(3, "INFO ", kRequest, "p2pbusiness/configurations/p2p CostTime: = 5 milliseconds")).Times(1));
+    EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kP2PUserRequest,
+                                             "ZQR TEST QX_API_B2C_GET_P2P_USER_INFO SyncRequest error:56"))
+                                   .Times(1));
+    EXPECT_THAT(m_log.Lines(),
+                Contains(Line(3, "INFO ", kP2PUserRequest, "p2pbusiness/configurations/p2p CostTime: = 5 milliseconds"))
+                    .Times(1));
     EXPECT_EQ(info.iRequestCost, 10);
     ExpectUntouched();
 }
@@ -275,7 +276,7 @@ TEST_F(ConsumerP2PUser, SecondResponseThatIsNoJsonGivesABareOne) {
         transport.Respond(kFirst);
         transport.Respond(row.body);
         EXPECT_EQ(Fetch(), 1);
-        EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kRequest, row.line)).Times(1));
+        EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kP2PUserRequest, row.line)).Times(1));
         ExpectUntouched();
         ExpectNoSecrets();
     }
@@ -315,8 +316,8 @@ TEST_F(ConsumerP2PUser, RefusalOfTheParserIsLoggedWithTheSecretsMasked) {
         transport.Respond(row.first);
         transport.Respond(row.second);
         EXPECT_EQ(Fetch(), 300002);
-        EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kTag, row.parserLine)).Times(1));
-        EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kRequest, row.line)).Times(1));
+        EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kP2PUserTag, row.parserLine)).Times(1));
+        EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kP2PUserRequest, row.line)).Times(1));
         ExpectUntouched();
         ExpectNoSecrets();
     }
@@ -328,7 +329,7 @@ TEST_F(ConsumerP2PUser, JoinedResponseThatIsTooDeepShowsNoSecretEither) {
     transport.Respond(R"({"secret":"SECRET","data":{"version":3,"x":)" + std::string(998, '[') + std::string(998, ']') +
                       "}}");
     EXPECT_EQ(Fetch(), 300001);
-    EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kTag,
+    EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kP2PUserTag,
                                              testing::StartsWith("platform response bad, szInfo = "
                                                                  R"({"response1":{"meta")")))
                                    .Times(1));

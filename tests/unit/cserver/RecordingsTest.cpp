@@ -11,8 +11,8 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 
-constexpr char kTag[] = "ParseDeviceRecordFileFromCServer";
-constexpr char kRequest[] = "GetDeviceFileBySerialFromCServer";
+constexpr char kRecordingsTag[] = "ParseDeviceRecordFileFromCServer";
+constexpr char kRecordingsRequest[] = "GetDeviceFileBySerialFromCServer";
 constexpr char kWhole[] =
     R"({"meta":{"code":200},"isFinished":false,"records":[{"startTime":"a","x":[1,{"y":null}]},"text",5,true]})";
 constexpr char kList[] = R"({"data":[{"startTime":"a","x":[1,{"y":null}]},"text",5,true]})";
@@ -71,7 +71,8 @@ TEST_F(ConsumerRecordings, ListMustBeThere) {
     }
     for (const std::string& body : bodies) {
         EXPECT_EQ(Parse(body), 2) << body;
-        EXPECT_THAT(m_log.Lines(), ElementsAre(Line(5, "ERROR", kTag, "platform response invalid, szInfo = " + body)));
+        EXPECT_THAT(m_log.Lines(),
+                    ElementsAre(Line(5, "ERROR", kRecordingsTag, "platform response invalid, szInfo = " + body)));
         EXPECT_EQ(records, "before");
     }
 }
@@ -80,7 +81,8 @@ TEST_F(ConsumerRecordings, TextThatIsNoJsonGivesOne) {
     for (const std::string& body : NoJson()) {
         EXPECT_EQ(Parse(body), 1);
         EXPECT_EQ(records, "before");
-        EXPECT_THAT(m_log.Lines(), ElementsAre(Line(5, "ERROR", kTag, "platform response bad, szInfo = " + body)));
+        EXPECT_THAT(m_log.Lines(),
+                    ElementsAre(Line(5, "ERROR", kRecordingsTag, "platform response bad, szInfo = " + body)));
     }
     ExpectTruncationIsNoJson(kWhole, [this](const std::string& body) { return Parse(body); });
 }
@@ -100,7 +102,7 @@ TEST_F(ConsumerRecordings, CodeOfTheEnvelopeIsReturnedUnderTheParsersOwnWords) {
     };
     for (const auto& row : rows) {
         EXPECT_EQ(Parse(row.body), row.code);
-        EXPECT_THAT(m_log.Lines(), ElementsAre(Line(3, "INFO ", kTag, row.line)));
+        EXPECT_THAT(m_log.Lines(), ElementsAre(Line(3, "INFO ", kRecordingsTag, row.line)));
         EXPECT_EQ(records, "before");
     }
     for (const MetaRow& row : MetaRows()) {
@@ -129,7 +131,7 @@ TEST_F(ConsumerRecordings, ResponseIsLoggedWholeBeforeItIsChecked) {
     for (const char* body : {kWhole, "no json", "", "{}"}) {
         transport.Respond(body);
         Fetch();
-        EXPECT_THAT(m_log.Lines(), Contains(Line(3, "INFO ", kRequest,
+        EXPECT_THAT(m_log.Lines(), Contains(Line(3, "INFO ", kRecordingsRequest,
                                                  std::string("ZQR TEST GetDeviceFileBySerialFromCServer:") + body))
                                        .Times(1));
     }
@@ -156,8 +158,8 @@ TEST_F(ConsumerRecordings, RequestChecksTheEnvelopeItself) {
     for (const auto& row : rows) {
         transport.Respond(row.body);
         EXPECT_EQ(Fetch(), row.result) << row.body;
-        EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kRequest, row.line)).Times(1));
-        EXPECT_FALSE(m_log.Contains(kTag)) << "the parser is not asked";
+        EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kRecordingsRequest, row.line)).Times(1));
+        EXPECT_FALSE(m_log.Contains(kRecordingsTag)) << "the parser is not asked";
         EXPECT_EQ(records, "before");
     }
 }
@@ -166,7 +168,7 @@ TEST_F(ConsumerRecordings, ParsersRefusalHasAnotherLabel) {
     transport.Respond(R"({"meta":{"code":200},"records":{}})");
     EXPECT_EQ(Fetch(), 300002);
     EXPECT_THAT(m_log.Lines(),
-                Contains(Line(5, "ERROR", kRequest,
+                Contains(Line(5, "ERROR", kRecordingsRequest,
                               R"(ParseServerInfoFromPlatform:{"meta":{"code":200},"records":{}} error:2)"))
                     .Times(1));
     for (const char* body : {R"({"meta":{},"records":[]})", R"({"meta":{"code":"401"},"records":[]})"}) {
@@ -178,9 +180,9 @@ TEST_F(ConsumerRecordings, ParsersRefusalHasAnotherLabel) {
 TEST_F(ConsumerRecordings, FailedTransferIsPassedOn) {
     transport.Fail(7);
     EXPECT_EQ(Fetch(), 100007);
-    EXPECT_THAT(m_log.Lines(),
-                Contains(Line(5, "ERROR", kRequest, "ZQR TEST QX_API_B2C_GET_DEVICE_RECORD SyncRequestHeader error:7"))
-                    .Times(1));
+    EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kRecordingsRequest,
+                                             "ZQR TEST QX_API_B2C_GET_DEVICE_RECORD SyncRequestHeader error:7"))
+                                   .Times(1));
     EXPECT_EQ(records, "before");
     EXPECT_FALSE(m_log.Contains("ZQR TEST GetDeviceFileBySerialFromCServer"));
     EXPECT_FALSE(m_log.Contains("the-session"));

@@ -12,7 +12,7 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 
-constexpr char kTag[] = "ParseServerInfoFromCServer";
+constexpr char kServerTag[] = "ParseServerInfoFromCServer";
 
 const RecordFields<ServerInfo>& Rows() {
     static const RecordFields<ServerInfo> rows = {
@@ -34,7 +34,7 @@ const RecordFields<ServerInfo>& Rows() {
     return rows;
 }
 
-Json Whole() {
+Json WholeServer() {
     return Json::parse(R"({"meta":{"code":200},"systemConfigInfo":{
         "stun1Addr":"stun-1","stun1Port":2,"stun2Addr":"stun-3","stun2Port":4,"ttsAddr":"tts-5","ttsPort":6,
         "vtmAddr":"vtm-7","vtmPort":8,"authAddr":"auth-9","nodeJsAddr":"node-10","nodeJsHttpPort":11,
@@ -77,13 +77,13 @@ protected:
 };
 
 TEST_F(ConsumerServers, EveryMemberFillsItsField) {
-    EXPECT_EQ(Parse(Whole().dump()), 0);
+    EXPECT_EQ(Parse(WholeServer().dump()), 0);
     EXPECT_EQ(ValuesOf(Rows(), info), WholeValues(Rows()));
     EXPECT_TRUE(m_log.Lines().empty());
 }
 
 TEST_F(ConsumerServers, WhatThisFamilyDoesNotSendIsKept) {
-    EXPECT_EQ(Parse(Whole().dump()), 0);
+    EXPECT_EQ(Parse(WholeServer().dump()), 0);
     EXPECT_EQ(info.logAddr, "before");
     EXPECT_FALSE(info.microCloudMode);
     ASSERT_EQ(info.vtmBackups.size(), 1U);
@@ -92,7 +92,7 @@ TEST_F(ConsumerServers, WhatThisFamilyDoesNotSendIsKept) {
 }
 
 TEST_F(ConsumerServers, MembersAreReadOnlyWithTheirType) {
-    ExpectEachFieldOnItsOwn(Rows(), Whole(), Before(), IntValues(), [this](const std::string& body) {
+    ExpectEachFieldOnItsOwn(Rows(), WholeServer(), Before(), IntValues(), [this](const std::string& body) {
         EXPECT_EQ(Parse(body), 0);
         return info;
     });
@@ -102,34 +102,41 @@ TEST_F(ConsumerServers, TextThatIsNoJsonGivesOne) {
     for (const std::string& body : NoJson()) {
         EXPECT_EQ(Parse(body), 1);
         ExpectUntouched();
-        EXPECT_THAT(m_log.Lines(), ElementsAre(Line(5, "ERROR", kTag, "platform response bad, szInfo = " + body)));
+        EXPECT_THAT(m_log.Lines(),
+                    ElementsAre(Line(5, "ERROR", kServerTag, "platform response bad, szInfo = " + body)));
     }
-    ExpectTruncationIsNoJson(Whole().dump(), [this](const std::string& body) { return Parse(body); });
+    ExpectTruncationIsNoJson(WholeServer().dump(), [this](const std::string& body) { return Parse(body); });
 }
 
 TEST_F(ConsumerServers, CodeOfTheEnvelopeIsReturned) {
     for (const MetaRow& row : MetaRows()) {
         SCOPED_TRACE(row.meta);
-        const std::string body = WithValue(Whole(), "/meta", row.meta);
+        const std::string body = WithValue(WholeServer(), "/meta", row.meta);
         EXPECT_EQ(Parse(body), row.code);
         if (row.code != 0) {
-            EXPECT_THAT(m_log.Lines(), ElementsAre(Line(3, "INFO ", kTag, row.line + body)));
+            EXPECT_THAT(m_log.Lines(), ElementsAre(Line(3, "INFO ", kServerTag, row.line + body)));
             ExpectUntouched();
         }
     }
-    EXPECT_EQ(Parse(Without(Whole(), "/meta")), 0) << "a response without an envelope";
+    EXPECT_EQ(Parse(Without(WholeServer(), "/meta")), 0) << "a response without an envelope";
     EXPECT_EQ(ValuesOf(Rows(), info), WholeValues(Rows()));
 }
 
 TEST_F(ConsumerServers, ConfigurationMustBeThere) {
-    std::vector<std::string> bodies = {
-        "{}", "[]", "5", "null", "\"x\"", Without(Whole(), "/systemConfigInfo"), R"({"data":{"systemConfigInfo":{}}})"};
+    std::vector<std::string> bodies = {"{}",
+                                       "[]",
+                                       "5",
+                                       "null",
+                                       "\"x\"",
+                                       Without(WholeServer(), "/systemConfigInfo"),
+                                       R"({"data":{"systemConfigInfo":{}}})"};
     for (const MemberValue& value : NoObjects()) {
-        bodies.push_back(WithValue(Whole(), "/systemConfigInfo", value.sent));
+        bodies.push_back(WithValue(WholeServer(), "/systemConfigInfo", value.sent));
     }
     for (const std::string& body : bodies) {
         EXPECT_EQ(Parse(body), 2) << body;
-        EXPECT_THAT(m_log.Lines(), ElementsAre(Line(5, "ERROR", kTag, "platform response invalid, szInfo = " + body)));
+        EXPECT_THAT(m_log.Lines(),
+                    ElementsAre(Line(5, "ERROR", kServerTag, "platform response invalid, szInfo = " + body)));
         ExpectUntouched();
     }
     EXPECT_EQ(Parse(R"({"systemConfigInfo":{}})"), 0) << "and nothing in it need be";
@@ -138,7 +145,7 @@ TEST_F(ConsumerServers, ConfigurationMustBeThere) {
 
 TEST_F(ConsumerServers, RequestStoresItsCostWhateverTheOutcome) {
     clock.SetSteadyStep(4'999'999);
-    transport.Respond(Whole().dump());
+    transport.Respond(WholeServer().dump());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(info.iRequestCost, 4);
     EXPECT_THAT(m_log.Lines(), Contains(Line(3, "INFO ", "GetServerInfoFromCServer",

@@ -12,9 +12,9 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 
-constexpr char kTag[] = "ParseRefreshSessionnFromCServer";
-constexpr char kRequest[] = "RefreshSessionFromCServer";
-constexpr char kWhole[] =
+constexpr char kTokensTag[] = "ParseRefreshSessionnFromCServer";
+constexpr char kTokensRequest[] = "RefreshSessionFromCServer";
+constexpr char kTokensWhole[] =
     R"({"meta":{"code":200},"sessionInfo":{"refreshSessionId":"fresh-refresher","sessionId":"fresh-session"}})";
 
 class ConsumerSession : public ConsumerResponse {
@@ -43,7 +43,7 @@ protected:
 };
 
 TEST_F(ConsumerSession, BothIdsAreReplaced) {
-    EXPECT_EQ(Parse(kWhole), 0);
+    EXPECT_EQ(Parse(kTokensWhole), 0);
     ExpectFresh();
     EXPECT_TRUE(m_log.Lines().empty());
 }
@@ -51,9 +51,9 @@ TEST_F(ConsumerSession, BothIdsAreReplaced) {
 /// The whole response without this member of the session, and with every value in its place that is no text.
 std::vector<std::string> WithoutText(const char* name) {
     const std::string place = std::string("/sessionInfo/") + name;
-    std::vector<std::string> bodies = {Without(Json::parse(kWhole), place)};
+    std::vector<std::string> bodies = {Without(Json::parse(kTokensWhole), place)};
     for (const MemberValue& value : NoTexts()) {
-        bodies.push_back(WithValue(Json::parse(kWhole), place, value.sent));
+        bodies.push_back(WithValue(Json::parse(kTokensWhole), place, value.sent));
     }
     return bodies;
 }
@@ -62,7 +62,7 @@ TEST_F(ConsumerSession, SessionIdMustBeAText) {
     for (const std::string& body : WithoutText("sessionId")) {
         EXPECT_EQ(Parse(body), 2) << body;
         EXPECT_THAT(m_log.Lines(),
-                    ElementsAre(Line(5, "ERROR", kTag,
+                    ElementsAre(Line(5, "ERROR", kTokensTag,
                                      "platform response invalid, szInfo = " + body + ", sessionId not exist!")));
         ExpectUntouched();
     }
@@ -83,15 +83,15 @@ TEST_F(ConsumerSession, SessionMustBeAnObject) {
                                        "5",
                                        "null",
                                        "\"x\"",
-                                       Without(Json::parse(kWhole), "/sessionInfo"),
+                                       Without(Json::parse(kTokensWhole), "/sessionInfo"),
                                        R"({"data":{"sessionInfo":{"sessionId":"a","refreshSessionId":"b"}}})"};
     for (const MemberValue& value : NoObjects()) {
-        bodies.push_back(WithValue(Json::parse(kWhole), "/sessionInfo", value.sent));
+        bodies.push_back(WithValue(Json::parse(kTokensWhole), "/sessionInfo", value.sent));
     }
     for (const std::string& body : bodies) {
         EXPECT_EQ(Parse(body), 2) << body;
         EXPECT_THAT(m_log.Lines(),
-                    ElementsAre(Line(5, "ERROR", kTag,
+                    ElementsAre(Line(5, "ERROR", kTokensTag,
                                      "platform response invalid, szInfo = " + body + ", sessionInfo not exist!")));
         ExpectUntouched();
     }
@@ -101,27 +101,28 @@ TEST_F(ConsumerSession, TextThatIsNoJsonGivesOne) {
     for (const std::string& body : NoJson()) {
         EXPECT_EQ(Parse(body), 1);
         ExpectUntouched();
-        EXPECT_THAT(m_log.Lines(), ElementsAre(Line(5, "ERROR", kTag, "platform response bad, szInfo = " + body)));
+        EXPECT_THAT(m_log.Lines(),
+                    ElementsAre(Line(5, "ERROR", kTokensTag, "platform response bad, szInfo = " + body)));
     }
-    ExpectTruncationIsNoJson(kWhole, [this](const std::string& body) { return Parse(body); });
+    ExpectTruncationIsNoJson(kTokensWhole, [this](const std::string& body) { return Parse(body); });
 }
 
 TEST_F(ConsumerSession, CodeOfTheEnvelopeIsReturned) {
     for (const MetaRow& row : MetaRows()) {
-        const std::string body = WithValue(Json::parse(kWhole), "/meta", row.meta);
+        const std::string body = WithValue(Json::parse(kTokensWhole), "/meta", row.meta);
         EXPECT_EQ(Parse(body), row.code) << row.meta;
         if (row.code != 0) {
-            EXPECT_THAT(m_log.Lines(), ElementsAre(Line(3, "INFO ", kTag, row.line + body)));
+            EXPECT_THAT(m_log.Lines(), ElementsAre(Line(3, "INFO ", kTokensTag, row.line + body)));
             ExpectUntouched();
         }
     }
-    EXPECT_EQ(Parse(Without(Json::parse(kWhole), "/meta")), 0) << "the parser needs no envelope";
+    EXPECT_EQ(Parse(Without(Json::parse(kTokensWhole), "/meta")), 0) << "the parser needs no envelope";
 }
 
 // ---- The request
 
 TEST_F(ConsumerSession, RefreshReplacesBothIds) {
-    transport.Respond(kWhole);
+    transport.Respond(kTokensWhole);
     EXPECT_EQ(Refresh(), 0);
     ExpectFresh();
     EXPECT_FALSE(m_log.Contains("CostTime")) << "this request is not timed";
@@ -129,7 +130,7 @@ TEST_F(ConsumerSession, RefreshReplacesBothIds) {
 
 TEST_F(ConsumerSession, RefreshSaysOfThisComputerTheSameInHeaderAndParameter) {
     const FixedFeatureCode fixed;
-    transport.Respond(kWhole);
+    transport.Respond(kTokensWhole);
     EXPECT_EQ(Refresh(), 0);
     EXPECT_EQ(transport.Sent()[0].Param("featureCode"), "f-code");
     EXPECT_THAT(transport.Sent()[0].headers, Contains("featureCode: f-code"));
@@ -155,8 +156,8 @@ TEST_F(ConsumerSession, RefreshReturnsTheServersOwnCodeBare) {
     for (const auto& row : rows) {
         transport.Respond(row.body);
         EXPECT_EQ(Refresh(), row.code);
-        EXPECT_THAT(m_log.Lines(), Contains(Line(3, "INFO ", kRequest, row.line)).Times(1));
-        EXPECT_FALSE(m_log.Contains(kTag));
+        EXPECT_THAT(m_log.Lines(), Contains(Line(3, "INFO ", kTokensRequest, row.line)).Times(1));
+        EXPECT_FALSE(m_log.Contains(kTokensTag));
         ExpectUntouched();
     }
 }
@@ -167,23 +168,23 @@ TEST_F(ConsumerSession, RefreshGivesABareOneForWhatIsNoJson) {
         EXPECT_EQ(Refresh(), 1);
         EXPECT_THAT(
             m_log.Lines(),
-            Contains(Line(5, "ERROR", kRequest,
+            Contains(Line(5, "ERROR", kTokensRequest,
                           std::string("ZQR TEST QX_API_B2C_REFRESH_SESSION platform response bad, szInfo = ") + body))
                 .Times(1));
-        EXPECT_FALSE(m_log.Contains(kTag));
+        EXPECT_FALSE(m_log.Contains(kTokensTag));
         ExpectUntouched();
     }
 }
 
 TEST_F(ConsumerSession, RefreshWithoutAnEnvelopeIsMalformed) {
     for (const std::string& body :
-         {std::string("{}"), std::string("[]"), std::string("5"), Without(Json::parse(kWhole), "/meta"),
-          WithValue(Json::parse(kWhole), "/meta", "401")}) {
+         {std::string("{}"), std::string("[]"), std::string("5"), Without(Json::parse(kTokensWhole), "/meta"),
+          WithValue(Json::parse(kTokensWhole), "/meta", "401")}) {
         transport.Respond(body);
         EXPECT_EQ(Refresh(), 300002) << body;
-        EXPECT_THAT(
-            m_log.Lines(),
-            Contains(Line(5, "ERROR", kRequest, "ZQR TEST RefreshSessionFromCServer:" + body + " error:2")).Times(1));
+        EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kTokensRequest,
+                                                 "ZQR TEST RefreshSessionFromCServer:" + body + " error:2"))
+                                       .Times(1));
         ExpectUntouched();
     }
 }
@@ -194,10 +195,10 @@ TEST_F(ConsumerSession, ParsersRefusalOfARefreshHasTheBase) {
           R"({"meta":{},"sessionInfo":[]})"}) {
         transport.Respond(body);
         EXPECT_EQ(Refresh(), 300002) << body;
-        EXPECT_THAT(
-            m_log.Lines(),
-            Contains(Line(5, "ERROR", kRequest, std::string("ZQR TEST RefreshSessionFromCServer:") + body + " error:2"))
-                .Times(1));
+        EXPECT_THAT(m_log.Lines(),
+                    Contains(Line(5, "ERROR", kTokensRequest,
+                                  std::string("ZQR TEST RefreshSessionFromCServer:") + body + " error:2"))
+                        .Times(1));
         ExpectUntouched();
     }
 }
@@ -205,7 +206,7 @@ TEST_F(ConsumerSession, ParsersRefusalOfARefreshHasTheBase) {
 TEST_F(ConsumerSession, FailedTransferOfARefreshIsPassedOn) {
     transport.Fail(28);
     EXPECT_EQ(Refresh(), 100028);
-    EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kRequest,
+    EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kTokensRequest,
                                              "ZQR TEST QX_API_B2C_REFRESH_SESSION SyncPutRequestHeader error:28"))
                                    .Times(1));
     ExpectUntouched();

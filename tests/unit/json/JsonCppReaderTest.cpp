@@ -11,12 +11,12 @@
 namespace vantix::json {
 namespace {
 
-struct Row {
+struct CompactRow {
     const char* json;
     const char* compact;
 };
 
-constexpr Row kRows[] = {
+constexpr CompactRow kRows[] = {
     {"null", "null"},
     {" true ", "true"},
     {"false", "false"},
@@ -38,7 +38,7 @@ constexpr Row kRows[] = {
 };
 
 TEST(JsonCppCompact, IsOneLineWithoutBlanksAndWithoutANewline) {
-    for (const Row& row : kRows) {
+    for (const CompactRow& row : kRows) {
         SCOPED_TRACE(row.json);
         JsonCppDocument document;
         ASSERT_TRUE(document.Parse(row.json));

@@ -11,7 +11,7 @@
 namespace vantix::test {
 namespace {
 
-constexpr const char* kResponse =
+constexpr const char* kNestedResponse =
     R"({"resultCode": "200", "result": {"code": 200, "list": [1, -2.5e3, true, null, {"deep": [[], {}]}],)"
     R"( "text": "long enough not to fit into a small string \u20ac"}})";
 
@@ -20,7 +20,7 @@ class OutOfMemory : public testing::Test {};
 TYPED_TEST_SUITE(OutOfMemory, BothReaders, ReaderName);
 
 TYPED_TEST(OutOfMemory, AtAnyAllocationAParseReturnsFalse) {
-    const std::string response = kResponse;
+    const std::string response = kNestedResponse;
     typename TypeParam::Document document;
     ASSERT_TRUE(document.Parse(response)) << "and what the parser keeps for ever is made";
     bool parsed = false;
@@ -40,7 +40,7 @@ TYPED_TEST(OutOfMemory, AtAnyAllocationAParseReturnsFalse) {
 
 TEST(OutOfMemoryCompact, AtAnyAllocationTheTextIsEmptyOrWhole) {
     json::JsonCppDocument document;
-    ASSERT_TRUE(document.Parse(kResponse));
+    ASSERT_TRUE(document.Parse(kNestedResponse));
     const std::string whole = document.Root().Compact();
     std::string text;
     const size_t allocations = WithEveryAllocationFailing([&] { EXPECT_NO_THROW(text = document.Root().Compact()); },

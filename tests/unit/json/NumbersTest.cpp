@@ -19,14 +19,14 @@ constexpr int64_t kMax64 = std::numeric_limits<int64_t>::max();
 constexpr int64_t kMin64 = std::numeric_limits<int64_t>::min();
 constexpr auto kNo = std::nullopt;
 
-struct Row {
+struct NumberRow {
     const char* json = nullptr;
     std::optional<int32_t> json11;
     std::optional<int32_t> jsonCpp;
     std::optional<int64_t> wide;
 };
 
-const Row kRows[] = {
+const NumberRow kRows[] = {
     {"0", 0, 0, 0},
     {"-0", 0, 0, 0},
     {"0.0", 0, 0, 0},
@@ -80,7 +80,7 @@ std::optional<int64_t> ReadWide(const json::JsonCppView& view) {
 }
 
 TEST(Numbers, Json11TruncatesWithin32Bits) {
-    for (const Row& row : kRows) {
+    for (const NumberRow& row : kRows) {
         SCOPED_TRACE(row.json);
         json::Json11Document document;
         ASSERT_TRUE(document.Parse(row.json));
@@ -90,7 +90,7 @@ TEST(Numbers, Json11TruncatesWithin32Bits) {
 }
 
 TEST(Numbers, JsonCppTakesIntegersWithin32Bits) {
-    for (const Row& row : kRows) {
+    for (const NumberRow& row : kRows) {
         SCOPED_TRACE(row.json);
         json::JsonCppDocument document;
         ASSERT_TRUE(document.Parse(row.json));
@@ -100,7 +100,7 @@ TEST(Numbers, JsonCppTakesIntegersWithin32Bits) {
 }
 
 TEST(Numbers, JsonCppTruncatesAnyNumberWithin64Bits) {
-    for (const Row& row : kRows) {
+    for (const NumberRow& row : kRows) {
         SCOPED_TRACE(row.json);
         json::JsonCppDocument document;
         ASSERT_TRUE(document.Parse(row.json));

@@ -14,7 +14,7 @@ namespace vantix::test {
 namespace {
 
 /// What the accessors return for a value.
-struct Row {
+struct ValueRow {
     const char* json;
     bool isNull = false;
     bool isObject = false;
@@ -25,47 +25,47 @@ struct Row {
     size_t size = 0;
 };
 
-Row Of(const char* json) { return Row{json, false, false, false, {}, {}, {}, 0}; }
+ValueRow Of(const char* json) { return ValueRow{json, false, false, false, {}, {}, {}, 0}; }
 
-Row Null() {
-    Row row = Of("null");
+ValueRow Null() {
+    ValueRow row = Of("null");
     row.isNull = true;
     return row;
 }
 
-Row Object(const char* json) {
-    Row row = Of(json);
+ValueRow Object(const char* json) {
+    ValueRow row = Of(json);
     row.isObject = true;
     return row;
 }
 
-Row Array(const char* json, size_t size) {
-    Row row = Of(json);
+ValueRow Array(const char* json, size_t size) {
+    ValueRow row = Of(json);
     row.isArray = true;
     row.size = size;
     return row;
 }
 
-Row Text(const char* json, const std::string& text) {
-    Row row = Of(json);
+ValueRow Text(const char* json, const std::string& text) {
+    ValueRow row = Of(json);
     row.text = text;
     return row;
 }
 
-Row Number(const char* json, int32_t number) {
-    Row row = Of(json);
+ValueRow Number(const char* json, int32_t number) {
+    ValueRow row = Of(json);
     row.number = number;
     return row;
 }
 
-Row Flag(const char* json, bool flag) {
-    Row row = Of(json);
+ValueRow Flag(const char* json, bool flag) {
+    ValueRow row = Of(json);
     row.flag = flag;
     return row;
 }
 
-const std::vector<Row>& Rows() {
-    static const std::vector<Row> rows = {
+const std::vector<ValueRow>& ValueRows() {
+    static const std::vector<ValueRow> rows = {
         Null(),
         Flag("true", true),
         Flag("false", false),
@@ -91,21 +91,21 @@ const std::vector<Row>& Rows() {
 }
 
 template <class Value, class View>
-std::optional<Value> ReadAs(const View& view) {
+std::optional<Value> ReadValueAs(const View& view) {
     Value value{};
     return view.Read(value) ? std::optional<Value>(value) : std::nullopt;
 }
 
 template <class View>
-void ExpectRow(const View& view, const Row& row) {
+void ExpectRow(const View& view, const ValueRow& row) {
     EXPECT_EQ(view.IsNull(), row.isNull);
     EXPECT_EQ(view.IsObject(), row.isObject);
     EXPECT_EQ(view.IsArray(), row.isArray);
     EXPECT_EQ(view.IsString(), row.text.has_value());
     EXPECT_EQ(view.Size(), row.size);
-    EXPECT_EQ(ReadAs<std::string>(view), row.text);
-    EXPECT_EQ(ReadAs<int32_t>(view), row.number);
-    EXPECT_EQ(ReadAs<bool>(view), row.flag);
+    EXPECT_EQ(ReadValueAs<std::string>(view), row.text);
+    EXPECT_EQ(ReadValueAs<int32_t>(view), row.number);
+    EXPECT_EQ(ReadValueAs<bool>(view), row.flag);
 }
 
 /// The members that no value of a row has.
@@ -134,7 +134,7 @@ protected:
 TYPED_TEST_SUITE(Readers, BothReaders, ReaderName);
 
 TYPED_TEST(Readers, EveryAccessorOnAMemberOfEveryType) {
-    for (const Row& row : Rows()) {
+    for (const ValueRow& row : ValueRows()) {
         SCOPED_TRACE(row.json);
         const auto root = this->Parsed(std::string(R"({"before": 1, "v": )") + row.json + "}");
         ExpectRow(root.Member("v"), row);
@@ -143,7 +143,7 @@ TYPED_TEST(Readers, EveryAccessorOnAMemberOfEveryType) {
 }
 
 TYPED_TEST(Readers, EveryAccessorOnARootOfEveryType) {
-    for (const Row& row : Rows()) {
+    for (const ValueRow& row : ValueRows()) {
         SCOPED_TRACE(row.json);
         const auto root = this->Parsed(row.json);
         ExpectRow(root, row);
@@ -152,7 +152,7 @@ TYPED_TEST(Readers, EveryAccessorOnARootOfEveryType) {
 }
 
 TYPED_TEST(Readers, EveryAccessorOnAnElementOfEveryType) {
-    for (const Row& row : Rows()) {
+    for (const ValueRow& row : ValueRows()) {
         SCOPED_TRACE(row.json);
         const auto root = this->Parsed(std::string("[0, ") + row.json + "]");
         ASSERT_EQ(root.Size(), 2U);
@@ -162,7 +162,7 @@ TYPED_TEST(Readers, EveryAccessorOnAnElementOfEveryType) {
 }
 
 TYPED_TEST(Readers, EveryAccessorOnNothing) {
-    const Row nothing = Null();
+    const ValueRow nothing = Null();
     const typename TypeParam::View none;
     ExpectRow(none, nothing);
     ExpectNothingInside(none);
@@ -175,7 +175,7 @@ TYPED_TEST(Readers, EveryAccessorOnNothing) {
 }
 
 TYPED_TEST(Readers, AReadThatFailsLeavesTheValueAsItWas) {
-    for (const Row& row : Rows()) {
+    for (const ValueRow& row : ValueRows()) {
         SCOPED_TRACE(row.json);
         const auto view = this->Parsed(row.json);
         std::string text = "before";
@@ -192,11 +192,11 @@ TYPED_TEST(Readers, AReadThatFailsLeavesTheValueAsItWas) {
 
 TYPED_TEST(Readers, MembersAreFoundByTheirWholeKeyInExactCase) {
     const auto root = this->Parsed(R"({"key": 1, "Key": 2, "keys": 3, "": 4, "\u00e9": 5, "a\u0000b": 6})");
-    EXPECT_EQ(ReadAs<int32_t>(root.Member("key")), 1);
-    EXPECT_EQ(ReadAs<int32_t>(root.Member("Key")), 2);
-    EXPECT_EQ(ReadAs<int32_t>(root.Member("keys")), 3);
-    EXPECT_EQ(ReadAs<int32_t>(root.Member("")), 4);
-    EXPECT_EQ(ReadAs<int32_t>(root.Member("\xC3\xA9")), 5);
+    EXPECT_EQ(ReadValueAs<int32_t>(root.Member("key")), 1);
+    EXPECT_EQ(ReadValueAs<int32_t>(root.Member("Key")), 2);
+    EXPECT_EQ(ReadValueAs<int32_t>(root.Member("keys")), 3);
+    EXPECT_EQ(ReadValueAs<int32_t>(root.Member("")), 4);
+    EXPECT_EQ(ReadValueAs<int32_t>(root.Member("\xC3\xA9")), 5);
     EXPECT_TRUE(root.Member("ke").IsNull());
     EXPECT_TRUE(root.Member("KEY").IsNull());
     EXPECT_TRUE(root.Member("a").IsNull()) << "a key that goes on behind a zero is another key";
@@ -204,15 +204,15 @@ TYPED_TEST(Readers, MembersAreFoundByTheirWholeKeyInExactCase) {
 
 TYPED_TEST(Readers, OfDuplicateKeysTheLastWins) {
     const auto root = this->Parsed(R"({"a": 1, "a": "two", "b": 3, "a": 4})");
-    EXPECT_EQ(ReadAs<int32_t>(root.Member("a")), 4);
-    EXPECT_EQ(ReadAs<int32_t>(root.Member("b")), 3);
+    EXPECT_EQ(ReadValueAs<int32_t>(root.Member("a")), 4);
+    EXPECT_EQ(ReadValueAs<int32_t>(root.Member("b")), 3);
 }
 
 TYPED_TEST(Readers, ElementsKeepTheirOrder) {
     const auto root = this->Parsed("[10, 20, 30]");
     ASSERT_EQ(root.Size(), 3U);
     for (size_t i = 0; i < root.Size(); ++i) {
-        EXPECT_EQ(ReadAs<int32_t>(root.Element(i)), static_cast<int32_t>(10 * (i + 1)));
+        EXPECT_EQ(ReadValueAs<int32_t>(root.Element(i)), static_cast<int32_t>(10 * (i + 1)));
     }
 }
 
@@ -231,10 +231,10 @@ TYPED_TEST(Readers, AFailedParseForgetsTheOneBefore) {
 
 TYPED_TEST(Readers, ADocumentParsesAgain) {
     EXPECT_FALSE(this->m_document.Parse("nonsense"));
-    EXPECT_EQ(ReadAs<int32_t>(this->Parsed(R"({"a": 1})").Member("a")), 1);
+    EXPECT_EQ(ReadValueAs<int32_t>(this->Parsed(R"({"a": 1})").Member("a")), 1);
     const auto second = this->Parsed(R"({"b": 2})");
     EXPECT_TRUE(second.Member("a").IsNull());
-    EXPECT_EQ(ReadAs<int32_t>(second.Member("b")), 2);
+    EXPECT_EQ(ReadValueAs<int32_t>(second.Member("b")), 2);
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ namespace {
 
 using testing::Contains;
 
-constexpr char kTag[] = "GetDevDetailInfoFromPlatformBySerial";
+constexpr char kDetailTag[] = "GetDevDetailInfoFromPlatformBySerial";
 
 class DetailRequest : public testing::Test {
 protected:
@@ -62,7 +62,7 @@ TEST_F(DetailRequest, SuccessIsMarkedAsFetchedAndItsCostLogged) {
     EXPECT_EQ(channel.cameraId, "camera-id-1");
     EXPECT_EQ(parent->deviceSerial, "P-serial-201");
     EXPECT_THAT(m_log.Lines(),
-                Contains(Line(3, "INFO ", kTag, "/api/device/detail CostTime: = 12 milliseconds")).Times(1));
+                Contains(Line(3, "INFO ", kDetailTag, "/api/device/detail CostTime: = 12 milliseconds")).Times(1));
 }
 
 TEST_F(DetailRequest, FailedTransferIsLoggedAndItsResponseNotParsed) {
@@ -70,9 +70,9 @@ TEST_F(DetailRequest, FailedTransferIsLoggedAndItsResponseNotParsed) {
     device.deviceIP = "mine";
     transport.Make([](const SentRequest&) { return ScriptedResponse{28, WholeDetailText()}; });
     EXPECT_EQ(Fetch(), 100028);
-    EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kTag, "SyncRequest error:28")).Times(1));
+    EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kDetailTag, "SyncRequest error:28")).Times(1));
     EXPECT_THAT(m_log.Lines(),
-                Contains(Line(3, "INFO ", kTag, "/api/device/detail CostTime: = 5 milliseconds")).Times(1));
+                Contains(Line(3, "INFO ", kDetailTag, "/api/device/detail CostTime: = 5 milliseconds")).Times(1));
     EXPECT_EQ(device.iRequestCost, 5);
     EXPECT_EQ(device.deviceIP, "mine");
     EXPECT_EQ(device.tCacheTime, 0);
@@ -101,7 +101,7 @@ TEST_F(DetailRequest, RefusedResponseIsLoggedWithBodyAndCode) {
         device.deviceIP = "mine";
         transport.Respond(row.body);
         EXPECT_EQ(Fetch(), row.result);
-        EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kTag, row.line)).Times(1));
+        EXPECT_THAT(m_log.Lines(), Contains(Line(5, "ERROR", kDetailTag, row.line)).Times(1));
         EXPECT_EQ(device.deviceIP, "mine");
         EXPECT_EQ(device.tCacheTime, 0);
     }

@@ -13,7 +13,7 @@
 namespace vantix::test {
 namespace {
 
-PlatformRoute Route() { return PlatformRouteTo("https://b.example", "T", "K"); }
+PlatformRoute DeviceRoute() { return PlatformRouteTo("https://b.example", "T", "K"); }
 
 void AddDetails(std::vector<RowCase>& cases) {
     cases.push_back({
@@ -24,7 +24,7 @@ void AddDetails(std::vector<RowCase>& cases) {
                 DevChannelInfo channel;
                 DevDetailInfo device;
                 std::optional<BelongDevInfo> parent;
-                return GetDevDetailInfoFromPlatformBySerial(Route(), "S", 3, channel, device, parent);
+                return GetDevDetailInfoFromPlatformBySerial(DeviceRoute(), "S", 3, channel, device, parent);
             },
         .url = "https://b.example/api/device/detail",
         .body = "accessToken=T&appKey=K&cameraNo=3&clientType=19&clientVersion=v5.25.0&deviceSerial=S&"
@@ -43,7 +43,7 @@ void AddDetails(std::vector<RowCase>& cases) {
             [] {
                 DevChannelInfo channel;
                 DevDetailInfo device;
-                return GetDeviceDetailInfoFromPlatformBySerial(Route(), "S", 3, "GB", "P-7", channel, device);
+                return GetDeviceDetailInfoFromPlatformBySerial(DeviceRoute(), "S", 3, "GB", "P-7", channel, device);
             },
         .url = "https://b.example/api/device/detail",
         .body = "accessToken=T&appKey=K&bizType=GB&cameraNo=3&clientType=19&clientVersion=v5.25.0&"
@@ -61,7 +61,7 @@ void AddDetails(std::vector<RowCase>& cases) {
         .send =
             [] {
                 std::string response;
-                return GetDeviceInfoBySerialFromPlatform(Route(), "S", response);
+                return GetDeviceInfoBySerialFromPlatform(DeviceRoute(), "S", response);
             },
         .url = "https://b.example/api/device/getDeviceInfo",
         .body = "accessToken=T&clientType=19&clientVersion=v5.25.0&deviceSerial=S&featureCode=f-code&"
@@ -79,7 +79,7 @@ void AddServers(std::vector<RowCase>& cases) {
         .send =
             [] {
                 ServerInfo servers;
-                return GetServerInfoFromPlatform(Route(), servers);
+                return GetServerInfoFromPlatform(DeviceRoute(), servers);
             },
         .url = "https://b.example/api/service/media/server/info",
         .body = "accessToken=T&appKey=K&clientType=19&clientVersion=v5.25.0&featureCode=f-code&"
@@ -95,7 +95,7 @@ void AddServers(std::vector<RowCase>& cases) {
         .send =
             [] {
                 ServerInfo servers;
-                return GetServerInfoFromPlatform(Route(), "S", 3, servers);
+                return GetServerInfoFromPlatform(DeviceRoute(), "S", 3, servers);
             },
         .url = "https://b.example/api/service/media/server/info?accessToken=T&appKey=K&clientType=19&"
                "clientVersion=v5.25.0&deviceSerial=S&featureCode=f-code&localIndex=3&netType=UNKNOWN&"
@@ -111,7 +111,7 @@ void AddServers(std::vector<RowCase>& cases) {
         .send =
             [] {
                 RelayServerInfo relay;
-                return GetRelayServerInfoFromPlatform(Route(), "S", 3, relay);
+                return GetRelayServerInfoFromPlatform(DeviceRoute(), "S", 3, relay);
             },
         .method = "GET",
         .url = "https://b.example/api/service/media/streaming/relay/server?accessToken=T&channelNo=3&"
@@ -129,7 +129,7 @@ void AddP2P(std::vector<RowCase>& cases) {
         .send =
             [] {
                 P2PUserInfo user;
-                return GetP2PUserInfoFromPlatform(Route(), user);
+                return GetP2PUserInfoFromPlatform(DeviceRoute(), user);
             },
         .url = "https://b.example/api/sdk/p2p/user/info/get",
         .body = "accessToken=T&clientType=19&clientVersion=v5.25.0&featureCode=f-code&netType=UNKNOWN&"
@@ -146,7 +146,7 @@ void AddP2P(std::vector<RowCase>& cases) {
         .send =
             [] {
                 P2PDevInfo device;
-                return GetP2PDevInfoFromPlatform(Route(), "S", device);
+                return GetP2PDevInfoFromPlatform(DeviceRoute(), "S", device);
             },
         .url = "https://b.example/api/sdk/p2p/dev/info/get",
         .body = "accessToken=T&clientType=19&clientVersion=v5.25.0&deviceSerial=S&featureCode=f-code&"
@@ -159,7 +159,7 @@ void AddP2P(std::vector<RowCase>& cases) {
     });
 }
 
-std::vector<RowCase> Cases() {
+std::vector<RowCase> DeviceCases() {
     std::vector<RowCase> cases;
     AddDetails(cases);
     AddServers(cases);
@@ -167,7 +167,7 @@ std::vector<RowCase> Cases() {
     return cases;
 }
 
-INSTANTIATE_TEST_SUITE_P(Devices, RequestRows, ::testing::ValuesIn(Cases()),
+INSTANTIATE_TEST_SUITE_P(Devices, RequestRows, ::testing::ValuesIn(DeviceCases()),
                          [](const auto& row) { return row.param.name; });
 
 }  // namespace

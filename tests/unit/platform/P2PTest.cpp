@@ -9,11 +9,11 @@
 namespace vantix::test {
 namespace {
 
-constexpr char kInvalid[] = "platform response invalid, szInfo = $body";
+constexpr char kInvalidP2P[] = "platform response invalid, szInfo = $body";
 
 /// The objects that both responses need. The code stands in "result", so a response without that has no code either.
 void NeedsResultAndData(ParserCase& row) {
-    row.members.push_back({.place = "/result/data", .values = NoObjects, .isRequired = true, .line = kInvalid});
+    row.members.push_back({.place = "/result/data", .values = NoObjects, .isRequired = true, .line = kInvalidP2P});
     row.members.push_back({.place = "/result",
                            .values = NoObjects,
                            .isRequired = true,

@@ -11,7 +11,7 @@
 namespace vantix::test {
 namespace {
 
-PlatformRoute Route() { return PlatformRouteTo("https://b.example", "T", "K"); }
+PlatformRoute RecordingRoute() { return PlatformRouteTo("https://b.example", "T", "K"); }
 
 void AddDeviceFiles(std::vector<RowCase>& cases) {
     cases.push_back({
@@ -20,7 +20,8 @@ void AddDeviceFiles(std::vector<RowCase>& cases) {
         .send =
             [] {
                 RecordFileList list;
-                return GetDeviceFileBySerialFromPlatform(Route(), "S", 3, {"from 0", "to 9"}, 4, 5, false, list);
+                return GetDeviceFileBySerialFromPlatform(RecordingRoute(), "S", 3, {"from 0", "to 9"}, 4, 5, false,
+                                                         list);
             },
         .url = "https://b.example/api/v3/device/sdk/device/local/video",
         .body = "accessToken=T&cameraNo=3&clientType=19&clientVersion=v5.25.0&deviceSerial=S&endTime=to 9&"
@@ -38,7 +39,8 @@ void AddDeviceFiles(std::vector<RowCase>& cases) {
         .send =
             [] {
                 RecordFileList list;
-                return GetDeviceFileBySerialFromPlatform(Route(), "S", 3, {"from 0", "to 9"}, 4, 5, true, list);
+                return GetDeviceFileBySerialFromPlatform(RecordingRoute(), "S", 3, {"from 0", "to 9"}, 4, 5, true,
+                                                         list);
             },
         .url = "https://b.example/api/sdk/device/local/video",
         .body = "accessToken=T&cameraNo=3&clientType=19&clientVersion=v5.25.0&deviceSerial=S&endTime=to 9&"
@@ -56,7 +58,8 @@ void AddDeviceFiles(std::vector<RowCase>& cases) {
         .send =
             [] {
                 RecordFileList list;
-                return GetDeviceFileBySerialFromPlatformEx(Route(), "S", 3, {"from 0", "to 9 9"}, 4, true, list);
+                return GetDeviceFileBySerialFromPlatformEx(RecordingRoute(), "S", 3, {"from 0", "to 9 9"}, 4, true,
+                                                           list);
             },
         .method = "GET",
         .url = "https://b.example/api/v3/das/device/local/video/query?accessToken=T&channelNo=3&"
@@ -72,7 +75,7 @@ void AddDeviceFiles(std::vector<RowCase>& cases) {
         .send =
             [] {
                 RecordFileList list;
-                return GetDeviceFileBySerialFromPlatformEx(Route(), "S", 3, {"from0", "to9"}, 0, false, list);
+                return GetDeviceFileBySerialFromPlatformEx(RecordingRoute(), "S", 3, {"from0", "to9"}, 0, false, list);
             },
         .method = "GET",
         .url = "https://b.example/api/v3/das/device/local/video/query?accessToken=T&channelNo=3&"
@@ -91,7 +94,7 @@ void AddCloudFiles(std::vector<RowCase>& cases) {
         .send =
             [] {
                 RecordFileList list;
-                return GetCloudRecordFileFromPlatform(Route(), "S", 3, 4, {"from 0", "to 9 9"}, list);
+                return GetCloudRecordFileFromPlatform(RecordingRoute(), "S", 3, 4, {"from 0", "to 9 9"}, list);
             },
         .method = "GET",
         .url = "https://b.example/api/service/cloudrecord/video/info/list?accessToken=T&deviceSerial=S&"
@@ -106,7 +109,7 @@ void AddCloudFiles(std::vector<RowCase>& cases) {
         .send =
             [] {
                 std::string response;
-                return GetCloudFileBySerialFromPlatform(Route(), "S", 3, {"from 0", "to 9"}, 4, response);
+                return GetCloudFileBySerialFromPlatform(RecordingRoute(), "S", 3, {"from 0", "to 9"}, 4, response);
             },
         .url = "https://b.example/api/cloud/files/get",
         .body = "accessToken=T&appKey=K&cameraNo=3&clientType=19&clientVersion=v5.25.0&deviceSerial=S&"
@@ -123,7 +126,7 @@ void AddCloudFiles(std::vector<RowCase>& cases) {
         .send =
             [] {
                 std::string response;
-                return GetCloudFileInfoBySerialEXFromPlatform(Route(), R"({"n":1})", response);
+                return GetCloudFileInfoBySerialEXFromPlatform(RecordingRoute(), R"({"n":1})", response);
             },
         .url = "https://b.example/api/v3/open/cloud/v3/clouds/videoDetails",
         .body = R"({"n":1})",
@@ -139,7 +142,7 @@ void AddCloudFiles(std::vector<RowCase>& cases) {
         .send =
             [] {
                 std::string response;
-                return GetCloudFileBySerialEXFromPlatform(Route(), "S", 3, 4, {"today", "now", 5}, response);
+                return GetCloudFileBySerialEXFromPlatform(RecordingRoute(), "S", 3, 4, {"today", "now", 5}, response);
             },
         .url = "https://b.example/api/v3/open/cloud/v3/clouds/videosIncrPerDay",
         .body = "accessToken=T&channelNo=3&detailFileCount=5&deviceSerial=S&maxCreateTime=now&"
@@ -158,7 +161,8 @@ void AddOthers(std::vector<RowCase>& cases) {
         .send =
             [] {
                 std::string response;
-                return GetLocalFileBySerialFromPlatform(Route(), "S", 3, {"from 0", "to 9"}, {"GB", "P-7"}, response);
+                return GetLocalFileBySerialFromPlatform(RecordingRoute(), "S", 3, {"from 0", "to 9"}, {"GB", "P-7"},
+                                                        response);
             },
         .url = "https://b.example/api/lapp/video/by/time",
         .body = "accessToken=T&bizType=GB&channelNo=3&deviceSerial=S&endTime=to 9&platFormId=P-7&"
@@ -174,7 +178,7 @@ void AddOthers(std::vector<RowCase>& cases) {
         .send =
             [] {
                 std::string response;
-                return GetRecordByAlarmIdFromPlatform(Route(), "S", 3, "A-1", response);
+                return GetRecordByAlarmIdFromPlatform(RecordingRoute(), "S", 3, "A-1", response);
             },
         .url = "https://b.example/api/lapp/video/by/id",
         .body = "accessToken=T&alarmId=A-1&channelNo=3&clientType=19&clientVersion=v5.25.0&deviceSerial=S&"
@@ -187,7 +191,7 @@ void AddOthers(std::vector<RowCase>& cases) {
         .send =
             [] {
                 RecordFileList list;
-                return GetClouduploadUrlPlatform(Route(), {"a.jpg", 3, 4, 5, "GB"}, list);
+                return GetClouduploadUrlPlatform(RecordingRoute(), {"a.jpg", 3, 4, 5, "GB"}, list);
             },
         .method = "GET",
         .url = "https://b.example/api/service/cloud/upload/url?accessToken=T&bizType=GB&expireDays=4&"
@@ -198,7 +202,7 @@ void AddOthers(std::vector<RowCase>& cases) {
     });
 }
 
-std::vector<RowCase> Cases() {
+std::vector<RowCase> RecordingCases() {
     std::vector<RowCase> cases;
     AddDeviceFiles(cases);
     AddCloudFiles(cases);
@@ -206,7 +210,7 @@ std::vector<RowCase> Cases() {
     return cases;
 }
 
-INSTANTIATE_TEST_SUITE_P(Recordings, RequestRows, ::testing::ValuesIn(Cases()),
+INSTANTIATE_TEST_SUITE_P(Recordings, RequestRows, ::testing::ValuesIn(RecordingCases()),
                          [](const auto& row) { return row.param.name; });
 
 }  // namespace

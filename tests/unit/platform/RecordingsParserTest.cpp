@@ -8,9 +8,9 @@
 namespace vantix::test {
 namespace {
 
-constexpr char kInvalid[] = "platform response invalid, szInfo = $body";
+constexpr char kInvalidRecordings[] = "platform response invalid, szInfo = $body";
 
-RecordFileList ListBefore() {
+RecordFileList RecordingsBefore() {
     RecordFileList list;
     list.files.push_back({.startTime = "before", .endTime = "", .fileId = ""});
     list.strDeviceRecordList = "\"before\"";
@@ -29,7 +29,7 @@ const Json kFiles = {{{"startTime", "2024-01-02 01:00:00"},
                       {"fileId", "f-2"}}};
 
 ParserCase Files(const std::string& name, int (*parser)(const std::string&, RecordFileList&), const std::string& data) {
-    ParserCase row = CaseOf(name, parser, ListBefore());
+    ParserCase row = CaseOf(name, parser, RecordingsBefore());
     row.payload[Json::json_pointer(data)] = kFiles;
     row.after = {{"files", kFiles}, {"data", kFiles}};
     row.copied = data;
@@ -59,7 +59,8 @@ ParserCase LocalOrCloud() {
 
 ParserCase OnADevice() {
     ParserCase row = Files("ParseDeviceRecordFile", ParseDeviceRecordFile, "/result/data");
-    row.members.push_back({.place = "/result/data", .values = NoArrays, .isRequired = true, .line = kInvalid});
+    row.members.push_back(
+        {.place = "/result/data", .values = NoArrays, .isRequired = true, .line = kInvalidRecordings});
     row.members.push_back({.place = "/result",
                            .values = NoObjects,
                            .isRequired = true,
@@ -75,13 +76,13 @@ class RecordingsResponse : public testing::Test {
 protected:
     CleanSwitches m_switches;
     LogCapture m_log;
-    RecordFileList list = ListBefore();
+    RecordFileList list = RecordingsBefore();
 };
 
 TEST_F(RecordingsResponse, DataThatIsNoListIsKeptAsText) {
     for (const char* data : {R"({"expireDays":7,"url":"https://upload.example/1"})", "{}", "\"text\"", "5", "true",
                              "false", "[]", "[1]"}) {
-        list = ListBefore();
+        list = RecordingsBefore();
         const std::string body = std::string(R"({"meta":{"code":200},"data":)").append(data) + "}";
         EXPECT_EQ(ParseLocalDeviceRecordFile(body, list), 0);
         EXPECT_TRUE(list.files.empty());
@@ -94,7 +95,7 @@ TEST_F(RecordingsResponse, DataThatIsMissingOrNullIsMalformed) {
     for (const std::string body : {R"({"meta":{}})", R"({"meta":{"code":200},"data":null})"}) {
         m_log.Clear();
         EXPECT_EQ(ParseLocalDeviceRecordFile(body, list), 2);
-        EXPECT_EQ(ToJson(list), ToJson(ListBefore()));
+        EXPECT_EQ(ToJson(list), ToJson(RecordingsBefore()));
         const std::vector<std::string> expected = {"platform response invalid, szInfo = " + body,
                                                    "strDeviceRecordList iResult:2, Resp:" + body};
         EXPECT_EQ(m_log.Messages(), expected);
@@ -112,9 +113,9 @@ TEST_F(RecordingsResponse, TextOfAnEarlierListIsReadAgain) {
     EXPECT_EQ(ReadRecordFiles(Json{{"data", kFiles}}.dump(), list), 0);
     EXPECT_EQ(ToJson(list), (Json{{"files", kFiles}, {"data", kFiles}}));
     for (const char* text : {"", "x", "{", "[]", "{}", R"({"data":null})", R"({"data":{}})", R"({"data":"[]"})"}) {
-        list = ListBefore();
+        list = RecordingsBefore();
         EXPECT_EQ(ReadRecordFiles(text, list), 2) << text;
-        EXPECT_EQ(ToJson(list), ToJson(ListBefore())) << text;
+        EXPECT_EQ(ToJson(list), ToJson(RecordingsBefore())) << text;
     }
 }
 

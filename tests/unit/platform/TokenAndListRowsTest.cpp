@@ -12,7 +12,7 @@
 namespace vantix::test {
 namespace {
 
-PlatformRoute Route() { return PlatformRouteTo("https://b.example", "T", "K"); }
+PlatformRoute TokenAndListRoute() { return PlatformRouteTo("https://b.example", "T", "K"); }
 
 void AddTickets(std::vector<RowCase>& cases) {
     cases.push_back({
@@ -21,7 +21,7 @@ void AddTickets(std::vector<RowCase>& cases) {
         .send =
             [] {
                 std::string ticket;
-                return GetTicketInfoBySerial(Route(), "S", 3, ticket);
+                return GetTicketInfoBySerial(TokenAndListRoute(), "S", 3, ticket);
             },
         .method = "GET",
         .url = "https://b.example/api/route/userdevicetob/v3/cameras/ticketInfo?accessToken=T&channelNo=3&"
@@ -36,7 +36,7 @@ void AddTickets(std::vector<RowCase>& cases) {
         .send =
             [] {
                 std::string ticket;
-                return GetCloudTicketInfoBySerial(Route(), "S", 3, 4, ticket);
+                return GetCloudTicketInfoBySerial(TokenAndListRoute(), "S", 3, 4, ticket);
             },
         .method = "GET",
         .url = "https://b.example/api/service/cloud/ticket?accessToken=T&deviceSerial=S&localIndex=3&"
@@ -52,7 +52,7 @@ void AddTickets(std::vector<RowCase>& cases) {
         .send =
             [] {
                 std::string ticket;
-                return GetRelayTicketInfoBySerial(Route(), "S", 3, ticket);
+                return GetRelayTicketInfoBySerial(TokenAndListRoute(), "S", 3, ticket);
             },
         .method = "GET",
         .url = "https://b.example/api/service/media/streaming/relay/ticket?accessToken=T&channelNo=3&"
@@ -65,7 +65,7 @@ void AddTickets(std::vector<RowCase>& cases) {
     cases.push_back({
         .name = "PermissionToWatch",
         .function = "GetAuthInfoFromPlatform",
-        .send = [] { return GetAuthInfoFromPlatform(Route(), "S", 3, false); },
+        .send = [] { return GetAuthInfoFromPlatform(TokenAndListRoute(), "S", 3, false); },
         .url = "https://b.example/api/service/auth/device/user/permission",
         .body = "accessToken=T&cameraNo=3&deviceSerial=S&permission=Real",
         .notSent = "SyncRequest error:7",
@@ -75,7 +75,7 @@ void AddTickets(std::vector<RowCase>& cases) {
     cases.push_back({
         .name = "PermissionToPlayBack",
         .function = "GetAuthInfoFromPlatform",
-        .send = [] { return GetAuthInfoFromPlatform(Route(), "S", 3, true); },
+        .send = [] { return GetAuthInfoFromPlatform(TokenAndListRoute(), "S", 3, true); },
         .url = "https://b.example/api/service/auth/device/user/permission",
         .body = "accessToken=T&cameraNo=3&deviceSerial=S&permission=Replay",
         .notSent = "SyncRequest error:7",
@@ -91,7 +91,7 @@ void AddTokens(std::vector<RowCase>& cases) {
         .send =
             [] {
                 std::string response;
-                return GetStreamTokensFromPlatform(Route(), 5, response);
+                return GetStreamTokensFromPlatform(TokenAndListRoute(), 5, response);
             },
         .url = "https://b.example/api/user/token",
         .body = "accessToken=T&appKey=K&clientType=19&clientVersion=v5.25.0&count=5&featureCode=f-code&"
@@ -106,7 +106,7 @@ void AddTokens(std::vector<RowCase>& cases) {
         .send =
             [] {
                 std::deque<std::string> tokens;
-                return GetStreamTokensFromPlatform(Route(), 5, tokens);
+                return GetStreamTokensFromPlatform(TokenAndListRoute(), 5, tokens);
             },
         .url = "https://b.example/api/user/token",
         .body = "accessToken=T&appKey=K&clientType=19&clientVersion=v5.25.0&count=5&featureCode=f-code&"
@@ -140,7 +140,7 @@ void AddLists(std::vector<RowCase>& cases) {
         .send =
             [] {
                 DeviceList list;
-                return GetDevListFromPlatform(Route(), 0, 50, list);
+                return GetDevListFromPlatform(TokenAndListRoute(), 0, 50, list);
             },
         .url = "https://b.example/api/device/list",
         .body = "accessToken=T&clientType=19&clientVersion=v5.25.0&featureCode=f-code&netType=UNKNOWN&"
@@ -155,7 +155,7 @@ void AddLists(std::vector<RowCase>& cases) {
         .send =
             [] {
                 DeviceList list;
-                return GetDeviceListFromPlatform(Route(), 0, 50, "GB", list);
+                return GetDeviceListFromPlatform(TokenAndListRoute(), 0, 50, "GB", list);
             },
         .url = "https://b.example/api/lapp/device/list",
         .body = "accessToken=T&bizType=GB&pageSize=50&pageStart=0&version=1.0",
@@ -169,7 +169,7 @@ void AddLists(std::vector<RowCase>& cases) {
         .send =
             [] {
                 DeviceList list;
-                return GetShareDevListFromPlatform(Route(), 0, 50, list);
+                return GetShareDevListFromPlatform(TokenAndListRoute(), 0, 50, list);
             },
         .url = "https://b.example/api/device/sharelist",
         .body = "accessToken=T&clientType=19&clientVersion=v5.25.0&featureCode=f-code&netType=UNKNOWN&"
@@ -184,7 +184,7 @@ void AddLists(std::vector<RowCase>& cases) {
         .send =
             [] {
                 std::string response;
-                return GetAlarmListFromPlatform(Route(), "S", 3, {0, 50, "from 0", "to 9", 4, 5}, response);
+                return GetAlarmListFromPlatform(TokenAndListRoute(), "S", 3, {0, 50, "from 0", "to 9", 4, 5}, response);
             },
         .url = "https://b.example/api/alarm/list",
         .body = "accessToken=T&alarmType=4&cameraNo=3&clientType=19&clientVersion=v5.25.0&deviceSerial=S&"
@@ -196,7 +196,7 @@ void AddLists(std::vector<RowCase>& cases) {
     });
 }
 
-std::vector<RowCase> Cases() {
+std::vector<RowCase> TokenAndListCases() {
     std::vector<RowCase> cases;
     AddTickets(cases);
     AddTokens(cases);
@@ -204,7 +204,7 @@ std::vector<RowCase> Cases() {
     return cases;
 }
 
-INSTANTIATE_TEST_SUITE_P(TokensAndLists, RequestRows, ::testing::ValuesIn(Cases()),
+INSTANTIATE_TEST_SUITE_P(TokensAndLists, RequestRows, ::testing::ValuesIn(TokenAndListCases()),
                          [](const auto& row) { return row.param.name; });
 
 }  // namespace

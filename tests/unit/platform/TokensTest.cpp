@@ -8,7 +8,7 @@
 namespace vantix::test {
 namespace {
 
-constexpr char kInvalid[] = "platform response invalid, szInfo = $body";
+constexpr char kInvalidTokens[] = "platform response invalid, szInfo = $body";
 
 ParserCase Ticket() {
     ParserCase row = CaseOf<std::string>("ParseTicketInfoFromPlatform", ParseTicketInfoFromPlatform, "before");
@@ -27,7 +27,7 @@ ParserCase RelayTicket() {
     row.payload = {{"data", {{"ticket", "tk.2"}}}};
     row.after = "tk.2";
     row.members = {{.place = "/data/ticket", .fields = {""}},
-                   {.place = "/data", .values = NoObjects, .isRequired = true, .line = kInvalid}};
+                   {.place = "/data", .values = NoObjects, .isRequired = true, .line = kInvalidTokens}};
     return row;
 }
 
@@ -36,7 +36,7 @@ ParserCase StreamTokens() {
     row.payload = {{"tokenArray", {"st.1", "st.2", "st.3"}}};
     row.after = {"st.before", "st.1", "st.2", "st.3"};
     row.members = {
-        {.place = "/tokenArray", .values = NoArrays, .isRequired = true, .line = kInvalid},
+        {.place = "/tokenArray", .values = NoArrays, .isRequired = true, .line = kInvalidTokens},
         // An element that is no text is skipped.
         {.place = "/tokenArray/1", .fields = {"/2"}, .shorter = Json{"st.before", "st.1", "st.3"}},
     };

@@ -13,13 +13,13 @@ namespace {
 constexpr int kMax = std::numeric_limits<int32_t>::max();
 constexpr int kMin = std::numeric_limits<int32_t>::min();
 
-struct Row {
+struct EnvelopeRow {
     const char* json;
     int code;
 };
 
 /// The common rule where both readers agree.
-constexpr Row kCommon[] = {
+constexpr EnvelopeRow kCommon[] = {
     // The textual "resultCode" comes first.
     {R"({"resultCode": "0"})", 0},
     {R"({"resultCode": "200"})", 0},
@@ -101,7 +101,7 @@ constexpr Row kCommon[] = {
 };
 
 /// The rule for which "meta" must be an object, both readers.
-constexpr Row kMeta[] = {
+constexpr EnvelopeRow kMeta[] = {
     {R"({"meta": {"code": 200}})", 0},
     {R"({"meta": {"code": 0}})", 0},
     {R"({"meta": {"code": 10002}})", 10002},
@@ -129,7 +129,7 @@ constexpr Row kMeta[] = {
 };
 
 /// The rule for which "meta" need not be there, both readers.
-constexpr Row kOptionalMeta[] = {
+constexpr EnvelopeRow kOptionalMeta[] = {
     {R"({"meta": {"code": 200}})", 0},
     {R"({"meta": {"code": 0}})", 0},
     {R"({"meta": {"code": 201}})", 201},
@@ -156,7 +156,7 @@ constexpr Row kOptionalMeta[] = {
 };
 
 /// The strict rule, both readers.
-constexpr Row kStrictMeta[] = {
+constexpr EnvelopeRow kStrictMeta[] = {
     {R"({"meta": {"code": 200}})", 0},
     {R"({"meta": {"code": 0}})", 0},
     {R"({"meta": {"code": 10002}})", 10002},
@@ -184,8 +184,8 @@ protected:
     using View = typename Reader::View;
 
     template <size_t Count>
-    static void ExpectRows(const Row (&rows)[Count], int (*rule)(const View& root)) {
-        for (const Row& row : rows) {
+    static void ExpectRows(const EnvelopeRow (&rows)[Count], int (*rule)(const View& root)) {
+        for (const EnvelopeRow& row : rows) {
             SCOPED_TRACE(row.json);
             typename Reader::Document document;
             ASSERT_TRUE(document.Parse(row.json));

@@ -20,9 +20,9 @@ namespace {
 
 // ---- Rows
 
-constexpr RequestRow kForm{.endpoint = endpoint::kUserName, .keys = {"deviceSerial", "cameraNo"}};
-constexpr RequestRow kGet{.kind = RequestKind::Get, .endpoint = endpoint::kRelayServer};
-constexpr RequestRow kJson{.kind = RequestKind::JsonPost};
+constexpr RequestRow kFormRow{.endpoint = endpoint::kUserName, .keys = {"deviceSerial", "cameraNo"}};
+constexpr RequestRow kGetRow{.kind = RequestKind::Get, .endpoint = endpoint::kRelayServer};
+constexpr RequestRow kJsonRow{.kind = RequestKind::JsonPost};
 constexpr RequestRow kConsumer{.family = RequestFamily::Consumer,
                                .kind = RequestKind::Get,
                                .endpoint = endpoint::kConsumerRecords,
@@ -36,25 +36,25 @@ constexpr bool IsConsistentWith(RequestRow row, Change change) {
     return IsConsistent(row);
 }
 
-static_assert(IsConsistent(kForm));
-static_assert(IsConsistent(kGet));
-static_assert(IsConsistent(kJson));
+static_assert(IsConsistent(kFormRow));
+static_assert(IsConsistent(kGetRow));
+static_assert(IsConsistent(kJsonRow));
 static_assert(IsConsistent(kConsumer));
 static_assert(IsConsistent(kAuthorization));
 
 // A kind with a path of its own ignores an index, and no other kind can do without one.
-static_assert(!IsConsistentWith(kForm, [](RequestRow& row) { row.endpoint = 0; }));
-static_assert(!IsConsistentWith(kJson, [](RequestRow& row) { row.endpoint = endpoint::kCloudFileDetails; }));
-static_assert(!IsConsistentWith(kForm, [](RequestRow& row) { row.kind = RequestKind::TicketGet; }));
+static_assert(!IsConsistentWith(kFormRow, [](RequestRow& row) { row.endpoint = 0; }));
+static_assert(!IsConsistentWith(kJsonRow, [](RequestRow& row) { row.endpoint = endpoint::kCloudFileDetails; }));
+static_assert(!IsConsistentWith(kFormRow, [](RequestRow& row) { row.kind = RequestKind::TicketGet; }));
 static_assert(!IsConsistentWith(kConsumer, [](RequestRow& row) { row.kind = RequestKind::Put; }));
 
 // Only requests that send headers have some.
-static_assert(IsConsistentWith(kGet, [](RequestRow& row) { row.headers.formContentType = true; }));
-static_assert(!IsConsistentWith(kForm, [](RequestRow& row) { row.headers.formContentType = true; }));
+static_assert(IsConsistentWith(kGetRow, [](RequestRow& row) { row.headers.formContentType = true; }));
+static_assert(!IsConsistentWith(kFormRow, [](RequestRow& row) { row.headers.formContentType = true; }));
 static_assert(!IsConsistentWith(kConsumer, [](RequestRow& row) { row.kind = RequestKind::FormPost; }));
 
 // Sessions belong to the consumer servers, access token, app key and client set to the platform.
-static_assert(!IsConsistentWith(kGet, [](RequestRow& row) { row.headers.set = HeaderSet::A; }));
+static_assert(!IsConsistentWith(kGetRow, [](RequestRow& row) { row.headers.set = HeaderSet::A; }));
 static_assert(!IsConsistentWith(kConsumer, [](RequestRow& row) { row.headers.set = HeaderSet::None; }));
 static_assert(!IsConsistentWith(kConsumer, [](RequestRow& row) { row.common.accessToken = true; }));
 static_assert(!IsConsistentWith(kConsumer, [](RequestRow& row) { row.common.clientSet = true; }));
@@ -63,34 +63,34 @@ static_assert(IsConsistentWith(kAuthorization, [](RequestRow& row) { row.common.
 static_assert(!IsConsistentWith(kAuthorization, [](RequestRow& row) { row.common.accessToken = true; }));
 
 // A JSON post has no parameters.
-static_assert(!IsConsistentWith(kJson, [](RequestRow& row) { row.common.accessToken = true; }));
-static_assert(!IsConsistentWith(kJson, [](RequestRow& row) { row.common.clientSet = true; }));
-static_assert(!IsConsistentWith(kJson, [](RequestRow& row) { row.common.appKey = true; }));
-static_assert(!IsConsistentWith(kJson, [](RequestRow& row) { row.keys[0] = "deviceSerial"; }));
-static_assert(!IsConsistentWith(kJson, [](RequestRow& row) { row.optionalKeys[0] = "deviceSerial"; }));
-static_assert(!IsConsistentWith(kJson, [](RequestRow& row) { row.fixed[0] = {"version", "2.0"}; }));
+static_assert(!IsConsistentWith(kJsonRow, [](RequestRow& row) { row.common.accessToken = true; }));
+static_assert(!IsConsistentWith(kJsonRow, [](RequestRow& row) { row.common.clientSet = true; }));
+static_assert(!IsConsistentWith(kJsonRow, [](RequestRow& row) { row.common.appKey = true; }));
+static_assert(!IsConsistentWith(kJsonRow, [](RequestRow& row) { row.keys[0] = "deviceSerial"; }));
+static_assert(!IsConsistentWith(kJsonRow, [](RequestRow& row) { row.optionalKeys[0] = "deviceSerial"; }));
+static_assert(!IsConsistentWith(kJsonRow, [](RequestRow& row) { row.fixed[0] = {"version", "2.0"}; }));
 
 // No key stands twice.
-static_assert(!IsConsistentWith(kForm, [](RequestRow& row) { row.keys[2] = "deviceSerial"; }));
-static_assert(!IsConsistentWith(kForm, [](RequestRow& row) { row.optionalKeys[0] = "cameraNo"; }));
-static_assert(!IsConsistentWith(kForm, [](RequestRow& row) { row.fixed[0] = {"cameraNo", "1"}; }));
-static_assert(!IsConsistentWith(kGet, [](RequestRow& row) {
+static_assert(!IsConsistentWith(kFormRow, [](RequestRow& row) { row.keys[2] = "deviceSerial"; }));
+static_assert(!IsConsistentWith(kFormRow, [](RequestRow& row) { row.optionalKeys[0] = "cameraNo"; }));
+static_assert(!IsConsistentWith(kFormRow, [](RequestRow& row) { row.fixed[0] = {"cameraNo", "1"}; }));
+static_assert(!IsConsistentWith(kGetRow, [](RequestRow& row) {
     row.optionalKeys[0] = "location";
     row.optionalKeys[1] = "location";
 }));
-static_assert(!IsConsistentWith(kGet, [](RequestRow& row) {
+static_assert(!IsConsistentWith(kGetRow, [](RequestRow& row) {
     row.fixed[0] = {"version", "1.0"};
     row.fixed[1] = {"version", "2.0"};
 }));
-static_assert(!IsConsistentWith(kGet, [](RequestRow& row) {
+static_assert(!IsConsistentWith(kGetRow, [](RequestRow& row) {
     row.common.accessToken = true;
     row.keys[0] = "accessToken";
 }));
-static_assert(!IsConsistentWith(kGet, [](RequestRow& row) {
+static_assert(!IsConsistentWith(kGetRow, [](RequestRow& row) {
     row.common.appKey = true;
     row.fixed[0] = {"appKey", "mine"};
 }));
-static_assert(!IsConsistentWith(kGet, [](RequestRow& row) {
+static_assert(!IsConsistentWith(kGetRow, [](RequestRow& row) {
     row.common.clientSet = true;
     row.optionalKeys[0] = "sdkVersion";
 }));
@@ -179,8 +179,8 @@ static_assert(std::is_constructible_v<RequestCall<kConsumer>, CallSite, Consumer
 static_assert(!std::is_constructible_v<RequestCall<kNoKeys>, CallSite, PlatformRoute, ClientInfo>);
 
 // A JSON post takes its text, and nothing else does.
-static_assert(std::is_constructible_v<RequestCall<kJson>, CallSite, PlatformRoute, JsonBody>);
-static_assert(!std::is_constructible_v<RequestCall<kJson>, CallSite, PlatformRoute>);
+static_assert(std::is_constructible_v<RequestCall<kJsonRow>, CallSite, PlatformRoute, JsonBody>);
+static_assert(!std::is_constructible_v<RequestCall<kJsonRow>, CallSite, PlatformRoute>);
 static_assert(!std::is_constructible_v<RequestCall<kNoKeys>, CallSite, PlatformRoute, JsonBody>);
 
 // ---- What a transfer that failed says

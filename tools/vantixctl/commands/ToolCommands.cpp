@@ -1,12 +1,10 @@
 #include "commands/Commands.h"
+#include "operations/Arguments.h"
 
 namespace vantix::ctl {
 namespace {
 
-constexpr Argument kSerial{"serial"};
-constexpr Argument kChannel{"channel", "1"};
-
-constexpr std::array kRows = {
+constexpr std::array kToolCommands = {
     Command{"tour",
             kNoSlot,
             {},
@@ -61,6 +59,6 @@ constexpr std::array kRows = {
 
 }  // namespace
 
-std::span<const Command> ToolCommands() { return kRows; }
+std::span<const Command> ToolCommands() { return kToolCommands; }
 
 }  // namespace vantix::ctl

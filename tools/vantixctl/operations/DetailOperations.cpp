@@ -1,14 +1,13 @@
 #include <vantix/records/DevChannelInfo.h>
 #include <vantix/records/DevDetailInfo.h>
 
+#include "operations/Arguments.h"
 #include "operations/Operations.h"
 #include "operations/Outcomes.h"
 
 namespace vantix::ctl {
 namespace {
 
-constexpr Argument kSerial{"serial"};
-constexpr Argument kChannel{"channel", "1"};
 constexpr std::string_view kSecret = "encryptPwd";
 
 /// `int call(DevChannelInfo&, DevDetailInfo&)`: both records of a channel.
@@ -30,7 +29,7 @@ Outcome AwaitedPair(const Call& call) {
     });
 }
 
-constexpr std::array kRows = {
+constexpr std::array kDetailOperations = {
     Command{"getDevDetailInfo",
             4,
             {kSerial, kChannel},
@@ -165,6 +164,6 @@ constexpr std::array kRows = {
 
 }  // namespace
 
-std::span<const Command> DetailOperations() { return kRows; }
+std::span<const Command> DetailOperations() { return kDetailOperations; }
 
 }  // namespace vantix::ctl

@@ -3,14 +3,13 @@
 #include <vantix/records/DeviceList.h>
 #include <vantix/records/TransparentMsgDetail.h>
 
+#include "operations/Arguments.h"
 #include "operations/Operations.h"
 #include "operations/Outcomes.h"
 
 namespace vantix::ctl {
 namespace {
 
-constexpr Argument kSerial{"serial"};
-constexpr Argument kChannel{"channel", "1"};
 constexpr Argument kPageStart{"page-start", "0"};
 constexpr Argument kPageSize{"page-size", "20"};
 
@@ -22,7 +21,7 @@ Outcome AlarmList(const Call& call) {
     });
 }
 
-constexpr std::array kRows = {
+constexpr std::array kListOperations = {
     Command{"getDeviceInfoBySerial",
             14,
             {kSerial, kChannel},
@@ -150,6 +149,6 @@ constexpr std::array kRows = {
 
 }  // namespace
 
-std::span<const Command> ListOperations() { return kRows; }
+std::span<const Command> ListOperations() { return kListOperations; }
 
 }  // namespace vantix::ctl

@@ -4,14 +4,13 @@
 #include <vantix/records/CloudFileQuery.h>
 #include <vantix/records/RecordFileList.h>
 
+#include "operations/Arguments.h"
 #include "operations/Operations.h"
 #include "operations/Outcomes.h"
 
 namespace vantix::ctl {
 namespace {
 
-constexpr Argument kSerial{"serial"};
-constexpr Argument kChannel{"channel", "1"};
 constexpr Argument kStart{"start", kEarliest};
 constexpr Argument kEnd{"end", kLatest};
 
@@ -84,7 +83,7 @@ Outcome UploadAddress(const Call& call) {
     });
 }
 
-constexpr std::array kRows = {
+constexpr std::array kRecordingOperations = {
     Command{"getRecordByAlarmID",
             40,
             {kSerial, {"alarm-id"}, kChannel},
@@ -152,6 +151,6 @@ constexpr std::array kRows = {
 
 }  // namespace
 
-std::span<const Command> RecordingOperations() { return kRows; }
+std::span<const Command> RecordingOperations() { return kRecordingOperations; }
 
 }  // namespace vantix::ctl

@@ -2,23 +2,17 @@
 #include <vantix/records/P2PUserInfo.h>
 #include <vantix/records/ServerInfo.h>
 
+#include "operations/Arguments.h"
 #include "operations/Operations.h"
 #include "operations/Outcomes.h"
 
 namespace vantix::ctl {
 namespace {
 
-constexpr Argument kSerial{"serial"};
-constexpr Argument kChannel{"channel", "1"};
-constexpr Argument kToken{"token", ""};
 constexpr std::string_view kUserSecret = "data";
 constexpr std::string_view kDeviceSecret = "defaultKey";
 
 /// The token that was given, else the account's.
-std::string Token(const Call& call) {
-    return call.Text("token").empty() ? call.center.getAccessToken() : call.Text("token");
-}
-
 Outcome CachedP2P(const Call& call) {
     std::vector<P2PServerAddr> servers;
     P2PDevInfo record;
@@ -26,7 +20,7 @@ Outcome CachedP2P(const Call& call) {
     return outcomes::WithValue(code, {{"servers", ToJson(servers)}, {"device", ToJson(record)}});
 }
 
-constexpr std::array kRows = {
+constexpr std::array kServerOperations = {
     Command{"getTicketInfo",
             1,
             {kSerial, kChannel},
@@ -180,6 +174,6 @@ constexpr std::array kRows = {
 
 }  // namespace
 
-std::span<const Command> ServerOperations() { return kRows; }
+std::span<const Command> ServerOperations() { return kServerOperations; }
 
 }  // namespace vantix::ctl

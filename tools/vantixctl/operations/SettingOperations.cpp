@@ -1,12 +1,13 @@
 // Setters and getters act on the data center of this run of the tool only: `setCacheTime 5 then getCacheTime`.
 
+#include "operations/Arguments.h"
 #include "operations/Operations.h"
 #include "operations/Outcomes.h"
 
 namespace vantix::ctl {
 namespace {
 
-constexpr std::array kRows = {
+constexpr std::array kSettingOperations = {
     Command{"setGlobalTkToken",
             63,
             {{"text"}},
@@ -53,18 +54,14 @@ constexpr std::array kRows = {
             }},
     Command{"getDomain",
             74,
-            {{"serial"}, {"channel", "1"}},
+            {kSerial, kChannel},
             "the base address for a channel",
             [](const Call& call) { return outcomes::Value(call.center.getDomain(call.Serial(), call.Channel())); }},
     Command{"getDomainByToken",
             75,
-            {{"token", ""}},
+            {kToken},
             "the base address for a token",
-            [](const Call& call) {
-                const std::string token =
-                    call.Text("token").empty() ? call.center.getAccessToken() : call.Text("token");
-                return outcomes::Value(call.center.getDomainByToken(token));
-            }},
+            [](const Call& call) { return outcomes::Value(call.center.getDomainByToken(Token(call))); }},
     Command{"setAuthAddr",
             76,
             {{"text"}},
@@ -213,6 +210,6 @@ constexpr std::array kRows = {
 
 }  // namespace
 
-std::span<const Command> SettingOperations() { return kRows; }
+std::span<const Command> SettingOperations() { return kSettingOperations; }
 
 }  // namespace vantix::ctl

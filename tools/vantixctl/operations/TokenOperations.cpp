@@ -1,16 +1,9 @@
+#include "operations/Arguments.h"
 #include "operations/Operations.h"
 #include "operations/Outcomes.h"
 
 namespace vantix::ctl {
 namespace {
-
-constexpr Argument kSerial{"serial"};
-constexpr Argument kChannel{"channel", "1"};
-constexpr Argument kToken{"token", ""};
-
-std::string Token(const Call& call) {
-    return call.Text("token").empty() ? call.center.getAccessToken() : call.Text("token");
-}
 
 Outcome FromQueue(const Call& call) {
     constexpr size_t kRoom = 4097;
@@ -23,7 +16,7 @@ Outcome FromQueue(const Call& call) {
     });
 }
 
-constexpr std::array kRows = {
+constexpr std::array kTokenOperations = {
     Command{"getStreamTokens",
             34,
             {{"count", "1"}, kToken},
@@ -132,6 +125,6 @@ constexpr std::array kRows = {
 
 }  // namespace
 
-std::span<const Command> TokenOperations() { return kRows; }
+std::span<const Command> TokenOperations() { return kTokenOperations; }
 
 }  // namespace vantix::ctl

@@ -65,8 +65,8 @@ protected:
     const CallSite site = VANTIX_HERE_AS("Operation");
 };
 
-const Subject kShared = Subject::OfChannel("S", 1);
-const Subject kOwn = Subject::OfChannel("O", 1);
+const Subject kSharedSubject = Subject::OfChannel("S", 1);
+const Subject kOwnSubject = Subject::OfChannel("O", 1);
 const Subject kUnknown = Subject::OfChannel("X", 1);
 
 struct Decided {
@@ -80,8 +80,18 @@ struct Decided {
 };
 
 const Decided kDecisions[] = {
-    {"access token by channel", {}, kShared, "platform b access app", "platform b access app", "platform c access app"},
-    {"access token, own channel", {}, kOwn, "platform b access app", "platform b access app", "platform b access app"},
+    {"access token by channel",
+     {},
+     kSharedSubject,
+     "platform b access app",
+     "platform b access app",
+     "platform c access app"},
+    {"access token, own channel",
+     {},
+     kOwnSubject,
+     "platform b access app",
+     "platform b access app",
+     "platform b access app"},
     {"access token, unknown channel",
      {},
      kUnknown,
@@ -90,7 +100,7 @@ const Decided kDecisions[] = {
      "platform b access app"},
     {"video token",
      {.credential = Credential::TkToken, .tkKind = 3},
-     kShared,
+     kSharedSubject,
      "platform b access app",
      "platform b tk-video app",
      "platform c access app"},
@@ -108,13 +118,13 @@ const Decided kDecisions[] = {
      "platform b access app"},
     {"detail of a shared channel",
      {.credential = Credential::ChannelToken, .tkKind = 3, .family = FamilyRule::ByChannel},
-     kShared,
+     kSharedSubject,
      "platform b access app",
      "platform b tk-video app",
      "consumer c session"},
     {"detail of an own channel",
      {.credential = Credential::ChannelToken, .tkKind = 3, .family = FamilyRule::ByChannel},
-     kOwn,
+     kOwnSubject,
      "platform b access app",
      "no credential",
      "platform b t-own app"},
@@ -126,7 +136,7 @@ const Decided kDecisions[] = {
      "no credential"},
     {"files of a shared channel",
      {.family = FamilyRule::ByChannel},
-     kShared,
+     kSharedSubject,
      "platform b access app",
      "platform b access app",
      "consumer c session"},
@@ -156,7 +166,7 @@ const Decided kDecisions[] = {
      "no credential"},
     {"user by a shared device",
      {.credential = Credential::TkToken, .tkKind = 2, .family = FamilyRule::ByToken, .address = AddressRule::ByToken},
-     kShared,
+     kSharedSubject,
      "platform b access app",
      "platform b tk-device app",
      "consumer c session"},
@@ -203,14 +213,14 @@ TEST_F(RoutesTest, FamilyAddressAndCredentialFollowFromModeAndMaps) {
 
 TEST_F(RoutesTest, ConsumerRouteNeedsASession) {
     settings.sessionId.Assign("");
-    EXPECT_EQ(Decide(2, {.family = FamilyRule::ByChannel}, kShared), "no session");
+    EXPECT_EQ(Decide(2, {.family = FamilyRule::ByChannel}, kSharedSubject), "no session");
     EXPECT_EQ(Decide(2, {.family = FamilyRule::ByToken}, Subject::OfToken("t-shared")), "no session");
     EXPECT_EQ(TextOf(routes.OfSession()), "no session");
 }
 
 TEST_F(RoutesTest, FilesOfASharedChannelNeedTheAccessTokenToo) {
     settings.accessToken.Assign("");
-    EXPECT_EQ(Decide(2, {.family = FamilyRule::ByChannel}, kShared), "no credential");
+    EXPECT_EQ(Decide(2, {.family = FamilyRule::ByChannel}, kSharedSubject), "no credential");
 }
 
 TEST_F(RoutesTest, FetchByASharedTokenNeedsNoAccessToken) {
@@ -221,16 +231,16 @@ TEST_F(RoutesTest, FetchByASharedTokenNeedsNoAccessToken) {
 
 TEST_F(RoutesTest, EmptyConsumerDomainIsNotReplacedByThePlatforms) {
     settings.CDomain.Assign("");
-    EXPECT_EQ(Decide(2, {}, kShared), "platform  access app");
+    EXPECT_EQ(Decide(2, {}, kSharedSubject), "platform  access app");
     EXPECT_EQ(routes.getDomain("S", 1).Copy(), "");
 }
 
 TEST_F(RoutesTest, LookOfAnAddressIsLoggedOnceAndOnlyWithACredential) {
     using Messages = std::vector<std::string>;
-    Decide(2, {}, kShared);
+    Decide(2, {}, kSharedSubject);
     EXPECT_EQ(lines.Messages(), (Messages{"isB2CSharedDevice key = S_1 ", "Returning C domain for shared device"}));
     EXPECT_EQ(lines.Find("Returning C domain for shared device").Tag(), "CVantixDataCenter::getDomain");
-    Decide(0, {}, kShared);
+    Decide(0, {}, kSharedSubject);
     EXPECT_EQ(lines.Messages(), Messages{"Returning B domain"});
     Decide(0, {.address = AddressRule::ByToken}, Subject::OfAccount());
     EXPECT_EQ(lines.Messages(), (Messages{"Getting domain for token (first 10 chars): access...",
@@ -241,7 +251,7 @@ TEST_F(RoutesTest, LookOfAnAddressIsLoggedOnceAndOnlyWithACredential) {
     Decide(2, {.family = FamilyRule::ByToken}, Subject::OfBoth("O", 1, "t-shared"));
     EXPECT_EQ(lines.Messages(), Messages{"Returning C domain for shared device"});
     settings.accessToken.Assign("");
-    Decide(0, {}, kShared);
+    Decide(0, {}, kSharedSubject);
     EXPECT_TRUE(lines.Lines().empty());
 }
 
