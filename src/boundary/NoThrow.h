@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "vantix/ReturnCodes.h"
+
 namespace vantix {
 
 /// Calls `body` and returns its result, or `neutral` when it throws.
@@ -24,6 +26,12 @@ void NoThrow(Body body) noexcept {
         body();
     } catch (...) {  // NOLINT(bugprone-empty-catch): a slot without a result has nothing to report
     }
+}
+
+/// Calls `body` and returns its code, or -1 when it throws.
+template <class Body>
+int Code(Body body) noexcept {
+    return NoThrow(body, VANTIX_ERROR);
 }
 
 /// Puts the text that `body` returns into `text`, or an empty one when it throws: an old text is never taken for the

@@ -304,21 +304,17 @@ const std::string& CVantixDataCenter::getGlobalTkToken() { return m_parts->setti
 void CVantixDataCenter::SetB2CTokens(const std::string& text) { m_parts->b2cTokens.SetB2CTokens(text); }
 
 std::string CVantixDataCenter::getB2CTokens(const std::string& serial, int ch) {
-    return vantix::getB2CTokens(*m_parts->b2cTokens.Current(), serial, std::to_string(ch));
+    return m_parts->b2cTokens.getB2CTokens(serial, std::to_string(ch));
 }
 
 std::string CVantixDataCenter::getB2CTokens(const std::string& serial, const std::string& ch) {
-    return vantix::getB2CTokens(*m_parts->b2cTokens.Current(), serial, ch);
+    return m_parts->b2cTokens.getB2CTokens(serial, ch);
 }
 
-bool CVantixDataCenter::isB2CSharedDevice(const std::string& token) {
-    const Settings& settings = m_parts->settings;
-    return vantix::isB2CSharedDevice(*m_parts->b2cTokens.Current(), token, settings.accessToken.Copy(),
-                                     settings.sharedAccessToken.Copy());
-}
+bool CVantixDataCenter::isB2CSharedDevice(const std::string& token) { return m_parts->routes.isB2CSharedDevice(token); }
 
 bool CVantixDataCenter::isB2CSharedDevice(const std::string& serial, int ch) {
-    return vantix::isB2CSharedDevice(*m_parts->b2cTokens.Current(), serial, ch);
+    return m_parts->b2cTokens.isB2CSharedDevice(serial, ch);
 }
 
 void CVantixDataCenter::setSharedAccessToken(const std::string& token) {

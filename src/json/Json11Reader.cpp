@@ -69,19 +69,14 @@ Json11Document::~Json11Document() = default;
 bool Json11Document::Parse(const std::string& text) {
     m_root.reset();
     m_error.clear();
-    try {
-        auto root = std::make_unique<json11::Json>(CLocaleHasOtherPoint()
-                                                       ? json11::Json::parse(WithoutDecimalPoints(text), m_error)
-                                                       : json11::Json::parse(text, m_error));
-        if (!m_error.empty()) {
-            return false;
-        }
-        m_root = std::move(root);
-        return true;
-    } catch (const std::exception& problem) {
-        m_error = problem.what();
+    auto root =
+        std::make_unique<json11::Json>(CLocaleHasOtherPoint() ? json11::Json::parse(WithoutDecimalPoints(text), m_error)
+                                                              : json11::Json::parse(text, m_error));
+    if (!m_error.empty()) {
         return false;
     }
+    m_root = std::move(root);
+    return true;
 }
 
 Json11View Json11Document::Root() const { return Json11View(m_root.get()); }

@@ -1,7 +1,8 @@
 #pragma once
 
 /// @file
-/// The only way to json11 values: the same surface as the JsonCpp reader, with json11's notion of types.
+/// The only way to json11 values: the same surface and the same exception as the JsonCpp reader's, with json11's notion
+/// of types.
 
 #include <cstddef>
 #include <cstdint>
@@ -53,7 +54,7 @@ public:
     Json11Document(const Json11Document&) = delete;
     Json11Document& operator=(const Json11Document&) = delete;
 
-    /// Parses a text; false when it is not JSON, nested too deeply, or memory ran out.
+    /// Parses a text; false when it is not JSON or nested too deeply.
     bool Parse(const std::string& text);
     /// The value of the whole text; nothing before a successful `Parse`.
     Json11View Root() const;

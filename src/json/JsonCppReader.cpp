@@ -127,7 +127,7 @@ std::string JsonCppView::Compact() const {
         Json::FastWriter writer;
         writer.omitEndingLineFeed();
         return writer.write(*m_value);
-    } catch (const std::exception&) {
+    } catch (const Json::Exception&) {
         return {};
     }
 }
@@ -147,7 +147,7 @@ bool JsonCppDocument::Parse(const std::string& text) {
         }
         m_root = std::move(root);
         return true;
-    } catch (const std::exception&) {
+    } catch (const Json::Exception&) {
         return false;
     }
 }

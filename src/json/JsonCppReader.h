@@ -1,7 +1,8 @@
 #pragma once
 
 /// @file
-/// The only way to JsonCpp values: typed, total, and unable to throw whatever a server sent.
+/// The only way to JsonCpp values: typed and total. Whatever a server sent, nothing is thrown but
+/// `std::bad_alloc`: memory that runs out is the failure of the operation, never a property of the text.
 
 #include <cstddef>
 #include <cstdint>
@@ -62,7 +63,7 @@ public:
     JsonCppDocument(const JsonCppDocument&) = delete;
     JsonCppDocument& operator=(const JsonCppDocument&) = delete;
 
-    /// Parses a text; false when it is not JSON, nested too deeply, or memory ran out.
+    /// Parses a text; false when it is not JSON or nested too deeply.
     bool Parse(const std::string& text);
     /// Parses a text that must be exactly one object: false as well when it is another value, when something stands
     /// behind the object, and when there is a comment, which `Parse` does not mind.

@@ -103,7 +103,16 @@ void PreparedRequest::StoreAndLogCost(int32_t milliseconds) const {
     }
 }
 
+bool PreparedRequest::HasZeroByte() const {
+    return m_params.HasZeroByte() || m_headers.HasZeroByte() || m_json.find('\0') != std::string::npos ||
+           m_address.find('\0') != std::string::npos;
+}
+
 int PreparedRequest::Fetch(std::string& body) {
+    if (HasZeroByte()) {
+        VANTIX_LOG_ERROR(m_site, level::kError, "a parameter has a zero byte, nothing is sent");
+        return VANTIX_ERROR;
+    }
     ResponseBody response;
     const Stopwatch stopwatch;
     const int sent = Send(response.Data(), response.Length());

@@ -35,12 +35,12 @@ public:
     PreparedRequest& CostInto(int32_t& milliseconds);
 
     /// Sends the request and hands the body to `parse`. Returns 0, 100000 + the transport's code (then nothing was
-    /// parsed), or 300000 + the response code.
+    /// parsed), or 300000 + the response code; -1, and nothing is sent, when a parameter has a zero byte.
     int Run(const Reader& parse);
     /// The same with a check before the parser; a failure of either has its own line.
     int Run(const Reader& check, const Reader& parse);
 
-    /// Sends the request and copies the body out: 0, or 100000 + the transport's code.
+    /// Sends the request and copies the body out: 0, 100000 + the transport's code, or -1 as above.
     int Fetch(std::string& body);
 
 protected:
@@ -56,6 +56,7 @@ protected:
 private:
     PreparedRequest(const CallSite& site, const RequestRow& row, std::string address);
 
+    bool HasZeroByte() const;
     int Send(char** response, uint32_t* length) const;
     void StoreAndLogCost(int32_t milliseconds) const;
 
@@ -117,6 +118,17 @@ public:
                 const JsonBody& body) requires(Row.kind == RequestKind::JsonPost)
         : PreparedRequest(site, Row, route) {
         SetJson(body.text);
+    }
+
+    RequestCall& CostInto(int32_t& milliseconds) {
+        PreparedRequest::CostInto(milliseconds);
+        return *this;
+    }
+    // A failure has its line in the row.
+    int Run(const Reader& parse) requires(Row.parserFailure.IsThere()) { return PreparedRequest::Run(parse); }
+    int Run(const Reader& check,
+            const Reader& parse) requires(Row.checkFailure.IsThere() && Row.parserFailure.IsThere()) {
+        return PreparedRequest::Run(check, parse);
     }
 };
 

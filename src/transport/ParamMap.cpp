@@ -1,5 +1,6 @@
 #include "transport/ParamMap.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "log/Masking.h"
@@ -39,6 +40,11 @@ void ParamMap::Add(const char* key, int value) {
     if (text[0] != '\0') {
         Add(key, text);
     }
+}
+
+bool ParamMap::HasZeroByte() const {
+    return std::any_of(m_entries.begin(), m_entries.end(),
+                       [](const auto& entry) { return entry.second.find('\0') != std::string::npos; });
 }
 
 std::string ParamMap::Serialize() const {

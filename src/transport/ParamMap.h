@@ -20,6 +20,9 @@ public:
 
     const Entries& All() const { return m_entries; }
 
+    /// Whether a text has a zero byte, at which libcurl would cut what is sent.
+    bool HasZeroByte() const;
+
     /// "key=value" pairs joined by "&", as they are: nothing is escaped.
     std::string Serialize() const;
     /// The same for the log: the values of credentials stand as "***".

@@ -11,6 +11,7 @@ class UnsetTest : public CoreFixture, public ::testing::WithParamInterface<const
 protected:
     void SetUp() override {
         m_handle = NewHandle();
+        EmptyStreamTokenQueue(*m_handle);
         m_handle->setAccessToken("");
         m_handle->setAppId("");
         m_handle->setSessionId("");

@@ -22,6 +22,11 @@ void ForgetCredentials(IVantixDataCenter& center) {
 
 }  // namespace
 
+void EmptyStreamTokenQueue(IVantixDataCenter& center) {
+    std::string none;
+    center.getOneStreamToken("nobody's token", none);
+}
+
 void CoreFixture::SetUp() {
     m_cloud = std::make_unique<SimulatorClient>();
     m_info = m_cloud->Reset();

@@ -11,6 +11,9 @@
 
 namespace vantix::test {
 
+/// Drops the stream tokens that an earlier case of the process left in the queue; sends a request.
+void EmptyStreamTokenQueue(IVantixDataCenter& center);
+
 /// A case that drives the data center through its interface, against the loopback cloud.
 ///
 /// Every case begins with the cloud's sample data, an empty journal, and a core that knows the cloud's addresses and

@@ -18,6 +18,7 @@ constexpr RouteRow kRoute{
     .tkKind = tk::kVideo,
     .family = FamilyRule::ByChannel,
 };
+static_assert(IsConsistent(kRoute));
 constexpr RepeatRules kRepeats{.tokenCodeFromAnyFamily = true, .transientRepeats = 2};
 
 }  // namespace

@@ -18,6 +18,7 @@ constexpr RouteRow kByDevice{
     .tkKind = tk::kDevice,
     .family = FamilyRule::ByToken,
 };
+static_assert(IsConsistent(kByToken) && IsConsistent(kByDevice));
 constexpr CallSite kSite = VANTIX_CORE_HERE("getP2PDevInfo");
 
 }  // namespace
@@ -35,14 +36,15 @@ void P2PDevices::Keep(const P2PDevInfo& devInfo) {
 }
 
 int P2PDevices::updateP2PDevInfo(const CallSite& site, const RouteRow& row, const Subject& subject, P2PDevInfo& devInfo,
-                                 bool retried) {
+                                 bool retried, Decision* first) {
     P2PDevInfo fresh;
     ServerFamily family = ServerFamily::Platform;
     bool isSent = false;
     const int result = m_renewal.Run(site, {}, retried, subject, [&](const Attempt& attempt) {
         fresh = {};
         const Outcome outcome = SendAlong(
-            m_routes.Decide(site, row, attempt.subject),
+            first != nullptr && attempt.reason == AttemptReason::First ? m_routes.Decide(site, *first)
+                                                                       : m_routes.Decide(site, row, attempt.subject),
             [&](const PlatformRoute& route) { return GetP2PDevInfoFromPlatform(route, subject.serial, fresh); },
             [&](const ConsumerRoute& route) { return GetP2PDevInfoFromCServer(route, subject.serial, fresh); });
         family = outcome.family;
@@ -109,13 +111,14 @@ int P2PDevices::getP2PDevInfoCached(const std::string& serial, std::vector<P2PSe
 int P2PDevices::isP2PV3download(const std::string& serial, int ch) {
     const CallSite site = VANTIX_CORE_HERE("isP2PV3download");
     const Subject subject = Subject::OfChannel(serial, ch);
-    if (m_routes.IsCredentialEmpty(kByDevice, subject)) {
+    Decision decision = m_routes.Begin(kByDevice, subject);
+    if (decision.IsCredentialMissing()) {
         RefuseWithoutCredential(site);
         return 1;  // without a credential the newer way is assumed
     }
     P2PDevInfo devInfo;
     if (getP2PDevInfoFromLocal(serial, devInfo) != VANTIX_NOERROR &&
-        updateP2PDevInfo(site, kByDevice, subject, devInfo, false) != VANTIX_NOERROR) {
+        updateP2PDevInfo(site, kByDevice, subject, devInfo, false, &decision) != VANTIX_NOERROR) {
         VANTIX_LOG_ERROR(site, level::kError, "%s", "get p2p device info failed");
         return 0;
     }

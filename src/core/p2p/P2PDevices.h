@@ -34,8 +34,9 @@ public:
 private:
     /// Serves a kept record that is not marked; `result` is that of the read in any case.
     bool Serve(const std::string& serial, P2PDevInfo& devInfo, int& result) const;
+    /// Fetches a record and keeps it; the first attempt goes where `first`, if there is one, has begun to look.
     int updateP2PDevInfo(const CallSite& site, const RouteRow& row, const Subject& subject, P2PDevInfo& devInfo,
-                         bool retried);
+                         bool retried, Decision* first = nullptr);
 
     const Routes& m_routes;
     Renewal& m_renewal;

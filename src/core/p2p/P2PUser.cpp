@@ -23,6 +23,7 @@ constexpr RouteRow kByDevice{
     .family = FamilyRule::ByToken,
     .address = AddressRule::ByToken,
 };
+static_assert(IsConsistent(kByToken) && IsConsistent(kByDevice));
 
 }  // namespace
 

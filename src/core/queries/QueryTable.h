@@ -40,6 +40,9 @@ inline constexpr RouteRow kNoCredential{
     .credential = Credential::None, .address = AddressRule::ByToken, .wording = Wording::OfOperation};
 /// The consumer servers have a form of their own for shared channels.
 inline constexpr RouteRow kEitherFamily{.credential = Credential::AccessToken, .family = FamilyRule::ByChannel};
+static_assert(IsConsistent(kVideoToken) && IsConsistent(kDeviceToken) && IsConsistent(kAccessToken) &&
+              IsConsistent(kAccessTokenOwnWording) && IsConsistent(kAccount) && IsConsistent(kAccountList) &&
+              IsConsistent(kAccountByToken) && IsConsistent(kNoCredential) && IsConsistent(kEitherFamily));
 
 inline constexpr RepeatRules kRenewed{};
 inline constexpr RepeatRules kOnce{.renews = false};

@@ -37,8 +37,8 @@ bool Look::IsSharedChannel(const std::string& serial, int ch) {
     return IsB2C() && isB2CSharedDevice(Map(), serial, ch);
 }
 
-bool Look::IsSharedToken(const std::string& token) {
-    return IsB2C() && isB2CSharedDevice(Map(), token, AccessToken(), m_settings.sharedAccessToken.Copy());
+bool Look::IsSharedInMap(const std::string& token) {
+    return isB2CSharedDevice(Map(), token, AccessToken(), m_settings.sharedAccessToken.Copy());
 }
 
 }  // namespace vantix

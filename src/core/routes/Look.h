@@ -28,7 +28,9 @@ public:
     std::string ChannelToken(const Subject& subject);
     /// Whether the consumer servers respond for a channel, or for a token.
     bool IsSharedChannel(const std::string& serial, int ch);
-    bool IsSharedToken(const std::string& token);
+    bool IsSharedToken(const std::string& token) { return IsB2C() && IsSharedInMap(token); }
+    /// The same whatever the mode.
+    bool IsSharedInMap(const std::string& token);
 
 private:
     template <class Value>

@@ -47,6 +47,12 @@ struct RouteRow {
     Wording wording = Wording::OfGetDomain;
 };
 
+/// Whether a row names a kind of Tk token if, and only if, its credential may be one.
+constexpr bool IsConsistent(const RouteRow& row) {
+    const bool mayBeTkToken = row.credential == Credential::TkToken || row.credential == Credential::ChannelToken;
+    return mayBeTkToken == (row.tkKind != 0);
+}
+
 /// The channel of operations on a whole device.
 inline constexpr int kFirstChannel = 1;
 

@@ -5,6 +5,7 @@
 #include <variant>
 
 #include "base/Guarded.h"
+#include "core/routes/Decision.h"
 #include "core/routes/RouteRow.h"
 #include "log/CallSite.h"
 #include "requests/Route.h"
@@ -13,7 +14,6 @@
 namespace vantix {
 
 class B2CTokens;
-class Look;
 class Settings;
 class TkTokens;
 
@@ -47,6 +47,12 @@ public:
     /// Of an operation with the platform's form only; `row.family` is `Platform`.
     PlatformOnlyRoute DecidePlatform(const CallSite& site, const RouteRow& row, const Subject& subject) const;
 
+    /// A look for an operation that asks something of it before it needs its route.
+    Decision Begin(const RouteRow& row, const Subject& subject) const;
+    /// The route of that look.
+    AnyRoute Decide(const CallSite& site, Decision& decision) const;
+    PlatformOnlyRoute DecidePlatform(const CallSite& site, Decision& decision) const;
+
     /// To the consumer servers, whatever the mode: for the list of shared devices. Missing without a session.
     AnyRoute OfSession() const;
     /// To the consumer servers, to renew the session, which may be empty.
@@ -58,8 +64,8 @@ public:
     const Guarded<std::string>& getDomain(const std::string& serial, int ch) const;
     const Guarded<std::string>& getDomainByToken(const std::string& token) const;
 
-    /// Whether the platform's credential of a row is empty.
-    bool IsCredentialEmpty(const RouteRow& row, const Subject& subject) const;
+    /// Whether a token is that of a shared channel, whatever the mode.
+    bool isB2CSharedDevice(const std::string& token) const;
 
 private:
     Look NewLook() const;

@@ -16,6 +16,7 @@ constexpr SingleRecordKind<ServerInfo> kKind{
     .isFilled = [](const ServerInfo&) { return true; },
 };
 constexpr RouteRow kRoute{.family = FamilyRule::ByToken, .address = AddressRule::ByToken};
+static_assert(IsConsistent(kRoute));
 
 }  // namespace
 

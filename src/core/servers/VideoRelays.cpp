@@ -12,6 +12,7 @@ namespace {
 constexpr RouteRow kOwnToken{.credential = Credential::TkToken, .tkKind = tk::kVideo};
 constexpr CallSite kGivenTokenSite = VANTIX_CORE_HERE("getServerInfoEx");
 constexpr RouteRow kGivenToken{.credential = Credential::GivenToken};
+static_assert(IsConsistent(kOwnToken) && IsConsistent(kGivenToken));
 
 std::string RelayList(const std::vector<VtmAddr>& relays) {
     auto list = json::JsonBuilder::Array();

@@ -6,10 +6,25 @@
 
 namespace vantix {
 
+namespace {
+
+/// An address is stored as it is given, and libcurl takes one without a scheme for HTTP.
+void WarnOfClearText(const CallSite& site, const std::string& address) {
+    constexpr std::string_view kEncrypted = "https://";
+    if (!address.empty() && address.compare(0, kEncrypted.size(), kEncrypted) != 0) {
+        VANTIX_LOG_ERROR(site, level::kError, "%s does not begin with https://, credentials are sent in clear text",
+                         address.c_str());
+    }
+}
+
+}  // namespace
+
 void Settings::setDomain(const std::string& szBDomain, const std::string& szCDomain) {
-    VANTIX_LOG_INFO(VANTIX_CORE_HERE("setDomain"), level::kInfo,
-                    "SetDomain OldAreaBDomain:%s, szBDomain:%s, szCDomain:%s", AreaBDomain.Copy().c_str(),
-                    szBDomain.c_str(), szCDomain.c_str());
+    const CallSite site = VANTIX_CORE_HERE("setDomain");
+    VANTIX_LOG_INFO(site, level::kInfo, "SetDomain OldAreaBDomain:%s, szBDomain:%s, szCDomain:%s",
+                    AreaBDomain.Copy().c_str(), szBDomain.c_str(), szCDomain.c_str());
+    WarnOfClearText(site, szBDomain);
+    WarnOfClearText(site, szCDomain);
     if (!szBDomain.empty()) {
         AreaBDomain.Assign(szBDomain);
     }
@@ -19,8 +34,9 @@ void Settings::setDomain(const std::string& szBDomain, const std::string& szCDom
 }
 
 void Settings::setAuthAddr(const std::string& addr) {
-    VANTIX_LOG_INFO(VANTIX_CORE_HERE("setAuthAddr"), level::kInfo, "SetAuthAddr OldAuth:%s, NewAuth:%s",
-                    AuthAddr.Copy().c_str(), addr.c_str());
+    const CallSite site = VANTIX_CORE_HERE("setAuthAddr");
+    VANTIX_LOG_INFO(site, level::kInfo, "SetAuthAddr OldAuth:%s, NewAuth:%s", AuthAddr.Copy().c_str(), addr.c_str());
+    WarnOfClearText(site, addr);
     AuthAddr.Assign(addr);
 }
 

@@ -23,6 +23,7 @@ constexpr RouteRow kOneTokenRoute{
     .address = AddressRule::ByToken,
     .wording = Wording::OfOperation,
 };
+static_assert(IsConsistent(kBatchRoute) && IsConsistent(kOneTokenRoute));
 
 }  // namespace
 
@@ -58,7 +59,9 @@ bool StreamTokens::TakeQueued(const std::string& accessToken, std::string& token
 
 int StreamTokens::getOneStreamToken(const std::string& accessToken, std::string& token) {
     const CallSite site = VANTIX_CORE_HERE("getOneStreamToken");
-    if (m_settings.permissionMode.Copy() == permission_mode::kSmall) {
+    const Subject subject = Subject::OfToken(accessToken);
+    Decision decision = m_routes.Begin(kOneTokenRoute, subject);
+    if (decision.Mode() == permission_mode::kSmall) {
         VANTIX_LOG_INFO(site, level::kInfo, "Small permissions do not need to use the following logic.");
         return VANTIX_ERROR;
     }
@@ -66,7 +69,7 @@ int StreamTokens::getOneStreamToken(const std::string& accessToken, std::string&
         return VANTIX_NOERROR;
     }
     std::deque<std::string> batch;
-    const PlatformOnlyRoute route = m_routes.DecidePlatform(site, kOneTokenRoute, Subject::OfToken(accessToken));
+    const PlatformOnlyRoute route = m_routes.DecidePlatform(site, decision);
     if (std::holds_alternative<MissingCredential>(route)) {
         return RefuseWithoutCredential(site);
     }

@@ -38,6 +38,14 @@ public:
     /// Replaces the tokens by those of a JSON array; a text that is not JSON leaves the old ones.
     void SetB2CTokens(const std::string& text);
 
+    // The same questions to the current map.
+    std::string getB2CTokens(const std::string& serial, const std::string& ch) const {
+        return vantix::getB2CTokens(*Current(), serial, ch);
+    }
+    bool isB2CSharedDevice(const std::string& serial, int ch) const {
+        return vantix::isB2CSharedDevice(*Current(), serial, ch);
+    }
+
     /// The current map.
     std::shared_ptr<const B2CTokenMap> Current() const { return m_mapB2CTokens.Copy(); }
 

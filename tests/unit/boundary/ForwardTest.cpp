@@ -21,19 +21,20 @@ protected:
         handle->setAppId("app0");
     }
 
-    /// Calls a slot and waits for its future, if it started one.
-    int Call(const ForwardRow& row, bool retried) {
+    int CallRow(const ForwardRow& row, bool retried) {
         handle->ClearAllCache();
-        ForwardOutputs outputs;
-        const int result = row.call(*handle, outputs, retried);
-        return outputs.future.valid() ? outputs.future.get() : result;
+        Arguments arguments = DistinctArguments();
+        arguments.retried = retried;
+        arguments.playback = row.flag;
+        arguments.sdkPath = row.flag;
+        return Call(*handle, row.operation, arguments);
     }
 
     /// A transfer that fails: one request, the one of the row, and its code as the result.
     void ExpectForwarded(const ForwardRow& row) {
-        SCOPED_TRACE(row.name);
+        SCOPED_TRACE(row.operation);
         const size_t before = transport.Count();
-        EXPECT_EQ(Call(row, true), row.unreachable);
+        EXPECT_EQ(CallRow(row, true), row.unreachable);
         const std::vector<SentRequest> sent = transport.Sent();
         ASSERT_EQ(sent.size(), before + 1);
         const SentRequest& request = sent.back();
@@ -149,13 +150,13 @@ TEST_F(ForwardTest, CallThatIsARepeatRenewsNothing) {
             if (!row.takesRetried) {
                 continue;
             }
-            SCOPED_TRACE(row.name);
+            SCOPED_TRACE(row.operation);
             ++slots;
             size_t before = transport.Count();
-            EXPECT_EQ(Call(row, true), row.expired);
+            EXPECT_EQ(CallRow(row, true), row.expired);
             EXPECT_EQ(transport.Count(), before + 1);
             before = transport.Count();
-            EXPECT_EQ(Call(row, false), row.expired);
+            EXPECT_EQ(CallRow(row, false), row.expired);
             EXPECT_EQ(transport.Count(), before + 2) << "the request, and one for a new access token";
             EXPECT_EQ(transport.Sent().back().url, "https://a.example/oauth/token/refreshToken");
         }

@@ -1,8 +1,9 @@
-// Memory may run out at any allocation of a parse. The document is then empty; nothing throws.
+// Memory may run out at any allocation of a parse: that is thrown, and the document is then empty.
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <new>
 #include <string>
 
 #include "support/FailingNew.h"
@@ -19,18 +20,26 @@ template <class Reader>
 class OutOfMemory : public testing::Test {};
 TYPED_TEST_SUITE(OutOfMemory, BothReaders, ReaderName);
 
-TYPED_TEST(OutOfMemory, AtAnyAllocationAParseReturnsFalse) {
+TYPED_TEST(OutOfMemory, AtAnyAllocationAParseThrowsAndLeavesNothing) {
     const std::string response = kNestedResponse;
     typename TypeParam::Document document;
     ASSERT_TRUE(document.Parse(response)) << "and what the parser keeps for ever is made";
     bool parsed = false;
-    const size_t allocations = WithEveryAllocationFailing([&] { EXPECT_NO_THROW(parsed = document.Parse(response)); },
-                                                          [&](size_t n) {
-                                                              SCOPED_TRACE(n);
-                                                              EXPECT_EQ(parsed, !FailingNew::Fired());
-                                                              EXPECT_EQ(document.Root().IsNull(), FailingNew::Fired())
-                                                                  << "nor what was before";
-                                                          });
+    bool thrown = false;
+    const auto parse = [&] {
+        parsed = thrown = false;
+        try {
+            parsed = document.Parse(response);
+        } catch (const std::bad_alloc&) {
+            thrown = true;
+        }
+    };
+    const size_t allocations = WithEveryAllocationFailing(parse, [&](size_t n) {
+        SCOPED_TRACE(n);
+        EXPECT_EQ(parsed, !FailingNew::Fired());
+        EXPECT_EQ(thrown, FailingNew::Fired());
+        EXPECT_EQ(document.Root().IsNull(), FailingNew::Fired()) << "nor what was before";
+    });
     EXPECT_GT(allocations, 10U);
     EXPECT_TRUE(parsed) << "the last run had memory enough";
     int32_t code = 0;
@@ -38,16 +47,23 @@ TYPED_TEST(OutOfMemory, AtAnyAllocationAParseReturnsFalse) {
     EXPECT_EQ(code, 200);
 }
 
-TEST(OutOfMemoryCompact, AtAnyAllocationTheTextIsEmptyOrWhole) {
+TEST(OutOfMemoryCompact, AtAnyAllocationTheTextIsThrownAwayOrWhole) {
     json::JsonCppDocument document;
     ASSERT_TRUE(document.Parse(kNestedResponse));
     const std::string whole = document.Root().Compact();
     std::string text;
-    const size_t allocations = WithEveryAllocationFailing([&] { EXPECT_NO_THROW(text = document.Root().Compact()); },
-                                                          [&](size_t n) {
-                                                              SCOPED_TRACE(n);
-                                                              EXPECT_EQ(text, FailingNew::Fired() ? "" : whole);
-                                                          });
+    const auto write = [&] {
+        try {
+            text.clear();
+            text = document.Root().Compact();
+        } catch (const std::bad_alloc&) {
+            EXPECT_TRUE(FailingNew::Fired());
+        }
+    };
+    const size_t allocations = WithEveryAllocationFailing(write, [&](size_t n) {
+        SCOPED_TRACE(n);
+        EXPECT_EQ(text, FailingNew::Fired() ? "" : whole);
+    });
     EXPECT_GT(allocations, 1U);
 }
 

@@ -83,10 +83,12 @@ protected:
         EXPECT_EQ(m_spy.Method(), method);
         EXPECT_EQ(m_spy.Url(), url);
     }
+    /// Sends a request whose response is good.
+    int Send(PreparedRequest&& request) { return request.Run(Says(0)); }
     /// The parameters that a platform row sends.
     template <const RequestRow& Row>
     std::string ParametersOf() {
-        EXPECT_EQ(RequestCall<Row>(m_site, kRoute).Run(Says(0)), 0);
+        EXPECT_EQ(Send(RequestCall<Row>(m_site, kRoute)), 0);
         return m_spy.Body();
     }
     /// The headers that a request sends.
@@ -138,7 +140,7 @@ TEST_F(Requests, IncludeTheCommonParametersThatTheirRowSays) {
               "clientType=19&clientVersion=v5.25.0&featureCode=f-code&netType=UNKNOWN&osVersion=wins"
               "&sdkVersion=v5.25.0.20260515");
     EXPECT_EQ(ParametersOf<kFixed>(), "isNewVersion=true&version=4.0");
-    EXPECT_EQ(RequestCall<kRenewal>(m_site, AuthorizationRouteTo("https://auth.test", "the-app")).Run(Says(0)), 0);
+    EXPECT_EQ(Send(RequestCall<kRenewal>(m_site, AuthorizationRouteTo("https://auth.test", "the-app"))), 0);
     EXPECT_EQ(m_spy.Url(), "https://auth.test/oauth/token/refreshToken");
     EXPECT_EQ(m_spy.Body(), "appKey=the-app");
 }
@@ -195,21 +197,20 @@ constexpr RequestRow kMixed{.endpoint = endpoint::kUserName,
 
 TEST_F(Requests, SendTheValuesThatTheyAreGiven) {
     const std::optional<int32_t> noNumber;
-    EXPECT_EQ(RequestCall<kMixed>(m_site, kRoute, "deviceSerial"_key = std::string("D1"), "cameraNo"_key = 16,
-                                  "bizType"_key = "b", "location"_key = std::optional(-1), "recordType"_key = noNumber)
-                  .Run(Says(0)),
-              0);
+    EXPECT_EQ(
+        Send(RequestCall<kMixed>(m_site, kRoute, "deviceSerial"_key = std::string("D1"), "cameraNo"_key = 16,
+                                 "bizType"_key = "b", "location"_key = std::optional(-1), "recordType"_key = noNumber)),
+        0);
     EXPECT_EQ(m_spy.Body(), "accessToken=the-token&bizType=b&cameraNo=16&deviceSerial=D1&location=-1&version=4.0");
     const std::optional<std::string> text = "t";
-    EXPECT_EQ(RequestCall<kMixed>(m_site, kRoute, "recordType"_key = text, "location"_key = noNumber,
-                                  "bizType"_key = "", "cameraNo"_key = 0, "deviceSerial"_key = std::string())
-                  .Run(Says(0)),
+    EXPECT_EQ(Send(RequestCall<kMixed>(m_site, kRoute, "recordType"_key = text, "location"_key = noNumber,
+                                       "bizType"_key = "", "cameraNo"_key = 0, "deviceSerial"_key = std::string())),
               0);
     EXPECT_EQ(m_spy.Body(), "accessToken=the-token&bizType=&cameraNo=0&deviceSerial=&recordType=t&version=4.0");
 }
 
 TEST_F(Requests, AJsonPostSendsItsText) {
-    EXPECT_EQ(RequestCall<kJson>(m_site, kRoute, JsonBody{R"({"a":1})"}).Run(Says(0)), 0);
+    EXPECT_EQ(Send(RequestCall<kJson>(m_site, kRoute, JsonBody{R"({"a":1})"})), 0);
     EXPECT_EQ(m_spy.Body(), R"({"a":1})");
     EXPECT_THAT(m_spy.Headers(), ElementsAre("Content-Type:application/json"));
 }
@@ -244,8 +245,8 @@ TEST_F(Requests, ATransferFailureIsComposedAndNothingIsRead) {
 
 TEST_F(Requests, ATransferFailureIsWordedByTheKind) {
     m_spy.Answer(CURLE_COULDNT_CONNECT);
-    EXPECT_EQ(RequestCall<kForm>(m_site, kRoute, "deviceSerial"_key = "D1").Run(Says(0)), 100007);
-    EXPECT_EQ(RequestCall<kGet>(m_site, kRoute, "deviceSerial"_key = "D1").Run(Says(0)), 100007);
+    EXPECT_EQ(Send(RequestCall<kForm>(m_site, kRoute, "deviceSerial"_key = "D1")), 100007);
+    EXPECT_EQ(Send(RequestCall<kGet>(m_site, kRoute, "deviceSerial"_key = "D1")), 100007);
     EXPECT_THAT(OwnLines(), ElementsAre("ERROR5 SyncRequest error:7", "ERROR5 SyncRequestHeader error:7"));
 }
 
@@ -301,8 +302,22 @@ TEST_F(Requests, ABodyWithZerosReachesTheReaderWhole) {
     EXPECT_THAT(m_read, ElementsAre(body));
 }
 
+TEST_F(Requests, AZeroByteInWhatIsSentIsRefused) {
+    const std::string zero("a\0b", 3);
+    const std::string clean = "{}";
+    EXPECT_EQ(Send(RequestCall<kForm>(m_site, kRoute, "deviceSerial"_key = zero)), -1);
+    EXPECT_EQ(Send(RequestCall<kGet>(m_site, kRoute, "deviceSerial"_key = zero)), -1);
+    EXPECT_EQ(Send(RequestCall<kJson>(m_site, kRoute, JsonBody{zero})), -1);
+    EXPECT_EQ(Send(RequestCall<kTokenAndKey>(m_site, PlatformRouteTo("https://a", zero, "k"))), -1);
+    EXPECT_EQ(Send(RequestCall<kTokenAndKey>(m_site, PlatformRouteTo(zero, "t", "k"))), -1);
+    EXPECT_EQ(Send(RequestCall<kPut>(m_site, ConsumerRouteTo("https://a", zero), "deviceSerial"_key = clean)), -1);
+    EXPECT_THAT(OwnLines(), testing::Contains("ERROR5 a parameter has a zero byte, nothing is sent").Times(6));
+    EXPECT_THAT(m_read, IsEmpty());
+    EXPECT_EQ(m_spy.Url(), "");
+}
+
 TEST_F(Requests, AnEmptyRouteStillSends) {
-    EXPECT_EQ(RequestCall<kTokenAndKey>(m_site, PlatformRouteTo("", "", "")).Run(Says(0)), 0);
+    EXPECT_EQ(Send(RequestCall<kTokenAndKey>(m_site, PlatformRouteTo("", "", ""))), 0);
     EXPECT_EQ(m_spy.Url(), "/api/user/getUserName");
     EXPECT_EQ(m_spy.Body(), "accessToken=&appKey=");
 }

@@ -199,6 +199,22 @@ TEST_F(RenewedCredentials, RenewedTokenIsTheAccountsOwnAndTheOldOneIsNoMore) {
 
 // ---- Together
 
+TEST_F(Credentials, AddressThatIsNotEncryptedIsKeptAndReported) {
+    const auto warnings = [this] { return lines.Count("credentials are sent in clear text"); };
+    core.setDomain("https://b.example", "https://c.example");
+    core.setAuthAddr("https://a.example");
+    core.setDomain("", "");
+    core.setAuthAddr("");
+    EXPECT_EQ(warnings(), 0U);
+    core.setDomain("b.example", "http://c.example");
+    core.setAuthAddr("a.example");
+    EXPECT_EQ(warnings(), 3U);
+    const char* message = "a.example does not begin with https://, credentials are sent in clear text";
+    EXPECT_THAT(lines.Lines(), HasLine(5, "ERROR", "CVantixDataCenter::setAuthAddr", message));
+    EXPECT_EQ(core.getDomain("OWN", 1), "b.example");
+    EXPECT_EQ(core.getAuthAddr(), "a.example");
+}
+
 TEST_F(Credentials, LiveReferencesFollowTheSetter) {
     const std::string& token = core.getAccessToken();
     const std::string& session = core.getSessionId();
