@@ -1,8 +1,10 @@
 #include "json/JsonCppReader.h"
 
+#include <algorithm>
 #include <cstring>
 #include <sstream>
 #include <string_view>
+#include <vector>
 
 #include "base/NumberText.h"
 #include "base/ProcessSwitches.h"
@@ -135,14 +137,35 @@ std::string JsonCppView::Compact() const {
 JsonCppDocument::JsonCppDocument() = default;
 JsonCppDocument::~JsonCppDocument() = default;
 
+namespace {
+
+/// JsonCpp reads reals with a stream, which does not report memory that runs out: the number is then said to be none.
+bool IsANumberRefused(const Json::Reader& reader) {
+    const std::vector<Json::Reader::StructuredError> errors = reader.getStructuredErrors();
+    return std::any_of(errors.begin(), errors.end(),
+                       [](const auto& error) { return error.message.find("is not a number") != std::string::npos; });
+}
+
+bool ParseInto(const std::string& text, Json::Value& root) {
+    const auto parse = [&](Json::Reader& reader) {
+        return CppLocaleHasOtherPoint() ? reader.parse(WithoutDecimalPoints(text), root, false)
+                                        : reader.parse(text, root, false);
+    };
+    Json::Reader first;
+    if (parse(first)) {
+        return true;
+    }
+    Json::Reader second;
+    return IsANumberRefused(first) && parse(second);
+}
+
+}  // namespace
+
 bool JsonCppDocument::Parse(const std::string& text) {
     m_root.reset();
     try {
         auto root = std::make_unique<Json::Value>();
-        Json::Reader reader;
-        const bool parsed = CppLocaleHasOtherPoint() ? reader.parse(WithoutDecimalPoints(text), *root, false)
-                                                     : reader.parse(text, *root, false);
-        if (!parsed) {
+        if (!ParseInto(text, *root)) {
             return false;
         }
         m_root = std::move(root);
