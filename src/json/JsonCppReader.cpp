@@ -148,8 +148,10 @@ bool IsANumberRefused(const Json::Reader& reader) {
 
 bool ParseInto(const std::string& text, Json::Value& root) {
     const auto parse = [&](Json::Reader& reader) {
-        return CppLocaleHasOtherPoint() ? reader.parse(WithoutDecimalPoints(text), root, false)
-                                        : reader.parse(text, root, false);
+        if (CppLocaleHasOtherPoint()) {
+            return reader.parse(WithoutDecimalPoints(text), root, false);
+        }
+        return reader.parse(text.data(), text.data() + text.size(), root, false);  // a string would be copied
     };
     Json::Reader first;
     if (parse(first)) {

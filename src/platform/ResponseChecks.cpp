@@ -48,6 +48,16 @@ std::function<int(const std::string& body)> Keeping(int (*check)(const std::stri
     };
 }
 
+std::optional<int> VerifyErrorOf(const std::string& body) {
+    json::JsonCppDocument document;
+    if (!document.Parse(body)) {
+        return std::nullopt;
+    }
+    std::string resultCode;
+    const bool isText = document.Root().Member("resultCode").Read(resultCode);
+    return isText ? ConvertVerifyErrorCode(DecimalPrefix(resultCode)) : static_cast<int>(VANTIX_NOERROR);
+}
+
 int ConvertVerifyErrorCode(int code) {
     struct Row {
         int platform;

@@ -5,6 +5,7 @@
 /// JSON), 2 (malformed), or the platform's own.
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace vantix {
@@ -20,6 +21,10 @@ int CheckCloudResponseInfoFromPlatform(const std::string& body);
 
 /// A reader that checks a body and, when it passes, keeps it as the response; else `response` stays as it was.
 std::function<int(const std::string& body)> Keeping(int (*check)(const std::string& body), std::string& response);
+
+/// The token error of a stream-token response that is handed on as it came: that of its "resultCode", 0 when this is
+/// no text; nothing when the response is not JSON.
+std::optional<int> VerifyErrorOf(const std::string& body);
 
 /// Turns the result code of a stream-token response into a token error: 0 for 200, -3, -5, -101, else -1.
 int ConvertVerifyErrorCode(int code);

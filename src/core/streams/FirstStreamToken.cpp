@@ -1,14 +1,13 @@
 #include "core/streams/FirstStreamToken.h"
 
 #include <cstring>
+#include <optional>
 #include <utility>
 
 #include "base/Clock.h"
-#include "base/NumberText.h"
 #include "core/CoreSite.h"
 #include "core/settings/Settings.h"
 #include "core/streams/StreamTokens.h"
-#include "json/JsonCppReader.h"
 #include "platform/ResponseChecks.h"
 #include "vantix/ReturnCodes.h"
 
@@ -19,16 +18,14 @@ constexpr int kPrefetched = 10;
 /// From this age on, in seconds, a kept token is refused: five hours and one second.
 constexpr int32_t kRefusedAge = 18001;
 
-/// Whether a response is one to keep: JSON whose textual "resultCode", if there is one, is a success.
+/// Whether a response is one to keep: a success, and not too long.
 bool IsToKeep(const CallSite& site, const std::string& response) {
-    json::JsonCppDocument document;
-    if (!document.Parse(response)) {
+    const std::optional<int> error = VerifyErrorOf(response);
+    if (!error) {
         VANTIX_LOG_INFO(site, level::kInfo, "getStreamToken failed");
         return false;
     }
-    std::string resultCode;
-    if (document.Root().Member("resultCode").Read(resultCode) &&
-        ConvertVerifyErrorCode(DecimalPrefix(resultCode)) != VANTIX_NOERROR) {
+    if (*error != VANTIX_NOERROR) {
         VANTIX_LOG_INFO(site, level::kInfo, "getStreamToken resultCode Error");
         return false;
     }

@@ -163,5 +163,26 @@ TEST_F(ResponseChecks, TokenErrorsAreConvertedAndLogged) {
     }
 }
 
+TEST_F(ResponseChecks, TokenErrorOfAResponseIsThatOfItsTextualResultCode) {
+    const struct {
+        const char* body;
+        std::optional<int> error;
+    } rows[] = {
+        {R"({"resultCode":"200"})", 0},
+        {R"({"resultCode":"10002"})", -5},
+        {R"({"resultCode":"10002x"})", -5},
+        {R"({"resultCode":""})", -1},
+        {R"({"resultCode":10002})", 0},
+        {R"({"resultCode":null})", 0},
+        {R"({"result":{"code":"10002"}})", 0},
+        {"[]", 0},
+        {"", std::nullopt},
+        {"no json", std::nullopt},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(VerifyErrorOf(row.body), row.error) << row.body;
+    }
+}
+
 }  // namespace
 }  // namespace vantix::test
