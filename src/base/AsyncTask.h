@@ -5,6 +5,8 @@
 #include <future>
 #include <utility>
 
+#include "base/LibraryPin.h"
+#include "base/RunningTask.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {
@@ -13,8 +15,9 @@ namespace vantix {
 /// exception in the task becomes -1; when no thread can be started, the future is ready and yields -1.
 template <class Task>
 std::future<int32_t> StartTask(Task task) {
+    PinLibrary();
     try {
-        return std::async(std::launch::async, [task = std::move(task)]() mutable -> int32_t {
+        return std::async(std::launch::async, [task = std::move(task), running = RunningTask()]() mutable -> int32_t {
             try {
                 return task();
             } catch (...) {

@@ -1,13 +1,39 @@
 #include "core/CoreInstance.h"
 
+#include <memory>
+
+#include "base/RunningTask.h"
+#include "base/TlsLibrary.h"
 #include "core/CVantixDataCenter.h"
 #include "log/Logger.h"
 
 namespace vantix {
 
+namespace {
+
+/// The core goes when the process ends or the library is unloaded, unless a task still uses it.
+class CoreOwner {
+public:
+    CoreOwner() { KeepTlsLibraryToTheEnd(); }
+    ~CoreOwner() {
+        if (RunningTask::IsThereOne()) {
+            static_cast<void>(m_core.release());
+        }
+    }
+    CoreOwner(const CoreOwner&) = delete;
+    CoreOwner& operator=(const CoreOwner&) = delete;
+
+    CVantixDataCenter& Core() const { return *m_core; }
+
+private:
+    std::unique_ptr<CVantixDataCenter> m_core = std::make_unique<CVantixDataCenter>();
+};
+
+}  // namespace
+
 CVantixDataCenter& CoreInstance() {
-    static CVantixDataCenter core;
-    return core;
+    static const CoreOwner owner;
+    return owner.Core();
 }
 
 namespace {

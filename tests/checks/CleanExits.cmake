@@ -6,7 +6,7 @@ if(TARGET vantix-simulator)
 else()
     set(_cloud "")  # comes from the environment
 endif()
-foreach(_end exit unload)
+foreach(_end exit unload busy-exit busy-unload left-exit)
     add_test(NAME clean_exits.${_end}
         COMMAND "${Python3_EXECUTABLE}" -B "${CMAKE_CURRENT_SOURCE_DIR}/checks/clean-exits.py" 50 ${_end}
             "$<TARGET_FILE:vantixdatacenter>" ${CMAKE_CROSSCOMPILING_EMULATOR} "$<TARGET_FILE:exit_probe>")

@@ -1,6 +1,6 @@
 """Starts a host again and again, and wants it to end cleanly each time.
 
-    clean-exits.py RUNS exit|unload LIBRARY PROBE...
+    clean-exits.py RUNS exit|unload|busy-exit|busy-unload|left-exit LIBRARY PROBE...
 
 PROBE is the host, with its launcher in front where it has one. VANTIX_SIMULATOR_PROGRAM names the loopback cloud that
 it asks. A run counts when it ends within its time, with status 0 and nothing on standard error but log lines.

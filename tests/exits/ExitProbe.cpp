@@ -1,14 +1,17 @@
 // A host that ends right after its requests:
 //
-//   exit_probe LIBRARY exit|unload DOMAIN TOKEN SERIAL
+//   exit_probe LIBRARY exit|unload|busy-exit|busy-unload|left-exit DOMAIN TOKEN SERIAL
 //
 // "exit" returns from main with its handle and everything that was fetched still there; "unload" destroys the handle,
-// unloads the library and returns then. Prints the two results; exit status 0 when both are a success.
+// unloads the library and returns then. The busy ones do it while tasks are under way, whose futures are waited for at
+// the end of the program; "left-exit" leaves them behind. Prints the results of two
+// fetches before that; exit status 0 when both are a success.
 
 #include <vantix/IVantixDataCenter.h>
 #include <vantix/records/DevChannelInfo.h>
 #include <vantix/records/DevDetailInfo.h>
 
+#include <array>
 #include <cstdio>
 #include <string>
 
@@ -51,6 +54,21 @@ bool Fetches(vantix::IVantixDataCenter& center, const std::string& serial) {
     return now == 0 && later == 0;
 }
 
+/// What a task writes to, and its future, which live longer than `main`.
+struct Fetch {
+    vantix::DevChannelInfo channel;
+    vantix::DevDetailInfo device;
+    std::future<int32_t> future;
+};
+std::array<Fetch, 16> g_fetches;
+
+void StartFetches(vantix::IVantixDataCenter& center, const std::string& serial, std::array<Fetch, 16>& fetches) {
+    for (Fetch& fetch : fetches) {
+        center.ClearAllCache();
+        center.getDevDetailInfo(serial, 1, fetch.channel, fetch.device, fetch.future);
+    }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -72,7 +90,14 @@ int main(int argc, char** argv) {
     center->setAppId("exit-probe");
     center->setAccessToken(argv[4]);
     const bool isFetched = Fetches(*center, argv[5]);
-    if (std::string(argv[2]) == "unload") {
+    const std::string end = argv[2];
+    if (end.rfind("busy-", 0) == 0) {
+        StartFetches(*center, argv[5], g_fetches);
+    } else if (end == "left-exit") {
+        static auto* left = new std::array<Fetch, 16>();  // nobody destroys it
+        StartFetches(*center, argv[5], *left);
+    }
+    if (end.find("unload") != std::string::npos) {
         destroy(center);
         if (!Unload(library)) {
             return 5;
