@@ -11,6 +11,7 @@
 #include "json/DecimalPoint.h"
 #include "json/JsonCppInclude.h"
 #include "json/StringEnd.h"
+#include "json/Utf8.h"
 
 #if defined(__GNUC__)
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
@@ -128,7 +129,12 @@ std::string JsonCppView::Compact() const {
         }
         Json::FastWriter writer;
         writer.omitEndingLineFeed();
-        return writer.write(*m_value);
+        std::string text = writer.write(*m_value);
+        if (!bUtf8 && text.find("\\u") != std::string::npos) {
+            std::string bytes = WriteBytesAsTheyAre(*m_value);
+            return IsUtf8(bytes) ? text : bytes;
+        }
+        return text;
     } catch (const Json::Exception&) {
         return {};
     }

@@ -46,7 +46,8 @@ public:
     /// An integer within 32 bits, or a text that holds a number.
     bool ReadIntOrText(int32_t& number) const;
 
-    /// The value as one line without blanks; empty when there is none.
+    /// The value as one line without blanks; empty when there is none. Texts that are not UTF-8 keep their bytes,
+    /// unless the host has said that all texts are UTF-8: then what is not becomes U+FFFD.
     std::string Compact() const;
 
 private:

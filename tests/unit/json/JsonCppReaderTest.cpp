@@ -77,6 +77,16 @@ TEST(JsonCppCompact, InvalidUtf8BecomesTheReplacementCharacter) {
     EXPECT_EQ(document.Root().Compact(), "[\"\\ufffd\"]");
 }
 
+TEST(JsonCppCompact, TextOfAnotherEncodingKeepsItsBytes) {
+    const test::CleanSwitches switches;
+    bUtf8 = false;
+    JsonCppDocument document;
+    ASSERT_TRUE(document.Parse("{\"a\": \"\xC9\xE3\xCF\xF1\xCD\xB7\", \"b\": \"\\\"\"}"));
+    EXPECT_EQ(document.Root().Compact(), "{\"a\":\"\xC9\xE3\xCF\xF1\xCD\xB7\",\"b\":\"\\\"\"}");
+    ASSERT_TRUE(document.Parse("[\"\xC3\xA9\"]"));
+    EXPECT_EQ(document.Root().Compact(), R"(["\u00e9"])") << "UTF-8 is written as ever";
+}
+
 #if defined(_WIN32)
 TEST(JsonCppCompact, TextOfTheCodePageLeavesAsItCame) {
     const test::CleanSwitches switches;
