@@ -73,7 +73,8 @@ TEST_P(WireTest, GoesOverTheWireExactlySo) {
     EXPECT_THAT(received, ::testing::UnorderedElementsAreArray(expected));
 }
 
-/// libcurl's code for a connection that ends inside a response. The system's TLS on Windows misses its goodbye first.
+/// libcurl's code for a connection that ends inside a response. The system's TLS on Windows first reports that
+/// close_notify is missing.
 #if defined(_WIN32)
 constexpr char kCutShort[] = "56";
 constexpr int kCutShortResult = 100056;

@@ -23,7 +23,7 @@ protected:
     std::string json = "what was there";
 };
 
-TEST_F(VideoRelays, RequestNamesTheChannelAndCarriesTheAccessToken) {
+TEST_F(VideoRelays, RequestNamesTheChannelAndSendsTheAccessToken) {
     for (const int mode : {0, 2, 3}) {
         core.setPermissionMode(mode);
         transport.Respond(kPlatformServers);
@@ -38,7 +38,7 @@ TEST_F(VideoRelays, RequestNamesTheChannelAndCarriesTheAccessToken) {
     }
 }
 
-TEST_F(VideoRelays, SmallPermissionModeCarriesTheVideoTkToken) {
+TEST_F(VideoRelays, SmallPermissionModeSendsTheVideoTkToken) {
     core.setPermissionMode(1);
     transport.Respond(kPlatformServers);
     EXPECT_EQ(Ask(), 0);
