@@ -39,7 +39,7 @@ struct KeyInfo {
     bool isOptional = false;
 };
 
-/// A key and a reference to its value.
+/// A key and its value; a text is referenced, not copied.
 class Parameter {
 public:
     template <ParameterType Value>

@@ -18,7 +18,7 @@ namespace {
 
 class HostLimitsTest : public SurvivalFixture {};
 
-/// Leaves the process so many descriptors while it lives.
+/// Leaves the process so many descriptors while it exists.
 class DescriptorsLeft {
 public:
     explicit DescriptorsLeft(size_t left) {

@@ -27,7 +27,7 @@ enum class AttemptReason {
 
 /// One attempt of an operation.
 struct Attempt {
-    Subject subject;  ///< After a renewal its token is the new access token.
+    Subject subject;  ///< Once the access token is renewed, its token is the new one.
     AttemptReason reason = AttemptReason::First;
 };
 

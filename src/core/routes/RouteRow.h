@@ -35,7 +35,7 @@ enum class AddressRule {
 /// Which tag the lines about the address have.
 enum class Wording {
     OfGetDomain,  ///< That of `getDomain` or `getDomainByToken`.
-    OfOperation,  ///< Under the operation's tag.
+    OfOperation,  ///< That of the operation.
 };
 
 /// How one operation finds its route.

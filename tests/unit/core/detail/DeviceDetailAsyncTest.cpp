@@ -191,13 +191,13 @@ TEST_F(DetailAsync, TaskHasItsOwnCopyOfTheSerial) {
         return ScriptedResponse{0, DetailResponse(request.Param("deviceSerial"), 1).dump()};
     });
     {
-        std::string serial = "a serial that lives shorter than the task";
+        std::string serial = "a serial that is destroyed before the task ends";
         EXPECT_EQ(Ask(serial), -1);
         serial.assign(serial.size(), '!');
     }
     release.set_value();
     EXPECT_EQ(future.get(), 0);
-    EXPECT_EQ(device.deviceSerial, "a serial that lives shorter than the task");
+    EXPECT_EQ(device.deviceSerial, "a serial that is destroyed before the task ends");
 }
 
 TEST_F(DetailAsync, SecondTaskIntoTheSameFutureWaitsForTheFirst) {

@@ -176,7 +176,7 @@ TEST_F(VideoRelays, SmallPermissionModeRenewsNothing) {
 
 // ---- The form that is given its token
 
-TEST_F(VideoRelays, GivenTokenIsCarriedInEveryMode) {
+TEST_F(VideoRelays, GivenTokenIsSentInEveryMode) {
     for (const int mode : {0, 1, 2}) {
         core.setPermissionMode(mode);
         transport.Respond(kPlatformServers);
