@@ -1,4 +1,4 @@
-# vantix_warnings: the warnings of the house, all of them errors. Every target of the project links it privately.
+# vantix_warnings: the warnings of the project, all of them errors. Every target of the project links it privately.
 
 add_library(vantix_warnings INTERFACE)
 

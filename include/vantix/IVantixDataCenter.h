@@ -165,16 +165,16 @@ public:
     virtual int getChannelCacheValue(const std::string& serial, int ch) = 0;  // slot 30
     /// Overwrites the cached channel's `iIsTrust`; does nothing when the channel is not cached.
     virtual void setChannelCacheValue(const std::string& serial, int ch, int value) = 0;  // slot 31
-    /// Sets a channel's picture quality level, one of its `videoQualityInfos`. `answer` is the body of the response.
-    virtual int setVideoDefinition(const std::string& serial, std::string& answer, int ch, int videoLevel,
+    /// Sets a channel's picture quality level, one of its `videoQualityInfos`. `response` receives the body.
+    virtual int setVideoDefinition(const std::string& serial, std::string& response, int ch, int videoLevel,
                                    bool retried = false) = 0;  // slot 32
     /// Marks an alarm as read.
     virtual int setAlarmRead(const std::string& alarmId) = 0;  // slot 33
 
     // ---- Stream tokens and credentials
-    /// Requests `count` stream tokens; `answer` is the body of the response. In the B2C mode the token selects the
+    /// Requests `count` stream tokens; `response` receives the body. In the B2C mode the token selects the
     /// server family; the consumer servers choose the number of tokens themselves.
-    virtual int getStreamTokens(const std::string& token, int count, std::string& answer,
+    virtual int getStreamTokens(const std::string& token, int count, std::string& response,
                                 bool retried = false) = 0;  // slot 34
     /// 0 when the account may view the channel live, or with `playback` its recordings. An expired token gives -1 and
     /// is not renewed.

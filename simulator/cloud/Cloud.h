@@ -66,7 +66,7 @@ private:
     CloudState m_state;
 };
 
-/// The device of this serial, null when there is none. The pointer lives until the device list changes.
+/// The device of this serial, null when there is none. The pointer is valid until the device list changes.
 Json* FindDevice(CloudState& state, const std::string& serial);
 
 /// The device's camera of this number, null when there is none.

@@ -27,7 +27,7 @@ public:
 private:
     struct ScriptedResponse {
         Json content;
-        long long left;  ///< times; 0: for ever
+        long long left;  ///< times; 0: without limit
     };
 
     mutable std::mutex m_mutex;

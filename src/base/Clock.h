@@ -25,7 +25,7 @@ void SetClock(const Clock& clock);
 int64_t WallSeconds();
 /// The same, truncated to 32 bits.
 inline int32_t TruncatedWallSeconds() { return static_cast<int32_t>(WallSeconds()); }
-/// How many seconds lie between two truncated times: a difference that wraps, as of a clock of 32 bits.
+/// The seconds between two truncated times; the difference wraps, as on a 32-bit clock.
 inline int32_t SecondsBetween(int32_t earlier, int32_t later) {
     return static_cast<int32_t>(static_cast<uint32_t>(later) - static_cast<uint32_t>(earlier));
 }

@@ -6,10 +6,10 @@
 
 namespace vantix {
 
-/// A value and the mutex that guards it. It can only be copied out, or looked at and changed under its lock, so that no
-/// reference leaves and the lock is held for no longer than the value is touched.
+/// A value and the mutex that guards it. It is copied out, or read and changed under its lock, so that no reference
+/// leaves and the lock is held only while the value is in use. `Live` is the one exception.
 ///
-/// What is called under the lock must not lock anything else, log, send a request or call the host.
+/// Code that runs under the lock must not lock anything else, log, send a request or call the host.
 template <class Value>
 class Guarded {
 public:
@@ -21,7 +21,7 @@ public:
         return m_value;
     }
 
-    /// Replaces the value; the old one is destroyed after the lock was given up.
+    /// Replaces the value; the old one is destroyed after the lock is released.
     void Assign(Value value) {
         TVL_Guard guard(&m_mutex);
         std::swap(m_value, value);
@@ -40,8 +40,8 @@ public:
         return std::forward<Use>(use)(m_value);
     }
 
-    /// The value itself, for the getters that hand out live references. The lock is taken and given up again, which
-    /// orders the caller after a writer that is at work; it does not protect what the caller does then.
+    /// The value itself, for the getters that return live references. Locks and unlocks once, so that a write in
+    /// progress ends first. Later use is not protected.
     const Value& Live() const {
         TVL_Guard(&m_mutex).Release();
         return m_value;

@@ -16,7 +16,7 @@ public:
     using Value = typename Map::mapped_type;
     using Entry = typename Map::node_type;
 
-    /// An entry, made outside of the map: putting it in needs no memory but what the table itself may have to grow by.
+    /// An entry, made outside of the map: adding it needs memory only when the table grows.
     static Entry EntryFor(const Key& key, Value value) {
         Map one;
         one.emplace(key, std::move(value));
@@ -63,7 +63,7 @@ public:
         });
     }
 
-    /// Puts an entry in, in the place of the one with its key.
+    /// Puts an entry in; it replaces the one with its key.
     void Put(Entry entry) {
         m_map.With([&](Map& map) {
             const auto present = map.find(entry.key());

@@ -7,7 +7,7 @@
 namespace vantix {
 namespace {
 
-/// The slot is made on first use: nothing happens while the library is being loaded. The system may have none left.
+/// The slot is made on first use: nothing happens while the library is being loaded. The system may have no slot left.
 struct Slot {
     Slot() : exists(TVL_ThreadTls_Create(&number) == 0) {}
 

@@ -136,17 +136,17 @@ public:
     void setChannelCacheValue(const std::string& serial, int ch, int value) override {
         NoThrow([&] { core->setChannelCacheValue(serial, ch, value); });
     }
-    int setVideoDefinition(const std::string& serial, std::string& answer, int ch, int videoLevel,
+    int setVideoDefinition(const std::string& serial, std::string& response, int ch, int videoLevel,
                            bool retried) override {
-        return Code([&] { return core->setVideoDefinition(serial, answer, ch, videoLevel, retried); });
+        return Code([&] { return core->setVideoDefinition(serial, response, ch, videoLevel, retried); });
     }
     int setAlarmRead(const std::string& alarmId) override {
         return Code([&] { return core->setAlarmRead(alarmId); });
     }
 
     // Stream tokens and credentials
-    int getStreamTokens(const std::string& token, int count, std::string& answer, bool retried) override {
-        return Code([&] { return core->getStreamTokens(token, count, answer, retried); });
+    int getStreamTokens(const std::string& token, int count, std::string& response, bool retried) override {
+        return Code([&] { return core->getStreamTokens(token, count, response, retried); });
     }
     int getAuthInfo(const std::string& serial, int ch, bool playback) override {
         return Code([&] { return core->getAuthInfo(serial, ch, playback); });

@@ -152,7 +152,7 @@ protected:
     CVantixDataCenter* core;  ///< Not owned.
 
 private:
-    /// What a getter refers to when the core could not choose. Empty texts own no memory, so nothing is left at exit.
+    /// What a getter refers to when the core throws. Empty texts own no memory, so nothing is left at exit.
     static inline const std::string kNoText;
 };
 

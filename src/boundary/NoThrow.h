@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// The exception barrier between the library and its host: what is thrown behind it becomes a neutral result.
+/// The exception barrier between the library and its host: an exception inside becomes a neutral result.
 
 #include <string>
 
@@ -34,8 +34,8 @@ int Code(Body body) noexcept {
     return NoThrow(body, VANTIX_ERROR);
 }
 
-/// Puts the text that `body` returns into `text`, or an empty one when it throws: an old text is never taken for the
-/// result.
+/// Puts the text that `body` returns into `text`, or an empty one when it throws, so that an old text is never taken
+/// for the result.
 template <class Body>
 std::string& NoThrowInto(std::string& text, Body body) noexcept {
     try {

@@ -23,9 +23,9 @@ struct ServerInfo;
 struct TimeSpan;
 struct TransparentMsgDetail;
 
-/// The one object behind every handle: it names the operations, and its parts do them.
+/// The one object behind every handle: it declares the operations, and its parts run them.
 ///
-/// What the operations mean stands at `IVantixDataCenter`; each hands on to the part that owns the state it needs.
+/// `IVantixDataCenter` documents the operations; each calls the part that owns the state it needs.
 /// Every guarded value has a lock of its own; no operation holds two, and none is held across a request.
 class CVantixDataCenter {
 public:

@@ -18,7 +18,7 @@
 
 namespace vantix {
 
-/// The parts of the core, wired: each knows those above it that it is given.
+/// The parts of the core. Each gets references to earlier ones.
 struct CoreParts {
     Settings settings;
     TkTokens tkTokens;

@@ -14,7 +14,7 @@ namespace {
 
 using json::JsonCppView;
 
-/// Hands out the pair of one channel; false when the response has none.
+/// Copies the records of one channel out; false when the response has none.
 bool Take(const std::vector<ConsumerChannel>& channels, int channelNo, DevChannelInfo& channel, DevDetailInfo& device) {
     for (const ConsumerChannel& candidate : channels) {
         if (candidate.channel.cameraNo == channelNo) {

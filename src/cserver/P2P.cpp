@@ -45,7 +45,7 @@ int GetP2PDevInfoFromCServer(const ConsumerRoute& route, const std::string& devi
 
 int ParseP2PDevInfoFromCServer(const std::string& body, const std::string& deviceSerial, P2PDevInfo& devInfo) {
     const CallSite site = VANTIX_HERE;
-    // The line says the detail parser's name on purpose.
+    // The line names the detail parser, on purpose.
     VANTIX_LOG_INFO(site, level::kInfo, "ParseDevDetailInfoFromCServer = %s", body.c_str());
     return ReadResponse(site, body, OptionalMetaCode, [&](const JsonCppView& root) -> int {
         const JsonCppView servers = BesideOrInsideData(root, "p2pInfos");

@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// What the consumer servers say about P2P: the user's identity, and what a player needs to reach one device.
+/// P2P on the consumer servers: the user's identity, and what a player needs to reach one device.
 
 #include <string>
 

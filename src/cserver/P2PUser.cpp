@@ -25,13 +25,13 @@ constexpr json::Field<P2PUserInfo> kUserFields[] = {
     {"saltIndex", &P2PUserInfo::saltIndex},
 };
 
-/// A body as the log may show it: without what identifies the user, and opens the way to the devices.
+/// The body with user id, secret, key version and salt index masked.
 std::string ForLog(const std::string& body) {
     constexpr std::string_view kSecrets[] = {"userId", "secret", "version", "saltIndex"};
     return MaskedMembers(body, kSecrets);
 }
 
-/// Sends the first request. Returns the result when it ends there, nothing when the second must follow.
+/// Sends the first request. Returns a result when no second request follows, else nothing.
 std::optional<int> FetchUser(const CallSite& site, const ConsumerRoute& route, const ClientInfo& client, int32_t& cost,
                              json::JsonCppDocument& document) {
     std::string body;
@@ -47,7 +47,7 @@ std::optional<int> FetchUser(const CallSite& site, const ConsumerRoute& route, c
     }
     if (const int code = MetaCode(document.Root()); code != 0) {
         LogRefusal(site, requests::kUserInfo.parserFailure, ForLog(body), code);
-        return VANTIX_NOERROR;  // in spite of the failure: callers see it by the unfilled record
+        return VANTIX_NOERROR;  // A failure returns 0 here; the record stays empty.
     }
     return std::nullopt;
 }

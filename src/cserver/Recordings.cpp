@@ -12,7 +12,7 @@
 namespace vantix {
 namespace {
 
-/// The request's own look at the envelope, before the parser.
+/// Checks the envelope before the parser does.
 int LogAndCheck(const CallSite& site, const std::string& body) {
     VANTIX_LOG_INFO(site, level::kInfo, "ZQR TEST GetDeviceFileBySerialFromCServer:%s", body.c_str());
     return CheckResponse(site, body, MetaCode);
@@ -47,7 +47,7 @@ int ParseDeviceRecordFileFromCServer(const std::string& body, std::string& recor
     if (!list.IsArray()) {
         return LogMalformed(site, body);
     }
-    // "isFinished" has no place in the platform's shape and goes no further.
+    // The platform's shape has no "isFinished", so it is dropped.
     records = json::JsonBuilder::Object().Set("data", json::JsonBuilder::CopyOf(list)).Compact();
     return VANTIX_NOERROR;
 }

@@ -12,7 +12,7 @@ namespace vantix {
 int GetDeviceFileBySerialFromCServer(const ConsumerRoute& route, const std::string& deviceSerial, int channelNo,
                                      const TimeSpan& span, int recordType, std::string& records);
 
-/// Turns "records" into the compact text {"data":[…]}, unread. Whether the list is finished has no place in that.
+/// Copies "records" unread into the compact text {"data":[…]}. Whether the list is finished is dropped.
 int ParseDeviceRecordFileFromCServer(const std::string& body, std::string& records);
 
 }  // namespace vantix

@@ -2,7 +2,7 @@
 
 /// @file
 /// Every request of the consumer servers, as a row. They authenticate by the session id, in a header. Some labels name
-/// a platform parser or have a tester's mark; they are kept as they stand.
+/// a platform parser or have a tester's mark; these texts are fixed.
 
 #include "requests/EndpointTable.h"
 #include "requests/RequestRow.h"

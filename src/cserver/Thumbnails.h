@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// What shared devices show instead of pictures of their own. Deployments set the addresses when they configure the
+/// Pictures that stand for shared devices, which have none. Deployments set the addresses when they configure the
 /// build, as VANTIX_DEVICE_COVER and VANTIX_CAMERA_COVER.
 
 namespace vantix {

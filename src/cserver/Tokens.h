@@ -9,7 +9,7 @@
 
 namespace vantix {
 
-/// A batch of stream tokens, as the server returns it; the envelope is not looked at. 0, or 100000 + the transport's
+/// A batch of stream tokens, as the server returns it; the envelope is ignored. 0, or 100000 + the transport's
 /// code.
 int GetStreamTokensFromCServer(const ConsumerRoute& route, std::string& response);
 

@@ -40,7 +40,7 @@ size_t AppendNumber(const std::string& text, size_t from, std::string& out) {
     const size_t end = AfterExponent(text, fractionEnd);
     std::string digits = text.substr(from, point - from) + text.substr(point + 1, fractionEnd - point - 1);
     digits.erase(0, std::min(digits.find_first_not_of('0'), digits.size() - 1));
-    // An exponent beyond all bounds reads as a large one, which is all that it can mean.
+    // An exponent that does not fit reads as a large one, with the same result.
     const long exponent = end == fractionEnd ? 0 : std::strtol(text.c_str() + fractionEnd + 1, nullptr, 10);
     const long bounded = std::clamp(exponent, -1'000'000L, 1'000'000L);
     out.append(digits).append("e").append(std::to_string(bounded - static_cast<long>(fractionEnd - point - 1)));

@@ -1,8 +1,8 @@
 #pragma once
 
 /// @file
-/// The only way to json11 values: the same surface and the same exception as the JsonCpp reader's, with json11's notion
-/// of types.
+/// The only access to json11 values: the same surface and the same exception as the JsonCpp reader's, with json11's
+/// notion of types.
 
 #include <cstddef>
 #include <cstdint>

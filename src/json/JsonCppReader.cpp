@@ -145,7 +145,8 @@ JsonCppDocument::~JsonCppDocument() = default;
 
 namespace {
 
-/// JsonCpp reads reals with a stream, which does not report memory that runs out: the number is then said to be none.
+/// JsonCpp reads reals with a stream, which does not report memory that runs out: it then says that the text is no
+/// number.
 bool IsANumberRefused(const Json::Reader& reader) {
     const std::vector<Json::Reader::StructuredError> errors = reader.getStructuredErrors();
     return std::any_of(errors.begin(), errors.end(),

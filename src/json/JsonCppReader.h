@@ -1,8 +1,8 @@
 #pragma once
 
 /// @file
-/// The only way to JsonCpp values: typed and total. Whatever a server sent, nothing is thrown but
-/// `std::bad_alloc`: memory that runs out is the failure of the operation, never a property of the text.
+/// The only access to JsonCpp values: typed and total. Whatever a server sent, nothing is thrown but
+/// `std::bad_alloc`: memory that runs out fails the operation and says nothing about the text.
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// The place in whose name a log line is written: the tag of a function, and a line number.
+/// The function and line number that a log line shows.
 
 #include <cstddef>
 #include <cstdint>
@@ -150,7 +150,7 @@ constexpr TagRanges FindTag(const char* name) {
 
 }  // namespace tag_detail
 
-/// A function's tag as a text of its own: "Class::method" without return type, namespaces or arguments. A lambda's
+/// A function's tag as text: "Class::method" without return type, namespaces or arguments. A lambda's
 /// begins with the tag of the function around it.
 struct FunctionTag {
     static constexpr size_t kLongest = 255;
@@ -191,7 +191,7 @@ private:
 
 }  // namespace vantix
 
-/// The place that this stands at.
+/// The place of this macro in the code.
 #define VANTIX_HERE (::vantix::CallSite{VANTIX_FUNCTION_NAME, __LINE__})
 
 /// The same under another tag: that of the operation on whose behalf the code runs ("CVantixDataCenter::getDomain").

@@ -58,7 +58,7 @@ int ProcessId() {
 FunctionTag LineTag(const CallSite& site) { return site.Tag(); }
 
 void log(int lineLevel, const char* format, ...) {
-    // Any line may be the first thing that happens in the process, and it builds the core.
+    // The first line of the process may come before any other call; it builds the core.
     if (!kBuildCore() || !LogPasses(lineLevel)) {
         return;
     }

@@ -3,9 +3,9 @@
 /// @file
 /// The logger: one line format, one threshold, two sinks.
 ///
-/// `VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "text %d", value)` and `VANTIX_LOG_ERROR` write a line in the name of a
-/// call site: this place, or one that a caller handed down. A filtered-out line costs one read of the threshold; its
-/// values are not even computed. Nothing is allocated.
+/// `VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "text %d", value)` and `VANTIX_LOG_ERROR` write a line with the tag and
+/// line number of a call site: this place, or one that a caller passes. A filtered-out line costs one read of the
+/// threshold; its values are not even computed. Nothing is allocated.
 
 #include <atomic>
 #include <cstdint>
@@ -32,8 +32,8 @@ inline constexpr int kError = 5;    ///< The usual error.
 /// The threshold: lines of a lower level are dropped. Read without a lock; any thread.
 inline std::atomic<int32_t> iLogLevel{level::kInfo};
 
-/// Builds what stands behind the threshold before the first line is written; false when that fails, and the line is
-/// dropped. The core defines it, as a constant: nothing runs at load.
+/// Builds the core before the first line. False when that fails; the line is then dropped. The core defines it as a
+/// constant, so that nothing runs at load.
 using BuildCoreHook = bool (*)() noexcept;
 extern const BuildCoreHook kBuildCore;
 
@@ -44,7 +44,7 @@ inline bool LogPasses(int lineLevel) { return iLogLevel.load(std::memory_order_r
 /// log library. `format` begins with the line's prefix, and its first three values are process id, tag and line.
 ///
 /// A text that does not fit reaches both sinks as an empty text. One of 40,959 or 40,960 characters ends the process,
-/// as a range-check failure does; a build with VANTIX_OVERLONG_LINE=drop makes an empty text of it, too.
+/// as a range-check failure does; a build with VANTIX_OVERLONG_LINE=drop makes it an empty text, too.
 void log(int lineLevel, const char* format, ...) VANTIX_PRINTF_FORMAT(2, 3);
 
 /// The id that lines bear.

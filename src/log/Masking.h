@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// What must not reach the log: values of credentials, by the key that they stand under.
+/// Masks the values of credentials in log texts, by their keys.
 
 #include <span>
 #include <string>
@@ -9,13 +9,13 @@
 
 namespace vantix {
 
-/// What stands in the log for a value that is kept out of it.
+/// The text in the log that replaces a masked value.
 inline constexpr std::string_view kMask = "***";
 
-/// Whether a parameter's value is kept out of the log ("appKey", "accessToken", "sessionId"; exact case).
+/// Whether a parameter's value is masked in the log ("appKey", "accessToken", "sessionId"; exact case).
 bool IsSecretParameter(std::string_view key);
 
-/// Whether a header's value is kept out of the log ("accessToken", "sessionId"; exact case).
+/// Whether a header's value is masked in the log ("accessToken", "sessionId"; exact case).
 bool IsSecretHeader(std::string_view key);
 
 /// A copy of a JSON text in which the values of secret parameters are masked. Works on any text: it need not

@@ -73,7 +73,7 @@ int ParsePushSessionIdFromPlatform(const std::string& body, std::string& pushSes
     const CallSite site = VANTIX_HERE;
     VANTIX_LOG_INFO(site, level::kInfo, "ParsePushSessionId = %s", body.c_str());
     return ReadResponse(site, body, StrictMetaCode, [&](const JsonCppView& root) {
-        // The text names another key than the one that is read, and is kept so.
+        // The line names another key than the one that is read. The text is fixed.
         return root.Member("pushSessionId").Read(pushSessionId)
                    ? 0
                    : LogMissingText(site, body,

@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// What the platform knows of one device: the two detail requests, and its device information.
+/// One device on the platform: the two detail requests, and its device information.
 
 #include <optional>
 #include <string>
@@ -26,7 +26,7 @@ int GetDeviceDetailInfoFromPlatformBySerial(const PlatformRoute& route, const st
                                             const std::string& bizType, const std::string& platFormId,
                                             DevChannelInfo& channel, DevDetailInfo& device);
 
-/// Fetches the device information as the platform words it.
+/// Fetches the device information; the response is passed on unread.
 int GetDeviceInfoBySerialFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, std::string& json);
 
 }  // namespace vantix

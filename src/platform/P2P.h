@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// What the platform says about P2P: the user's identity, and what a player needs to reach one device.
+/// P2P on the platform: the user's identity, and what a player needs to reach one device.
 ///
 /// Requests return 0, 100000 + the transport's code or 300000 + the response code; parsers return response codes.
 

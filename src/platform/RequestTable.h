@@ -2,7 +2,7 @@
 
 /// @file
 /// Every request of the open platform, as a row: how it is sent, where to, with what, and what its log lines say. Some
-/// labels name another function than the one that is called; they are kept as they stand.
+/// labels name another function than the one that is called; these texts are fixed.
 
 #include "requests/EndpointTable.h"
 #include "requests/RequestRow.h"

@@ -32,7 +32,7 @@ int CheckCloudResponseInfoFromPlatform(const std::string& body) {
         return code;
     }
     if (!HasMeta(document.Root())) {
-        // The text names another key than the one that is tested, and is kept so.
+        // The line names another key than the one that is tested. The text is fixed.
         return LogNoObject(site, body, "platform response bad, [result] is not object, Resp:%s");
     }
     return StrictMetaCode(document.Root());

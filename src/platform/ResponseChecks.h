@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// Checks of platform responses that hold no payload to keep. Each takes a body and returns a response code: 0, 1 (not
+/// Checks of platform responses whose payload is not read. Each takes a body and returns a response code: 0, 1 (not
 /// JSON), 2 (malformed), or the platform's own.
 
 #include <functional>
@@ -19,7 +19,7 @@ int CheckResponseAuthInfoFromPlatform(const std::string& body);
 /// The cloud-video requests: "meta" with an integer "code" is required.
 int CheckCloudResponseInfoFromPlatform(const std::string& body);
 
-/// A reader that checks a body and, when it passes, keeps it as the response; else `response` stays as it was.
+/// A reader that checks a body and, when it passes, copies it to `response`; else `response` stays as it was.
 std::function<int(const std::string& body)> Keeping(int (*check)(const std::string& body), std::string& response);
 
 /// The token error of a stream-token response that is handed on as it came: that of its "resultCode", 0 when this is

@@ -14,7 +14,7 @@ namespace {
 
 using json::JsonCppView;
 
-/// What this family alone says.
+/// Members that only the platform sends.
 constexpr json::Field<ServerInfo> kMoreServerFields[] = {
     {"logAddr", &ServerInfo::logAddr},
     {"microCloudMode", &ServerInfo::microCloudMode},

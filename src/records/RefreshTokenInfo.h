@@ -4,7 +4,7 @@
 
 namespace vantix {
 
-/// The answer of the authorisation service to a refresh.
+/// What the authorisation service returns for a refresh.
 struct RefreshTokenInfo {
     std::string access_token;
     std::string openId;

@@ -19,7 +19,7 @@ void AddHeaderSetA(ParamMap& headers, const ClientInfo& client, const std::strin
     headers.Add("sessionId", sessionId);
     headers.Add("osVersion", client.osVersion);
     headers.Add("netType", client.netType);
-    headers.Add("osVersion", client.osVersion);  // added twice, kept once
+    headers.Add("osVersion", client.osVersion);  // added twice, sent once
     headers.Add("clientVersion", client.clientVersion);
     headers.Add("clientType", client.clientType);
     headers.Add("clientNo", kCustomerNumber);

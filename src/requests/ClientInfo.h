@@ -7,7 +7,7 @@
 
 namespace vantix {
 
-/// Who sends a request. Made afresh for each.
+/// Who sends a request. Made anew for each request.
 struct ClientInfo {
     ClientInfo();
 

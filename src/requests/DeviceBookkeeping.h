@@ -4,7 +4,7 @@
 
 namespace vantix {
 
-/// Takes over what a parser read, but for the bookkeeping: cache time and marks, elapsed time, the host's flag.
+/// Copies what a parser read, except the bookkeeping: cache time and marks, elapsed time, the host's flag.
 void TakeOver(DevDetailInfo fresh, DevDetailInfo& device);
 
 /// Marks the record as just fetched, if it was.

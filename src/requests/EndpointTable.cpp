@@ -3,7 +3,7 @@
 namespace vantix {
 namespace {
 
-/// Requests name indices into this order, so it never changes; equal rows are kept for it.
+/// Requests name their path by its index, so the order never changes and equal rows stay.
 constexpr const char* kPaths[] = {
     "/base",                                                    // 0: a placeholder that no request reaches
     "/api/device/detail",                                       // 1
@@ -51,7 +51,7 @@ constexpr const char* kPaths[] = {
     "/v3/streaming/records",                                    // 43
     "/v3/cameras/ticketInfo",                                   // 44
     "/v3/apigateway/login",                                     // 45
-    "",                                                         // 46: admitted, but no path
+    "",                                                         // 46: a valid index without a path
 };
 constexpr uint32_t kIndexLimit = 47;
 static_assert(sizeof(kPaths) / sizeof(kPaths[0]) == kIndexLimit);

@@ -11,7 +11,7 @@
 namespace vantix {
 namespace {
 
-/// The kept code. It owns nothing: a request may still ask for it while the process exits, and nothing is left behind
+/// The cached code. It owns nothing: a request may still ask for it while the process exits, and nothing is left behind
 /// when the library is unloaded.
 struct FeatureCodeCache {
     std::mutex mutex;

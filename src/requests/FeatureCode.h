@@ -15,13 +15,13 @@ struct HardwareSource {
 extern const HardwareSource kThisMachine;
 
 /// Writes the feature code, the digest of "serial|mac", into a buffer of at least 64 bytes. 0, or -1 on a null buffer
-/// or a failed digest. Hardware that cannot be read stands as an empty text.
+/// or a failed digest. Hardware that cannot be read counts as an empty text.
 int GetHDSign(char* buffer, const HardwareSource& source = kThisMachine);
 
-/// The feature code of the process, made on first use and kept; empty when it could not be made, and tried again then.
+/// The feature code of the process, made on first use and cached. Empty when that failed; the next call tries again.
 std::string PublicGetHDSign(const HardwareSource& source = kThisMachine);
 
-/// Forgets the kept feature code. For tests.
+/// Forgets the cached feature code. For tests.
 void ForgetFeatureCode();
 
 }  // namespace vantix

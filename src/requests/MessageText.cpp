@@ -4,14 +4,14 @@
 #include <cstdio>
 
 #if defined(__GNUC__)
-// The formats are data; their types checked, at compile time, that they fit the values.
+// The formats are data; their types check at compile time that they fit the values.
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 #endif
 
 namespace vantix {
 namespace {
 
-/// More than fits into a log line: what is cut here does not reach a sink either.
+/// Longer than a log line can be, so nothing is cut here that a sink would receive.
 constexpr size_t kLongest = 40961;
 
 std::string Formatted(const char* format, ...) {

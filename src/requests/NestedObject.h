@@ -5,7 +5,7 @@
 namespace vantix {
 
 /// A member that holds nested JSON, either as an object or as a text that holds one. `Document` is that of either JSON
-/// library; the object lives no longer than this and the member.
+/// library; the object is valid as long as this and the member.
 template <class Document>
 class NestedObject {
 public:
@@ -23,7 +23,7 @@ public:
         }
     }
 
-    /// The member is there, but no object could be had from it.
+    /// The member is there, but holds no object.
     bool Failed() const { return m_failed; }
     /// The object, or nothing.
     const View& Object() const { return m_object; }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// What responses of both families say about P2P.
+/// P2P members that responses of both families have.
 
 #include <string>
 

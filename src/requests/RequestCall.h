@@ -24,8 +24,8 @@
 
 namespace vantix {
 
-/// One request on its way, with all its parameters. Log lines bear the tag of the call site. Only `RequestCall` makes
-/// one, and checks what it is made of.
+/// One request with all its parameters. Log lines bear the tag of the call site. Only `RequestCall` makes one, and
+/// checks its parameters.
 class PreparedRequest {
 public:
     /// Takes a body and returns a response code.
@@ -46,7 +46,7 @@ public:
 protected:
     PreparedRequest(const CallSite& site, const RequestRow& row, const PlatformRoute& route);
     PreparedRequest(const CallSite& site, const RequestRow& row, const AuthorizationRoute& route);
-    /// Headers describe this computer as `client` does; without one the request asks for it itself, if it needs it.
+    /// Headers use `client`; without it the request makes one when needed.
     PreparedRequest(const CallSite& site, const RequestRow& row, const ConsumerRoute& route,
                     const ClientInfo* client = nullptr);
 
@@ -92,10 +92,10 @@ concept GivesKeysOf = Row.kind != RequestKind::JsonPost && (kIsKeyedParameter<Pa
 template <const RequestRow& Row, class... Parameters>
 concept GivesKeysOfConsumer = (Row.family == RequestFamily::Consumer) && GivesKeysOf<Row, Parameters...>;
 
-/// Prepares one request: what it is made of must be what its row asks for.
+/// Prepares one request. Route and parameters must be those of its row, or the call does not compile.
 template <const RequestRow& Row>
 class RequestCall : public PreparedRequest {
-    static_assert(IsConsistent(Row), "something stands in the row that its kind or family ignores");
+    static_assert(IsConsistent(Row), "the row has something that its kind or family ignores");
 
 public:
     using Route = typename RouteOfFamily<Row.family>::type;
@@ -106,7 +106,7 @@ public:
         : PreparedRequest(site, Row, route) {
         Add({parameters...});
     }
-    /// Where several requests, or a request and its parameters, must say the same of this computer.
+    /// For several requests, or a request and its parameters, that must describe this computer alike.
     template <class... Parameters>
     requires GivesKeysOfConsumer<Row, Parameters...> RequestCall(const CallSite& site, const Route& route,
                                                                  const ClientInfo& client,
@@ -124,7 +124,7 @@ public:
         PreparedRequest::CostInto(milliseconds);
         return *this;
     }
-    // A failure has its line in the row.
+    // Only for rows that have a line for the failure.
     int Run(const Reader& parse) requires(Row.parserFailure.IsThere()) { return PreparedRequest::Run(parse); }
     int Run(const Reader& check,
             const Reader& parse) requires(Row.checkFailure.IsThere() && Row.parserFailure.IsThere()) {

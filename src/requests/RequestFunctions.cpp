@@ -11,7 +11,7 @@
 namespace vantix {
 namespace {
 
-/// The whole address, or nothing without a base.
+/// The whole address; nothing when the base is missing.
 class Address {
 public:
     Address(const char* base, uint32_t endpoint) {

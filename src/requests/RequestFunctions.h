@@ -30,7 +30,7 @@ int SyncRequestHeader(uint32_t endpoint, const ParamMap& params, const ParamMap&
 int SyncRequestHeaderPost(uint32_t endpoint, const ParamMap& params, const ParamMap& headers, const char* base,
                           char** response, uint32_t* length);
 
-/// PUT with headers and without a body, always to the login path: `endpoint` is not looked at.
+/// PUT with headers and without a body, always to the login path: `endpoint` is ignored.
 int SyncPutRequestHeader(uint32_t endpoint, const ParamMap& params, const ParamMap& headers, const char* base,
                          char** response, uint32_t* length);
 

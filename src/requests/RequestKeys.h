@@ -33,13 +33,13 @@ inline constexpr bool kIsText = std::is_same_v<T, std::string> || std::is_same_v
 template <class T>
 concept ParameterType = kIsText<T> || std::is_same_v<T, int32_t>;
 
-/// A key as calls and rows are compared by.
+/// What calls and rows are compared by: a key and whether its value is optional.
 struct KeyInfo {
     std::string_view name;
     bool isOptional = false;
 };
 
-/// A key with its value, for as long as the value lives.
+/// A key and its value; a text is referenced, not copied.
 class Parameter {
 public:
     template <ParameterType Value>

@@ -19,7 +19,7 @@ enum class RequestKind {
     Put,           ///< With headers and without a body, always to the login path.
 };
 
-/// Whose request it is. Selects the type of the route.
+/// Which servers a request is for. Selects the type of the route.
 enum class RequestFamily {
     Platform,
     Consumer,
@@ -57,16 +57,16 @@ struct FixedParameter {
 struct RequestRow {
     RequestFamily family = RequestFamily::Platform;
     RequestKind kind = RequestKind::FormPost;
-    uint32_t endpoint = 0;  ///< None where the kind has a path of its own.
+    uint32_t endpoint = 0;  ///< 0 when the kind always uses the same path.
     CommonParameters common = {};
     CommonHeaders headers = {};
-    const char* keys[8] = {};          ///< Each call gives all of these,
-    const char* optionalKeys[2] = {};  ///< and these as optional values.
+    const char* keys[8] = {};          ///< Every call gives a value for each of these.
+    const char* optionalKeys[2] = {};  ///< A call gives these as `std::optional`.
     FixedParameter fixed[2] = {};
-    CodeText transportFailure = {};   ///< Without it that of the kind.
+    CodeText transportFailure = {};   ///< When absent, the text of the kind.
     BodyCodeText checkFailure = {};   ///< Of a check of the response that comes before the parser.
     BodyCodeText parserFailure = {};  ///< Its label need not be the parser's name.
-    CostText cost = {};               ///< Without it the elapsed time is not logged.
+    CostText cost = {};               ///< When absent, the elapsed time is not logged.
 };
 
 /// Whether requests of a kind have headers.

@@ -1,8 +1,7 @@
 #pragma once
 
 /// @file
-/// What the compiler checks: that a row fits together, and that a call gives a value for each key of its row and for no
-/// other.
+/// Checks at compile time: a row is consistent, and a call gives a value for each key of its row and for no other.
 
 #include <cstddef>
 #include <initializer_list>
@@ -18,8 +17,8 @@ constexpr bool HasOwnPath(RequestKind kind) {
     return kind == RequestKind::JsonPost || kind == RequestKind::TicketGet || kind == RequestKind::Put;
 }
 
-/// Consumer requests prove their right by a session, in a header; platform requests by an access token, and those for
-/// authorization by none.
+/// Consumer requests authenticate with a session, in a header; platform requests with an access token; authorization
+/// requests with neither.
 constexpr bool FitsFamily(const RequestRow& row) {
     const bool hasSession = row.headers.set != HeaderSet::None;
     const CommonParameters& common = row.common;
@@ -57,7 +56,7 @@ struct SentKeys {
             }
         }
     }
-    /// Whether a key stands twice: the second value would be lost.
+    /// Whether a key occurs twice: the second value would be lost.
     constexpr bool Repeat() const {
         bool repeats = false;
         for (size_t i = 0; i < size; ++i) {
@@ -79,7 +78,7 @@ constexpr bool Contains(std::initializer_list<KeyInfo> given, std::string_view n
 
 }  // namespace row_detail
 
-/// Whether what a row says fits together: nothing stands in it that its kind or family would ignore.
+/// Whether a row is consistent: it has nothing that its kind or family would ignore.
 constexpr bool IsConsistent(const RequestRow& row) {
     const row_detail::SentKeys keys(row);
     const bool hasHeaders = row.headers.set != HeaderSet::None || row.headers.formContentType;

@@ -26,10 +26,10 @@ using PayloadPlace = View (*)(const View& root);
 /// Parses a body: 0, or 1 and a line when it is not JSON.
 int ParseBody(const CallSite& site, const std::string& body, json::JsonCppDocument& document);
 
-/// Parses the body and asks the rule; there is no payload to read, and a code that is not 0 has no line.
+/// Parses the body and applies the rule. Reads no payload and logs no refusal.
 int CheckResponse(const CallSite& site, const std::string& body, EnvelopeRule<json::JsonCppView> rule);
 
-/// Parses the body, asks the rule (its code and a line when it is not 0), then reads the payload: 0, or a response
+/// Parses the body, applies the rule (its code and a line when it is not 0), then reads the payload: 0, or a response
 /// code.
 int ReadResponse(const CallSite& site, const std::string& body, EnvelopeRule<json::JsonCppView> rule,
                  const std::function<int(const json::JsonCppView& root)>& read);

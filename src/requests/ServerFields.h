@@ -5,7 +5,7 @@
 
 namespace vantix {
 
-/// Which member fills which field of the media servers, as both families say it.
+/// Which member fills which field of the media servers, in the responses of both families.
 inline constexpr json::Field<ServerInfo> kServerFields[] = {
     {"stun1Addr", &ServerInfo::stun1Addr},
     {"stun1Port", &ServerInfo::stun1Port},

@@ -41,7 +41,7 @@ int PrintTrace(CURL* /*handle*/, curl_infotype type, char* data, size_t size, vo
         char text[1024] = {};
         std::snprintf(text, sizeof(text), "libcurl  infotype:%d info:%s \n", static_cast<int>(type), piece.c_str());
         TVL_OutputDebugString(text);
-    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): a trace that has no memory is left out
+    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): without memory the trace line is dropped
     }
     return 0;
 }

@@ -8,7 +8,7 @@
 
 namespace vantix {
 
-/// One transfer: a curl handle with everything that it owns. It is made, takes its options, is performed once and gone.
+/// One transfer: a curl handle with everything that it owns. It is made, gets its options, runs once and is destroyed.
 ///
 /// Only http and https are spoken, also after a redirect; any other scheme ends with libcurl's code 1. The first step
 /// that fails decides the result, and nothing is sent then.
@@ -27,7 +27,7 @@ public:
         }
     }
 
-    /// Adds a header line ("key: value"). Line breaks are taken out of it: one entry never becomes two headers.
+    /// Adds a header line ("key: value"). Line breaks are removed: one entry never becomes two headers.
     void AddHeader(const std::string& line);
     /// Adds every entry as a header; one with an empty value is sent too.
     void AddHeaders(const ParamMap& headers);
@@ -47,7 +47,7 @@ public:
     /// Performs the transfer; libcurl's code, or that of the first step that failed before it.
     int Perform();
 
-    /// What the server sent as body.
+    /// The body that the server sent.
     std::string& Body() { return m_body; }
 
 private:

@@ -49,7 +49,7 @@ def called(source, table):
 
 def missing(slots, meant, table, sources):
     names = set().union(*[called(source, table) for source in sources])
-    # An overload stands for its slots only when it has one: else the source does not tell which was meant.
+    # An overload stands for its slots only when it has one: else the source does not say which was meant.
     names |= {slot for member in names for slot in meant.get(member, ()) if len(meant[member]) == 1}
     return [slot for slot in slots if slot not in names]
 

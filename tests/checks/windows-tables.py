@@ -3,7 +3,7 @@
     windows-tables.py OBJDUMP DATACENTER.DLL TVLLOG.DLL LIST VERSION
 
 The data center shows exactly the names of LIST; of tvllog.dll it imports ordinal 26 and nothing else, of other DLLs
-only those that every Windows has; it carries VERSION as a resource.
+only those that every Windows has; it has VERSION as a resource.
 """
 import re
 import subprocess

@@ -1,4 +1,4 @@
-// Which credential a detail request carries in each permission mode, and what an empty one does.
+// Which credential a detail request sends in each permission mode, and what an empty one does.
 
 #include <gmock/gmock.h>
 

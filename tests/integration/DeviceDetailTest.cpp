@@ -64,7 +64,7 @@ TEST_F(DeviceDetailTest, AbsentChannelIsFetchedBehindTheFuture) {
 }
 
 TEST_F(DeviceDetailTest, EveryKindOfDeviceIsReadWhole) {
-    // Some of them carry their nested members as text, some as objects.
+    // Some of them have their nested members as text, some as objects.
     const std::pair<const char*, int> channels[] = {{kCamera, 1},        {kRecorder, 16},    {kBehindOnline, 1},
                                                     {kBehindOffline, 1}, {kOtherRelease, 1}, {kOffline, 4},
                                                     {kShared, 1}};

@@ -45,7 +45,7 @@ TEST_F(DeviceRelationTest, FreshRecordOfACachedDeviceComesBackAsItsParent) {
     EXPECT_EQ(DetailRequests(), 1U);
 }
 
-TEST_F(DeviceRelationTest, RecordThatCarriesTheRelationComesBackAsItsOwn) {
+TEST_F(DeviceRelationTest, RecordThatHasTheRelationComesBackAsItsOwn) {
     Detail detail;
     ASSERT_EQ(Fetch(kBehindOnline, 1, detail), 0);
     ExpectOwn(detail, kBehindOnline, kRecorder, 3);

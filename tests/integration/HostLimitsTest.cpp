@@ -18,7 +18,7 @@ namespace {
 
 class HostLimitsTest : public SurvivalFixture {};
 
-/// Leaves the process so many descriptors while it lives.
+/// Leaves the process so many descriptors while it exists.
 class DescriptorsLeft {
 public:
     explicit DescriptorsLeft(size_t left) {
@@ -37,7 +37,7 @@ private:
 
 TEST_F(HostLimitsTest, CallersWithoutADescriptorFailAndTheOthersDoNot) {
     // Those who get through wait at the gate and keep what they have, until somebody found nothing left.
-    Cloud().Script({{"path", kDetailPath}, {"hold", "gate"}, {"times", 0}});
+    Cloud().Script({{"path", kDetailPath}, {"hold", "detail"}, {"times", 0}});
     std::vector<int> results(64, -1);
     std::atomic<int> finished{0};
     std::vector<std::thread> callers;

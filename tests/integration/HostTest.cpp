@@ -38,7 +38,7 @@ TEST_F(HostTest, CommaLocaleChangesNeitherResponsesNorRequests) {
     EXPECT_EQ(Cloud().Requests().back().body, sent);
 }
 
-/// Sets a variable of the environment while it lives.
+/// Sets a variable of the environment while it exists.
 class EnvironmentVariable {
 public:
     EnvironmentVariable(const char* name, const std::string& value) : m_name(name) { Set(value.c_str()); }

@@ -12,8 +12,8 @@ namespace {
 
 class LifetimeTest : public DetailFixture {
 protected:
-    /// Lets detail requests wait until the gate is released.
-    void HoldRequests() const { Cloud().Script({{"path", kDetailPath}, {"hold", "gate"}, {"times", 0}}); }
+    /// Holds detail requests until they are released.
+    void HoldRequests() const { Cloud().Script({{"path", kDetailPath}, {"hold", "detail"}, {"times", 0}}); }
     void LetRequestsGo() const { Cloud().ForgetScript(); }
 };
 
@@ -52,7 +52,7 @@ TEST_F(LifetimeTest, TasksOutliveTheHandleThatStartedThem) {
                                                futures[static_cast<size_t>(i)]),
                       -1);
         }
-        ASSERT_TRUE(Cloud().WaitUntilHeld("gate", kTasks));
+        ASSERT_TRUE(Cloud().WaitUntilHeld("detail", kTasks));
     }
     LetRequestsGo();
     for (int i = 0; i < kTasks; ++i) {
@@ -68,7 +68,7 @@ TEST_F(LifetimeTest, DroppingTheLastFutureWaitsForItsTask) {
     Detail detail;
     auto future = std::make_unique<std::future<int32_t>>();
     ASSERT_EQ(Center().getDevDetailInfo(kCamera, 1, detail.channel, detail.device, *future), -1);
-    ASSERT_TRUE(Cloud().WaitUntilHeld("gate", 1));
+    ASSERT_TRUE(Cloud().WaitUntilHeld("detail", 1));
     bool isComplete = false;
     std::thread dropper([&] {
         future.reset();
@@ -86,11 +86,11 @@ TEST_F(LifetimeTest, TaskRestartedIntoTheSameFutureReplacesIt) {
     Detail second;
     std::future<int32_t> future;
     ASSERT_EQ(Center().getDevDetailInfo(kRecorder, 1, first.channel, first.device, future), -1);
-    ASSERT_TRUE(Cloud().WaitUntilHeld("gate", 1));
+    ASSERT_TRUE(Cloud().WaitUntilHeld("detail", 1));
     // Filling the future again waits for the task that it stood for, so this call returns after the release only.
     std::thread restarter(
         [&] { EXPECT_EQ(Center().getDevDetailInfo(kRecorder, 2, second.channel, second.device, future), -1); });
-    EXPECT_TRUE(Cloud().WaitUntilHeld("gate", 2));
+    EXPECT_TRUE(Cloud().WaitUntilHeld("detail", 2));
     LetRequestsGo();
     restarter.join();
     EXPECT_EQ(first.channel.cameraNo, 1);

@@ -127,7 +127,7 @@ TEST_P(OperationTest, AsksOnceWhereTheTableNamesACache) {
     EXPECT_EQ(Cloud().RequestCount(), Row().cache == "-" ? 2 * first : first);
 }
 
-/// Those whose response says that a token has expired, or that the platform fails for the moment.
+/// Those whose response says that a token has expired, or that the platform has a transient failure.
 class PlatformRenewalTest : public OperationTest {};
 
 TEST_P(PlatformRenewalTest, RenewsTheAccessTokenWhereTheTableSaysSo) {
@@ -143,7 +143,7 @@ TEST_P(PlatformRenewalTest, RenewsTheAccessTokenWhereTheTableSaysSo) {
     EXPECT_EQ(Center().getAccessToken() != Account("accessToken"), renewals == 1);
 }
 
-TEST_P(PlatformRenewalTest, TriesAgainAfterFailuresOfTheMomentWhereTheTableSaysSo) {
+TEST_P(PlatformRenewalTest, TriesAgainAfterTransientFailuresWhereTheTableSaysSo) {
     SetRefreshCredentials();
     size_t attempts = Row().Renews("three attempts on 349999, 350000") ? 3 : 1;
     attempts = Row().Renews("one repeat on 349999, 350000") ? 2 : attempts;
@@ -184,7 +184,7 @@ bool AsksThePlatform(const OperationRow& row) {
     return row.ownRequest != "UploadCloudPicFile" && row.credentials[kOrdinary] != "no request";
 }
 
-bool CarriesASession(const OperationRow& row) {
+bool SendsASession(const OperationRow& row) {
     return row.credentials[kSharedInB2C] == "session" && row.name != "RefreshSession";
 }
 
@@ -192,12 +192,12 @@ std::string NameOf(const ::testing::TestParamInfo<OperationRow>& row) { return r
 
 INSTANTIATE_TEST_SUITE_P(Table, OperationTest, ::testing::ValuesIn(ReadOperations()), NameOf);
 INSTANTIATE_TEST_SUITE_P(Table, PlatformRenewalTest, ::testing::ValuesIn(OperationsWhere(AsksThePlatform)), NameOf);
-INSTANTIATE_TEST_SUITE_P(Table, SessionRenewalTest, ::testing::ValuesIn(OperationsWhere(CarriesASession)), NameOf);
+INSTANTIATE_TEST_SUITE_P(Table, SessionRenewalTest, ::testing::ValuesIn(OperationsWhere(SendsASession)), NameOf);
 
 TEST(OperationTable, HasEveryOperationThatSends) {
     EXPECT_EQ(ReadOperations().size(), 50U);
     EXPECT_EQ(OperationsWhere(AsksThePlatform).size(), 48U);
-    EXPECT_EQ(OperationsWhere(CarriesASession).size(), 16U);
+    EXPECT_EQ(OperationsWhere(SendsASession).size(), 16U);
 }
 
 }  // namespace

@@ -126,7 +126,7 @@ protected:
     }
 
     void ResolveTheParent() const {
-        // The fresh record carries the relation already, so the camera comes back as its recorder at once.
+        // The fresh record has the relation already, so the camera comes back as its recorder at once.
         Detail detail;
         EXPECT_EQ(Center().getDevDetailInfoByRelation(kBehindOnline, 1, detail.channel, detail.device), 0);
         EXPECT_EQ(detail.device.deviceSerial, kRecorder);

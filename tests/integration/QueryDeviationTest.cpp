@@ -134,7 +134,7 @@ TEST_F(QueryDeviationTest, ConfigurationSendsAndNeedsNoToken) {
 
 // ---- The detail of a device of another platform
 
-TEST_F(QueryDeviationTest, DetailIsAskedForAgainAfterAFailureOfTheMoment) {
+TEST_F(QueryDeviationTest, DetailIsAskedForAgainAfterATransientFailure) {
     for (const char* code : {"49999", "50000"}) {
         SCOPED_TRACE(code);
         Cloud().ForgetRequests();

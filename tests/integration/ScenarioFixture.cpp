@@ -93,7 +93,7 @@ void ScenarioFixture::UploadPicture(const std::string& serial, const std::string
     ASSERT_EQ(uploads.size(), 1U);
     EXPECT_TRUE(uploads.at(0).at("received"));
     EXPECT_EQ(uploads.at(0).at("contentHex"), "ffd8206761746520ffd9");
-    // The address carries its own permission.
+    // The address includes its own permission.
     const std::string path = url.substr(url.find("/upload/"));
     ExpectJournal({{server, "/api/service/cloud/upload/url", credential}, {"B", path.c_str(), "none"}});
 }

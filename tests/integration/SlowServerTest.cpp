@@ -31,7 +31,7 @@ TEST_F(SlowServerTest, EveryTransferEndsAfterItsTime) {
     Respond("HeldResponse", {{"hold", "forever"}});
     Respond("DrippedHeaders", {{"raw", endless}, {"drip", {{"bytes", 1}, {"ms", 1000}}}});
     Respond("DrippedBody", {{"raw", endless + std::string(1000, ' ')}, {"drip", {{"bytes", 48}, {"ms", 2000}}}});
-    // Requests of a redirect loop carry no form after the first, so this one is for whoever comes without one.
+    // Only the first request of a redirect loop has a form, so this script is for every request of the path.
     Cloud().Script({{"path", kDetailPath},
                     {"status", 302},
                     {"headers", {{"Location", kDetailPath}}},

@@ -73,7 +73,8 @@ TEST_P(WireTest, GoesOverTheWireExactlySo) {
     EXPECT_THAT(received, ::testing::UnorderedElementsAreArray(expected));
 }
 
-/// libcurl's code for a connection that ends inside a response. The system's TLS on Windows misses its goodbye first.
+/// libcurl's code for a connection that ends inside a response. The system's TLS on Windows first reports that
+/// close_notify is missing.
 #if defined(_WIN32)
 constexpr char kCutShort[] = "56";
 constexpr int kCutShortResult = 100056;
@@ -94,7 +95,7 @@ TEST_P(WireTest, TransferThatBreaksOffGivesTheTransportsCode) {
         Respond(Row().path, row.response);
         Cloud().ForgetRequests();
         const LogCapture log;
-        // Some operations do not tell one failure from another.
+        // Some operations return the same for every failure.
         EXPECT_EQ(Call(), Row().unsentResult == 100007 ? row.result : Row().unsentResult);
         EXPECT_EQ(Cloud().RequestCount(), Row().before.size() + 1);
         const auto line = Line(5, "ERROR", Row().function, std::string(failed).append(row.code));

@@ -4,7 +4,7 @@
 
 namespace vantix::test {
 
-/// While it lives, one allocation of this thread by `operator new` fails: number `n` from now on, counted from 1. One
+/// While it exists, one allocation of this thread by `operator new` fails: number `n` from now on, counted from 1. One
 /// at a time in a thread. One file of the program includes support/FailingNewOperators.inc.
 class FailingNew {
 public:
@@ -19,7 +19,7 @@ public:
     static void* Allocate(size_t size);
     static void* AllocateOrNull(size_t size) noexcept;
 
-    /// While it lives, the allocations of this thread neither fail nor count: those of test code that the library
+    /// While it exists, the allocations of this thread neither fail nor count: those of test code that the library
     /// calls.
     class Suspended {
     public:

@@ -4,7 +4,7 @@
 
 namespace vantix::test {
 
-/// Makes the library read this clock while it lives. One at a time; any thread may read it.
+/// Makes the library read this clock while it exists. One at a time; any thread may read it.
 class FakeClock {
 public:
     /// Starts at this number of seconds since the epoch.

@@ -6,7 +6,7 @@
 
 namespace vantix::test {
 
-/// While it lives, the feature code of the process is "f-code" on every machine.
+/// While it exists, the feature code of the process is "f-code" on every machine.
 class FixedFeatureCode {
 public:
     FixedFeatureCode() {

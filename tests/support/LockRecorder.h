@@ -5,7 +5,7 @@
 
 namespace vantix::test {
 
-/// Notes the mutexes of the runtime that the calling thread takes while this lives. One at a time for each thread. The
+/// Notes the mutexes of the runtime that the calling thread takes while this exists. One at a time for each thread. The
 /// program is linked with the options that LockRecorder.cpp names.
 class LockRecorder {
 public:

@@ -22,7 +22,7 @@ struct LogLine {
 
 void PrintTo(const LogLine& line, std::ostream* out);
 
-/// Collects every log line while it lives, from all threads. One at a time. Keeps the debugger channel as it is.
+/// Collects every log line while it exists, from all threads. One at a time. Keeps the debugger channel as it is.
 class LogCapture {
 public:
     LogCapture();

@@ -2,7 +2,7 @@
 
 namespace vantix::test {
 
-/// While it lives, no thread can be started by code of this program, as when the system has none left. One at a time.
+/// While it exists, no thread can be started by code of this program, as when the system has none left. One at a time.
 /// The program is linked with the option that support/NoThreads.cpp names.
 class NoThreads {
 public:

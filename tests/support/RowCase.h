@@ -40,7 +40,7 @@ struct RowCase {
 
 void PrintTo(const RowCase& row, std::ostream* out);
 
-/// Runs a row. Whatever comes before it in the same call is answered by `before`.
+/// Runs a row. Earlier requests of the same call get the responses in `before`.
 class RequestRows : public testing::TestWithParam<RowCase> {
 protected:
     RequestRows() { m_clock.SetSteadyStep(3'000'000); }

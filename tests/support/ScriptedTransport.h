@@ -25,7 +25,7 @@ struct ScriptedResponse {
     std::string body;
 };
 
-/// While it lives, no transfer leaves the process: each gets the next response of a script, and code 7 (nothing there)
+/// While it exists, no transfer leaves the process: each gets the next response of a script, and code 7 (nothing there)
 /// when the script is at its end. One at a time; requests may come from any thread. The program is linked with the
 /// options that support/ScriptedTransport.cpp names.
 class ScriptedTransport {

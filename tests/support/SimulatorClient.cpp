@@ -185,10 +185,10 @@ std::string SimulatorClient::ClosedPort() const {
     return address;
 }
 
-bool SimulatorClient::WaitUntilHeld(const std::string& gate, int count) const {
+bool SimulatorClient::WaitUntilHeld(const std::string& hold, int count) const {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(1);
     while (std::chrono::steady_clock::now() < deadline) {
-        if (Get("/holds").value(gate, 0) >= count) {
+        if (Get("/holds").value(hold, 0) >= count) {
             return true;
         }
     }

@@ -55,9 +55,9 @@ public:
     /// The address of a port that was open and is closed now.
     std::string ClosedPort() const;
 
-    /// Waits until so many requests wait at the gate; false when that took longer than a minute.
-    bool WaitUntilHeld(const std::string& gate, int count) const;
-    void Release(const std::string& gate) const { Post("/release", {{"hold", gate}}); }
+    /// Waits until so many requests are held under this name; false when that took longer than a minute.
+    bool WaitUntilHeld(const std::string& hold, int count) const;
+    void Release(const std::string& hold) const { Post("/release", {{"hold", hold}}); }
 
     std::vector<ReceivedRequest> Requests() const;
     std::vector<ReceivedRequest> Requests(const std::string& path) const;

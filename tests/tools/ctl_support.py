@@ -50,8 +50,8 @@ class Cloud:
 
     def control(self, method, path, content=None):
         body = None if content is None else json.dumps(content).encode()
-        with urllib.request.urlopen(urllib.request.Request(self.address + path, body, method=method)) as answer:
-            return json.load(answer)
+        with urllib.request.urlopen(urllib.request.Request(self.address + path, body, method=method)) as response:
+            return json.load(response)
 
     def journal(self):
         return self.control("GET", "/journal")

@@ -139,14 +139,14 @@ class Operations(Case):
             self.assertEqual(self.document("getDevDetailInfoSync", *arguments)["result"]["channel"], expected)
 
     def test_operations_in_a_chain_share_the_caches(self):
-        answers = self.document("getDevInfoCache", CAMERA, "then", "getDevDetailInfo", CAMERA, "then",
+        responses = self.document("getDevInfoCache", CAMERA, "then", "getDevDetailInfo", CAMERA, "then",
                                 "getDevInfoCache", CAMERA, "then", "IsSupportSeekPlayback", CAMERA, "then",
                                 "setChannelCacheValue", CAMERA, "42", "then", "getChannelCacheValue", CAMERA,
                                 "then", "ClearAllCache", "then", "getChannelCacheValue", CAMERA, status=1)
-        self.assertEqual([answer["code"] for answer in answers], [-1, 0, 0, 0, 0, 0, 0, -1])
-        self.assertEqual([answers[3]["result"], answers[5]["result"]], [True, 42])
-        self.assertEqual(answers[2]["result"]["device"]["iRequestCost"], 0)
-        self.assertEqual((answers[0]["operation"], answers[0]["slot"]), ("getDevInfoCache", 68))
+        self.assertEqual([response["code"] for response in responses], [-1, 0, 0, 0, 0, 0, 0, -1])
+        self.assertEqual([responses[3]["result"], responses[5]["result"]], [True, 42])
+        self.assertEqual(responses[2]["result"]["device"]["iRequestCost"], 0)
+        self.assertEqual((responses[0]["operation"], responses[0]["slot"]), ("getDevInfoCache", 68))
 
     def test_setters_and_getters(self):
         for setter, value, getter, shown in (

@@ -168,7 +168,7 @@ class EveryOperation(Case):
 
 
 class Values(Case):
-    """What the tool hands to operations when nothing is said, and what it makes of their answers."""
+    """What the tool hands to operations when nothing is said, and what it makes of their results."""
 
     def test_what_is_sent_when_nothing_is_said(self):
         rows = [
@@ -191,9 +191,9 @@ class Values(Case):
                           cloud.account["accessToken"])
             self.assertRegex(cloud.sent()[-1]["searchDate"], r"^\d{4}-\d\d-\d\d$")
 
-    def test_machines_get_answers_whole(self):
-        answer = self.document("getAlarmList", CAMERA)["result"]
-        self.assertEqual((answer["result"]["code"], len(answer["result"]["data"])), ("200", 2))
+    def test_machines_get_results_whole(self):
+        response = self.document("getAlarmList", CAMERA)["result"]
+        self.assertEqual((response["result"]["code"], len(response["result"]["data"])), ("200", 2))
         files = self.document("getDeviceFileBySerial", CAMERA)["result"]
         self.assertEqual(len(json.loads(files["strDeviceRecordList"])), len(files["files"]))
 

@@ -97,9 +97,9 @@ class Explain(Case):
                 self.assertIn(words, text)
 
     def test_json(self):
-        answer = self.document("explain", "310002")
-        self.assertEqual(list(answer), ["code", "layer", "meaning", "advice"])
-        self.assertEqual((answer["code"], answer["layer"]), (310002, "platform"))
+        response = self.document("explain", "310002")
+        self.assertEqual(list(response), ["code", "layer", "meaning", "advice"])
+        self.assertEqual((response["code"], response["layer"]), (310002, "platform"))
         self.assertEqual(self.document("explain", "100007")["layer"], "transport")
         self.assertEqual(self.document("explain", "-1")["layer"], "core")
 
@@ -158,10 +158,10 @@ class Detail(Case):
         return re.findall(r"^    [\w:<>]+ (\w+)(?: = [^;]*)?;", body, re.M)
 
     def test_json_has_every_field_of_both_records(self):
-        answer = self.document("detail", CAMERA, "1")
-        self.assertEqual(list(answer), ["operation", "code", "meaning", "milliseconds", "result"])
-        self.assertEqual((answer["code"], answer["meaning"]), (0, "success"))
-        channel, device = answer["result"]["channel"], answer["result"]["device"]
+        response = self.document("detail", CAMERA, "1")
+        self.assertEqual(list(response), ["operation", "code", "meaning", "milliseconds", "result"])
+        self.assertEqual((response["code"], response["meaning"]), (0, "success"))
+        channel, device = response["result"]["channel"], response["result"]["device"]
         self.assertEqual(list(channel), self.members("DevChannelInfo.h", "DevChannelInfo"))
         self.assertEqual(list(device), self.members("BelongDevInfo.h", "BelongDevInfo") +
                          self.members("DevDetailInfo.h", "DevDetailInfo"))
@@ -194,9 +194,9 @@ class Detail(Case):
 
     def test_a_failure_is_status_1(self):
         self.assertIn("320002", self.fails(1, "detail", "X99999999"))
-        answer = self.document("detail", "X99999999", status=1)
-        self.assertEqual((answer["code"], answer["result"]), (320002, None))
-        self.assertIn("20002", answer["meaning"])
+        response = self.document("detail", "X99999999", status=1)
+        self.assertEqual((response["code"], response["result"]), (320002, None))
+        self.assertIn("20002", response["meaning"])
 
     def test_a_server_that_is_not_there(self):
         self.assertIn("100007", self.fails(1, "detail", CAMERA, "--b-domain", "https://127.0.0.1:9",
@@ -220,8 +220,8 @@ class Detail(Case):
             cloud.control("POST", "/scripted-responses", {"path": "/api/device/detail", "bodyHex": body.hex()})
             done = run("detail", CAMERA, "--json", "--b-domain", cloud.b_domain, "--access-token",
                        cloud.account["accessToken"])
-        answer = json.loads(done.out)
-        self.assertEqual((answer["code"], answer["result"]["channel"]["cameraId"]), (0, "\ufffd\ufffd"))
+        response = json.loads(done.out)
+        self.assertEqual((response["code"], response["result"]["channel"]["cameraId"]), (0, "\ufffd\ufffd"))
 
 
 if __name__ == "__main__":

@@ -42,9 +42,9 @@ constexpr std::array kKnownCodes = {
         VANTIX_ACCESS_TOKEN_EXPIRED, "platform", "the access token has expired",
         "The data center renews it once, which needs --auth-addr, --app-id, --open-id and --refresh-token; otherwise "
         "log in again."},
-    KnownCode{VANTIX_PLATFORM_CODE_49999, "platform", "the platform failed for the moment (its code 49999)",
+    KnownCode{VANTIX_PLATFORM_CODE_49999, "platform", "a transient failure of the platform (its code 49999)",
               "This is temporary: try again later. Requests for a detail are already repeated by the data center."},
-    KnownCode{VANTIX_PLATFORM_CODE_50000, "platform", "the platform failed for the moment (its code 50000)",
+    KnownCode{VANTIX_PLATFORM_CODE_50000, "platform", "a transient failure of the platform (its code 50000)",
               "This is temporary: try again later. Requests for a detail are already repeated by the data center."},
     KnownCode{VANTIX_DEV_RELEASE_MISMATCH, "core",
               "the cached device is of another release and is not served from a cache",

@@ -113,7 +113,7 @@ bool DetailCaches::IsSupportPlaybackSpeed(const std::string& serial, int speed) 
     const bool isSmall = speed >= 0 && speed <= 9 && ((kSmallSpeeds >> static_cast<unsigned>(speed)) & 1U) != 0;
     return IsSerialGiven(VANTIX_CORE_HERE("IsSupportPlaybackSpeed"), serial) &&
            m_mapSerialDetailInfo.Read(serial, false, [&](const DevDetailInfo& stored) {
-               // A small speed must be exactly 1, any other one merely not 0.
+               // A small speed must be exactly 1, any other must not be 0.
                return isSmall ? stored.support_device_playback_small_speed == 1 : stored.support_quickplay_way != 0;
            });
 }

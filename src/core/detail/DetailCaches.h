@@ -16,8 +16,8 @@ bool IsServedRelease(const BelongDevInfo& device);
 /// Marks a record as one that came from a cache and took no request.
 void MarkFromCache(DevDetailInfo& detail);
 
-/// What the core remembers of devices and channels: three caches, each with a lock of its own, of which no two are held
-/// at once. Records are copied in and out. Lines bear the core's tags.
+/// Cached records of devices and channels: three caches, each with its own lock; no two locks are held at once. Records
+/// are copied in and out. Lines bear the core's tags.
 class DetailCaches {
 public:
     // ---- The interface's operations
@@ -39,8 +39,8 @@ public:
     /// A copy of a device's record, by its serial.
     std::optional<DevDetailInfo> FindDevice(const std::string& serial) const;
 
-    /// Stores what a fetch brought. A device that names a parent gets the parent's record stored too, when the response
-    /// had one, or when nothing is cached under the parent's serial. Whole or, when memory runs out, not at all.
+    /// Stores the records of a fetch. A device that names a parent gets the parent's record stored too, when the
+    /// response had one, or when nothing is cached under the parent's serial. When memory runs out, nothing is stored.
     void Store(const std::string& serial, int ch, const DevChannelInfo& channelInfo, const DevDetailInfo& detail,
                const std::optional<BelongDevInfo>& parent);
 

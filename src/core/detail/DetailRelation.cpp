@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kOnline = 1;
 
-/// Makes the record the parent's, with what the device alone can say.
+/// Replaces the record by the parent's, with the members that only the device has.
 void BecomeParent(const CallSite& site, const DevDetailInfo& parent, const DevDetailInfo& own, DevDetailInfo& detail) {
     detail = parent;
     VANTIX_LOG_INFO(site, level::kInfo, "BelongNo Associated device %s is online", detail.deviceSerial.c_str());

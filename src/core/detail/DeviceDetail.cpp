@@ -48,7 +48,7 @@ int DeviceDetail::getDevDetailInfo(const std::string& serial, int ch, DevChannel
                                    DevDetailInfo& detail, std::future<int32_t>& future, bool retried) {
     const int cached = m_caches.getDevInfoCache(serial, ch, channelInfo, detail);
     if (cached == VANTIX_NOERROR && !m_settings.isExpired(detail.tCacheTime) && !detail.isUpdate) {
-        // A success worded and levelled as an error, and kept so.
+        // Logs a success with the word and level of an error. The text is fixed.
         VANTIX_LOG_ERROR(VANTIX_CORE_HERE("getDevDetailInfo"), level::kError,
                          "getDevDetailInfo FromLocal SUCCESS  isUpdate = %d", cached);
         return VANTIX_NOERROR;

@@ -29,7 +29,7 @@ public:
                                    DevDetailInfo& detail, bool retried);
 
 private:
-    /// One attempt: fetches, and stores what came.
+    /// One attempt: fetches, and stores the records.
     Outcome updateDevDetailInfo(const Attempt& attempt, DevChannelInfo& channelInfo, DevDetailInfo& detail);
     Outcome Fetch(const Subject& subject, DevChannelInfo& channelInfo, DevDetailInfo& detail,
                   std::optional<BelongDevInfo>& parent) const;

@@ -14,40 +14,41 @@ class SingleRecordCache {
 public:
     /// Copies a valid record out, as one that took no request; false when there is none.
     bool Serve(Record& record) const {
-        return m_kept.With([&](const Kept& kept) {
-            if (kept.isValid) {
-                record = kept.record;
+        return m_entry.With([&](const Entry& entry) {
+            if (entry.isValid) {
+                record = entry.record;
                 record.iRequestCost = 0;
             }
-            return kept.isValid;
+            return entry.isValid;
         });
     }
 
-    /// Keeps a record as fetched now.
-    void Keep(Record record) {
-        Kept fresh{std::move(record), true, TruncatedWallSeconds()};
-        m_kept.With([&](Kept& kept) { std::swap(kept, fresh); });
+    /// Stores a record as fetched now.
+    void Store(Record record) {
+        Entry fresh{std::move(record), true, TruncatedWallSeconds()};
+        m_entry.With([&](Entry& entry) { std::swap(entry, fresh); });
     }
 
     /// The record is not served any more.
     void Invalidate() {
-        m_kept.With([](Kept& kept) { kept.isValid = false; });
+        m_entry.With([](Entry& entry) { entry.isValid = false; });
     }
 
-    /// The same, when the record was kept more than this many seconds ago.
+    /// The same, when the record was stored more than this many seconds ago.
     void InvalidateOlderThan(int32_t seconds) {
         const int32_t now = TruncatedWallSeconds();
-        m_kept.With([&](Kept& kept) { kept.isValid = kept.isValid && SecondsBetween(kept.storeTime, now) <= seconds; });
+        m_entry.With(
+            [&](Entry& entry) { entry.isValid = entry.isValid && SecondsBetween(entry.storeTime, now) <= seconds; });
     }
 
 private:
-    struct Kept {
+    struct Entry {
         Record record{};
         bool isValid = false;
         int32_t storeTime = 0;  ///< Seconds since the epoch, truncated.
     };
 
-    Guarded<Kept> m_kept;
+    Guarded<Entry> m_entry;
 };
 
 }  // namespace vantix

@@ -12,19 +12,19 @@
 
 namespace vantix {
 
-/// What differs from one single record to the other.
+/// What differs between the kinds of single records.
 template <class Record>
 struct SingleRecordKind {
-    CallSite call;                   ///< Whose name the lines bear,
-    CallSite task;                   ///< and those of the background task.
+    CallSite call;                   ///< Log tag of a direct call.
+    CallSite task;                   ///< Log tag of the background task.
     const char* taskText = nullptr;  ///< What the task logs first. No error, but at that level on purpose.
     int (*fromPlatform)(const PlatformRoute& route, Record& record) = nullptr;
     int (*fromConsumer)(const ConsumerRoute& route, Record& record) = nullptr;
-    /// Whether a success of the consumer servers filled the record; one that did not is passed on and not kept.
+    /// Whether a success of the consumer servers filled the record; one that did not is passed on and not cached.
     bool (*isFilled)(const Record& record) = nullptr;
 };
 
-/// One record that either family can tell, kept until it is invalidated: the same steps for all of them.
+/// One cached record that either server family can provide.
 template <class Record>
 class SingleRecordFetch {
 public:
@@ -71,7 +71,7 @@ private:
             record.iRequestCost = fresh.iRequestCost;
             return result;
         }
-        m_cache.Keep(fresh);
+        m_cache.Store(fresh);
         record = std::move(fresh);
         return VANTIX_NOERROR;
     }

@@ -11,7 +11,7 @@
 namespace vantix {
 namespace {
 
-/// The token decides who responds, the channel where the platform's request goes.
+/// The token decides which family gets the request, the channel where the platform's request goes.
 constexpr RouteRow kByToken{.family = FamilyRule::ByToken};
 constexpr RouteRow kByDevice{
     .credential = Credential::TkToken,
@@ -31,7 +31,7 @@ int P2PDevices::getP2PDevInfoFromLocal(const std::string& serial, P2PDevInfo& de
     return VANTIX_NOERROR;
 }
 
-void P2PDevices::Keep(const P2PDevInfo& devInfo) {
+void P2PDevices::Store(const P2PDevInfo& devInfo) {
     m_mapP2PDevInfo.Put(decltype(m_mapP2PDevInfo)::EntryFor(devInfo.deviceSerial, devInfo));
 }
 
@@ -58,7 +58,7 @@ int P2PDevices::updateP2PDevInfo(const CallSite& site, const RouteRow& row, cons
         return result;
     }
     fresh.deviceSerial = subject.serial;
-    Keep(fresh);
+    Store(fresh);
     devInfo = std::move(fresh);
     return VANTIX_NOERROR;
 }
@@ -114,7 +114,7 @@ int P2PDevices::isP2PV3download(const std::string& serial, int ch) {
     Decision decision = m_routes.Begin(kByDevice, subject);
     if (decision.IsCredentialMissing()) {
         RefuseWithoutCredential(site);
-        return 1;  // without a credential the newer way is assumed
+        return 1;  // without a credential the newer download is assumed
     }
     P2PDevInfo devInfo;
     if (getP2PDevInfoFromLocal(serial, devInfo) != VANTIX_NOERROR &&

@@ -12,7 +12,7 @@
 
 namespace vantix {
 
-/// What a player needs to reach a device by P2P, kept by serial. Lines bear the core's tags.
+/// What a player needs to reach a device by P2P, cached by serial. Lines bear the core's tags.
 class P2PDevices {
 public:
     /// The parts outlive this one, and this one outlives its tasks.
@@ -25,16 +25,16 @@ public:
                             bool forceFetch);
     int isP2PV3download(const std::string& serial, int ch);
 
-    /// Copies a kept record out, as one that took no request: 0, or -1 when there is none.
+    /// Copies a cached record out, as one that took no request: 0, or -1 when there is none.
     int getP2PDevInfoFromLocal(const std::string& serial, P2PDevInfo& devInfo) const;
-    /// Keeps a record under its serial.
-    void Keep(const P2PDevInfo& devInfo);
+    /// Stores a record under its serial.
+    void Store(const P2PDevInfo& devInfo);
     void Clear() { m_mapP2PDevInfo.Clear(); }
 
 private:
-    /// Serves a kept record that is not marked; `result` is that of the read in any case.
+    /// Serves a cached record that is not marked for an update; `result` is always that of the read.
     bool Serve(const std::string& serial, P2PDevInfo& devInfo, int& result) const;
-    /// Fetches a record and keeps it; the first attempt goes where `first`, if there is one, has begun to look.
+    /// Fetches a record and stores it. The first attempt uses the decision `first`, if there is one.
     int updateP2PDevInfo(const CallSite& site, const RouteRow& row, const Subject& subject, P2PDevInfo& devInfo,
                          bool retried, Decision* first = nullptr);
 

@@ -9,7 +9,7 @@
 
 namespace vantix {
 
-/// The user's P2P identity, kept as one record. Lines bear the core's tags.
+/// The user's P2P identity, cached as one record. Lines bear the core's tags.
 class P2PUser {
 public:
     /// The parts outlive this one, and this one outlives its tasks.

@@ -80,7 +80,7 @@ int Queries::getAuthInfo(const std::string& serial, int ch, bool playback) {
     const int result =
         Run(queries::kPermission, Subject::OfChannel(serial, ch), false,
             [&](const PlatformRoute& route) { return GetAuthInfoFromPlatform(route, serial, ch, playback); });
-    // An expired token is not renewed here, and looks like any other failure.
+    // An expired token is not renewed here, and ends like any other failure.
     return result == VANTIX_ACCESS_TOKEN_EXPIRED ? VANTIX_ERROR : result;
 }
 

@@ -19,8 +19,8 @@ struct TimeSpan;
 struct TransparentMsgDetail;
 class Settings;
 
-/// The one-shot queries: each finds its route, sends one request and hands the response on; nothing is kept. Which
-/// rules each follows is a row of the query table. What the operations mean stands at `IVantixDataCenter`.
+/// The one-shot queries: each finds its route, sends one request and returns the response; nothing is cached. The rules
+/// of each are a row of the query table. `IVantixDataCenter` documents the operations.
 class Queries {
 public:
     /// The parts outlive this one.

@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// The one-shot queries as data: under which tag each logs, how it finds its route, and what makes it repeat.
+/// The one-shot queries as data: the log tag of each, how it finds its route, and when it repeats.
 
 #include "core/CoreSite.h"
 #include "core/renewal/Renewal.h"
@@ -33,7 +33,7 @@ inline constexpr RouteRow kAccountList{.credential = Credential::TkToken,
                                        .address = AddressRule::ByToken,
                                        .wording = Wording::OfOperation};
 
-/// The same, logged in the words of `getDomainByToken`.
+/// The same, with the log lines of `getDomainByToken`.
 inline constexpr RouteRow kAccountByToken{.credential = Credential::AccessToken, .address = AddressRule::ByToken};
 /// Needs no credential; the account's token only decides about the address.
 inline constexpr RouteRow kNoCredential{

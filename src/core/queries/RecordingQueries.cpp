@@ -10,7 +10,7 @@
 namespace vantix {
 namespace {
 
-/// The consumer servers' recordings, in the list that the platform's fill.
+/// The consumer servers' recordings, in the platform's list.
 int ConsumerDeviceFiles(const ConsumerRoute& route, const std::string& serial, int ch, const TimeSpan& span,
                         int recordType, RecordFileList& list) {
     std::string records;

@@ -29,7 +29,7 @@ int CredentialRefresh::RefreshToken(std::string& newToken) {
     }
     RefreshTokenInfo info;
     const int result = RefreshTokenFromPlatform(service, sent, info);
-    // An empty token would wipe out the one that is there.
+    // An empty token would overwrite the current one.
     if (result != VANTIX_NOERROR || info.access_token.empty()) {
         VANTIX_LOG_ERROR(site, level::kError,
                          "Refresh Token Failed, AuthAddr:%s, OpenID:%s, RefreshToken:%s, appID:%s, Scope:%s, State:%s",
@@ -67,7 +67,7 @@ int CredentialRefresh::RefreshSession(const std::string& refreshSessionId, std::
         return VANTIX_ERROR;
     }
     const int result = RefreshSessionFromCServer(server, session);
-    // Empty ids would wipe out those that are there.
+    // Empty ids would overwrite the current ones.
     if (result != VANTIX_NOERROR || session.sessionId.empty()) {
         VANTIX_LOG_ERROR(site, level::kError, "Refresh Session Failed, Domain:%s, OldRefreshSessionID:%s",
                          server.Address().c_str(), oldRefreshId.c_str());
@@ -76,7 +76,7 @@ int CredentialRefresh::RefreshSession(const std::string& refreshSessionId, std::
     if (session.refreshSessionId.empty()) {
         session.refreshSessionId = oldRefreshId;
     }
-    // Worded as a token's refresh, and kept so.
+    // The line speaks of a token, though this refreshes a session. The text is fixed.
     VANTIX_LOG_INFO(site, level::kInfo, "Refresh Token Success,  NewSession:%.5s***, RefreshSessionID:%s",
                     session.sessionId.c_str(), session.refreshSessionId.c_str());
     m_settings.sessionId.Assign(session.sessionId);

@@ -8,7 +8,7 @@
 namespace vantix {
 namespace {
 
-/// The platform fails for the moment.
+/// A transient failure of the platform.
 bool IsTransient(int result) { return result == VANTIX_PLATFORM_CODE_49999 || result == VANTIX_PLATFORM_CODE_50000; }
 
 /// The code 401 of the consumer servers, bare or as that of a parser.

@@ -11,7 +11,7 @@ namespace vantix {
 
 class CredentialRefresh;
 
-/// What one attempt of an operation came to.
+/// The outcome of one attempt of an operation.
 struct Outcome {
     int result = VANTIX_ERROR;
     ServerFamily family = ServerFamily::Platform;
@@ -22,25 +22,25 @@ struct Outcome {
 enum class AttemptReason {
     First,
     Renewed,    ///< The credential had expired and is renewed now.
-    Transient,  ///< The server failed for the moment.
+    Transient,  ///< The server had a transient failure.
 };
 
 /// One attempt of an operation.
 struct Attempt {
-    Subject subject;  ///< With a renewed access token as its token.
+    Subject subject;  ///< Once the access token is renewed, its token is the new one.
     AttemptReason reason = AttemptReason::First;
 };
 
-/// What makes an operation repeat, as data.
+/// When an operation is repeated, as data.
 struct RepeatRules {
     bool renews = true;  ///< One renewal of an expired credential, and one repeat.
     /// Whether the code of an expired access token counts from the consumer servers too.
     bool tokenCodeFromAnyFamily = false;
-    int transientRepeats =
-        0;  ///< How often, with each credential, it is repeated while the server fails for the moment.
+    /// Repeats after a transient failure; counted anew after a renewal.
+    int transientRepeats = 0;
 };
 
-/// Sends a request along its route: calls `toPlatform` or `toConsumer` with it and returns what came of it.
+/// Sends a request along its route: calls `toPlatform` or `toConsumer` with it and returns the outcome.
 template <class ToPlatform, class ToConsumer>
 Outcome SendAlong(const AnyRoute& route, ToPlatform toPlatform, ToConsumer toConsumer) {
     if (const auto* platform = std::get_if<PlatformRoute>(&route)) {
@@ -59,12 +59,11 @@ Outcome SendAlong(const PlatformOnlyRoute& route, ToPlatform toPlatform) {
     return {VANTIX_ERROR, std::get<MissingCredential>(route).family, true};
 }
 
-/// Refuses an operation whose credential is empty: writes the line and sets the calling thread's last error. Returns
-/// -1.
+/// Refuses an operation whose credential is empty: writes a line, sets the calling thread's last error, returns -1.
 int RefuseWithoutCredential(const CallSite& site);
 
-/// The one policy of repeats: renew an expired credential once and repeat once; repeat while the server fails for the
-/// moment, at most so often. An empty session counts as an expired one.
+/// The one policy of repeats: renew an expired credential once and repeat once; repeat a limited number of times after
+/// transient failures. An empty session counts as an expired one.
 class Renewal {
 public:
     explicit Renewal(CredentialRefresh& refresh) : m_refresh(refresh) {}

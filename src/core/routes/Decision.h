@@ -9,8 +9,8 @@
 
 namespace vantix {
 
-/// What one look says of one operation: its credential, the family that responds, and the address. Each is found out
-/// when it is first asked for, and stays. Row and subject outlive it.
+/// Credential, server family and address of one operation, all from one look. Each is found on first use and does not
+/// change afterwards. Row and subject outlive it.
 class Decision {
 public:
     Decision(const Look& look, const RouteRow& row, const Subject& subject)
@@ -18,13 +18,13 @@ public:
 
     int Mode() { return m_look.Mode(); }
 
-    /// What the platform is given.
+    /// The credential of a platform request; empty when there is none.
     const std::string& PlatformCredential();
-    /// Whether there is no credential for the platform although one is needed.
+    /// Whether the platform needs a credential and there is none.
     bool IsCredentialMissing() { return m_row.credential != Credential::None && PlatformCredential().empty(); }
-    /// Whether the consumer servers need no credential of the platform's.
+    /// Whether consumer requests of this row need only the session, not the platform's credential.
     bool IsSessionEnough() const { return m_row.family == FamilyRule::ByToken; }
-    /// Whether the host gave an empty token: that is no token at all.
+    /// Whether the host gave an empty token, which counts as none.
     bool IsGivenTokenEmpty() const { return m_subject.token && m_subject.token->empty(); }
 
     /// Whether the consumer servers' requests are the ones to send.

@@ -11,8 +11,8 @@
 
 namespace vantix {
 
-/// One look at mode, settings and token maps: each is read when it is first asked for, and stays as it was then for as
-/// long as the look lives. Lines of the token maps are written as they are asked.
+/// One look at mode, settings and token maps: each is read on first use, and later uses get the same value, also when
+/// the host changes a setting in between. The lines of a token map are written when it is searched.
 class Look {
 public:
     Look(const Settings& settings, const TkTokens& tkTokens, const B2CTokens& b2cTokens)
@@ -22,7 +22,7 @@ public:
     bool IsB2C() { return Mode() == permission_mode::kB2C; }
     const std::string& AccessToken() { return Once(m_accessToken, m_settings.accessToken); }
 
-    /// What the platform is given; empty when there is none.
+    /// The credential of a platform request; empty when there is none.
     std::string CredentialOf(const RouteRow& row, const Subject& subject);
     /// A channel's B2C token in the B2C mode, else empty.
     std::string ChannelToken(const Subject& subject);

@@ -10,7 +10,7 @@
 
 namespace vantix {
 
-/// What the platform's servers are given to know the account by.
+/// Which credential a platform request sends.
 enum class Credential {
     None,
     AccessToken,
@@ -19,7 +19,7 @@ enum class Credential {
     GivenToken,    ///< The token that the host gave with the call.
 };
 
-/// Which of the two families responds, in the B2C mode; the platform in every other.
+/// Which server family gets the request in the B2C mode. In all other modes it is the platform.
 enum class FamilyRule {
     Platform,   ///< Always the platform's requests.
     ByToken,    ///< The consumer servers for a token that is shared.
@@ -32,10 +32,10 @@ enum class AddressRule {
     ByToken,    ///< To the consumer servers for a token that is shared.
 };
 
-/// Under which name the choice of the address is logged.
+/// Which tag the lines about the address have.
 enum class Wording {
-    OfGetDomain,  ///< As `getDomain` and `getDomainByToken` log it.
-    OfOperation,  ///< Under the operation's name.
+    OfGetDomain,  ///< That of `getDomain` or `getDomainByToken`.
+    OfOperation,  ///< That of the operation.
 };
 
 /// How one operation finds its route.

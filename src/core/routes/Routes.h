@@ -20,7 +20,7 @@ class TkTokens;
 /// One of the two server families.
 enum class ServerFamily { Platform, Consumer };
 
-/// There is no route: the credential of this family is empty.
+/// No route: the credential of this family is empty.
 struct MissingCredential {
     ServerFamily family = ServerFamily::Platform;
 };
@@ -32,10 +32,10 @@ using PlatformOnlyRoute = std::variant<MissingCredential, PlatformRoute>;
 
 /// The one place that decides where a request goes and with which credential.
 ///
-/// Each decision is one look: mode, token maps and settings are read when they are first needed, each at most once and
-/// under one lock at a time. Family, address and credential all follow from that look, so that a host that changes a
-/// setting in between cannot send a credential to another family's servers. A decision writes the lines of `getDomain`
-/// or `getDomainByToken` once; without a credential it writes none and the caller refuses.
+/// Each decision uses one look: mode, token maps and settings are read on first use, each at most once and under one
+/// lock at a time. Family, address and credential all come from that look, so no credential reaches another family's
+/// servers when the host changes a setting in between. A decision writes the lines of `getDomain` or
+/// `getDomainByToken` once; without a credential it writes none and the caller refuses.
 class Routes {
 public:
     /// The parts outlive this one.
@@ -47,9 +47,9 @@ public:
     /// Of an operation with the platform's form only; `row.family` is `Platform`.
     PlatformOnlyRoute DecidePlatform(const CallSite& site, const RouteRow& row, const Subject& subject) const;
 
-    /// A look for an operation that asks something of it before it needs its route.
+    /// A decision for an operation that needs something of it before its route.
     Decision Begin(const RouteRow& row, const Subject& subject) const;
-    /// The route of that look.
+    /// The route of that decision.
     AnyRoute Decide(const CallSite& site, Decision& decision) const;
     PlatformOnlyRoute DecidePlatform(const CallSite& site, Decision& decision) const;
 

@@ -9,7 +9,7 @@
 
 namespace vantix {
 
-/// The media servers of the user's area, kept as one record. Lines bear the core's tags.
+/// The media servers of the user's area, cached as one record. Lines bear the core's tags.
 class ServerInformation {
 public:
     /// The parts outlive this one, and this one outlives its tasks.
@@ -18,7 +18,7 @@ public:
     int getServerInfo(const std::string& token, ServerInfo& serverInfo, std::future<int32_t>& future, bool retried);
     int getServerInfo(const std::string& token, ServerInfo& serverInfo, bool retried);
 
-    /// The record is not served any more; the second when it was fetched more than 120 seconds ago.
+    /// Stop serving the record; the second only when it was fetched more than 120 seconds ago.
     void Invalidate() { m_record.Invalidate(); }
     void expireServerInfo();
 

@@ -6,7 +6,7 @@
 
 namespace vantix {
 
-/// The video relays of a device, which are not kept. Lines bear the core's tags.
+/// The video relays of a device, which are not cached. Lines bear the core's tags.
 class VideoRelays {
 public:
     /// The parts outlive this one.

@@ -8,7 +8,7 @@ namespace vantix {
 
 namespace {
 
-/// An address is stored as it is given, and libcurl takes one without a scheme for HTTP.
+/// An address is stored as given; libcurl uses HTTP for one without a scheme.
 void WarnOfClearText(const CallSite& site, const std::string& address) {
     constexpr std::string_view kEncrypted = "https://";
     if (!address.empty() && address.compare(0, kEncrypted.size(), kEncrypted) != 0) {

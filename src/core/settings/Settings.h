@@ -17,8 +17,8 @@ inline constexpr int kB2C = 2;
 
 /// What the host sets. Nothing resets it; any thread may call any member at any time.
 ///
-/// Texts without a rule of their own are guarded values: the interface's getters hand out references to them, everybody
-/// else copies. What has a rule or a log line is a method, and its lines bear the core's tag.
+/// Texts without a rule are guarded values: the interface's getters return references to them, all other code copies.
+/// A setting with a rule or a log line is a method, and its lines bear the core's tag.
 class Settings {
 public:
     /// The configuration that the platform may overwrite, except `OpenP2P`, which only the host changes.

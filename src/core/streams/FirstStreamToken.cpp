@@ -15,11 +15,11 @@ namespace vantix {
 namespace {
 
 constexpr int kPrefetched = 10;
-/// From this age on, in seconds, a kept token is refused: five hours and one second.
+/// From this age on, in seconds, a stored token is refused: five hours and one second.
 constexpr int32_t kRefusedAge = 18001;
 
-/// Whether a response is one to keep: a success, and not too long.
-bool IsToKeep(const CallSite& site, const std::string& response) {
+/// Whether a response is one to store: a success, and not too long.
+bool IsToStore(const CallSite& site, const std::string& response) {
     const std::optional<int> error = VerifyErrorOf(response);
     if (!error) {
         VANTIX_LOG_INFO(site, level::kInfo, "getStreamToken failed");
@@ -50,7 +50,7 @@ void FirstStreamToken::GetStreamTokenFast() {
         VANTIX_LOG_INFO(site, level::kInfo, "4200 B2c do not need to use the following logic.");
         return;
     }
-    if (m_kept.With([](const Kept& kept) { return !kept.m_strFirstToken.empty(); })) {
+    if (m_stored.With([](const Stored& stored) { return !stored.m_strFirstToken.empty(); })) {
         VANTIX_LOG_INFO(site, level::kInfo, "m_strFirstToken is not NULL");
         return;
     }
@@ -63,8 +63,8 @@ void FirstStreamToken::GetStreamTokenFast() {
     if (m_tokens.FetchBatch(VANTIX_CORE_HERE("getStreamTokens"), owner, kPrefetched, response, false) !=
         VANTIX_NOERROR) {
         VANTIX_LOG_INFO(site, level::kInfo, "getStreamToken failed");
-    } else if (IsToKeep(site, response)) {
-        m_kept.Assign({std::move(response), std::move(owner), TruncatedWallSeconds()});
+    } else if (IsToStore(site, response)) {
+        m_stored.Assign({std::move(response), std::move(owner), TruncatedWallSeconds()});
     }
 }
 
@@ -72,16 +72,17 @@ int FirstStreamToken::GetStreamTokenFromQueue(const std::string& accessToken, ch
     enum class Served { Yes, Refused, OfAnotherOwner };
     const CallSite site = VANTIX_CORE_HERE("GetStreamTokenFromQueue");
     const int32_t now = TruncatedWallSeconds();
-    const Served served = m_kept.With([&](Kept& kept) {
-        if (kept.owner.empty() || kept.owner != accessToken) {
+    const Served served = m_stored.With([&](Stored& stored) {
+        if (stored.owner.empty() || stored.owner != accessToken) {
             return Served::OfAnotherOwner;
         }
-        if (SecondsBetween(kept.fetchTime, now) >= kRefusedAge || kept.m_strFirstToken.empty() || buffer == nullptr) {
+        if (SecondsBetween(stored.fetchTime, now) >= kRefusedAge || stored.m_strFirstToken.empty() ||
+            buffer == nullptr) {
             return Served::Refused;
         }
-        std::memcpy(buffer, kept.m_strFirstToken.c_str(), kept.m_strFirstToken.size() + 1);
-        kept.m_strFirstToken.clear();
-        kept.fetchTime = 0;
+        std::memcpy(buffer, stored.m_strFirstToken.c_str(), stored.m_strFirstToken.size() + 1);
+        stored.m_strFirstToken.clear();
+        stored.fetchTime = 0;
         return Served::Yes;
     });
     if (served == Served::Yes) {

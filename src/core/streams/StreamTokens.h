@@ -10,15 +10,15 @@ namespace vantix {
 
 class Settings;
 
-/// Tokens that open streams, fetched in batches and kept in a queue. Lines bear the core's tags.
+/// Tokens that open streams, fetched in batches and queued. Lines bear the core's tags.
 class StreamTokens {
 public:
     /// The parts outlive this one.
     StreamTokens(Settings& settings, const Routes& routes, Renewal& renewal)
         : m_settings(settings), m_routes(routes), m_renewal(renewal) {}
 
-    /// A batch as the server responds. `token` chooses who responds, and is what the platform gets. After success it is
-    /// the access token that the batch was fetched with: the renewed one, if there was a renewal.
+    /// A batch as the server sends it. `token` chooses the server family and is sent to the platform. After success it
+    /// is the access token that the batch was fetched with: the renewed one, if there was a renewal.
     int FetchBatch(const CallSite& site, std::string& token, int count, std::string& response, bool retried);
     int getStreamTokens(const std::string& token, int count, std::string& response, bool retried);
     int getOneStreamToken(const std::string& accessToken, std::string& token);

@@ -20,7 +20,7 @@ struct B2CToken {
 /// By serial, "_" and channel.
 using B2CTokenMap = std::unordered_map<std::string, B2CToken>;
 
-// Questions to one map; their lines bear the core's tags.
+// Look-ups in one map; their lines bear the core's tags.
 
 /// The token of a channel; empty when the map does not have the channel.
 std::string getB2CTokens(const B2CTokenMap& map, const std::string& serial, const std::string& ch);
@@ -31,14 +31,14 @@ bool isB2CSharedDevice(const B2CTokenMap& map, const std::string& serial, int ch
 bool isB2CSharedDevice(const B2CTokenMap& map, const std::string& token, const std::string& accessToken,
                        const std::string& sharedAccessToken);
 
-/// The B2C tokens that the host hands in for its channels. The map is replaced as a whole and never changed, so a
-/// reader takes the one that is current and may ask it several questions.
+/// The B2C tokens that the host sets for its channels. A new map replaces the old one as a whole; a reader can look
+/// several things up in the current one.
 class B2CTokens {
 public:
     /// Replaces the tokens by those of a JSON array; a text that is not JSON leaves the old ones.
     void SetB2CTokens(const std::string& text);
 
-    // The same questions to the current map.
+    // The same look-ups in the current map.
     std::string getB2CTokens(const std::string& serial, const std::string& ch) const {
         return vantix::getB2CTokens(*Current(), serial, ch);
     }

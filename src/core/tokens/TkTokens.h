@@ -32,8 +32,8 @@ struct DeviceTkTokens {
 /// By serial and channel without a separator.
 using DeviceTkTokenMap = std::unordered_map<std::string, DeviceTkTokens>;
 
-/// The Tk tokens that the host hands in for its channels. The map is replaced as a whole and never changed, so a reader
-/// takes the one that is current. Lines bear the core's tags.
+/// The Tk tokens that the host sets for its channels. A new map replaces the old one as a whole; a reader uses the
+/// current one. Lines bear the core's tags.
 class TkTokens {
 public:
     /// Replaces the tokens by those of a JSON array; a text that is not JSON leaves the old ones.

@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// The JSON texts in which the host hands tokens in: arrays of objects, one for each channel.
+/// The JSON texts with which the host sets tokens: arrays of objects, one for each channel.
 
 #include <cstddef>
 #include <string>

@@ -28,7 +28,7 @@ TYPED_TEST(GuardedMapTest, AbsentKeyLeavesTheValueAsItWas) {
     EXPECT_FALSE(this->table.Find("key"));
 }
 
-TYPED_TEST(GuardedMapTest, EntryIsCopiedOutAndEditedInPlace) {
+TYPED_TEST(GuardedMapTest, EntryIsCopiedOutAndEdited) {
     this->table.Put(TestFixture::Table::EntryFor("key", "value"));
     std::string value;
     EXPECT_TRUE(this->table.CopyOut("key", value));

@@ -46,9 +46,9 @@ protected:
         lines.Clear();
     }
     CoreParts& Parts() const { return *PartsPointerOf(core); }
-    /// Puts a detail answer into the caches by a forced fetch.
-    void Cache(const std::string& serial, int ch, const nlohmann::json& answer) {
-        transport.Respond(answer.dump());
+    /// Puts a detail response into the caches by a forced fetch.
+    void Cache(const std::string& serial, int ch, const nlohmann::json& response) {
+        transport.Respond(response.dump());
         DevChannelInfo channel;
         DevDetailInfo device;
         ASSERT_EQ(core.getDevDetailInfoSync(serial, ch, true, channel, device, false), 0);

@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// Every fetch that either server family may answer, as rows: the same rules hold for all of them.
+/// Every fetch that either server family may respond to, as rows: the same rules hold for all of them.
 
 #include <future>
 #include <initializer_list>
@@ -60,8 +60,8 @@ inline int DeviceByChannel(CVantixDataCenter& core, const std::string& token, bo
 }
 
 inline int StreamTokens(CVantixDataCenter& core, const std::string& token, bool retried) {
-    std::string answer;
-    return core.getStreamTokens(token, 10, answer, retried);
+    std::string response;
+    return core.getStreamTokens(token, 10, response, retried);
 }
 
 inline constexpr char kServerPath[] = "/api/service/media/server/info";
@@ -73,17 +73,17 @@ inline constexpr char kConsumerDevicePath[] = "/v3/userdevices/v1/devices/pageli
 
 }  // namespace fetches
 
-/// One fetch that either family may answer, as a row.
+/// One fetch that either family may respond to, as a row.
 struct Fetch {
     const char* name;
     int (*call)(CVantixDataCenter& core, const std::string& token, bool retried);
     const char* platformPath;
-    const char* platformAnswer;
+    const char* platformBody;
     const char* consumerPath;
-    std::vector<const char*> consumerAnswers;
+    std::vector<const char*> consumerBodies;
     bool isInBackground = false;
     bool hasDomainByToken = true;
-    bool carriesGivenToken = false;
+    bool sendsGivenToken = false;
     bool seesSessionEnd = true;
     bool takesRetried = true;
 };
@@ -92,9 +92,9 @@ inline std::vector<Fetch> AllFetches() {
     Fetch servers{.name = "ServerInfoSync",
                   .call = fetches::Servers,
                   .platformPath = fetches::kServerPath,
-                  .platformAnswer = kPlatformServers,
+                  .platformBody = kPlatformServers,
                   .consumerPath = fetches::kConsumerServerPath,
-                  .consumerAnswers = {kConsumerServers}};
+                  .consumerBodies = {kConsumerServers}};
     Fetch serversInBackground = servers;
     serversInBackground.name = "ServerInfoAsync";
     serversInBackground.call = fetches::ServersInBackground;
@@ -102,9 +102,9 @@ inline std::vector<Fetch> AllFetches() {
     Fetch user{.name = "P2PUserByToken",
                .call = fetches::User,
                .platformPath = fetches::kUserPath,
-               .platformAnswer = kPlatformUser,
+               .platformBody = kPlatformUser,
                .consumerPath = fetches::kConsumerUserPath,
-               .consumerAnswers = {kConsumerUser, kConsumerSecret},
+               .consumerBodies = {kConsumerUser, kConsumerSecret},
                .seesSessionEnd = false};
     Fetch userInBackground = user;
     userInBackground.name = "P2PUserAsync";
@@ -113,9 +113,9 @@ inline std::vector<Fetch> AllFetches() {
     Fetch device{.name = "P2PDeviceBySerial",
                  .call = fetches::DeviceBySerial,
                  .platformPath = fetches::kDevicePath,
-                 .platformAnswer = kPlatformDevice,
+                 .platformBody = kPlatformDevice,
                  .consumerPath = fetches::kConsumerDevicePath,
-                 .consumerAnswers = {kConsumerDevice},
+                 .consumerBodies = {kConsumerDevice},
                  .hasDomainByToken = false};
     Fetch deviceByChannel = device;
     deviceByChannel.name = "P2PDeviceByChannel";
@@ -128,10 +128,10 @@ inline std::vector<Fetch> AllFetches() {
     Fetch tokens{.name = "StreamTokens",
                  .call = fetches::StreamTokens,
                  .platformPath = "/api/user/token",
-                 .platformAnswer = kTokenBatch,
+                 .platformBody = kTokenBatch,
                  .consumerPath = "/api/user/token/get",
-                 .consumerAnswers = {"anything"},
-                 .carriesGivenToken = true,
+                 .consumerBodies = {"anything"},
+                 .sendsGivenToken = true,
                  .seesSessionEnd = false};
     return {servers, serversInBackground, user, userInBackground, device, deviceByChannel, deviceInBackground, tokens};
 }
@@ -149,15 +149,15 @@ inline std::vector<Fetch> FetchesWith(std::initializer_list<bool Fetch::*> prope
 class FetchRowTest : public FetchTest, public testing::WithParamInterface<Fetch> {
 protected:
     int Call(const std::string& token, bool retried = false) { return GetParam().call(core, token, retried); }
-    void AnswerByConsumer() {
-        for (const char* answer : GetParam().consumerAnswers) {
-            transport.Respond(answer);
+    void RespondByConsumer() {
+        for (const char* response : GetParam().consumerBodies) {
+            transport.Respond(response);
         }
     }
     std::string AtPlatform() const { return "https://b.example" + std::string(GetParam().platformPath); }
     std::string AtConsumer() const { return "https://c.example" + std::string(GetParam().consumerPath); }
-    std::string Carried(const std::string& given) const {
-        return GetParam().carriesGivenToken ? given : "access-token";
+    std::string SentToken(const std::string& given) const {
+        return GetParam().sendsGivenToken ? given : "access-token";
     }
     void EnterB2C() {
         core.setPermissionMode(2);

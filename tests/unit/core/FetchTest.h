@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// What cases of fetches share: answers of both server families, and what renews a credential.
+/// What cases of fetches share: responses of both server families, and what renews a credential.
 
 #include <algorithm>
 #include <string>
@@ -31,21 +31,21 @@ inline constexpr char kConsumerDevice[] = R"({"meta":{"code":200},"p2pInfos":[{"
     "deviceInfos":[{"deviceSerial":"SHARED","qxDeviceCapability":"{\"289\":\"1\"}"}]})";
 inline constexpr char kTokenBatch[] = R"({"resultCode":"200","tokenArray":["t1","t2","t3"]})";
 
-/// The authorisation service's answer with a new access token.
+/// The authorisation service's response with a new access token.
 inline std::string RefreshResponse(const std::string& token = "new-token") {
-    nlohmann::json answer;
-    answer["result"]["code"] = "200";
-    answer["result"]["data"] = {
+    nlohmann::json response;
+    response["result"]["code"] = "200";
+    response["result"]["data"] = {
         {"access_token", token}, {"openId", "open-id"}, {"refresh_token", "next"}, {"expires_in", 7200}};
-    return answer.dump();
+    return response.dump();
 }
 
-/// The consumer servers' answer with a new session.
+/// The consumer servers' response with a new session.
 inline std::string SessionResponse(const std::string& session = "new-session") {
-    nlohmann::json answer;
-    answer["meta"]["code"] = 200;
-    answer["sessionInfo"] = {{"sessionId", session}, {"refreshSessionId", "next-refresh-id"}};
-    return answer.dump();
+    nlohmann::json response;
+    response["meta"]["code"] = 200;
+    response["sessionInfo"] = {{"sessionId", session}, {"refreshSessionId", "next-refresh-id"}};
+    return response.dump();
 }
 
 /// A configured core that can renew both credentials, with one device of each kind.
@@ -75,12 +75,12 @@ protected:
         const auto sent = transport.Sent();
         return index < sent.size() ? sent[index].url.substr(0, sent[index].url.find('?')) : "<not sent>";
     }
-    /// The access token that a request carried.
+    /// The access token that a request sent.
     std::string Token(size_t index) const {
         const auto sent = transport.Sent();
         return index < sent.size() ? sent[index].Param("accessToken") : "<not sent>";
     }
-    /// The session that a request's header carried.
+    /// The session in a request's header.
     std::string Session(size_t index) const {
         constexpr char kHeader[] = "sessionId: ";
         for (const SentRequest& request : transport.Sent()) {

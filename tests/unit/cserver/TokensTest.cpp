@@ -1,4 +1,4 @@
-// Stream tokens, which nobody looks at here, and the renewal of the session with its bare codes.
+// Stream tokens, which are passed on unread, and the renewal of the session with its bare codes.
 
 #include "cserver/Tokens.h"
 

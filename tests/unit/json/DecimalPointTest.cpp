@@ -74,7 +74,7 @@ TEST(DecimalPoints, BecomeExponents) { ExpectRows(kNumbers); }
 
 TEST(DecimalPoints, StayInTextsAndWhereThereIsNoFraction) { ExpectRows(kUntouched); }
 
-TEST(DecimalPoints, GoOutOfAWholeAnswer) { ExpectRows(kTexts); }
+TEST(DecimalPoints, GoOutOfAWholeResponse) { ExpectRows(kTexts); }
 
 TEST(DecimalPoints, TheNumberIsTheSameToTheLastBit) {
     for (const Row& row : kNumbers) {

@@ -23,7 +23,7 @@ TYPED_TEST_SUITE(OutOfMemory, BothReaders, ReaderName);
 TYPED_TEST(OutOfMemory, AtAnyAllocationAParseIsWholeOrThrowsAndLeavesNothing) {
     const std::string response = kNestedResponse;
     typename TypeParam::Document document;
-    ASSERT_TRUE(document.Parse(response)) << "and what the parser keeps for ever is made";
+    ASSERT_TRUE(document.Parse(response)) << "and the parser has made what it keeps until the end";
     bool parsed = false;
     bool thrown = false;
     const auto parse = [&] {

@@ -110,7 +110,7 @@ TEST(MaskedJson, NothingOfASecretRemainsWhereverTheTextIsCut) {
     }
 }
 
-TEST(MaskedJson, ZerosAndOddBytesAreKept) {
+TEST(MaskedJson, ZerosAndUnusualBytesAreKept) {
     const std::string text("{\"a\0b\":\"\xFF\", \"accessToken\":\"t\0t\"}\0", 33);
     EXPECT_EQ(MaskedJson(text), std::string("{\"a\0b\":\"\xFF\", \"accessToken\":\"***\"}\0", 33));
 }

@@ -53,7 +53,7 @@ public:
     Requests() {
         m_log.Clear();
         m_clock.SetSteadyStep(12'999'999);
-        m_spy.Answer(CURLE_OK, {"the body"});
+        m_spy.Respond(CURLE_OK, {"the body"});
     }
 
 protected:
@@ -234,7 +234,7 @@ TEST_F(Requests, ATransferFailureIsComposedAndNothingIsRead) {
                 {CURLE_PEER_FAILED_VERIFICATION, 100060, "ERROR5 NotSent error:60"}};
     for (const auto& row : rows) {
         m_log.Clear();
-        m_spy.Answer(row.code, {R"({"code":"200"})"});
+        m_spy.Respond(row.code, {R"({"code":"200"})"});
         int32_t cost = -1;
         EXPECT_EQ(RequestCall<kWorded>(m_site, kRoute).CostInto(cost).Run(Says(0), Says(0)), row.result);
         EXPECT_THAT(m_read, IsEmpty());
@@ -244,14 +244,14 @@ TEST_F(Requests, ATransferFailureIsComposedAndNothingIsRead) {
 }
 
 TEST_F(Requests, ATransferFailureIsWordedByTheKind) {
-    m_spy.Answer(CURLE_COULDNT_CONNECT);
+    m_spy.Respond(CURLE_COULDNT_CONNECT);
     EXPECT_EQ(Send(RequestCall<kForm>(m_site, kRoute, "deviceSerial"_key = "D1")), 100007);
     EXPECT_EQ(Send(RequestCall<kGet>(m_site, kRoute, "deviceSerial"_key = "D1")), 100007);
     EXPECT_THAT(OwnLines(), ElementsAre("ERROR5 SyncRequest error:7", "ERROR5 SyncRequestHeader error:7"));
 }
 
 TEST_F(Requests, AFetchThatFailsLeavesTheBody) {
-    m_spy.Answer(CURLE_COULDNT_CONNECT, {"part"});
+    m_spy.Respond(CURLE_COULDNT_CONNECT, {"part"});
     std::string body = "as before";
     EXPECT_EQ(RequestCall<kWorded>(m_site, kRoute).Fetch(body), 100007);
     EXPECT_EQ(body, "as before");
@@ -297,7 +297,7 @@ TEST_F(Requests, WithoutACostTextTheTimeIsStoredButNotLogged) {
 
 TEST_F(Requests, ABodyWithZerosReachesTheReaderWhole) {
     const std::string body("a\0b", 3);
-    m_spy.Answer(CURLE_OK, {body});
+    m_spy.Respond(CURLE_OK, {body});
     EXPECT_EQ(RequestCall<kWorded>(m_site, kRoute).Run(Says(0)), 0);
     EXPECT_THAT(m_read, ElementsAre(body));
 }

@@ -104,7 +104,7 @@ protected:
     int Call(const Function& function, uint32_t endpoint, const char* base = kBase) {
         m_log.Clear();
         m_spy.Clear();
-        m_spy.Answer(CURLE_OK, {"response"});
+        m_spy.Respond(CURLE_OK, {"response"});
         ResponseBody body;
         const int result = function.call(endpoint, base, body.Data(), body.Length());
         m_response = body.Text();
@@ -170,7 +170,7 @@ TEST_F(RequestFunctions, ReturnWhatTheTransferReturned) {
         SCOPED_TRACE(function.name);
         m_log.Clear();
         m_spy.Clear();
-        m_spy.Answer(CURLE_OPERATION_TIMEDOUT, {"part"});
+        m_spy.Respond(CURLE_OPERATION_TIMEDOUT, {"part"});
         ResponseBody body;
         EXPECT_EQ(function.call(kAnyEndpoint, kBase, body.Data(), body.Length()), 28);
         EXPECT_EQ(body.Text(), "part");
@@ -216,7 +216,7 @@ TEST_F(RequestFunctions, WithoutABaseGiveSevenAndTheOperationsLine) {
 TEST_F(RequestFunctions, WithoutAPlaceForTheResponseReturnItsLengthAlone) {
     for (const Function& function : Functions()) {
         SCOPED_TRACE(function.name);
-        m_spy.Answer(CURLE_OK, {"response"});
+        m_spy.Respond(CURLE_OK, {"response"});
         uint32_t length = 4711;
         EXPECT_EQ(function.call(kAnyEndpoint, kBase, nullptr, &length), 0);
         EXPECT_EQ(length, 8U);

@@ -117,7 +117,7 @@ TEST_F(Mutex, ItsOwnerMayNotLockItAgain) {
         mutex.Unlock();
     });
     EXPECT_EQ(locked.get_future().wait_for(std::chrono::milliseconds(200)), std::future_status::timeout);
-    mutex.Unlock();  // in the owner's place, which would wait for ever
+    mutex.Unlock();  // in the owner's place, which would deadlock
     owner.join();
 }
 #endif

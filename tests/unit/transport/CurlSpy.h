@@ -28,7 +28,6 @@ public:
     void Clear();
     /// What each transfer gets: libcurl's code, and a body in pieces.
     void Respond(CURLcode code, const std::vector<std::string>& pieces = {});
-    void Answer(CURLcode code, const std::vector<std::string>& pieces = {}) { Respond(code, pieces); }
 
     /// From now on there is no handle to be had.
     void FailInit();

@@ -17,12 +17,12 @@ class DeviceCaches : public CoreTest {
 protected:
     DeviceCaches() { Configure(); }
 
-    /// A detail answer with one member of the device set.
+    /// A detail response with one member of the device set.
     static nlohmann::json WithDevice(const std::string& serial, int ch, const std::string& key,
                                      const nlohmann::json& value) {
-        nlohmann::json answer = DetailResponse(serial, ch);
-        answer["result"]["data"]["device"][key] = value;
-        return answer;
+        nlohmann::json response = DetailResponse(serial, ch);
+        response["result"]["data"]["device"][key] = value;
+        return response;
     }
 
     DevChannelInfo channel;
@@ -159,9 +159,9 @@ TEST_F(DeviceCaches, MarkConcernsOneChannel) {
 }
 
 TEST_F(DeviceCaches, ClearingAllEmptiesAllThree) {
-    auto answer = WithDevice("C1", 1, "supportExt", {{"support_seek_playback", "1"}});
-    answer["result"]["data"]["camera"]["isTrust"] = "5";
-    Cache("C1", 1, answer);
+    auto response = WithDevice("C1", 1, "supportExt", {{"support_seek_playback", "1"}});
+    response["result"]["data"]["camera"]["isTrust"] = "5";
+    Cache("C1", 1, response);
     EXPECT_EQ(core.ClearAllCache(), 0);
     EXPECT_EQ(lines.Messages().back(), "m_mapDeviceInfoCache clear");
     EXPECT_EQ(core.getChannelCacheValue("C1", 1), -1);
@@ -179,8 +179,8 @@ TEST_F(AllCaches, ClearingAllEndsServersUserAndP2PDevices) {
     P2PDevInfo device;
     const auto fetch = [&] {
         transport.DropScript();
-        for (const char* answer : {kPlatformServers, kPlatformUser, kPlatformDevice}) {
-            transport.Respond(answer);
+        for (const char* response : {kPlatformServers, kPlatformUser, kPlatformDevice}) {
+            transport.Respond(response);
         }
         const size_t before = transport.Count();
         EXPECT_EQ(core.getServerInfo("own-token", servers, false), 0);
@@ -227,9 +227,9 @@ TEST_F(DeviceCaches, ClearingEmptyCachesIsFine) {
 // ---- The channel's value
 
 TEST_F(DeviceCaches, ChannelValueIsTheTrailingInteger) {
-    auto answer = DetailResponse("C1", 1);
-    answer["result"]["data"]["camera"]["isTrust"] = "42";
-    Cache("C1", 1, answer);
+    auto response = DetailResponse("C1", 1);
+    response["result"]["data"]["camera"]["isTrust"] = "42";
+    Cache("C1", 1, response);
     EXPECT_EQ(core.getChannelCacheValue("C1", 1), 42);
     core.setChannelCacheValue("C1", 1, -7);
     EXPECT_EQ(core.getChannelCacheValue("C1", 1), -7);

@@ -11,9 +11,9 @@ protected:
     Relation() { Configure(); }
 
     /// A device behind a parent, in force and online, with its own number and encryption.
-    static nlohmann::json Answer() {
-        nlohmann::json answer = DetailResponse("CHILD", 1);
-        nlohmann::json& device = answer["result"]["data"]["device"];
+    static nlohmann::json Response() {
+        nlohmann::json response = DetailResponse("CHILD", 1);
+        nlohmann::json& device = response["result"]["data"]["device"];
         device["deviceIP"] = "ip of child";
         device["belongSerial"] = "PARENT";
         device["belongState"] = 1;
@@ -27,13 +27,15 @@ protected:
                                   {"belongNo", 99},
                                   {"isEncrypt", 0},
                                   {"encryptPwd", "password of parent"}};
-        return answer;
+        return response;
     }
-    static nlohmann::json& Parent(nlohmann::json& answer) { return answer["result"]["data"]["device"]["belongDevice"]; }
+    static nlohmann::json& Parent(nlohmann::json& response) {
+        return response["result"]["data"]["device"]["belongDevice"];
+    }
 
     int Read() { return core.getDevDetailInfoByRelation("CHILD", 1, channel, device, false); }
-    /// Makes the caller's record one that carries the relation from an earlier fetch.
-    void CarryRelation() {
+    /// Gives the caller's record the relation that an earlier fetch would have stored.
+    void GiveRelation() {
         device.belongSerial = "PARENT";
         device.belongState = 1;
     }
@@ -62,7 +64,7 @@ protected:
 };
 
 TEST_F(Relation, FetchedDeviceBehindAnOnlineParentComesBackAsTheParent) {
-    transport.Respond(Answer().dump());
+    transport.Respond(Response().dump());
     EXPECT_EQ(Read(), 0);
     ExpectParent();
     EXPECT_EQ(transport.Count(), 1U);
@@ -72,7 +74,7 @@ TEST_F(Relation, FetchedDeviceBehindAnOnlineParentComesBackAsTheParent) {
 }
 
 TEST_F(Relation, FreshRecordComesBackAsTheParentsByTheSecondRead) {
-    Cache("CHILD", 1, Answer());
+    Cache("CHILD", 1, Response());
     EXPECT_EQ(Read(), 0);
     ExpectParent();
     EXPECT_EQ(lines.Messages(), (std::vector<std::string>{"BelongNo Unrelated device stDeviceInfo.iCloseBlong = 0",
@@ -80,9 +82,9 @@ TEST_F(Relation, FreshRecordComesBackAsTheParentsByTheSecondRead) {
     EXPECT_EQ(transport.Count(), 1U) << "served from the cache";
 }
 
-TEST_F(Relation, RecordThatCarriesTheRelationComesBackAsItsOwnByTheSecondRead) {
-    Cache("CHILD", 1, Answer());
-    CarryRelation();
+TEST_F(Relation, RecordThatHasTheRelationComesBackAsItsOwnByTheSecondRead) {
+    Cache("CHILD", 1, Response());
+    GiveRelation();
     EXPECT_EQ(Read(), 0);
     ExpectChild();
     EXPECT_EQ(lines.Messages(), (std::vector<std::string>{"BelongNo Associated device PARENT is online",
@@ -90,27 +92,27 @@ TEST_F(Relation, RecordThatCarriesTheRelationComesBackAsItsOwnByTheSecondRead) {
 }
 
 TEST_F(Relation, DeviceWithoutAParentComesBackAsItself) {
-    nlohmann::json answer = Answer();
+    nlohmann::json response = Response();
     for (const char* key : {"belongSerial", "belongState", "belongDevice"}) {
-        answer["result"]["data"]["device"].erase(key);
+        response["result"]["data"]["device"].erase(key);
     }
-    Cache("CHILD", 1, answer);
+    Cache("CHILD", 1, response);
     EXPECT_EQ(Read(), 0);
     ExpectChild();
     EXPECT_EQ(lines.Count("BelongNo Unrelated device stDeviceInfo.iCloseBlong = 0"), 2U);
 }
 
 TEST_F(Relation, RelationThatIsNotInForceGivesTheDeviceItself) {
-    nlohmann::json answer = Answer();
-    answer["result"]["data"]["device"]["belongState"] = 0;
-    Cache("CHILD", 1, answer);
+    nlohmann::json response = Response();
+    response["result"]["data"]["device"]["belongState"] = 0;
+    Cache("CHILD", 1, response);
     EXPECT_EQ(Read(), 0);
     ExpectChild();
 }
 
 TEST_F(Relation, CloseBelongSwitchGivesTheDeviceItself) {
-    Cache("CHILD", 1, Answer());
-    CarryRelation();
+    Cache("CHILD", 1, Response());
+    GiveRelation();
     core.setCloseBelongSerial(1);
     EXPECT_EQ(Read(), 0);
     ExpectChild();
@@ -122,8 +124,8 @@ TEST_F(Relation, CloseBelongSwitchGivesTheDeviceItself) {
 }
 
 TEST_F(Relation, HostsOwnSwitchInTheRecordGivesTheDeviceItselfAndIsKept) {
-    Cache("CHILD", 1, Answer());
-    CarryRelation();
+    Cache("CHILD", 1, Response());
+    GiveRelation();
     device.iCloseBlong = 1;
     EXPECT_EQ(Read(), 0);
     ExpectChild();
@@ -132,7 +134,7 @@ TEST_F(Relation, HostsOwnSwitchInTheRecordGivesTheDeviceItselfAndIsKept) {
 }
 
 TEST_F(Relation, SwitchInTheRecordIsKeptWhateverItsValue) {
-    Cache("CHILD", 1, Answer());
+    Cache("CHILD", 1, Response());
     core.setCloseBelongSerial(1);
     for (const int value : {0, 2, -1}) {
         device = DevDetailInfo();
@@ -146,9 +148,9 @@ TEST_F(Relation, SwitchInTheRecordIsKeptWhateverItsValue) {
 
 TEST_F(Relation, ParentThatIsNotOnlineGivesTheDeviceItself) {
     for (const int status : {0, 2, -1}) {
-        nlohmann::json answer = Answer();
-        Parent(answer)["deviceStatus"] = status;
-        Cache("CHILD", 1, answer);
+        nlohmann::json response = Response();
+        Parent(response)["deviceStatus"] = status;
+        Cache("CHILD", 1, response);
         device = DevDetailInfo();
         EXPECT_EQ(Read(), 0);
         ExpectChild();
@@ -157,9 +159,9 @@ TEST_F(Relation, ParentThatIsNotOnlineGivesTheDeviceItself) {
 }
 
 TEST_F(Relation, DeviceWhoseParentTheResponseLacksComesBackAsItself) {
-    nlohmann::json answer = Answer();
-    answer["result"]["data"]["device"].erase("belongDevice");
-    Cache("CHILD", 1, answer);
+    nlohmann::json response = Response();
+    response["result"]["data"]["device"].erase("belongDevice");
+    Cache("CHILD", 1, response);
     EXPECT_EQ(Read(), 0);
     ExpectChild();
     EXPECT_EQ(transport.Count(), 1U);
@@ -169,19 +171,19 @@ TEST_F(Relation, DeviceWhoseParentTheResponseLacksComesBackAsItself) {
     EXPECT_EQ(parent->deviceStatus, 0);
 }
 
-TEST_F(Relation, ParentThatIsNotCachedIsFetchedForARecordThatCarriesTheRelation) {
-    Cache("CHILD", 1, Answer());
-    CarryRelation();
+TEST_F(Relation, ParentThatIsNotCachedIsFetchedForARecordThatHasTheRelation) {
+    Cache("CHILD", 1, Response());
+    GiveRelation();
     device.belongSerial = "ELSEWHERE";
-    transport.Respond(Answer().dump());
+    transport.Respond(Response().dump());
     EXPECT_EQ(Read(), 0);
     ExpectParent();
     EXPECT_EQ(transport.Count(), 2U);
 }
 
 TEST_F(Relation, MissedParentLeavesTheCallersNumberAtZero) {
-    Cache("CHILD", 1, Answer());
-    CarryRelation();
+    Cache("CHILD", 1, Response());
+    GiveRelation();
     device.belongSerial = "ELSEWHERE";
     device.belongNo = 5;
     transport.Fail(7);
@@ -197,10 +199,10 @@ TEST_F(Relation, AbsentChannelIsFetchedWithoutALine) {
 }
 
 TEST_F(Relation, OtherReleaseIsLoggedAndFetchedAgain) {
-    nlohmann::json answer = Answer();
-    answer["result"]["data"]["device"]["releaseVersion"] = "VERSION_1";
-    Cache("CHILD", 1, answer);
-    transport.Respond(answer.dump());
+    nlohmann::json response = Response();
+    response["result"]["data"]["device"]["releaseVersion"] = "VERSION_1";
+    Cache("CHILD", 1, response);
+    transport.Respond(response.dump());
     EXPECT_EQ(Read(), -1);
     EXPECT_EQ(transport.Count(), 2U);
     const std::string message = "VANTIX_DEV_NO_SUPPORT Release Version Not Equal VERSION_17";
@@ -211,10 +213,10 @@ TEST_F(Relation, OtherReleaseIsLoggedAndFetchedAgain) {
 }
 
 TEST_F(Relation, DeviceIsLookedUpUnderTheChannelsSerial) {
-    nlohmann::json answer = Answer();
-    answer["result"]["data"]["camera"]["deviceSerial"] = "OTHER";
-    Cache("CHILD", 1, answer);
-    transport.Respond(answer.dump());
+    nlohmann::json response = Response();
+    response["result"]["data"]["camera"]["deviceSerial"] = "OTHER";
+    Cache("CHILD", 1, response);
+    transport.Respond(response.dump());
     EXPECT_EQ(Read(), -1) << "OTHER is not cached, before or after the fetch";
     EXPECT_EQ(transport.Count(), 2U);
 }
@@ -235,8 +237,8 @@ TEST_F(Relation, EmptyTokenFails) {
 // ---- What is stored of a parent
 
 TEST_F(Relation, ParentIsStoredAsADeviceOfItsOwn) {
-    nlohmann::json answer = Answer();
-    Cache("CHILD", 1, answer);
+    nlohmann::json response = Response();
+    Cache("CHILD", 1, response);
     EXPECT_EQ(core.IsSupportSeekPlayback("PARENT"), 0);
     nlohmann::json parentsChannel = DetailResponse("PARENT", 1);
     parentsChannel["result"]["data"]["device"]["deviceIP"] = "fetched itself";
@@ -246,48 +248,48 @@ TEST_F(Relation, ParentIsStoredAsADeviceOfItsOwn) {
 }
 
 TEST_F(Relation, ParentIsStoredUnderTheSerialThatTheDeviceNames) {
-    nlohmann::json answer = Answer();
-    Parent(answer)["deviceSerial"] = "ANOTHER NAME";
-    Cache("CHILD", 1, answer);
+    nlohmann::json response = Response();
+    Parent(response)["deviceSerial"] = "ANOTHER NAME";
+    Cache("CHILD", 1, response);
     EXPECT_EQ(Read(), 0);
     EXPECT_EQ(device.deviceSerial, "ANOTHER NAME");
     EXPECT_EQ(device.deviceIP, "ip of parent");
 }
 
-TEST_F(Relation, AnswerWithoutAParentKeepsTheCachedOne) {
-    Cache("CHILD", 1, Answer());
-    nlohmann::json answer = Answer();
-    answer["result"]["data"]["device"].erase("belongDevice");
-    Cache("CHILD", 1, answer);
+TEST_F(Relation, ResponseWithoutAParentKeepsTheCachedOne) {
+    Cache("CHILD", 1, Response());
+    nlohmann::json response = Response();
+    response["result"]["data"]["device"].erase("belongDevice");
+    Cache("CHILD", 1, response);
     EXPECT_EQ(Read(), 0);
     ExpectParent();
 }
 
 TEST_F(Relation, ParentOfADeviceThatNamesNoneIsNotStored) {
-    nlohmann::json answer = Answer();
-    answer["result"]["data"]["device"]["belongSerial"] = "";
-    Cache("CHILD", 1, answer);
+    nlohmann::json response = Response();
+    response["result"]["data"]["device"]["belongSerial"] = "";
+    Cache("CHILD", 1, response);
     EXPECT_TRUE(Parts().caches.FindDevice("CHILD"));
     EXPECT_FALSE(Parts().caches.FindDevice("PARENT"));
     EXPECT_FALSE(Parts().caches.FindDevice(""));
 }
 
 TEST_F(Relation, LatestParentIsServed) {
-    Cache("CHILD", 1, Answer());
-    nlohmann::json answer = Answer();
-    Parent(answer)["deviceIP"] = "moved";
-    Cache("CHILD", 1, answer);
+    Cache("CHILD", 1, Response());
+    nlohmann::json response = Response();
+    Parent(response)["deviceIP"] = "moved";
+    Cache("CHILD", 1, response);
     EXPECT_EQ(Read(), 0);
     EXPECT_EQ(device.deviceIP, "moved");
 }
 
 TEST_F(Relation, ParentKeepsNothingOfTheFailedAttemptBefore) {
-    nlohmann::json refused = Answer();
+    nlohmann::json refused = Response();
     refused["result"]["code"] = "49999";
-    nlohmann::json answer = Answer();
-    answer["result"]["data"]["device"].erase("belongDevice");
+    nlohmann::json response = Response();
+    response["result"]["data"]["device"].erase("belongDevice");
     transport.Respond(refused.dump());
-    Cache("CHILD", 1, answer);
+    Cache("CHILD", 1, response);
     EXPECT_EQ(transport.Count(), 2U);
     EXPECT_EQ(Parts().caches.FindDevice("PARENT").value_or(DevDetailInfo()).deviceIP, "");
     EXPECT_EQ(Read(), 0);

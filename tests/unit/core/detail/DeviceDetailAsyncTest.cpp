@@ -18,14 +18,14 @@ protected:
     int Ask(const std::string& serial = "C1", int ch = 1, bool retried = false) {
         return core.getDevDetailInfo(serial, ch, channel, device, future, retried);
     }
-    static std::string Answer(const std::string& ip, const std::string& release = "VERSION_17") {
-        nlohmann::json answer = DetailResponse("C1", 1);
-        answer["result"]["data"]["device"]["deviceIP"] = ip;
-        answer["result"]["data"]["device"]["releaseVersion"] = release;
-        return answer.dump();
+    static std::string Body(const std::string& ip, const std::string& release = "VERSION_17") {
+        nlohmann::json response = DetailResponse("C1", 1);
+        response["result"]["data"]["device"]["deviceIP"] = ip;
+        response["result"]["data"]["device"]["releaseVersion"] = release;
+        return response.dump();
     }
     void CacheIt(const std::string& ip, const std::string& release = "VERSION_17") {
-        Cache("C1", 1, nlohmann::json::parse(Answer(ip, release)));
+        Cache("C1", 1, nlohmann::json::parse(Body(ip, release)));
     }
 
     DevChannelInfo channel;
@@ -34,7 +34,7 @@ protected:
 };
 
 TEST_F(DetailAsync, MissStartsATaskAndReturnsMinusOne) {
-    transport.Respond(Answer("10.0.0.1"));
+    transport.Respond(Body("10.0.0.1"));
     EXPECT_EQ(Ask(), -1);
     ASSERT_TRUE(future.valid());
     EXPECT_EQ(future.get(), 0);
@@ -45,7 +45,7 @@ TEST_F(DetailAsync, MissStartsATaskAndReturnsMinusOne) {
 }
 
 TEST_F(DetailAsync, TaskLogsItselfInItsMethodsName) {
-    transport.Respond(Answer("x"));
+    transport.Respond(Body("x"));
     Ask("C1", 7);
     future.get();
     const LogLine line = OnlyLine("futureDetailInfo async strDeviceSerial = C1 iChannel = 7");
@@ -83,7 +83,7 @@ TEST_F(DetailAsync, CopyIsFetchedAgainOneSecondAfterTheCacheTime) {
     EXPECT_EQ(Ask(), 0);
     EXPECT_FALSE(future.valid());
     clock.AdvanceSeconds(1);
-    transport.Respond(Answer("new"));
+    transport.Respond(Body("new"));
     EXPECT_EQ(Ask(), 0) << "a copy was found, if an old one";
     ASSERT_TRUE(future.valid());
     EXPECT_EQ(future.get(), 0);
@@ -96,7 +96,7 @@ TEST_F(DetailAsync, CopyIsFetchedAgainOneSecondAfterTheCacheTime) {
 TEST_F(DetailAsync, MarkedCopyIsFetchedAgainAndTheMarkIsGone) {
     CacheIt("old");
     EXPECT_EQ(core.SetDevInfoCache("C1", 1), 0);
-    transport.Respond(Answer("new"));
+    transport.Respond(Body("new"));
     EXPECT_EQ(Ask(), 0);
     ASSERT_TRUE(future.valid());
     EXPECT_EQ(future.get(), 0);
@@ -121,7 +121,7 @@ TEST_F(DetailAsync, FailedRefillKeepsTheMarkAndTheCopy) {
 TEST_F(DetailAsync, OtherReleaseStartsATask) {
     for (const char* release : {"", "VERSION_16"}) {
         CacheIt("old", release);
-        transport.Respond(Answer("new"));
+        transport.Respond(Body("new"));
         EXPECT_EQ(Ask(), VANTIX_DEV_RELEASE_MISMATCH);
         ASSERT_TRUE(future.valid());
         EXPECT_EQ(future.get(), 0);
@@ -132,7 +132,7 @@ TEST_F(DetailAsync, OtherReleaseStartsATask) {
 TEST_F(DetailAsync, ClearedDeviceCacheStartsATask) {
     CacheIt("old");
     core.ClearDeviceInfoCache();
-    transport.Respond(Answer("new"));
+    transport.Respond(Body("new"));
     EXPECT_EQ(Ask(), -1);
     EXPECT_EQ(future.get(), 0);
 }
@@ -151,7 +151,7 @@ TEST_F(DetailAsync, CopyFetchedWithoutAClockIsServedUntilThereIsOne) {
     EXPECT_EQ(Ask(), 0);
     EXPECT_FALSE(future.valid());
     clock.SetWall(1'800'000'000);
-    transport.Respond(Answer("new"));
+    transport.Respond(Body("new"));
     EXPECT_EQ(Ask(), 0);
     EXPECT_TRUE(future.valid());
     EXPECT_EQ(future.get(), 0);
@@ -191,13 +191,13 @@ TEST_F(DetailAsync, TaskHasItsOwnCopyOfTheSerial) {
         return ScriptedResponse{0, DetailResponse(request.Param("deviceSerial"), 1).dump()};
     });
     {
-        std::string serial = "a serial that lives shorter than the task";
+        std::string serial = "a serial that is destroyed before the task ends";
         EXPECT_EQ(Ask(serial), -1);
         serial.assign(serial.size(), '!');
     }
     release.set_value();
     EXPECT_EQ(future.get(), 0);
-    EXPECT_EQ(device.deviceSerial, "a serial that lives shorter than the task");
+    EXPECT_EQ(device.deviceSerial, "a serial that is destroyed before the task ends");
 }
 
 TEST_F(DetailAsync, SecondTaskIntoTheSameFutureWaitsForTheFirst) {
@@ -206,11 +206,11 @@ TEST_F(DetailAsync, SecondTaskIntoTheSameFutureWaitsForTheFirst) {
     transport.Make([&](const SentRequest&) {
         started.set_value();
         release.get_future().wait();
-        return ScriptedResponse{0, Answer("first")};
+        return ScriptedResponse{0, Body("first")};
     });
     transport.Make([&](const SentRequest&) {
         release.set_value();
-        return ScriptedResponse{0, Answer("second")};
+        return ScriptedResponse{0, Body("second")};
     });
     DevChannelInfo otherChannel;
     DevDetailInfo otherDevice;
@@ -230,7 +230,7 @@ TEST_F(DetailAsync, WithoutThreadsTheFutureYieldsMinusOne) {
     ASSERT_TRUE(future.valid());
     EXPECT_EQ(future.get(), -1);
     EXPECT_EQ(transport.Count(), 0U);
-    transport.Respond(Answer("x"));
+    transport.Respond(Body("x"));
     EXPECT_EQ(Ask(), -1);
     EXPECT_EQ(future.get(), 0) << "once there are threads again";
 }
@@ -246,12 +246,12 @@ TEST_F(DetailAsync, SerialsThatAreNoneReachTheServerAsTheyAre) {
     }
 }
 
-TEST_F(DetailAsync, SixtyFourCallersAtOnceAreAllAnswered) {
+TEST_F(DetailAsync, SixtyFourCallersAtOnceAllGetAResult) {
     iLogLevel = 6;
     std::atomic<int> requests{0};
     transport.Always([&](const SentRequest&) {
         ++requests;
-        return ScriptedResponse{0, Answer("x")};
+        return ScriptedResponse{0, Body("x")};
     });
     constexpr size_t kCallers = 64;
     std::vector<DevChannelInfo> channels(kCallers);

@@ -26,17 +26,17 @@ protected:
         return core.getDeviceRecord(serial, ch, cached) == 0 ? cached.deviceIP : "";
     }
     static nlohmann::json WithIP(const std::string& serial, const std::string& ip) {
-        nlohmann::json answer = DetailResponse(serial, 1);
-        answer["result"]["data"]["device"]["deviceIP"] = ip;
-        answer["result"]["data"]["camera"]["cameraId"] = ip;
-        return answer;
+        nlohmann::json response = DetailResponse(serial, 1);
+        response["result"]["data"]["device"]["deviceIP"] = ip;
+        response["result"]["data"]["camera"]["cameraId"] = ip;
+        return response;
     }
 
     DevChannelInfo channel;
     DevDetailInfo device;
 };
 
-TEST_F(DetailFetch, RequestCarriesDeviceTokenAndAppIdToTheBDomain) {
+TEST_F(DetailFetch, RequestSendsDeviceTokenAndAppIdToTheBDomain) {
     transport.Respond(DetailResponse("C1", 3).dump());
     EXPECT_EQ(Fetch("C1", 3), 0);
     ASSERT_EQ(transport.Count(), 1U);
@@ -63,10 +63,10 @@ TEST_F(DetailFetch, SuccessFillsTheRecordsAndStampsThem) {
 }
 
 TEST_F(DetailFetch, SuccessIsStoredInAllThreeCaches) {
-    auto answer = WithIP("C1", "10.0.0.1");
-    answer["result"]["data"]["camera"]["isTrust"] = "3";
-    answer["result"]["data"]["device"]["supportExt"] = {{"support_seek_playback", "1"}};
-    transport.Respond(answer.dump());
+    auto response = WithIP("C1", "10.0.0.1");
+    response["result"]["data"]["camera"]["isTrust"] = "3";
+    response["result"]["data"]["device"]["supportExt"] = {{"support_seek_playback", "1"}};
+    transport.Respond(response.dump());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(core.getChannelCacheValue("C1", 1), 3);
     EXPECT_EQ(CachedIP(), "10.0.0.1");
@@ -144,7 +144,7 @@ TEST_F(DetailFetch, B2CModeAsksTheConsumerServerForASharedDevice) {
     core.setPermissionMode(2);
     core.setSessionId("the-session");
     core.SetB2CTokens(R"([{"token":"shared","deviceSerial":"C1","channelNo":"1","isShared":1}])");
-    EXPECT_EQ(Fetch(), 100007) << "nothing answers";
+    EXPECT_EQ(Fetch(), 100007) << "nothing responds";
     ASSERT_EQ(transport.Count(), 1U);
     const SentRequest sent = transport.Sent()[0];
     EXPECT_EQ(sent.url.find("https://c.example/v3/userdevices/v1/devices/pagelist?"), 0U) << sent.url;
@@ -285,7 +285,7 @@ TEST_F(DetailFetch, FailedTransferTouchesOnlyTheCost) {
     EXPECT_TRUE(device.isFromCache);
 }
 
-TEST_F(DetailFetch, RefusedAnswerIsNeverASuccess) {
+TEST_F(DetailFetch, RefusedResponseIsNeverASuccess) {
     for (const char* code : {"-300000", "2147183648", "2147483647", "-2147483648", "99999999999", "-99999999999"}) {
         Cache("C1", 1, WithIP("C1", "old"));
         transport.Respond(CodeResponse(code));
@@ -324,10 +324,10 @@ TEST_F(DetailFetch, ForcedCallDoesNotLookAtTheCache) {
 }
 
 TEST_F(DetailFetch, UnforcedCallLooksTheDeviceUpUnderTheChannelsSerial) {
-    auto answer = WithIP("C1", "by channel");
-    answer["result"]["data"]["camera"]["deviceSerial"] = "OTHER";
-    Cache("C1", 1, answer);
-    transport.Respond(answer.dump());
+    auto response = WithIP("C1", "by channel");
+    response["result"]["data"]["camera"]["deviceSerial"] = "OTHER";
+    Cache("C1", 1, response);
+    transport.Respond(response.dump());
     EXPECT_EQ(core.getDevDetailInfoSync("C1", 1, false, channel, device, false), 0);
     EXPECT_EQ(transport.Count(), 2U) << "OTHER is not cached, so the detail is fetched";
     ExpectNoLine("not exist");
@@ -337,10 +337,10 @@ TEST_F(DetailFetch, UnforcedCallLooksTheDeviceUpUnderTheChannelsSerial) {
 }
 
 TEST_F(DetailFetch, UnforcedCallFetchesADeviceOfAnotherReleaseAgain) {
-    auto answer = WithIP("C1", "other release");
-    answer["result"]["data"]["device"]["releaseVersion"] = "VERSION_1";
-    Cache("C1", 1, answer);
-    transport.Respond(answer.dump());
+    auto response = WithIP("C1", "other release");
+    response["result"]["data"]["device"]["releaseVersion"] = "VERSION_1";
+    Cache("C1", 1, response);
+    transport.Respond(response.dump());
     EXPECT_EQ(core.getDevDetailInfoSync("C1", 1, false, channel, device, false), 0);
     EXPECT_EQ(transport.Count(), 2U);
 }

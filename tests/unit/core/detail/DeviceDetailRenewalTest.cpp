@@ -48,10 +48,10 @@ class DetailRepeat : public FetchTest, public testing::WithParamInterface<Row> {
 protected:
     int Fetch(bool retried = false) { return GetParam().front(core, "OWN", channel, device, retried); }
     int FetchShared(bool retried = false) { return GetParam().front(core, "SHARED", channel, device, retried); }
-    static std::string Answer(const std::string& ip = "10.0.0.1") {
-        nlohmann::json answer = DetailResponse("OWN", 1);
-        answer["result"]["data"]["device"]["deviceIP"] = ip;
-        return answer.dump();
+    static std::string Body(const std::string& ip = "10.0.0.1") {
+        nlohmann::json response = DetailResponse("OWN", 1);
+        response["result"]["data"]["device"]["deviceIP"] = ip;
+        return response.dump();
     }
     /// What the device cache holds; empty when there is nothing.
     std::string CachedIP() {
@@ -66,7 +66,7 @@ protected:
 TEST_P(DetailRepeat, ExpiredTokenIsRenewedOnceAndTheFetchRepeatedWithTheNewOne) {
     transport.Respond(kExpired);
     transport.Respond(RefreshResponse());
-    transport.Respond(Answer());
+    transport.Respond(Body());
     EXPECT_EQ(Fetch(), 0);
     ASSERT_EQ(transport.Count(), 3U);
     EXPECT_EQ(Address(0), "https://b.example/api/device/detail");
@@ -143,7 +143,7 @@ TEST_P(DetailRepeat, ExpiryIsMetAtAnyAttemptAndTheRepeatHasThreeOfItsOwn) {
     transport.Respond(kExpired);
     transport.Respond(RefreshResponse());
     transport.Respond(CodeResponse("50000"), 2);
-    transport.Respond(Answer());
+    transport.Respond(Body());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(transport.Count(), 7U);
     EXPECT_EQ(Token(2), "access-token");
@@ -166,7 +166,7 @@ TEST_P(DetailRepeat, B2CModeRenewsTheAccessTokenAndRepeatsWithTheDevicesOwn) {
     core.setPermissionMode(2);
     transport.Respond(kExpired);
     transport.Respond(RefreshResponse());
-    transport.Respond(Answer());
+    transport.Respond(Body());
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(Token(0), "own-token");
     EXPECT_EQ(Token(2), "own-token");
@@ -176,13 +176,13 @@ TEST_P(DetailRepeat, B2CModeRenewsTheAccessTokenAndRepeatsWithTheDevicesOwn) {
 TEST_P(DetailRepeat, RepeatIsForcedWhereTheRuleSaysSo) {
     transport.Respond(kExpired);
     transport.Make([&](const SentRequest&) {
-        transport.Respond(Answer("of another fetch"));
+        transport.Respond(Body("of another fetch"));
         DevChannelInfo otherChannel;
         DevDetailInfo other;
         EXPECT_EQ(core.getDevDetailInfoSync("OWN", 1, true, otherChannel, other, true), 0);
         return ScriptedResponse{0, RefreshResponse()};
     });
-    transport.Always([](const SentRequest&) { return ScriptedResponse{0, Answer("of the repeat")}; });
+    transport.Always([](const SentRequest&) { return ScriptedResponse{0, Body("of the repeat")}; });
     EXPECT_EQ(Fetch(), 0);
     EXPECT_EQ(transport.Count(), GetParam().repeatLooksAtTheCache ? 3U : 4U);
     EXPECT_EQ(device.deviceIP, GetParam().repeatLooksAtTheCache ? "of another fetch" : "of the repeat");
@@ -224,6 +224,31 @@ TEST_P(DetailRepeat, RepeatedCallDoesNotRenewTheSession) {
     EXPECT_EQ(FetchShared(true), 300401);
     EXPECT_EQ(transport.Count(), 1U);
     ExpectNoLine("start RefreshSession");
+}
+
+// ---- A shared device without a session
+
+TEST_P(DetailRepeat, EmptySessionIsRenewedBeforeTheRequest) {
+    core.setPermissionMode(2);
+    core.setSessionId("");
+    transport.Respond(SessionResponse());
+    transport.Respond(R"({"meta":{"code":500}})");
+    EXPECT_EQ(FetchShared(), 300500) << "what the request with the new session returns";
+    ASSERT_EQ(transport.Count(), 2U);
+    EXPECT_EQ(Address(0), "https://c.example/v3/apigateway/login");
+    EXPECT_EQ(Address(1), "https://c.example/v3/userdevices/v1/devices/pagelist");
+    EXPECT_EQ(Session(1), "new-session");
+    EXPECT_EQ(core.getSessionId(), "new-session");
+    ExpectNoLine("get strToken error");
+}
+
+TEST_P(DetailRepeat, EmptySessionThatNothingRenewsFailsWithoutARequest) {
+    core.setPermissionMode(2);
+    core.setSessionId("");
+    Parts().settings.refreshSessionId.Assign("");
+    EXPECT_EQ(FetchShared(), -1);
+    EXPECT_EQ(transport.Count(), 0U);
+    ExpectOneCredentialError("CVantixDataCenter::updateDevDetailInfo");
 }
 
 INSTANTIATE_TEST_SUITE_P(Fronts, DetailRepeat, testing::ValuesIn(kRows),

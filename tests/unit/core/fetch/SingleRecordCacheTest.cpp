@@ -46,53 +46,53 @@ TEST_F(SingleRecord, FreshCacheServesNothingAndTouchesNothing) {
 }
 
 TEST_F(SingleRecord, KeptRecordIsServedWholeAndAsOneThatTookNoRequest) {
-    cache.Keep(User("kept"));
+    cache.Store(User("stored"));
     P2PUserInfo user;
     ASSERT_TRUE(cache.Serve(user));
-    EXPECT_EQ(user.userId, "kept");
-    EXPECT_EQ(user.data, "kept");
+    EXPECT_EQ(user.userId, "stored");
+    EXPECT_EQ(user.data, "stored");
     EXPECT_EQ(user.version, 3);
     EXPECT_EQ(user.saltIndex, 4);
     EXPECT_EQ(user.iRequestCost, 0);
 }
 
 TEST_F(SingleRecord, ServedRecordIsACopy) {
-    cache.Keep(User("kept"));
+    cache.Store(User("stored"));
     P2PUserInfo user;
     cache.Serve(user);
     user.userId = "changed";
     ASSERT_TRUE(cache.Serve(user));
-    EXPECT_EQ(user.userId, "kept");
+    EXPECT_EQ(user.userId, "stored");
 }
 
 TEST_F(SingleRecord, LaterRecordReplacesTheEarlierOne) {
-    cache.Keep(User("first"));
-    cache.Keep(User("second"));
+    cache.Store(User("first"));
+    cache.Store(User("second"));
     P2PUserInfo user;
     ASSERT_TRUE(cache.Serve(user));
     EXPECT_EQ(user.userId, "second");
 }
 
 TEST_F(SingleRecord, InvalidRecordIsNotServedUntilOneIsKeptAgain) {
-    cache.Keep(User("kept"));
+    cache.Store(User("stored"));
     cache.Invalidate();
     P2PUserInfo user = User("mine");
     EXPECT_FALSE(cache.Serve(user));
     EXPECT_EQ(user.userId, "mine");
     EXPECT_EQ(user.iRequestCost, 7);
-    cache.Keep(User("again"));
+    cache.Store(User("again"));
     EXPECT_TRUE(cache.Serve(user));
 }
 
 TEST_F(SingleRecord, ValidRecordIsServedHoweverOld) {
-    cache.Keep(User("kept"));
+    cache.Store(User("stored"));
     clock.AdvanceSeconds(10'000'000);
     EXPECT_TRUE(IsServed());
 }
 
 TEST_F(SingleRecord, OlderThanMeansStrictlyOlder) {
     for (const auto& [age, served] : {std::pair(0, true), {119, true}, {120, true}, {121, false}, {122, false}}) {
-        cache.Keep(User("kept"));
+        cache.Store(User("stored"));
         clock.AdvanceSeconds(age);
         cache.InvalidateOlderThan(120);
         EXPECT_EQ(IsServed(), served) << age;
@@ -100,15 +100,15 @@ TEST_F(SingleRecord, OlderThanMeansStrictlyOlder) {
 }
 
 TEST_F(SingleRecord, AgeCountsFromTheLastRecordKept) {
-    cache.Keep(User("first"));
+    cache.Store(User("first"));
     clock.AdvanceSeconds(121);
-    cache.Keep(User("second"));
+    cache.Store(User("second"));
     cache.InvalidateOlderThan(120);
     EXPECT_TRUE(IsServed());
 }
 
 TEST_F(SingleRecord, ServingDoesNotMakeARecordYounger) {
-    cache.Keep(User("kept"));
+    cache.Store(User("stored"));
     clock.AdvanceSeconds(120);
     EXPECT_TRUE(IsServed());
     clock.AdvanceSeconds(1);
@@ -117,14 +117,14 @@ TEST_F(SingleRecord, ServingDoesNotMakeARecordYounger) {
 }
 
 TEST_F(SingleRecord, YoungRecordDoesNotBecomeValidByTheAgeTest) {
-    cache.Keep(User("kept"));
+    cache.Store(User("stored"));
     cache.Invalidate();
     cache.InvalidateOlderThan(120);
     EXPECT_FALSE(IsServed());
 }
 
 TEST_F(SingleRecord, RecordFromTheFutureIsNotOld) {
-    cache.Keep(User("kept"));
+    cache.Store(User("stored"));
     clock.AdvanceSeconds(-3600);
     cache.InvalidateOlderThan(120);
     EXPECT_TRUE(IsServed());
@@ -132,7 +132,7 @@ TEST_F(SingleRecord, RecordFromTheFutureIsNotOld) {
 
 TEST_F(SingleRecord, AgeIsADifferenceOf32BitsThatWraps) {
     const struct {
-        int64_t kept;
+        int64_t stored;
         int64_t now;
         bool served;
     } rows[] = {
@@ -145,16 +145,16 @@ TEST_F(SingleRecord, AgeIsADifferenceOf32BitsThatWraps) {
         {1'800'000'000, 1'800'000'000LL + 0x7FFF'FFFFLL, false},
     };
     for (const auto& row : rows) {
-        clock.SetWall(row.kept);
-        cache.Keep(User("kept"));
+        clock.SetWall(row.stored);
+        cache.Store(User("stored"));
         clock.SetWall(row.now);
         cache.InvalidateOlderThan(120);
-        EXPECT_EQ(IsServed(), row.served) << row.kept << " " << row.now;
+        EXPECT_EQ(IsServed(), row.served) << row.stored << " " << row.now;
     }
 }
 
 TEST_F(SingleRecord, WithoutAClockNothingGrowsOld) {
-    cache.Keep(User("kept"));
+    cache.Store(User("stored"));
     clock.Break();
     cache.InvalidateOlderThan(120);
     EXPECT_TRUE(IsServed());
@@ -168,7 +168,7 @@ TEST_F(SingleRecord, RecordsStayWholeWhenManyKeepServeAndInvalidate) {
         threads.emplace_back([&, i] {
             const std::string own = longText + std::to_string(i);
             for (int k = 0; k < 300; ++k) {
-                cache.Keep(User(own, i + 1));
+                cache.Store(User(own, i + 1));
                 P2PUserInfo user;
                 if (cache.Serve(user)) {
                     EXPECT_EQ(user.userId, user.data);
@@ -184,7 +184,7 @@ TEST_F(SingleRecord, RecordsStayWholeWhenManyKeepServeAndInvalidate) {
     for (std::thread& thread : threads) {
         thread.join();
     }
-    cache.Keep(User("last"));
+    cache.Store(User("last"));
     EXPECT_TRUE(IsServed());
 }
 

@@ -5,10 +5,10 @@
 namespace vantix::test {
 namespace {
 
-std::string DownloadAnswer(const std::string& capability) {
-    auto answer = nlohmann::json::parse(kPlatformDevice);
-    answer["result"]["data"]["qxDeviceCapability"] = capability;
-    return answer.dump();
+std::string DownloadBody(const std::string& capability) {
+    auto response = nlohmann::json::parse(kPlatformDevice);
+    response["result"]["data"]["qxDeviceCapability"] = capability;
+    return response.dump();
 }
 
 // ---- The cached read
@@ -80,17 +80,17 @@ TEST_F(V3Download, EmptyTokenIsAYesInEveryMode) {
 }
 
 TEST_F(V3Download, EmptyTokenIsAYesEvenWhenTheCacheSaysNo) {
-    transport.Respond(DownloadAnswer(R"({"V3Download":"0"})"));
+    transport.Respond(DownloadBody(R"({"V3Download":"0"})"));
     EXPECT_EQ(core.isP2PV3download("C1", 1), 0);
     core.setAccessToken("");
     EXPECT_EQ(core.isP2PV3download("C1", 1), 1);
 }
 
-TEST_F(V3Download, AnswerIsYesExactlyWhenTheTextIsOne) {
+TEST_F(V3Download, ResultIsYesExactlyWhenTheTextIsOne) {
     for (const auto& [text, yes] : {std::pair("1", 1), {"0", 0}, {"", 0}, {"2", 0}, {"01", 0}, {"1 ", 0}, {"11", 0}}) {
         core.ClearAllCache();
         lines.Clear();
-        transport.Respond(DownloadAnswer(R"({"V3Download":")" + std::string(text) + R"("})"));
+        transport.Respond(DownloadBody(R"({"V3Download":")" + std::string(text) + R"("})"));
         EXPECT_EQ(core.isP2PV3download("C1", 1), yes) << text;
         EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kTag, "strV3Download[" + std::string(text) + "]"));
     }
@@ -99,7 +99,7 @@ TEST_F(V3Download, AnswerIsYesExactlyWhenTheTextIsOne) {
 TEST_F(V3Download, CapabilityThatIsNotThereIsANo) {
     for (const char* capability : {"{}", "no json", R"({"V3":"1"})"}) {
         core.ClearAllCache();
-        transport.Respond(DownloadAnswer(capability));
+        transport.Respond(DownloadBody(capability));
         EXPECT_EQ(core.isP2PV3download("C1", 1), 0) << capability;
     }
 }
@@ -111,7 +111,7 @@ TEST_F(V3Download, FailedFetchIsANo) {
     ExpectNoLine("strV3Download[");
 }
 
-TEST_F(V3Download, FetchIsKeptAndTheCopyAnswersNext) {
+TEST_F(V3Download, FetchIsCachedAndTheCopyIsServedNext) {
     transport.Respond(kPlatformDevice);
     EXPECT_EQ(core.isP2PV3download("C1", 1), 1);
     EXPECT_EQ(core.isP2PV3download("C1", 1), 1);
@@ -120,7 +120,7 @@ TEST_F(V3Download, FetchIsKeptAndTheCopyAnswersNext) {
     EXPECT_EQ(transport.Count(), 1U);
 }
 
-TEST_F(V3Download, SmallPermissionModeCarriesTheDevicesTkToken) {
+TEST_F(V3Download, SmallPermissionModeSendsTheDevicesTkToken) {
     core.setPermissionMode(1);
     transport.Respond(kPlatformDevice);
     EXPECT_EQ(core.isP2PV3download("C1", 1), 1);
@@ -128,7 +128,7 @@ TEST_F(V3Download, SmallPermissionModeCarriesTheDevicesTkToken) {
     EXPECT_EQ(transport.Sent()[0].Param("deviceSerial"), "C1");
 }
 
-TEST_F(V3Download, OtherModesCarryTheAccessToken) {
+TEST_F(V3Download, OtherModesSendTheAccessToken) {
     for (const int mode : {0, 2, 3}) {
         core.setPermissionMode(mode);
         core.ClearAllCache();
@@ -138,7 +138,7 @@ TEST_F(V3Download, OtherModesCarryTheAccessToken) {
     }
 }
 
-TEST_F(V3Download, ConsumerServerAnswersForASharedDevice) {
+TEST_F(V3Download, ConsumerServerIsAskedForASharedDevice) {
     core.setPermissionMode(2);
     transport.Respond(kConsumerDevice);
     EXPECT_EQ(core.isP2PV3download("SHARED", 1), 1);

@@ -10,29 +10,29 @@ class P2PDevicesTest : public FetchTest {
 protected:
     int Fetch(const std::string& serial = "OWN") { return core.getP2PDevInfo(device, "own-token", serial, false); }
     int FetchInBackground() { return core.getP2PDevInfo(device, "own-token", "OWN", future); }
-    static std::string Answer(const std::string& ip, const std::string& download = "1") {
-        auto answer = nlohmann::json::parse(kPlatformDevice);
-        answer["result"]["data"]["serverInfos"] = {{{"ip", ip}, {"port", 1}}};
-        answer["result"]["data"]["qxDeviceCapability"] = R"({"V3Download":")" + download + R"("})";
-        return answer.dump();
+    static std::string Body(const std::string& ip, const std::string& download = "1") {
+        auto response = nlohmann::json::parse(kPlatformDevice);
+        response["result"]["data"]["serverInfos"] = {{{"ip", ip}, {"port", 1}}};
+        response["result"]["data"]["qxDeviceCapability"] = R"({"V3Download":")" + download + R"("})";
+        return response.dump();
     }
     void Cache(const std::string& ip = "cached") {
-        transport.Respond(Answer(ip));
-        P2PDevInfo kept;
+        transport.Respond(Body(ip));
+        P2PDevInfo cached;
         std::vector<P2PServerAddr> servers;
-        ASSERT_EQ(core.getP2PDevInfoCached("OWN", servers, kept, true), 0);
+        ASSERT_EQ(core.getP2PDevInfoCached("OWN", servers, cached, true), 0);
         lines.Clear();
     }
     void Mark() {
-        P2PDevInfo kept;
-        ASSERT_EQ(Parts().p2pDevices.getP2PDevInfoFromLocal("OWN", kept), 0);
-        kept.isUpdate = true;
-        Parts().p2pDevices.Keep(kept);
+        P2PDevInfo cached;
+        ASSERT_EQ(Parts().p2pDevices.getP2PDevInfoFromLocal("OWN", cached), 0);
+        cached.isUpdate = true;
+        Parts().p2pDevices.Store(cached);
     }
     /// The first server that the cache holds; empty when there is nothing.
     std::string CachedIP(const std::string& serial = "OWN") {
-        P2PDevInfo kept;
-        return Parts().p2pDevices.getP2PDevInfoFromLocal(serial, kept) == 0 ? kept.serverInfos.at(0).ip : "";
+        P2PDevInfo cached;
+        return Parts().p2pDevices.getP2PDevInfoFromLocal(serial, cached) == 0 ? cached.serverInfos.at(0).ip : "";
     }
     std::string IP() const { return device.serverInfos.empty() ? "" : device.serverInfos[0].ip; }
 
@@ -61,7 +61,7 @@ TEST_F(P2PDevicesTest, PlatformRequestNamesTheDevice) {
     EXPECT_EQ(device.iRequestCost, 8);
 }
 
-TEST_F(P2PDevicesTest, ConsumerRequestNamesTheDeviceAndCarriesTheSession) {
+TEST_F(P2PDevicesTest, ConsumerRequestNamesTheDeviceAndSendsTheSession) {
     core.setPermissionMode(2);
     transport.Respond(kConsumerDevice);
     EXPECT_EQ(core.getP2PDevInfo(device, "shared-token", "SHARED", false), 0);
@@ -114,7 +114,7 @@ TEST_F(P2PDevicesTest, CopyIsKeptBySerialHoweverOld) {
     clock.AdvanceSeconds(10'000'000);
     EXPECT_EQ(core.getP2PDevInfo("OWN", 7, "another", device, false), 0) << "another channel, another token";
     EXPECT_EQ(transport.Count(), 1U);
-    transport.Respond(Answer("other device"));
+    transport.Respond(Body("other device"));
     EXPECT_EQ(Fetch("C1"), 0);
     EXPECT_EQ(IP(), "other device");
     EXPECT_EQ(CachedIP(), "cached");
@@ -129,7 +129,7 @@ TEST_F(P2PDevicesTest, MarkedCopyIsFetchedAgainByEveryFormThatLooksAtTheMark) {
     for (const auto& form : forms) {
         Cache("old");
         Mark();
-        transport.Respond(Answer("new"));
+        transport.Respond(Body("new"));
         EXPECT_EQ(form(), 0);
         EXPECT_EQ(IP(), "new");
         EXPECT_FALSE(device.isUpdate);
@@ -177,7 +177,7 @@ TEST_F(P2PDevicesTest, FailureLeavesTheCacheAsItWas) {
     }
     transport.Fail(7);
     EXPECT_EQ(Fetch("C1"), 100007);
-    EXPECT_EQ(CachedIP("C1"), "") << "nothing is kept of a device that could not be fetched";
+    EXPECT_EQ(CachedIP("C1"), "") << "nothing is cached of a device that could not be fetched";
 }
 
 TEST_F(P2PDevicesTest, FailedFetchTouchesOnlyTheCost) {
@@ -240,7 +240,7 @@ TEST_F(P2PDevicesTest, HitLeavesTheFutureUntouched) {
 TEST_F(P2PDevicesTest, MarkedCopyReturnsZeroAndStartsATask) {
     Cache("old");
     Mark();
-    transport.Respond(Answer("new"));
+    transport.Respond(Body("new"));
     EXPECT_EQ(FetchInBackground(), 0) << "a copy was found";
     ASSERT_TRUE(future.valid());
     EXPECT_EQ(future.get(), 0);
@@ -299,6 +299,52 @@ TEST_F(P2PDevicesTest, WithoutThreadsTheFutureYieldsMinusOne) {
     ASSERT_TRUE(future.valid());
     EXPECT_EQ(future.get(), -1);
     EXPECT_EQ(transport.Count(), 0U);
+}
+
+// ---- The line about the domain
+
+struct SharedForm {
+    const char* name;
+    int (*call)(CVantixDataCenter& core, P2PDevInfo& device);
+    int result;
+};
+
+const SharedForm kSharedForms[] = {
+    {"isP2PV3download", [](auto& core, auto&) { return core.isP2PV3download("SHARED", 1); }, 1},
+    {"getP2PDevInfoAsync",
+     [](auto& core, auto& device) {
+         std::future<int32_t> future;
+         const int result = core.getP2PDevInfo(device, "shared-token", "SHARED", future);
+         return future.valid() ? future.get() : result;
+     },
+     0},
+    {"getP2PDevInfoCached",
+     [](auto& core, auto& device) {
+         std::vector<P2PServerAddr> servers;
+         return core.getP2PDevInfoCached("SHARED", servers, device, false);
+     },
+     0},
+    {"getP2PDevInfoBySerial",
+     [](auto& core, auto& device) { return core.getP2PDevInfo(device, "shared-token", "SHARED", false); }, 0},
+    {"getP2PDevInfoByChannel",
+     [](auto& core, auto& device) { return core.getP2PDevInfo("SHARED", 1, "shared-token", device, false); }, 0},
+};
+
+TEST_F(P2PDevicesTest, EveryFormLogsTheConsumerDomainUnderTheTagOfGetDomain) {
+    core.setPermissionMode(2);
+    for (const SharedForm& form : kSharedForms) {
+        SCOPED_TRACE(form.name);
+        core.ClearAllCache();
+        const size_t before = transport.Count();
+        lines.Clear();
+        transport.Respond(kConsumerDevice);
+        EXPECT_EQ(form.call(core, device), form.result);
+        ASSERT_EQ(transport.Count(), before + 1);
+        EXPECT_EQ(Address(before), "https://c.example/v3/userdevices/v1/devices/pagelist");
+        EXPECT_THAT(lines.Lines(),
+                    HasLine(3, "INFO ", "CVantixDataCenter::getDomain", "Returning C domain for shared device"));
+        ExpectNoLine("Returning B domain");
+    }
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The user's P2P identity: one cached record, three forms, and answers that fill nothing.
+// The user's P2P identity: one cached record, three forms, and responses that fill nothing.
 
 #include "support/NoThreads.h"
 #include "unit/core/FetchTest.h"
@@ -12,8 +12,8 @@ protected:
     int FetchInBackground() { return core.getP2PUserInfo(user, "own-token", future, false); }
     void Cache() {
         transport.Respond(kPlatformUser);
-        P2PUserInfo kept;
-        ASSERT_EQ(core.getP2PUserInfo("own-token", kept, true), 0);
+        P2PUserInfo cached;
+        ASSERT_EQ(core.getP2PUserInfo("own-token", cached, true), 0);
         lines.Clear();
     }
     bool IsCached() {
@@ -32,7 +32,7 @@ protected:
     std::future<int32_t> future;
 };
 
-// ---- The platform's answer
+// ---- The platform's response
 
 TEST_F(P2PUser, PlatformRequestIsAFormWithTheAccessToken) {
     clock.SetSteadyStep(6'000'000);
@@ -96,7 +96,7 @@ TEST_F(P2PUser, SecretIsInNoLineButTheTransportsOwnOfWhatItReceived) {
     }
 }
 
-// ---- The consumer servers' answers
+// ---- The consumer servers' responses
 
 TEST_F(P2PUser, ConsumerServerIsAskedTwiceWithTheSameSession) {
     core.setPermissionMode(2);

@@ -1,4 +1,4 @@
-// Every one-shot query: whose credential it carries and where it goes in each mode, what an empty or expired credential
+// Every one-shot query: which credential it sends and where it goes in each mode, what an empty or expired credential
 // becomes, and what is repeated.
 
 #include <gmock/gmock.h>
@@ -16,7 +16,7 @@ namespace {
 using testing::Contains;
 
 constexpr char kExpired[] = R"({"resultCode":"10002","meta":{"code":10002},"result":{"code":"10002"}})";
-constexpr char kFailedForTheMoment[] = R"({"resultCode":"50000","meta":{"code":50000},"result":{"code":"50000"}})";
+constexpr char kTransientFailure[] = R"({"resultCode":"50000","meta":{"code":50000},"result":{"code":"50000"}})";
 constexpr char kRefreshed[] = R"({"result":{"code":"200","data":{"access_token":"new-token","openId":"open-id",)"
                               R"("refresh_token":"next","expires_in":7200}}})";
 constexpr char kRefreshPath[] = "/oauth/token/refreshToken";
@@ -189,7 +189,7 @@ TEST_P(QueryTest, EmptyCredentialForASharedCameraEndsBeforeAnyRequest) {
                 Contains(Line(5, "ERROR", Row().Tag(), "get strToken error")).Times(Row().needsCredential ? 1 : 0));
 }
 
-// ---- A credential that has expired, and a platform that fails for the moment
+// ---- A credential that has expired, and a transient failure of the platform
 
 TEST_P(QueryTest, ExpiredTokenIsRenewedOnceAndTheRequestRepeated) {
     SetRefreshCredentials();
@@ -247,9 +247,9 @@ TEST_P(QueryTest, FailedTransferRenewsAndRepeatsNothing) {
     EXPECT_EQ(transport.Count(), 1U);
 }
 
-TEST_P(QueryTest, FailureOfTheMomentIsRepeatedOnceWhereTheRowSaysSo) {
+TEST_P(QueryTest, TransientFailureIsRepeatedOnceWhereTheRowSaysSo) {
     SetRefreshCredentials();
-    m_refusal = kFailedForTheMoment;
+    m_refusal = kTransientFailure;
     m_refused = kAlways;
     EXPECT_EQ(Call(Own()), std::string(Row().operation) == "getRecordByAlarmID" ? 0 : 350000);
     EXPECT_EQ(transport.Count(), Row().repeatsTransient ? 2U : 1U);

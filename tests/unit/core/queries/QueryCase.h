@@ -16,7 +16,7 @@ struct QueryCase {
     const char* operation;
     const char* path;
     bool needsCredential = true;
-    const char* credential = kAccessToken;  ///< What the request carries in the ordinary mode,
+    const char* credential = kAccessToken;  ///< What the request sends in the ordinary mode,
     const char* small = kAccessToken;       ///< in the mode of small permissions,
     const char* shared = kAccessToken;      ///< and for a shared camera in the B2C mode.
     const char* sharedPath = nullptr;       ///< When the request for a shared camera is another one.
@@ -31,7 +31,7 @@ struct QueryCase {
     int expired = 310002;  ///< What becomes of an expired token that is not renewed.
     bool isRenewed = true;
     bool takesRetried = false;      ///< The host says whether its call is a repeat.
-    bool repeatsTransient = false;  ///< Asks once more after a failure of the moment.
+    bool repeatsTransient = false;  ///< Asks once more after a transient failure.
 
     std::string Tag() const { return std::string("CVantixDataCenter::").append(operation); }
 };

@@ -61,7 +61,7 @@ TEST_F(TokenRefresh, EachOfFourParametersIsRequired) {
     EXPECT_EQ(Refresh(), 0) << "with all four again";
 }
 
-TEST_F(TokenRefresh, RequestGoesToTheAuthorisationServiceAndCarriesTheRefreshCredentials) {
+TEST_F(TokenRefresh, RequestGoesToTheAuthorisationServiceAndSendsTheRefreshCredentials) {
     transport.Respond(RefreshResponse());
     EXPECT_EQ(Refresh(), 0);
     ASSERT_EQ(transport.Count(), 1U);
@@ -93,7 +93,7 @@ TEST_F(TokenRefresh, NeedsNoAccessToken) {
     EXPECT_EQ(core.getAccessToken(), "new-token");
 }
 
-TEST_F(TokenRefresh, SuccessIsStoredReturnedAndToldByFiveCharacters) {
+TEST_F(TokenRefresh, SuccessIsStoredReturnedAndLoggedByFiveCharacters) {
     core.setAccessToken("OLDOLsecret");
     transport.Respond(RefreshResponse("NEWNEsecret"));
     EXPECT_EQ(Refresh(), 0);
@@ -109,14 +109,14 @@ TEST_F(TokenRefresh, SuccessIsStoredReturnedAndToldByFiveCharacters) {
     ExpectNoLine("OLDOLsecret");
 }
 
-TEST_F(TokenRefresh, ShortTokensAreToldWhole) {
+TEST_F(TokenRefresh, ShortTokensAreLoggedWhole) {
     core.setAccessToken("abc");
     transport.Respond(RefreshResponse("x"));
     EXPECT_EQ(Refresh(), 0);
     EXPECT_EQ(lines.Count("Refresh Token Success, OldAccessToken:abc***, NewAccessToken:x***, ExpireTime:7200"), 1U);
 }
 
-TEST_F(TokenRefresh, TokenOfTheNextRefreshIsNotTakenFromTheAnswer) {
+TEST_F(TokenRefresh, TokenOfTheNextRefreshIsNotTakenFromTheResponse) {
     transport.Respond(RefreshResponse());
     EXPECT_EQ(Refresh(), 0);
     EXPECT_EQ(core.getRefreshToken(), "refresh-token");
@@ -131,11 +131,11 @@ TEST_F(TokenRefresh, WorksInEveryModeButTheSmallOne) {
     }
 }
 
-TEST_F(TokenRefresh, FailureLeavesEveryCredentialAsItWasAndTellsWhatWasSent) {
+TEST_F(TokenRefresh, FailureLeavesEveryCredentialAsItWasAndLogsWhatWasSent) {
     auto without = [](const char* key) {
-        auto answer = nlohmann::json::parse(RefreshResponse());
-        answer["result"]["data"].erase(key);
-        return answer.dump();
+        auto response = nlohmann::json::parse(RefreshResponse());
+        response["result"]["data"].erase(key);
+        return response.dump();
     };
     const struct {
         int curl;
@@ -176,7 +176,7 @@ TEST_F(TokenRefresh, FailureLeavesEveryCredentialAsItWasAndTellsWhatWasSent) {
     }
 }
 
-TEST_F(TokenRefresh, ManyExpiredCallersAreAllAnsweredAfterAtMostOneRefreshEach) {
+TEST_F(TokenRefresh, ManyExpiredCallersAllGetAResultAfterAtMostOneRefreshEach) {
     iLogLevel = 6;
     std::atomic<int> refreshes{0};
     std::atomic<int> requests{0};
@@ -315,9 +315,9 @@ TEST_F(SessionRefresh, SuccessIsStoredReturnedAndWordedAsATokens) {
 
 TEST_F(SessionRefresh, FailureLeavesBothIdsAsTheyWere) {
     auto without = [](const char* key) {
-        auto answer = nlohmann::json::parse(SessionResponse());
-        answer["sessionInfo"].erase(key);
-        return answer.dump();
+        auto response = nlohmann::json::parse(SessionResponse());
+        response["sessionInfo"].erase(key);
+        return response.dump();
     };
     const struct {
         int curl;
@@ -348,7 +348,7 @@ TEST_F(SessionRefresh, FailureLeavesBothIdsAsTheyWere) {
     }
 }
 
-TEST_F(SessionRefresh, AnswerWithoutARefreshIdKeepsTheOldOne) {
+TEST_F(SessionRefresh, ResponseWithoutARefreshIdKeepsTheOldOne) {
     for (const char* info : {R"({"sessionId":"S1"})", R"({"sessionId":"S1","refreshSessionId":""})"}) {
         transport.Respond(R"({"meta":{"code":200},"sessionInfo":)" + std::string(info) + "}");
         EXPECT_EQ(Refresh(), 0);

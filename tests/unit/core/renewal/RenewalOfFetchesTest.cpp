@@ -5,15 +5,15 @@
 namespace vantix::test {
 namespace {
 
-using SourcesRepeat = FetchRowTest;
+using FetchRepeatTest = FetchRowTest;
 using ConsumerRepeat = FetchRowTest;
-// Those that are told whether they are the repeat already.
-using SourcesFlag = FetchRowTest;
+// Those whose caller says whether the call is a repeat already.
+using FetchFlagTest = FetchRowTest;
 using ConsumerFlag = FetchRowTest;
 
 // ---- An expired access token
 
-TEST_P(SourcesRepeat, ExpiredTokenIsRenewedOnceAndTheFetchRepeatedWithTheNewOne) {
+TEST_P(FetchRepeatTest, ExpiredTokenIsRenewedOnceAndTheFetchRepeatedWithTheNewOne) {
     for (const int mode : {0, 2, 3}) {
         SCOPED_TRACE(mode);
         core.ClearAllCache();
@@ -22,11 +22,11 @@ TEST_P(SourcesRepeat, ExpiredTokenIsRenewedOnceAndTheFetchRepeatedWithTheNewOne)
         const size_t before = transport.Count();
         transport.Respond(kExpired);
         transport.Respond(RefreshResponse());
-        transport.Respond(GetParam().platformAnswer);
+        transport.Respond(GetParam().platformBody);
         EXPECT_EQ(Call("own-token"), 0);
         ASSERT_EQ(transport.Count(), before + 3);
         EXPECT_EQ(Address(before), AtPlatform());
-        EXPECT_EQ(Token(before), Carried("own-token"));
+        EXPECT_EQ(Token(before), SentToken("own-token"));
         EXPECT_EQ(Address(before + 1), "https://auth.example/oauth/token/refreshToken");
         EXPECT_EQ(Address(before + 2), AtPlatform());
         EXPECT_EQ(Token(before + 2), "new-token");
@@ -34,16 +34,16 @@ TEST_P(SourcesRepeat, ExpiredTokenIsRenewedOnceAndTheFetchRepeatedWithTheNewOne)
     }
 }
 
-TEST_P(SourcesRepeat, NewTokenIsWhatTheRepeatIsAskedWith) {
+TEST_P(FetchRepeatTest, NewTokenIsWhatTheRepeatIsAskedWith) {
     transport.Respond(kExpired);
     transport.Respond(RefreshResponse());
-    transport.Respond(GetParam().platformAnswer);
+    transport.Respond(GetParam().platformBody);
     EXPECT_EQ(Call("own-token"), 0);
     EXPECT_EQ(lines.Count("Getting domain for token (first 10 chars): new-token..."),
               GetParam().hasDomainByToken ? 1U : 0U);
 }
 
-TEST_P(SourcesRepeat, ExpiredTwiceIsNotRenewedTwice) {
+TEST_P(FetchRepeatTest, ExpiredTwiceIsNotRenewedTwice) {
     transport.Respond(kExpired);
     transport.Respond(RefreshResponse());
     transport.Respond(kExpired);
@@ -53,7 +53,7 @@ TEST_P(SourcesRepeat, ExpiredTwiceIsNotRenewedTwice) {
     EXPECT_EQ(core.getAccessToken(), "new-token") << "the first refresh holds";
 }
 
-TEST_P(SourcesRepeat, ResultOfTheRepeatIsTheResult) {
+TEST_P(FetchRepeatTest, ResultOfTheRepeatIsTheResult) {
     transport.Respond(kExpired);
     transport.Respond(RefreshResponse());
     transport.Fail(28);
@@ -61,14 +61,14 @@ TEST_P(SourcesRepeat, ResultOfTheRepeatIsTheResult) {
     EXPECT_EQ(transport.Count(), 3U);
 }
 
-TEST_P(SourcesFlag, RepeatedCallIsNotRenewed) {
+TEST_P(FetchFlagTest, RepeatedCallIsNotRenewed) {
     transport.Respond(kExpired);
     EXPECT_EQ(Call("own-token", true), 310002);
     EXPECT_EQ(transport.Count(), 1U);
     ExpectNoLine("Refresh Token");
 }
 
-TEST_P(SourcesRepeat, RefreshWithoutATokenLeavesTheFirstResultAndSendsNoSecondRequest) {
+TEST_P(FetchRepeatTest, RefreshWithoutATokenLeavesTheFirstResultAndSendsNoSecondRequest) {
     const struct {
         int curl;
         std::string body;
@@ -87,7 +87,7 @@ TEST_P(SourcesRepeat, RefreshWithoutATokenLeavesTheFirstResultAndSendsNoSecondRe
     }
 }
 
-TEST_P(SourcesRepeat, RefreshThatCannotBeSentLeavesTheFirstResult) {
+TEST_P(FetchRepeatTest, RefreshThatCannotBeSentLeavesTheFirstResult) {
     core.setOpenID("");
     transport.Respond(kExpired);
     EXPECT_EQ(Call("own-token"), 310002);
@@ -95,7 +95,7 @@ TEST_P(SourcesRepeat, RefreshThatCannotBeSentLeavesTheFirstResult) {
     EXPECT_TRUE(lines.Contains("Refresh Token, params invalid"));
 }
 
-TEST_P(SourcesRepeat, SmallPermissionModeRenewsNothing) {
+TEST_P(FetchRepeatTest, SmallPermissionModeRenewsNothing) {
     core.setPermissionMode(1);
     transport.Respond(kExpired);
     EXPECT_EQ(Call("own-token"), 310002);
@@ -104,7 +104,7 @@ TEST_P(SourcesRepeat, SmallPermissionModeRenewsNothing) {
                                        "Small permissions do not need to use the following logic"));
 }
 
-TEST_P(SourcesRepeat, NoOtherResultOfThePlatformRenewsAnything) {
+TEST_P(FetchRepeatTest, NoOtherResultOfThePlatformRenewsAnything) {
     core.setPermissionMode(2);
     for (const auto& [code, result] : {std::pair("10001", 310001),
                                        {"10003", 310003},
@@ -124,8 +124,8 @@ TEST_P(SourcesRepeat, NoOtherResultOfThePlatformRenewsAnything) {
     ExpectNoLine("Refresh Token");
 }
 
-INSTANTIATE_TEST_SUITE_P(Fetches, SourcesRepeat, testing::ValuesIn(AllFetches()), NameOfFetch);
-INSTANTIATE_TEST_SUITE_P(Fetches, SourcesFlag, testing::ValuesIn(FetchesWith({&Fetch::takesRetried})), NameOfFetch);
+INSTANTIATE_TEST_SUITE_P(Fetches, FetchRepeatTest, testing::ValuesIn(AllFetches()), NameOfFetch);
+INSTANTIATE_TEST_SUITE_P(Fetches, FetchFlagTest, testing::ValuesIn(FetchesWith({&Fetch::takesRetried})), NameOfFetch);
 
 // ---- A session that has ended
 
@@ -133,7 +133,7 @@ TEST_P(ConsumerRepeat, EndedSessionIsRenewedOnceAndTheFetchRepeatedWithTheNewOne
     EnterB2C();
     transport.Respond(kSessionGone);
     transport.Respond(SessionResponse());
-    AnswerByConsumer();
+    RespondByConsumer();
     EXPECT_EQ(Call("shared-token"), 0);
     ASSERT_EQ(transport.Count(), 3U);
     EXPECT_EQ(Address(0), AtConsumer());

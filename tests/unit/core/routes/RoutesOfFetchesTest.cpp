@@ -7,51 +7,51 @@
 namespace vantix::test {
 namespace {
 
-using Sources = FetchRowTest;
+using FetchRoutes = FetchRowTest;
 
 // ---- The choice
 
-TEST_P(Sources, OutsideTheB2CModeThePlatformAnswersForEveryToken) {
+TEST_P(FetchRoutes, OutsideTheB2CModeThePlatformIsAskedForEveryToken) {
     for (const int mode : {0, 1, 3, -1}) {
         core.setPermissionMode(mode);
         for (const char* token : {"shared-token", "own-token", "unknown"}) {
             SCOPED_TRACE(std::to_string(mode) + token);
             core.ClearAllCache();
             const size_t before = transport.Count();
-            transport.Respond(GetParam().platformAnswer);
+            transport.Respond(GetParam().platformBody);
             EXPECT_EQ(Call(token), 0);
             ASSERT_EQ(transport.Count(), before + 1);
             EXPECT_EQ(Address(before), AtPlatform());
-            EXPECT_EQ(Token(before), Carried(token));
+            EXPECT_EQ(Token(before), SentToken(token));
             EXPECT_EQ(Session(before), "<none>");
         }
     }
 }
 
-TEST_P(Sources, InTheB2CModeThePlatformAnswersForTokensThatAreNotShared) {
+TEST_P(FetchRoutes, InTheB2CModeThePlatformIsAskedForTokensThatAreNotShared) {
     EnterB2C();
     for (const char* token : {"own-token", "unknown", "access-token"}) {
         SCOPED_TRACE(token);
         core.ClearAllCache();
         const size_t before = transport.Count();
-        transport.Respond(GetParam().platformAnswer);
+        transport.Respond(GetParam().platformBody);
         EXPECT_EQ(Call(token), 0);
         ASSERT_EQ(transport.Count(), before + 1);
         EXPECT_EQ(Address(before), AtPlatform());
-        EXPECT_EQ(Token(before), Carried(token));
+        EXPECT_EQ(Token(before), SentToken(token));
         EXPECT_EQ(Session(before), "<none>");
     }
 }
 
-TEST_P(Sources, InTheB2CModeTheConsumerServerAnswersForSharedTokensByTheSession) {
+TEST_P(FetchRoutes, InTheB2CModeTheConsumerServerIsAskedForSharedTokensByTheSession) {
     EnterB2C();
     for (const char* token : {"shared-token", "shared-by-token"}) {
         SCOPED_TRACE(token);
         core.ClearAllCache();
         const size_t before = transport.Count();
-        AnswerByConsumer();
+        RespondByConsumer();
         EXPECT_EQ(Call(token), 0);
-        ASSERT_EQ(transport.Count(), before + GetParam().consumerAnswers.size());
+        ASSERT_EQ(transport.Count(), before + GetParam().consumerBodies.size());
         EXPECT_EQ(Address(before), AtConsumer());
         for (size_t i = before; i < transport.Count(); ++i) {
             EXPECT_EQ(Session(i), "old-session");
@@ -60,8 +60,8 @@ TEST_P(Sources, InTheB2CModeTheConsumerServerAnswersForSharedTokensByTheSession)
     }
 }
 
-TEST_P(Sources, DomainIsToldInTheWordsOfItsOperation) {
-    transport.Respond(GetParam().platformAnswer);
+TEST_P(FetchRoutes, DomainIsLoggedInTheWordsOfItsOperation) {
+    transport.Respond(GetParam().platformBody);
     EXPECT_EQ(Call("own-token"), 0);
     if (GetParam().hasDomainByToken) {
         EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "CVantixDataCenter::getDomainByToken",
@@ -76,25 +76,25 @@ TEST_P(Sources, DomainIsToldInTheWordsOfItsOperation) {
 
 // ---- Empty credentials
 
-TEST_P(Sources, EmptyAccessTokenFailsBeforeAnyRequestInEveryMode) {
+TEST_P(FetchRoutes, EmptyAccessTokenFailsBeforeAnyRequestInEveryMode) {
     core.setAccessToken("");
     for (const int mode : {0, 1, 2, 3}) {
         SCOPED_TRACE(mode);
         core.setPermissionMode(mode);
         SetThreadLastError(55);
         lines.Clear();
-        EXPECT_EQ(Call(GetParam().carriesGivenToken ? "" : "own-token"), -1);
+        EXPECT_EQ(Call(GetParam().sendsGivenToken ? "" : "own-token"), -1);
         EXPECT_EQ(ThreadLastError(), GetParam().isInBackground ? 55 : -1) << "a task has a thread of its own";
         ExpectOneCredentialError("CVantixDataCenter::get");
     }
     EXPECT_EQ(transport.Count(), 0U);
 }
 
-TEST_P(Sources, EmptySessionIsRenewedBeforeTheRequest) {
+TEST_P(FetchRoutes, EmptySessionIsRenewedBeforeTheRequest) {
     EnterB2C();
     core.setSessionId("");
     transport.Respond(SessionResponse("new-session"));
-    AnswerByConsumer();
+    RespondByConsumer();
     EXPECT_EQ(Call("shared-token"), 0);
     EXPECT_EQ(SessionRefreshes(), 1U);
     EXPECT_EQ(Address(1), AtConsumer());
@@ -102,7 +102,7 @@ TEST_P(Sources, EmptySessionIsRenewedBeforeTheRequest) {
     ExpectNoLine("get strToken error");
 }
 
-TEST_P(Sources, EmptySessionThatNothingRenewsFailsWithoutARequest) {
+TEST_P(FetchRoutes, EmptySessionThatNothingRenewsFailsWithoutARequest) {
     EnterB2C();
     core.setSessionId("");
     Parts().settings.refreshSessionId.Assign("");
@@ -112,7 +112,7 @@ TEST_P(Sources, EmptySessionThatNothingRenewsFailsWithoutARequest) {
     EXPECT_EQ(transport.Count(), 0U);
 }
 
-TEST_P(Sources, EmptySessionIsRenewedOnce) {
+TEST_P(FetchRoutes, EmptySessionIsRenewedOnce) {
     EnterB2C();
     core.setSessionId("");
     transport.Fail(7);
@@ -122,7 +122,7 @@ TEST_P(Sources, EmptySessionIsRenewedOnce) {
     ExpectOneCredentialError("CVantixDataCenter::get");
 }
 
-TEST_P(Sources, EmptyGivenTokenIsRefusedInEveryMode) {
+TEST_P(FetchRoutes, EmptyGivenTokenIsRefusedInEveryMode) {
     for (const int mode : {0, 1, 2, 3}) {
         SCOPED_TRACE(mode);
         core.setPermissionMode(mode);
@@ -134,27 +134,27 @@ TEST_P(Sources, EmptyGivenTokenIsRefusedInEveryMode) {
     EXPECT_EQ(transport.Count(), 0U);
 }
 
-TEST_P(Sources, ConsumerServerNeedsNoAccessToken) {
+TEST_P(FetchRoutes, ConsumerServerNeedsNoAccessToken) {
     EnterB2C();
     core.setAccessToken("");
-    AnswerByConsumer();
+    RespondByConsumer();
     EXPECT_EQ(Call("shared-token"), 0);
     EXPECT_EQ(Address(0), AtConsumer());
 }
 
-TEST_P(Sources, PlatformNeedsNoSession) {
+TEST_P(FetchRoutes, PlatformNeedsNoSession) {
     EnterB2C();
     core.setSessionId("");
-    transport.Respond(GetParam().platformAnswer);
+    transport.Respond(GetParam().platformBody);
     EXPECT_EQ(Call("own-token"), 0);
     EXPECT_EQ(Address(0), AtPlatform());
 }
 
-INSTANTIATE_TEST_SUITE_P(Fetches, Sources, testing::ValuesIn(AllFetches()), NameOfFetch);
+INSTANTIATE_TEST_SUITE_P(Fetches, FetchRoutes, testing::ValuesIn(AllFetches()), NameOfFetch);
 
 // ---- Operations that are asked by device find their credential by device
 
-class DeviceSources : public FetchTest {
+class DeviceFetchRoutes : public FetchTest {
 protected:
     int User(const std::string& serial, int ch) {
         P2PUserInfo user;
@@ -171,7 +171,7 @@ protected:
     }
 };
 
-TEST_F(DeviceSources, SmallPermissionModeCarriesTheDevicesTkTokenOfTheOperationsKind) {
+TEST_F(DeviceFetchRoutes, SmallPermissionModeSendsTheDevicesTkTokenOfTheOperationsKind) {
     core.setPermissionMode(1);
     transport.Respond(kPlatformUser);
     EXPECT_EQ(User("C1", 1), 0);
@@ -184,7 +184,7 @@ TEST_F(DeviceSources, SmallPermissionModeCarriesTheDevicesTkTokenOfTheOperations
     EXPECT_EQ(Token(2), "tk-video");
 }
 
-TEST_F(DeviceSources, SmallPermissionModeWithoutATkTokenFailsBeforeAnyRequest) {
+TEST_F(DeviceFetchRoutes, SmallPermissionModeWithoutATkTokenFailsBeforeAnyRequest) {
     core.setPermissionMode(1);
     const struct {
         const char* tag;
@@ -204,7 +204,7 @@ TEST_F(DeviceSources, SmallPermissionModeWithoutATkTokenFailsBeforeAnyRequest) {
     EXPECT_EQ(transport.Count(), 0U);
 }
 
-TEST_F(DeviceSources, OtherModesCarryTheAccessTokenForAnOwnDevice) {
+TEST_F(DeviceFetchRoutes, OtherModesSendTheAccessTokenForAnOwnDevice) {
     for (const int mode : {0, 2, 3}) {
         core.setPermissionMode(mode);
         core.ClearAllCache();
@@ -218,7 +218,7 @@ TEST_F(DeviceSources, OtherModesCarryTheAccessTokenForAnOwnDevice) {
     }
 }
 
-TEST_F(DeviceSources, InTheB2CModeTheB2CTokenOfTheDeviceChoosesTheFamily) {
+TEST_F(DeviceFetchRoutes, InTheB2CModeTheB2CTokenOfTheDeviceChoosesTheFamily) {
     core.setPermissionMode(2);
     transport.Respond(kConsumerUser);
     transport.Respond(kConsumerSecret);
@@ -230,7 +230,7 @@ TEST_F(DeviceSources, InTheB2CModeTheB2CTokenOfTheDeviceChoosesTheFamily) {
     EXPECT_EQ(Session(2), "old-session");
 }
 
-TEST_F(DeviceSources, ChannelWithoutAB2CTokenIsTheAccountsOwn) {
+TEST_F(DeviceFetchRoutes, ChannelWithoutAB2CTokenIsTheAccountsOwn) {
     core.setPermissionMode(2);
     core.setSharedAccessToken("");
     transport.Respond(kPlatformUser);
@@ -242,7 +242,7 @@ TEST_F(DeviceSources, ChannelWithoutAB2CTokenIsTheAccountsOwn) {
     EXPECT_EQ(Token(1), "access-token");
 }
 
-TEST_F(DeviceSources, SessionThatEndsIsRenewedForTheSameFamily) {
+TEST_F(DeviceFetchRoutes, SessionThatEndsIsRenewedForTheSameFamily) {
     core.setPermissionMode(2);
     transport.Respond(kSessionGone);
     transport.Respond(SessionResponse());
@@ -252,7 +252,7 @@ TEST_F(DeviceSources, SessionThatEndsIsRenewedForTheSameFamily) {
     EXPECT_EQ(Session(2), "new-session");
 }
 
-TEST_F(DeviceSources, ExpiredTokenIsRenewedForThemToo) {
+TEST_F(DeviceFetchRoutes, ExpiredTokenIsRenewedForThemToo) {
     transport.Respond(kExpired);
     transport.Respond(RefreshResponse());
     transport.Respond(kPlatformUser);

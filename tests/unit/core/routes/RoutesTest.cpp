@@ -255,6 +255,23 @@ TEST_F(RoutesTest, LookOfAnAddressIsLoggedOnceAndOnlyWithACredential) {
     EXPECT_TRUE(lines.Lines().empty());
 }
 
+TEST_F(RoutesTest, LookUpByTokenIsLoggedBeforeTheTokenMapAndTheDomain) {
+    using Messages = std::vector<std::string>;
+    iLogLevel = 1;
+    Decide(2, {.address = AddressRule::ByToken}, Subject::OfToken("t-shared"));
+    EXPECT_EQ(lines.Messages(),
+              (Messages{"Getting domain for token (first 10 chars): t-shared...", "Token found in B2C map, isShared=1",
+                        "Returning C domain for shared device"}));
+    Decide(2, {.address = AddressRule::ByToken}, Subject::OfToken("unknown-token"));
+    EXPECT_EQ(lines.Messages(),
+              (Messages{"Getting domain for token (first 10 chars): unknown-to...",
+                        "Unknown token provided, cannot determine if it's a shared device. Defaulting to false.",
+                        "Returning B domain not a shared device"}));
+    Decide(2, {.address = AddressRule::ByToken}, Subject::OfAccount());
+    EXPECT_EQ(lines.Messages(), (Messages{"Getting domain for token (first 10 chars): access...",
+                                          "Returning B domain not a shared device"}));
+}
+
 TEST_F(RoutesTest, RoutesOfRenewalsGoToTheirServers) {
     EXPECT_EQ(routes.ToRenewToken().Address(), "auth");
     EXPECT_EQ(routes.ToRenewToken().AppKey(), "app");

@@ -24,10 +24,10 @@ protected:
         return core.getServerInfo("own-token", read, true) == 0 && transport.Count() == before;
     }
     static std::string Servers(const std::string& stun) {
-        nlohmann::json answer;
-        answer["resultCode"] = "200";
-        answer["serverResp"]["stun1Addr"] = stun;
-        return answer.dump();
+        nlohmann::json response;
+        response["resultCode"] = "200";
+        response["serverResp"]["stun1Addr"] = stun;
+        return response.dump();
     }
 
     ServerInfo servers;
@@ -36,7 +36,7 @@ protected:
 
 // ---- The request
 
-TEST_F(ServerInformation, PlatformRequestCarriesTokenKeyAndVersion) {
+TEST_F(ServerInformation, PlatformRequestSendsTokenKeyAndVersion) {
     transport.Respond(kPlatformServers);
     EXPECT_EQ(Fetch(), 0);
     ASSERT_EQ(transport.Count(), 1U);
@@ -143,7 +143,7 @@ TEST_F(ServerInformation, FailureInvalidatesACopyThatAnotherFetchHasJustStored) 
     EXPECT_FALSE(IsCached());
 }
 
-TEST_F(ServerInformation, RefusedConsumerAnswerInvalidatesToo) {
+TEST_F(ServerInformation, RefusedConsumerResponseInvalidatesToo) {
     core.setPermissionMode(2);
     transport.Make([&](const SentRequest&) {
         Cache();

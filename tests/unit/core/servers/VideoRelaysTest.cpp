@@ -23,7 +23,7 @@ protected:
     std::string json = "what was there";
 };
 
-TEST_F(VideoRelays, RequestNamesTheChannelAndCarriesTheAccessToken) {
+TEST_F(VideoRelays, RequestNamesTheChannelAndSendsTheAccessToken) {
     for (const int mode : {0, 2, 3}) {
         core.setPermissionMode(mode);
         transport.Respond(kPlatformServers);
@@ -38,7 +38,7 @@ TEST_F(VideoRelays, RequestNamesTheChannelAndCarriesTheAccessToken) {
     }
 }
 
-TEST_F(VideoRelays, SmallPermissionModeCarriesTheVideoTkToken) {
+TEST_F(VideoRelays, SmallPermissionModeSendsTheVideoTkToken) {
     core.setPermissionMode(1);
     transport.Respond(kPlatformServers);
     EXPECT_EQ(Ask(), 0);
@@ -176,7 +176,7 @@ TEST_F(VideoRelays, SmallPermissionModeRenewsNothing) {
 
 // ---- The form that is given its token
 
-TEST_F(VideoRelays, GivenTokenIsCarriedInEveryMode) {
+TEST_F(VideoRelays, GivenTokenIsSentInEveryMode) {
     for (const int mode : {0, 1, 2}) {
         core.setPermissionMode(mode);
         transport.Respond(kPlatformServers);

@@ -14,7 +14,7 @@ using Credentials = CoreTest;
 constexpr char kShared[] = R"([
     {"token":"shared-token","deviceSerial":"SHARED","channelNo":"1","isShared":1},
     {"token":"own-token","deviceSerial":"OWN","channelNo":"1","isShared":0},
-    {"token":"access-token","deviceSerial":"ODD","channelNo":"1","isShared":1}])";
+    {"token":"access-token","deviceSerial":"OTHER","channelNo":"1","isShared":1}])";
 
 TEST_F(Credentials, TextsOfAFreshCoreAreEmpty) {
     EXPECT_EQ(core.getAuthAddr(), "");

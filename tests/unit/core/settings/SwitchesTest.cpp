@@ -43,10 +43,10 @@ TEST_F(Switches, CacheTimeIsLoggedInMinutesAndStoredInSeconds) {
     }
 }
 
-TEST_F(Switches, CacheTimeOfAnyNumberOfMinutesIsTaken) {
-    for (const int minutes : {INT_MAX, INT_MIN, 35'791'395}) {
+TEST_F(Switches, CacheTimeWrapsAroundIn32Bits) {
+    for (const auto& [minutes, seconds] : {std::pair(35'791'395, -2'147'483'596), {INT_MAX, -60}, {INT_MIN, 0}}) {
         core.setCacheTime(minutes);
-        EXPECT_EQ(core.getCacheTime() % 4, 0) << "the low bits of minutes * 60";
+        EXPECT_EQ(core.getCacheTime(), seconds) << "minutes * 60, wrapped to 32 bits";
     }
 }
 

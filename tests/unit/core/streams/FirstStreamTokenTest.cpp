@@ -17,12 +17,12 @@ protected:
     int Take(const std::string& accessToken = "access-token") {
         return core.GetStreamTokenFromQueue(accessToken, buffer);
     }
-    void Prefetch(const std::string& answer = kTokenBatch) {
-        transport.Respond(answer);
+    void Prefetch(const std::string& response = kTokenBatch) {
+        transport.Respond(response);
         EXPECT_EQ(core.GetStreamTokenFast(), 0);
     }
-    /// An answer of exactly this many characters.
-    static std::string AnswerOf(size_t length) {
+    /// A response of exactly this many characters.
+    static std::string BodyOf(size_t length) {
         const std::string empty = R"({"resultCode":"200","x":""})";
         return R"({"resultCode":"200","x":")" + std::string(length - empty.size(), 'x') + R"("})";
     }
@@ -101,31 +101,31 @@ TEST_F(FirstStreamTokenTest, TextualResultCodeThatIsNoSuccessOfTheAuthentication
 }
 
 TEST_F(FirstStreamTokenTest, ResultCodeThatIsNoTextIsNotMapped) {
-    for (const char* answer :
+    for (const char* response :
          {R"({"code":"200"})", R"({"code":"0"})", R"({"resultCode":0,"code":"200"})", R"({"result":{"code":200}})"}) {
-        SCOPED_TRACE(answer);
+        SCOPED_TRACE(response);
         lines.Clear();
-        Prefetch(answer);
+        Prefetch(response);
         ExpectNoLine("Authentication server response");
         EXPECT_EQ(Take(), 0);
-        EXPECT_STREQ(buffer, answer);
+        EXPECT_STREQ(buffer, response);
     }
 }
 
 TEST_F(FirstStreamTokenTest, LongestTextHas4096Characters) {
     for (const size_t length : {100U, 4095U, 4096U}) {
-        const std::string answer = AnswerOf(length);
-        ASSERT_EQ(answer.size(), length);
-        Prefetch(answer);
+        const std::string response = BodyOf(length);
+        ASSERT_EQ(response.size(), length);
+        Prefetch(response);
         EXPECT_EQ(Take(), 0) << length;
-        EXPECT_EQ(std::string(buffer), answer);
+        EXPECT_EQ(std::string(buffer), response);
     }
 }
 
 TEST_F(FirstStreamTokenTest, LongerTextIsNotKept) {
     for (const size_t length : {4097U, 5000U, 20000U}) {
         lines.Clear();
-        Prefetch(AnswerOf(length));
+        Prefetch(BodyOf(length));
         EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", kFast,
                                            "strTokens length is over limited,length= " + std::to_string(length) + " "));
         ExpectNothingPrefetched();

@@ -12,13 +12,13 @@ namespace {
 
 /// A batch of tokens "<name>1", "<name>2", …
 std::string Batch(const std::string& name, int count) {
-    nlohmann::json answer;
-    answer["resultCode"] = "200";
-    answer["tokenArray"] = nlohmann::json::array();
+    nlohmann::json response;
+    response["resultCode"] = "200";
+    response["tokenArray"] = nlohmann::json::array();
     for (int i = 1; i <= count; ++i) {
-        answer["tokenArray"].push_back(name + std::to_string(i));
+        response["tokenArray"].push_back(name + std::to_string(i));
     }
-    return answer.dump();
+    return response.dump();
 }
 
 constexpr char kTag[] = "CVantixDataCenter::getOneStreamToken";
@@ -216,33 +216,33 @@ TEST_F(StreamTokens, EmptyAccessTokenFailsBeforeAnyRequest) {
     EXPECT_EQ(core.getAccessToken(), "access-token") << "never replaced by nothing";
 }
 
-// ---- The batch as it is answered
+// ---- The batch as the server sends it
 
-class StreamTokenAnswer : public FetchTest {};
+class StreamTokenResponse : public FetchTest {};
 
-TEST_F(StreamTokenAnswer, WholeAnswerIsHandedOutAndTheCountSent) {
-    std::string answer;
+TEST_F(StreamTokenResponse, WholeResponseIsHandedOutAndTheCountSent) {
+    std::string response;
     transport.Respond(kTokenBatch);
-    EXPECT_EQ(core.getStreamTokens("own-token", 7, answer, false), 0);
-    EXPECT_EQ(answer, kTokenBatch);
+    EXPECT_EQ(core.getStreamTokens("own-token", 7, response, false), 0);
+    EXPECT_EQ(response, kTokenBatch);
     EXPECT_EQ(transport.Sent()[0].Param("count"), "7");
     EXPECT_EQ(Token(0), "own-token");
 }
 
-TEST_F(StreamTokenAnswer, FailureLeavesTheAnswerAlone) {
-    std::string answer = "what was there";
+TEST_F(StreamTokenResponse, FailureLeavesTheOutputAlone) {
+    std::string response = "what was there";
     transport.Respond(CodeResponse("20007"));
-    EXPECT_EQ(core.getStreamTokens("own-token", 7, answer, false), 320007);
-    EXPECT_EQ(answer, "what was there");
+    EXPECT_EQ(core.getStreamTokens("own-token", 7, response, false), 320007);
+    EXPECT_EQ(response, "what was there");
 }
 
-TEST_F(StreamTokenAnswer, ConsumerServersAnswerIsNotLookedAt) {
+TEST_F(StreamTokenResponse, ConsumerServersResponseIsNotLookedAt) {
     core.setPermissionMode(2);
-    std::string answer;
+    std::string response;
     for (const char* body : {"no json", kSessionGone, ""}) {
         transport.Respond(body);
-        EXPECT_EQ(core.getStreamTokens("shared-token", 7, answer, false), 0);
-        EXPECT_EQ(answer, body);
+        EXPECT_EQ(core.getStreamTokens("shared-token", 7, response, false), 0);
+        EXPECT_EQ(response, body);
         EXPECT_EQ(transport.Sent().back().Param("sessionId"), "old-session");
         EXPECT_EQ(Session(transport.Count() - 1), "old-session");
     }
