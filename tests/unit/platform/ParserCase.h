@@ -15,6 +15,7 @@
 #include "support/CleanSwitches.h"
 #include "support/LogCapture.h"
 #include "support/MemberValues.h"
+#include "support/PlatformRecords.h"
 #include "support/TestJson.h"
 
 namespace vantix::test {

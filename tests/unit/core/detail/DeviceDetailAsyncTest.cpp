@@ -51,7 +51,7 @@ TEST_F(DetailAsync, TaskLogsItselfInItsMethodsName) {
     const LogLine line = OnlyLine("futureDetailInfo async strDeviceSerial = C1 iChannel = 7");
     EXPECT_EQ(line.Word(), "INFO ");
     EXPECT_EQ(line.level, 3U);
-    EXPECT_EQ(line.Tag().find("CVantixDataCenter::getDevDetailInfo"), 0U) << line.Tag();
+    EXPECT_EQ(line.Tag(), "CVantixDataCenter::getDevDetailInfo::<lambda()>");
 }
 
 TEST_F(DetailAsync, FreshCopyIsServedAndTheFutureStaysUntouched) {
