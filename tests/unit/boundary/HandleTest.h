@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 
 #include "support/CleanSwitches.h"
@@ -25,6 +26,11 @@ public:
     HandleTest& operator=(const HandleTest&) = delete;
 
 protected:
+    /// A stream token that was fetched ahead with this access token stays in the process until it is served.
+    void ServePrefetchedToken(const std::string& accessToken) {
+        std::array<char, 4097> token{};
+        handle->GetStreamTokenFromQueue(accessToken, token.data());
+    }
     void Reset() {
         using Setter = void (IVantixDataCenter::*)(const std::string&);
         constexpr Setter kTexts[] = {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <atomic>
 
 #include "support/DetailResponse.h"
@@ -39,11 +38,7 @@ protected:
         g_lines = 0;
         g_linesUnderALock = 0;
     }
-    /// A token that was fetched ahead stays in the process until it is served.
-    ~LocksTest() override {
-        std::array<char, 4097> token{};
-        handle->GetStreamTokenFromQueue("token", token.data());
-    }
+    ~LocksTest() override { ServePrefetchedToken("token"); }
     LocksTest(const LocksTest&) = delete;
     LocksTest& operator=(const LocksTest&) = delete;
 

@@ -22,6 +22,12 @@ protected:
         handle->setDomain("https://b.example", "https://c.example");
         handle->setAccessToken("a token that is no short string");
     }
+    ~NoMemoryTest() override {
+        ServePrefetchedToken("a token that is no short string");
+        ServePrefetchedToken("another token that is no short string");
+    }
+    NoMemoryTest(const NoMemoryTest&) = delete;
+    NoMemoryTest& operator=(const NoMemoryTest&) = delete;
 
     /// Makes the next response one that bears this mark, whatever was left of the script.
     void Script(const std::string& mark) {

@@ -84,7 +84,8 @@ TEST(JsonCppCompact, TextOfAnotherEncodingKeepsItsBytes) {
     ASSERT_TRUE(document.Parse("{\"a\": \"\xC9\xE3\xCF\xF1\xCD\xB7\", \"b\": \"\\\"\"}"));
     EXPECT_EQ(document.Root().Compact(), "{\"a\":\"\xC9\xE3\xCF\xF1\xCD\xB7\",\"b\":\"\\\"\"}");
     ASSERT_TRUE(document.Parse("[\"\xC3\xA9\"]"));
-    EXPECT_EQ(document.Root().Compact(), R"(["\u00e9"])") << "UTF-8 is written as ever";
+    const char* utf8 = kHasCodePage ? "[\"\xC3\xA9\"]" : R"(["\u00e9"])";
+    EXPECT_EQ(document.Root().Compact(), utf8) << "UTF-8 is written as ever";
 }
 
 #if defined(_WIN32)
