@@ -1,7 +1,5 @@
 #include "core/CoreInstance.h"
 
-#include <memory>
-
 #include "base/RunningTask.h"
 #include "base/TlsLibrary.h"
 #include "core/CVantixDataCenter.h"
@@ -16,8 +14,8 @@ class CoreOwner {
 public:
     CoreOwner() { KeepTlsLibraryToTheEnd(); }
     ~CoreOwner() {
-        if (RunningTask::IsThereOne()) {
-            static_cast<void>(m_core.release());
+        if (!RunningTask::IsThereOne()) {
+            delete m_core;  // the pointer itself never changes: tasks read it
         }
     }
     CoreOwner(const CoreOwner&) = delete;
@@ -26,7 +24,7 @@ public:
     CVantixDataCenter& Core() const { return *m_core; }
 
 private:
-    std::unique_ptr<CVantixDataCenter> m_core = std::make_unique<CVantixDataCenter>();
+    CVantixDataCenter* const m_core = new CVantixDataCenter;
 };
 
 }  // namespace

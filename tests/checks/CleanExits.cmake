@@ -6,7 +6,11 @@ if(TARGET vantix-simulator)
 else()
     set(_cloud "")  # comes from the environment
 endif()
-foreach(_end exit unload busy-exit busy-unload left-exit)
+set(_ends exit unload busy-exit busy-unload)
+if(NOT VANTIX_SANITIZE STREQUAL "thread")
+    list(APPEND _ends left-exit)  # to ThreadSanitizer the threads that it leaves on purpose are a finding
+endif()
+foreach(_end ${_ends})
     add_test(NAME clean_exits.${_end}
         COMMAND "${Python3_EXECUTABLE}" -B "${CMAKE_CURRENT_SOURCE_DIR}/checks/clean-exits.py" 50 ${_end}
             "$<TARGET_FILE:vantixdatacenter>" ${CMAKE_CROSSCOMPILING_EMULATOR} "$<TARGET_FILE:exit_probe>")

@@ -1,7 +1,7 @@
 // Every operation that sends a request, called by many at once while the host changes mode, token maps and tokens: the
 // cloud receives no credential of the other server family, and none with another look's address.
 //
-// VANTIX_RACE_REQUESTS is the number of requests to wait for (default 10,000).
+// VANTIX_RACE_REQUESTS is the number of requests to wait for (default 10,000; 2,000 where a program runs as one test).
 
 #include <gmock/gmock.h>
 
