@@ -7,9 +7,9 @@ namespace {
 
 /// A first byte, and what may follow it: how many bytes, and the range of the first of them.
 struct Sequence {
-    unsigned char first;
-    unsigned char last;
-    size_t following;
+    unsigned char first = 0;
+    unsigned char last = 0;
+    size_t following = 0;
     unsigned char smallest = 0x80;
     unsigned char largest = 0xBF;
 };

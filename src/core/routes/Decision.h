@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "core/routes/Look.h"
 #include "core/routes/RouteRow.h"
@@ -13,8 +14,8 @@ namespace vantix {
 /// change afterwards. Row and subject outlive it.
 class Decision {
 public:
-    Decision(const Look& look, const RouteRow& row, const Subject& subject)
-        : m_look(look), m_row(row), m_subject(subject) {}
+    Decision(Look look, const RouteRow& row, const Subject& subject)
+        : m_look(std::move(look)), m_row(row), m_subject(subject) {}
 
     int Mode() { return m_look.Mode(); }
 

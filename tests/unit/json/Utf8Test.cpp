@@ -12,7 +12,7 @@ TEST(Utf8, TakesEveryCharacterInItsShortestForm) {
          {"", "a", "\x7F", "\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xEC\xBF\xBF", "\xED\x9F\xBF", "\xEE\x80\x80",
           "\xEF\xBF\xBD", "\xEF\xBF\xBF", "\xF0\x90\x80\x80", "\xF3\xBF\xBF\xBF", "\xF4\x8F\xBF\xBF"}) {
         EXPECT_TRUE(IsUtf8(text)) << text;
-        EXPECT_TRUE(IsUtf8("x" + text + "\xE6\x91\x84" + text)) << text;
+        EXPECT_TRUE(IsUtf8(std::string("x").append(text).append("\xE6\x91\x84").append(text))) << text;
     }
     EXPECT_TRUE(IsUtf8(std::string("a\0b", 3)));
 }

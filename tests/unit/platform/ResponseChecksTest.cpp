@@ -165,7 +165,7 @@ TEST_F(ResponseChecks, TokenErrorsAreConvertedAndLogged) {
 
 TEST_F(ResponseChecks, TokenErrorOfAResponseIsThatOfItsTextualResultCode) {
     const struct {
-        const char* body;
+        const char* body = nullptr;
         std::optional<int> error;
     } rows[] = {
         {R"({"resultCode":"200"})", 0},
