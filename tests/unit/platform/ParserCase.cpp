@@ -2,6 +2,8 @@
 
 #include <ostream>
 
+#include "support/LineMatcher.h"
+
 namespace vantix::test {
 namespace {
 
@@ -139,34 +141,26 @@ void PlatformParser::Expect(const std::string& body, const Outcome& expected, co
 
 void PlatformParser::ExpectLines(const std::string& body, int code, const std::vector<std::string>& middle,
                                  const std::string& word) {
-    struct ExpectedLine {
-        std::string message;
-        std::string word;
+    std::vector<testing::Matcher<const LogLine&>> expected;
+    const auto expect = [&](std::string message, const std::string& itsWord) {
+        Replace(message, "$code", std::to_string(code));
+        Replace(message, "$body", body);
+        expected.push_back(Line(itsWord == "ERROR" ? 5 : 3, itsWord, Row().name, message));
     };
-    std::vector<ExpectedLine> expected;
     if (!Row().firstLine.empty()) {
-        expected.push_back({Row().firstLine, "INFO "});
+        expect(Row().firstLine, "INFO ");
     }
     const bool isAccepted = code == 0 || (!middle.empty() && middle[0].rfind("platform response invalid", 0) == 0);
     if (!Row().acceptedLine.empty() && isAccepted) {
-        expected.push_back({Row().acceptedLine, "INFO "});
+        expect(Row().acceptedLine, "INFO ");
     }
     for (const std::string& message : middle) {
-        expected.push_back({message, word});
+        expect(message, word);
     }
     if (!Row().lastLine.empty()) {
-        expected.push_back({Row().lastLine, "INFO "});
+        expect(Row().lastLine, "INFO ");
     }
-    const std::vector<LogLine> written = m_log.Lines();
-    ASSERT_EQ(written.size(), expected.size());
-    for (size_t i = 0; i < written.size(); ++i) {
-        Replace(expected[i].message, "$code", std::to_string(code));
-        Replace(expected[i].message, "$body", body);
-        EXPECT_EQ(written[i].Message(), expected[i].message);
-        EXPECT_EQ(written[i].Word(), expected[i].word);
-        EXPECT_EQ(written[i].level, expected[i].word == "ERROR" ? 5U : 3U);
-        EXPECT_EQ(written[i].Tag(), Row().name);
-    }
+    EXPECT_THAT(m_log.Lines(), testing::ElementsAreArray(expected));
 }
 
 }  // namespace vantix::test
