@@ -25,21 +25,14 @@ public:
 
     /// Copies a value out; false, and `value` as it was, when the key is absent.
     bool CopyOut(const Key& key, Value& value) const {
-        return m_map.With([&](const Map& map) {
-            const auto found = map.find(key);
-            if (found == map.end()) {
-                return false;
-            }
-            value = found->second;
+        return Read(key, false, [&](const Value& stored) {
+            value = stored;
             return true;
         });
     }
     /// A copy of a value, or nothing when the key is absent.
     std::optional<Value> Find(const Key& key) const {
-        return m_map.With([&](const Map& map) {
-            const auto found = map.find(key);
-            return found == map.end() ? std::nullopt : std::optional<Value>(found->second);
-        });
+        return Read(key, std::optional<Value>(), [](const Value& stored) { return std::optional<Value>(stored); });
     }
 
     /// Calls `use(value)` under the lock, when the key is there, and returns what it returns; else `absent`.

@@ -7,12 +7,10 @@ namespace vantix {
 ClientInfo::ClientInfo() : featureCode(PublicGetHDSign()) {}
 
 void AddClientSet(ParamMap& params, const ClientInfo& client) {
-    params.Add("clientType", client.clientType);
-    params.Add("featureCode", client.featureCode);
-    params.Add("osVersion", client.osVersion);
-    params.Add("clientVersion", client.clientVersion);
-    params.Add("netType", client.netType);
-    params.Add("sdkVersion", client.sdkVersion);
+    params.Add(kClientTypeKey, client.clientType);
+    for (const ClientText& row : kClientTexts) {
+        params.Add(row.key, client.*row.text);
+    }
 }
 
 void AddHeaderSetA(ParamMap& headers, const ClientInfo& client, const std::string& sessionId) {

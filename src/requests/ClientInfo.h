@@ -19,12 +19,25 @@ struct ClientInfo {
     std::string netType = "UNKNOWN";
 };
 
+/// A parameter of the client set, and where its text stands.
+struct ClientText {
+    const char* key;
+    std::string ClientInfo::*text;
+};
+/// The client set: this number, and these texts.
+inline constexpr const char* kClientTypeKey = "clientType";
+inline constexpr ClientText kClientTexts[] = {
+    {.key = "featureCode", .text = &ClientInfo::featureCode},     {.key = "osVersion", .text = &ClientInfo::osVersion},
+    {.key = "clientVersion", .text = &ClientInfo::clientVersion}, {.key = "netType", .text = &ClientInfo::netType},
+    {.key = "sdkVersion", .text = &ClientInfo::sdkVersion},
+};
+
 /// Customer number, sent as "customno" or "clientNo".
 inline constexpr const char* kCustomerNumber = "100002";
 /// Language, sent as "lang".
 inline constexpr const char* kLanguage = "EN";
 
-/// Adds the six parameters that most platform requests include.
+/// Adds the client set, which most platform requests include.
 void AddClientSet(ParamMap& params, const ClientInfo& client);
 
 /// Adds the headers of device pagelists on the consumer servers: neither feature code nor language.

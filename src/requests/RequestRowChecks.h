@@ -7,6 +7,7 @@
 #include <initializer_list>
 #include <string_view>
 
+#include "requests/ClientInfo.h"
 #include "requests/RequestKeys.h"
 #include "requests/RequestRow.h"
 
@@ -37,7 +38,10 @@ struct SentKeys {
 
     constexpr explicit SentKeys(const RequestRow& row) {
         Add(row.common.accessToken, {"accessToken"});
-        Add(row.common.clientSet, {"clientType", "featureCode", "osVersion", "clientVersion", "netType", "sdkVersion"});
+        Add(row.common.clientSet, {kClientTypeKey});
+        for (const ClientText& text : kClientTexts) {
+            Add(row.common.clientSet, {text.key});
+        }
         Add(row.common.appKey, {"appKey"});
         for (const char* key : row.keys) {
             Add(key != nullptr, {key});
