@@ -18,6 +18,7 @@ std::future<int32_t> StartTask(Task task) {
     PinLibrary();
     try {
         return std::async(std::launch::async, [task = std::move(task), running = RunningTask()]() mutable -> int32_t {
+            const RunningTask underWay(std::move(running));  // the future keeps what the lambda holds
             try {
                 return task();
             } catch (...) {

@@ -1,15 +1,16 @@
 #pragma once
 
 #include <atomic>
+#include <utility>
 
 namespace vantix {
 
-/// Counts the tasks under way: one for as long as it lives.
+/// Counts a task under way until it is destroyed or moved from: what it is moved to counts then.
 class RunningTask {
 public:
     RunningTask() { ++Count(); }
-    RunningTask(RunningTask&&) noexcept { ++Count(); }
-    ~RunningTask() { --Count(); }
+    RunningTask(RunningTask&& other) noexcept : m_counts(std::exchange(other.m_counts, false)) {}
+    ~RunningTask() { Count() -= m_counts ? 1 : 0; }
     RunningTask(const RunningTask&) = delete;
     RunningTask& operator=(const RunningTask&) = delete;
     RunningTask& operator=(RunningTask&&) = delete;
@@ -21,6 +22,8 @@ private:
         static constinit std::atomic<int> count{0};
         return count;
     }
+
+    bool m_counts = true;
 };
 
 }  // namespace vantix

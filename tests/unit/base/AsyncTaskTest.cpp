@@ -80,5 +80,19 @@ TEST(AsyncTask, DroppingTheFutureWaitsForTheTask) {
     releaser.join();
 }
 
+TEST(AsyncTask, CountsAsRunningUntilItEndsNotUntilItsFutureGoes) {
+    EXPECT_FALSE(RunningTask::IsThereOne());
+    std::promise<void> go;
+    std::future<int32_t> future = StartTask([&go] {
+        go.get_future().wait();
+        return RunningTask::IsThereOne() ? 1 : 0;
+    });
+    EXPECT_TRUE(RunningTask::IsThereOne());
+    go.set_value();
+    const std::shared_future<int32_t> kept = future.share();
+    EXPECT_EQ(kept.get(), 1);
+    EXPECT_FALSE(RunningTask::IsThereOne());
+}
+
 }  // namespace
 }  // namespace vantix::test
