@@ -16,7 +16,7 @@ namespace {
 constexpr char kSerial[] = "S60000006";
 
 template <class Record>
-void Read(int (*parse)(const std::string& body, Record& record), const std::string& body) {
+void Read(int (*parse)(TextView body, Record& record), const std::string& body) {
     Record record{};
     parse(body, record);
 }

@@ -19,12 +19,12 @@ namespace {
 constexpr char kUnchanged[] = "unchanged";
 
 template <class Record>
-void Read(int (*parse)(const std::string& body, Record& record), const std::string& body) {
+void Read(int (*parse)(TextView body, Record& record), const std::string& body) {
     Record record{};
     parse(body, record);
 }
 
-using DetailParser = int (*)(const std::string&, DevChannelInfo&, DevDetailInfo&, std::optional<BelongDevInfo>&);
+using DetailParser = int (*)(TextView, DevChannelInfo&, DevDetailInfo&, std::optional<BelongDevInfo>&);
 
 /// Parses a detail; a response that is refused must not change the records.
 void ReadDetail(DetailParser parse, const std::string& body) {

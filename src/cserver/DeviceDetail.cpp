@@ -31,7 +31,7 @@ bool Take(const std::vector<ConsumerChannel>& channels, int channelNo, DevChanne
 int GetDevDetailInfoFromCServerBySerial(const ConsumerRoute& route, const std::string& deviceSerial, int channelNo,
                                         DevChannelInfo& channel, DevDetailInfo& device) {
     const CallSite site = VANTIX_HERE;
-    const auto parse = [&](const std::string& body) -> int {
+    const auto parse = [&](TextView body) -> int {
         std::vector<ConsumerChannel> channels;
         const int code = ParseDevDetailInfoFromCServer(body, deviceSerial, channels);
         if (code == VANTIX_NOERROR && !Take(channels, channelNo, channel, device)) {
@@ -46,7 +46,7 @@ int GetDevDetailInfoFromCServerBySerial(const ConsumerRoute& route, const std::s
     return result;
 }
 
-int ParseDevDetailInfoFromCServer(const std::string& body, const std::string& deviceSerial,
+int ParseDevDetailInfoFromCServer(TextView body, const std::string& deviceSerial,
                                   std::vector<ConsumerChannel>& channels) {
     const CallSite site = VANTIX_HERE;
     VANTIX_LOG_INFO(site, level::kInfo, "ParseDevDetailInfoFromCServer = %s", body.c_str());

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/TextView.h"
 #include "requests/Route.h"
 #include "vantix/records/DevChannelInfo.h"
 #include "vantix/records/DevDetailInfo.h"
@@ -30,7 +31,7 @@ struct ConsumerChannel {
 /// Reads the response about a device: one record pair for each of its cameras, appended. "cameraInfos" and
 /// "deviceInfos" must be there. Returns 0, 1 when the body is not JSON, 2 when one of them is missing, or the server's
 /// code.
-int ParseDevDetailInfoFromCServer(const std::string& body, const std::string& deviceSerial,
+int ParseDevDetailInfoFromCServer(TextView body, const std::string& deviceSerial,
                                   std::vector<ConsumerChannel>& channels);
 
 }  // namespace vantix

@@ -105,10 +105,10 @@ std::string Translated(const JsonCppView& root) {
 
 int GetB2CSharedDevListFromPlatform(const ConsumerRoute& route, int offset, int limit, std::string& deviceList) {
     return RequestCall<cserver_requests::kSharedDevices>(VANTIX_HERE, route, "offset"_key = offset, "limit"_key = limit)
-        .Run([&](const std::string& body) { return ParseB2CDeviceListFromPlatform(body, deviceList); });
+        .Run([&](TextView body) { return ParseB2CDeviceListFromPlatform(body, deviceList); });
 }
 
-int ParseB2CDeviceListFromPlatform(const std::string& body, std::string& deviceList) {
+int ParseB2CDeviceListFromPlatform(TextView body, std::string& deviceList) {
     const CallSite site = VANTIX_HERE;
     return ReadResponse(site, body, OptionalMetaCode, [&](const JsonCppView& root) -> int {
         const JsonCppView data = RootData(root);

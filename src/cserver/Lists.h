@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "base/TextView.h"
 #include "requests/Route.h"
 
 namespace vantix {
@@ -11,6 +12,6 @@ namespace vantix {
 int GetB2CSharedDevListFromPlatform(const ConsumerRoute& route, int offset, int limit, std::string& deviceList);
 
 /// Translates the shared-device list, whose "data" must hold "resourceInfos", into the platform's shape.
-int ParseB2CDeviceListFromPlatform(const std::string& body, std::string& deviceList);
+int ParseB2CDeviceListFromPlatform(TextView body, std::string& deviceList);
 
 }  // namespace vantix

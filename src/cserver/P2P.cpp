@@ -40,10 +40,10 @@ void ReadDevice(const JsonCppView& device, P2PDevInfo& devInfo) {
 
 int GetP2PDevInfoFromCServer(const ConsumerRoute& route, const std::string& deviceSerial, P2PDevInfo& devInfo) {
     return RequestCall<requests::kP2PDevInfo>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial)
-        .Run([&](const std::string& body) { return ParseP2PDevInfoFromCServer(body, deviceSerial, devInfo); });
+        .Run([&](TextView body) { return ParseP2PDevInfoFromCServer(body, deviceSerial, devInfo); });
 }
 
-int ParseP2PDevInfoFromCServer(const std::string& body, const std::string& deviceSerial, P2PDevInfo& devInfo) {
+int ParseP2PDevInfoFromCServer(TextView body, const std::string& deviceSerial, P2PDevInfo& devInfo) {
     const CallSite site = VANTIX_HERE;
     // The line names the detail parser, on purpose.
     VANTIX_LOG_INFO(site, level::kInfo, "ParseDevDetailInfoFromCServer = %s", body.c_str());

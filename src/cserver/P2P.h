@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "base/TextView.h"
 #include "requests/Route.h"
 #include "vantix/records/P2PDevInfo.h"
 #include "vantix/records/P2PUserInfo.h"
@@ -26,7 +27,7 @@ int GetP2PDevInfoFromCServer(const ConsumerRoute& route, const std::string& devi
 int ParseP2PUserInfoFromCServer(const std::string& joined, P2PUserInfo& userInfo);
 
 /// Reads the response about a device. "p2pInfos" and "deviceInfos" must be there.
-int ParseP2PDevInfoFromCServer(const std::string& body, const std::string& deviceSerial, P2PDevInfo& devInfo);
+int ParseP2PDevInfoFromCServer(TextView body, const std::string& deviceSerial, P2PDevInfo& devInfo);
 
 /// Reads the capability text inside a device's entry: 0, or 1 when it is not JSON.
 int ParseP2PQXDevCapFromCServer(const std::string& text, P2PDevInfo& devInfo);

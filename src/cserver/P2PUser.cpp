@@ -26,7 +26,7 @@ constexpr json::Field<P2PUserInfo> kUserFields[] = {
 };
 
 /// The body with user id, secret, key version and salt index masked.
-std::string ForLog(const std::string& body) {
+std::string ForLog(std::string_view body) {
     constexpr std::string_view kSecrets[] = {"userId", "secret", "version", "saltIndex"};
     return MaskedMembers(body, kSecrets);
 }
@@ -34,19 +34,19 @@ std::string ForLog(const std::string& body) {
 /// Sends the first request. Returns a result when no second request follows, else nothing.
 std::optional<int> FetchUser(const CallSite& site, const ConsumerRoute& route, const ClientInfo& client, int32_t& cost,
                              json::JsonCppDocument& document) {
-    std::string body;
+    ResponseBody body;
     if (const int fetched = RequestCall<requests::kUserInfo>(site, route, client).CostInto(cost).Fetch(body);
         fetched != VANTIX_NOERROR) {
         return fetched;
     }
-    if (!document.Parse(body)) {
+    if (!document.Parse(body.Text())) {
         VANTIX_LOG_ERROR(site, level::kError,
                          "ZQR TEST QX_API_B2C_GET_P2P_USER_INFO platform response bad, szInfo = %s",
-                         ForLog(body).c_str());
+                         ForLog(body.Text()).c_str());
         return VANTIX_RESP_NOT_JSON;
     }
     if (const int code = MetaCode(document.Root()); code != 0) {
-        LogRefusal(site, requests::kUserInfo.parserFailure, ForLog(body), code);
+        LogRefusal(site, requests::kUserInfo.parserFailure, ForLog(body.Text()), code);
         return VANTIX_NOERROR;  // A failure returns 0 here; the record stays empty.
     }
     return std::nullopt;
@@ -54,12 +54,12 @@ std::optional<int> FetchUser(const CallSite& site, const ConsumerRoute& route, c
 
 int FetchConfiguration(const CallSite& site, const ConsumerRoute& route, const ClientInfo& client, int32_t& cost,
                        json::JsonCppDocument& document) {
-    std::string body;
+    ResponseBody body;
     const int fetched = RequestCall<requests::kP2PConfiguration>(site, route, client).CostInto(cost).Fetch(body);
     if (fetched != VANTIX_NOERROR) {
         return fetched;
     }
-    return document.Parse(body) ? static_cast<int>(VANTIX_NOERROR) : LogNotJson(site, ForLog(body));
+    return document.Parse(body.Text()) ? static_cast<int>(VANTIX_NOERROR) : LogNotJson(site, ForLog(body.Text()));
 }
 
 /// Fetches both responses; nothing when both are there.

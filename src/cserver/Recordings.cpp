@@ -13,7 +13,7 @@ namespace vantix {
 namespace {
 
 /// Checks the envelope before the parser does.
-int LogAndCheck(const CallSite& site, const std::string& body) {
+int LogAndCheck(const CallSite& site, TextView body) {
     VANTIX_LOG_INFO(site, level::kInfo, "ZQR TEST GetDeviceFileBySerialFromCServer:%s", body.c_str());
     return CheckResponse(site, body, MetaCode);
 }
@@ -27,11 +27,11 @@ int GetDeviceFileBySerialFromCServer(const ConsumerRoute& route, const std::stri
                site, route, "deviceSerial"_key = deviceSerial, "channelNo"_key = channelNo,
                "startTime"_key = WithFirstBlankEscaped(span.startTime),
                "stopTime"_key = WithFirstBlankEscaped(span.endTime), "recordType"_key = recordType)
-        .Run([&](const std::string& body) { return LogAndCheck(site, body); },
-             [&](const std::string& body) { return ParseDeviceRecordFileFromCServer(body, records); });
+        .Run([&](TextView body) { return LogAndCheck(site, body); },
+             [&](TextView body) { return ParseDeviceRecordFileFromCServer(body, records); });
 }
 
-int ParseDeviceRecordFileFromCServer(const std::string& body, std::string& records) {
+int ParseDeviceRecordFileFromCServer(TextView body, std::string& records) {
     const CallSite site = VANTIX_HERE;
     json::JsonCppDocument document;
     if (const int code = ParseBody(site, body, document); code != 0) {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "base/TextView.h"
 #include "requests/Route.h"
 #include "vantix/records/CloudFileQuery.h"
 
@@ -13,6 +14,6 @@ int GetDeviceFileBySerialFromCServer(const ConsumerRoute& route, const std::stri
                                      const TimeSpan& span, int recordType, std::string& records);
 
 /// Copies "records" unread into the compact text {"data":[…]}. Whether the list is finished is dropped.
-int ParseDeviceRecordFileFromCServer(const std::string& body, std::string& records);
+int ParseDeviceRecordFileFromCServer(TextView body, std::string& records);
 
 }  // namespace vantix

@@ -17,10 +17,10 @@ json::JsonCppView Configuration(const json::JsonCppView& root) { return root.Mem
 int GetServerInfoFromCServer(const ConsumerRoute& route, ServerInfo& serverInfo) {
     return RequestCall<cserver_requests::kServerInfo>(VANTIX_HERE, route)
         .CostInto(serverInfo.iRequestCost)
-        .Run([&](const std::string& body) { return ParseServerInfoFromCServer(body, serverInfo); });
+        .Run([&](TextView body) { return ParseServerInfoFromCServer(body, serverInfo); });
 }
 
-int ParseServerInfoFromCServer(const std::string& body, ServerInfo& serverInfo) {
+int ParseServerInfoFromCServer(TextView body, ServerInfo& serverInfo) {
     return ReadObjectResponse(
         VANTIX_HERE, body, OptionalMetaCode, Configuration,
         [&](const json::JsonCppView& configuration) { json::ReadFields(configuration, kServerFields, serverInfo); });

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "base/TextView.h"
 #include "requests/Route.h"
 #include "vantix/records/ServerInfo.h"
 
@@ -12,6 +13,6 @@ namespace vantix {
 int GetServerInfoFromCServer(const ConsumerRoute& route, ServerInfo& serverInfo);
 
 /// Reads "systemConfigInfo", which must be there; each of its members is optional.
-int ParseServerInfoFromCServer(const std::string& body, ServerInfo& serverInfo);
+int ParseServerInfoFromCServer(TextView body, ServerInfo& serverInfo);
 
 }  // namespace vantix

@@ -15,7 +15,7 @@ using json::JsonCppView;
 namespace requests = cserver_requests;
 
 /// The refresh's own check, whose codes are returned bare; only a response without an envelope is malformed.
-int CheckAndLog(const CallSite& site, const std::string& body) {
+int CheckAndLog(const CallSite& site, TextView body) {
     json::JsonCppDocument document;
     if (!document.Parse(body)) {
         VANTIX_LOG_ERROR(site, level::kError, "ZQR TEST QX_API_B2C_REFRESH_SESSION platform response bad, szInfo = %s",
@@ -43,22 +43,22 @@ int GetStreamTokensFromCServer(const ConsumerRoute& route, std::string& response
 int RefreshSessionFromCServer(const ConsumerRoute& route, SessionInfo& session) {
     const CallSite site = VANTIX_HERE;
     const ClientInfo client;
-    std::string body;
+    ResponseBody body;
     int result =
         RequestCall<requests::kRefreshSession>(site, route, client, "refreshSessionId"_key = session.refreshSessionId,
                                                "featureCode"_key = client.featureCode)
             .Fetch(body);
     if (result == VANTIX_NOERROR) {
-        result = CheckAndLog(site, body);
+        result = CheckAndLog(site, body.Text());
     }
     if (result != VANTIX_NOERROR) {
         return result;
     }
-    return LogRefusal(site, requests::kRefreshSession.parserFailure, body,
-                      ParseRefreshSessionnFromCServer(body, session));
+    return LogRefusal(site, requests::kRefreshSession.parserFailure, body.Text(),
+                      ParseRefreshSessionnFromCServer(body.Text(), session));
 }
 
-int ParseRefreshSessionnFromCServer(const std::string& body, SessionInfo& session) {
+int ParseRefreshSessionnFromCServer(TextView body, SessionInfo& session) {
     const CallSite site = VANTIX_HERE;
     return ReadResponse(site, body, OptionalMetaCode, [&](const JsonCppView& root) -> int {
         const JsonCppView info = root.Member("sessionInfo");

@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "base/TextView.h"
 #include "requests/Route.h"
 
 namespace vantix {
@@ -24,6 +25,6 @@ struct SessionInfo {
 int RefreshSessionFromCServer(const ConsumerRoute& route, SessionInfo& session);
 
 /// Reads "sessionInfo", which must hold the session id; without a refresh session id the old one stays.
-int ParseRefreshSessionnFromCServer(const std::string& body, SessionInfo& session);
+int ParseRefreshSessionnFromCServer(TextView body, SessionInfo& session);
 
 }  // namespace vantix

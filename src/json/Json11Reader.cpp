@@ -7,6 +7,18 @@
 #include "json/DecimalPoint.h"
 
 namespace vantix::json {
+namespace {
+
+/// json11 reads a string alone. What is copied into one leaves out the blanks that a server can send without end.
+std::string WithoutBlanksAround(std::string_view text) {
+    constexpr std::string_view kBlanks = " \t\r\n";
+    const size_t first = text.find_first_not_of(kBlanks);
+    return first == std::string_view::npos
+               ? std::string()
+               : std::string(text.substr(first, text.find_last_not_of(kBlanks) + 1 - first));
+}
+
+}  // namespace
 
 bool Json11View::IsNull() const { return m_value == nullptr || m_value->is_null(); }
 
@@ -66,12 +78,14 @@ bool Json11View::Read(bool& flag) const {
 Json11Document::Json11Document() = default;
 Json11Document::~Json11Document() = default;
 
-bool Json11Document::Parse(const std::string& text) {
+bool Json11Document::Parse(TextView text) {
     m_root.reset();
     m_error.clear();
-    auto root =
-        std::make_unique<json11::Json>(CLocaleHasOtherPoint() ? json11::Json::parse(WithoutDecimalPoints(text), m_error)
-                                                              : json11::Json::parse(text, m_error));
+    std::string json = WithoutBlanksAround(text);
+    if (CLocaleHasOtherPoint()) {
+        json = WithoutDecimalPoints(json);
+    }
+    auto root = std::make_unique<json11::Json>(json11::Json::parse(json, m_error));
     if (!m_error.empty()) {
         return false;
     }

@@ -9,6 +9,8 @@
 #include <memory>
 #include <string>
 
+#include "base/TextView.h"
+
 namespace json11 {
 class Json;
 }  // namespace json11
@@ -55,7 +57,7 @@ public:
     Json11Document& operator=(const Json11Document&) = delete;
 
     /// Parses a text; false when it is not JSON or nested too deeply.
-    bool Parse(const std::string& text);
+    bool Parse(TextView text);
     /// The value of the whole text; nothing before a successful `Parse`.
     Json11View Root() const;
     /// Why the last `Parse` failed, in the parser's words.

@@ -153,12 +153,12 @@ bool IsANumberRefused(const Json::Reader& reader) {
                        [](const auto& error) { return error.message.find("is not a number") != std::string::npos; });
 }
 
-bool ParseInto(const std::string& text, Json::Value& root) {
+bool ParseInto(TextView text, Json::Value& root) {
     const auto parse = [&](Json::Reader& reader) {
         if (CppLocaleHasOtherPoint()) {
-            return reader.parse(WithoutDecimalPoints(text), root, false);
+            return reader.parse(WithoutDecimalPoints(std::string(text)), root, false);
         }
-        return reader.parse(text.data(), text.data() + text.size(), root, false);  // a string would be copied
+        return reader.parse(text.begin(), text.end(), root, false);  // a string would be copied
     };
     Json::Reader first;
     if (parse(first)) {
@@ -170,7 +170,7 @@ bool ParseInto(const std::string& text, Json::Value& root) {
 
 }  // namespace
 
-bool JsonCppDocument::Parse(const std::string& text) {
+bool JsonCppDocument::Parse(TextView text) {
     m_root.reset();
     try {
         auto root = std::make_unique<Json::Value>();
@@ -187,7 +187,7 @@ bool JsonCppDocument::Parse(const std::string& text) {
 namespace {
 
 /// Whether nothing stands behind the object that a text begins with, and no comment anywhere.
-bool IsBareObject(const std::string& text) {
+bool IsBareObject(std::string_view text) {
     size_t depth = 0;
     bool isClosed = false;
     for (size_t i = 0; i < text.size(); ++i) {
@@ -211,7 +211,7 @@ bool IsBareObject(const std::string& text) {
 
 }  // namespace
 
-bool JsonCppDocument::ParseObjectStrictly(const std::string& text) {
+bool JsonCppDocument::ParseObjectStrictly(TextView text) {
     if (Parse(text) && Root().IsObject() && IsBareObject(text)) {
         return true;
     }

@@ -9,6 +9,8 @@
 #include <memory>
 #include <string>
 
+#include "base/TextView.h"
+
 namespace Json {
 class Value;
 }  // namespace Json
@@ -65,10 +67,10 @@ public:
     JsonCppDocument& operator=(const JsonCppDocument&) = delete;
 
     /// Parses a text; false when it is not JSON or nested too deeply.
-    bool Parse(const std::string& text);
+    bool Parse(TextView text);
     /// Parses a text that must be exactly one object: false as well when it is another value, when something stands
     /// behind the object, and when there is a comment, which `Parse` does not mind.
-    bool ParseObjectStrictly(const std::string& text);
+    bool ParseObjectStrictly(TextView text);
     /// The value of the whole text; nothing before a successful parse.
     JsonCppView Root() const;
 

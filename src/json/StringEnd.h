@@ -7,7 +7,7 @@
 namespace vantix::json {
 
 /// One past the string that begins with the quote at `from`; the end of the text when it does not end.
-inline size_t AfterString(const std::string& text, size_t from) {
+inline size_t AfterString(std::string_view text, size_t from) {
     for (++from; from < text.size() && text[from] != '"'; ++from) {
         from += text[from] == '\\' ? size_t{1} : size_t{0};
     }

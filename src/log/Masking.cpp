@@ -18,7 +18,7 @@ bool Contains(const std::array<std::string_view, Count>& keys, std::string_view 
 }
 
 /// The quote that ends the string whose first character stands at `from`, or the end of the text.
-size_t ClosingQuote(const std::string& text, size_t from) {
+size_t ClosingQuote(std::string_view text, size_t from) {
     while (from < text.size() && text[from] != '"') {
         from += text[from] == '\\' ? size_t{2} : size_t{1};
     }
@@ -26,7 +26,7 @@ size_t ClosingQuote(const std::string& text, size_t from) {
 }
 
 /// Where the value of the member whose key ends before `from` begins, or npos when none follows.
-size_t ValueAfter(const std::string& text, size_t from) {
+size_t ValueAfter(std::string_view text, size_t from) {
     const auto skipBlanks = [&] {
         while (from < text.size() && std::isspace(static_cast<unsigned char>(text[from])) != 0) {
             ++from;
@@ -42,7 +42,7 @@ size_t ValueAfter(const std::string& text, size_t from) {
 }
 
 /// One past a number or word.
-size_t EndOfWord(const std::string& text, size_t from) {
+size_t EndOfWord(std::string_view text, size_t from) {
     return std::min(text.find_first_of(",}] \t\r\n", from), text.size());
 }
 
@@ -52,7 +52,7 @@ bool IsSecretParameter(std::string_view key) { return Contains(kSecretParameters
 
 bool IsSecretHeader(std::string_view key) { return Contains(kSecretHeaders, key); }
 
-std::string MaskedJson(const std::string& text) {
+std::string MaskedJson(std::string_view text) {
     std::string masked;
     size_t copied = 0;
     for (size_t quote = text.find('"'); quote != std::string::npos;) {
@@ -79,7 +79,7 @@ std::string MaskedJson(const std::string& text) {
 namespace {
 
 /// One past a value of any kind; what does not end ends with the text.
-size_t EndOfValue(const std::string& text, size_t from) {
+size_t EndOfValue(std::string_view text, size_t from) {
     size_t depth = 0;
     for (size_t at = from; at < text.size(); ++at) {
         const char c = text[at];
@@ -107,7 +107,7 @@ char Unescaped(const char* digits) {
 }
 
 /// One past the quote that ends the name which begins at `from`, or npos when another text stands there.
-size_t EndOfName(const std::string& text, size_t from, std::string_view name) {
+size_t EndOfName(std::string_view text, size_t from, std::string_view name) {
     for (const char wanted : name) {
         const bool isEscape = text.compare(from, 2, "\\u") == 0 && from + 6 <= text.size();
         const size_t length = isEscape ? 6 : 1;
@@ -120,7 +120,7 @@ size_t EndOfName(const std::string& text, size_t from, std::string_view name) {
 }
 
 /// Where the value begins if the quote at `quote` opens one of the names and a value follows; else npos.
-size_t ValueOfMember(const std::string& text, size_t quote, std::span<const std::string_view> names) {
+size_t ValueOfMember(std::string_view text, size_t quote, std::span<const std::string_view> names) {
     for (const std::string_view name : names) {
         if (const size_t end = EndOfName(text, quote + 1, name); end != std::string::npos) {
             return ValueAfter(text, end);
@@ -131,7 +131,7 @@ size_t ValueOfMember(const std::string& text, size_t quote, std::span<const std:
 
 }  // namespace
 
-std::string MaskedMembers(const std::string& text, std::span<const std::string_view> names) {
+std::string MaskedMembers(std::string_view text, std::span<const std::string_view> names) {
     std::string masked;
     size_t copied = 0;
     // Every quote may open a name: in a text that is no JSON nothing says which ones do.

@@ -20,10 +20,10 @@ bool IsSecretHeader(std::string_view key);
 
 /// A copy of a JSON text in which the values of secret parameters are masked. Works on any text: it need not
 /// be well-formed.
-std::string MaskedJson(const std::string& text);
+std::string MaskedJson(std::string_view text);
 
 /// A copy of a text in which the value of every member of these names, whatever it is and however deep it stands, is
 /// `"***"`. Works on any text, also on JSON that is cut off.
-std::string MaskedMembers(const std::string& text, std::span<const std::string_view> names);
+std::string MaskedMembers(std::string_view text, std::span<const std::string_view> names);
 
 }  // namespace vantix

@@ -10,20 +10,20 @@ namespace vantix {
 namespace requests = platform_requests;
 
 int GetConfigInfoFromPlatform(const PlatformRoute& route, ConfigInfo& config) {
-    return RequestCall<requests::kConfigInfo>(VANTIX_HERE, route).Run([&](const std::string& body) {
+    return RequestCall<requests::kConfigInfo>(VANTIX_HERE, route).Run([&](TextView body) {
         return ParseConfigInfoFromPlatform(body, config);
     });
 }
 
 int GetUsernameFromPlatform(const PlatformRoute& route, std::string& userName) {
-    return RequestCall<requests::kUsername>(VANTIX_HERE, route).Run([&](const std::string& body) {
+    return RequestCall<requests::kUsername>(VANTIX_HERE, route).Run([&](TextView body) {
         return ParseUsernameFromPlatform(body, userName);
     });
 }
 
 int GetUserIdFromPlatform(const PlatformRoute& route, std::string& userId) {
     return RequestCall<requests::kUserId>(VANTIX_HERE, route, "sdkVersion"_key = ClientInfo().sdkVersion)
-        .Run([&](const std::string& body) { return ParseUserIdFromPlatform(body, userId); });
+        .Run([&](TextView body) { return ParseUserIdFromPlatform(body, userId); });
 }
 
 int getPushSessionIdFromPlatform(const PlatformRoute& route, std::string& pushSessionId) {
@@ -31,14 +31,14 @@ int getPushSessionIdFromPlatform(const PlatformRoute& route, std::string& pushSe
     return RequestCall<requests::kPushSessionId>(VANTIX_HERE, route, "featureCode"_key = client.featureCode,
                                                  "clientType"_key = client.clientType,
                                                  "clientVersion"_key = client.clientVersion)
-        .Run([&](const std::string& body) { return ParsePushSessionIdFromPlatform(body, pushSessionId); });
+        .Run([&](TextView body) { return ParsePushSessionIdFromPlatform(body, pushSessionId); });
 }
 
 int getBWCheckInfoFromPlatform(const PlatformRoute& route, int type, const std::string& checkTime, int localIndex,
                                BWCheckInfo& info) {
     return RequestCall<requests::kBWCheckInfo>(VANTIX_HERE, route, "type"_key = type, "checkTime"_key = checkTime,
                                                "localIndex"_key = localIndex)
-        .Run([&](const std::string& body) { return ParseBWCheckInfoFromPlatform(body, info); });
+        .Run([&](TextView body) { return ParseBWCheckInfoFromPlatform(body, info); });
 }
 
 int GetTransparentMsgDetailFromPlatform(const PlatformRoute& route, const std::string& msgSeq,
@@ -48,7 +48,7 @@ int GetTransparentMsgDetailFromPlatform(const PlatformRoute& route, const std::s
                                                   "featureCode"_key = client.featureCode,
                                                   "osVersion"_key = client.osVersion, "netType"_key = client.netType,
                                                   "sdkVersion"_key = client.sdkVersion, "msgSeq"_key = msgSeq)
-        .Run([&](const std::string& body) { return ParseTransparentMsgDetailFromPlatform(body, detail); });
+        .Run([&](TextView body) { return ParseTransparentMsgDetailFromPlatform(body, detail); });
 }
 
 int SetVideoDefinitionOnPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,

@@ -7,6 +7,7 @@
 
 #include <string>
 
+#include "base/TextView.h"
 #include "requests/Route.h"
 #include "vantix/records/BWCheckInfo.h"
 #include "vantix/records/ConfigInfo.h"
@@ -43,21 +44,21 @@ int SetAlarmReadOnPlatform(const PlatformRoute& route, const std::string& alarmI
 
 /// Has a code rule of its own: the "code" of "result", textual or a number. "data" stands inside "result" or at the
 /// root.
-int ParseConfigInfoFromPlatform(const std::string& body, ConfigInfo& config);
+int ParseConfigInfoFromPlatform(TextView body, ConfigInfo& config);
 
 /// "userName" must be a string.
-int ParseUsernameFromPlatform(const std::string& body, std::string& userName);
+int ParseUsernameFromPlatform(TextView body, std::string& userName);
 
 /// "result"."data"."userId" must be a string.
-int ParseUserIdFromPlatform(const std::string& body, std::string& userId);
+int ParseUserIdFromPlatform(TextView body, std::string& userId);
 
 /// "pushSessionId" must be a string; the envelope's code must be there.
-int ParsePushSessionIdFromPlatform(const std::string& body, std::string& pushSessionId);
+int ParsePushSessionIdFromPlatform(TextView body, std::string& pushSessionId);
 
 /// All members of "data" must be there, and the envelope's code.
-int ParseBWCheckInfoFromPlatform(const std::string& body, BWCheckInfo& info);
+int ParseBWCheckInfoFromPlatform(TextView body, BWCheckInfo& info);
 
 /// "result"."msgData" must be an object; each of its members is a text or a number, and optional.
-int ParseTransparentMsgDetailFromPlatform(const std::string& body, TransparentMsgDetail& detail);
+int ParseTransparentMsgDetailFromPlatform(TextView body, TransparentMsgDetail& detail);
 
 }  // namespace vantix

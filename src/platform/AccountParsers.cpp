@@ -43,12 +43,12 @@ bool ReadBWCheck(const JsonCppView& data, BWCheckInfo& info) {
 
 }  // namespace
 
-int ParseConfigInfoFromPlatform(const std::string& body, ConfigInfo& config) {
+int ParseConfigInfoFromPlatform(TextView body, ConfigInfo& config) {
     return ReadObjectResponse(VANTIX_HERE, body, ConfigurationCode, ResultOrRootData,
                               [&](const JsonCppView& data) { json::ReadFields(data, kConfigFields, config); });
 }
 
-int ParseUsernameFromPlatform(const std::string& body, std::string& userName) {
+int ParseUsernameFromPlatform(TextView body, std::string& userName) {
     const CallSite site = VANTIX_HERE;
     return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) {
         return root.Member("userName").Read(userName)
@@ -58,7 +58,7 @@ int ParseUsernameFromPlatform(const std::string& body, std::string& userName) {
     });
 }
 
-int ParseUserIdFromPlatform(const std::string& body, std::string& userId) {
+int ParseUserIdFromPlatform(TextView body, std::string& userId) {
     const CallSite site = VANTIX_HERE;
     VANTIX_LOG_INFO(site, level::kInfo, "ParseUserId = %s", body.c_str());
     return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) {
@@ -69,7 +69,7 @@ int ParseUserIdFromPlatform(const std::string& body, std::string& userId) {
     });
 }
 
-int ParsePushSessionIdFromPlatform(const std::string& body, std::string& pushSessionId) {
+int ParsePushSessionIdFromPlatform(TextView body, std::string& pushSessionId) {
     const CallSite site = VANTIX_HERE;
     VANTIX_LOG_INFO(site, level::kInfo, "ParsePushSessionId = %s", body.c_str());
     return ReadResponse(site, body, StrictMetaCode, [&](const JsonCppView& root) {
@@ -81,7 +81,7 @@ int ParsePushSessionIdFromPlatform(const std::string& body, std::string& pushSes
     });
 }
 
-int ParseBWCheckInfoFromPlatform(const std::string& body, BWCheckInfo& info) {
+int ParseBWCheckInfoFromPlatform(TextView body, BWCheckInfo& info) {
     const CallSite site = VANTIX_HERE;
     VANTIX_LOG_INFO(site, level::kInfo, "BWCheckInfo = %s", body.c_str());
     return ReadResponse(site, body, StrictMetaCode, [&](const JsonCppView& root) -> int {
@@ -95,7 +95,7 @@ int ParseBWCheckInfoFromPlatform(const std::string& body, BWCheckInfo& info) {
     });
 }
 
-int ParseTransparentMsgDetailFromPlatform(const std::string& body, TransparentMsgDetail& detail) {
+int ParseTransparentMsgDetailFromPlatform(TextView body, TransparentMsgDetail& detail) {
     const CallSite site = VANTIX_HERE;
     return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) -> int {
         const JsonCppView result = root.Member("result");

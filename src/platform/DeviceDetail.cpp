@@ -15,7 +15,7 @@ int GetDevDetailInfoFromPlatformBySerial(const PlatformRoute& route, const std::
                                          std::optional<BelongDevInfo>& parent) {
     RequestCall<requests::kDevDetailInfo> call(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
                                                "cameraNo"_key = cameraNo);
-    const int result = call.CostInto(device.iRequestCost).Run([&](const std::string& body) {
+    const int result = call.CostInto(device.iRequestCost).Run([&](TextView body) {
         return ParseDevDetailInfoFromPlatform(body, channel, device, parent);
     });
     MarkFetched(result, device);
@@ -29,7 +29,7 @@ int GetDeviceDetailInfoFromPlatformBySerial(const PlatformRoute& route, const st
     RequestCall<requests::kDeviceDetailInfo> call(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
                                                   "cameraNo"_key = cameraNo, "bizType"_key = bizType,
                                                   "platFormId"_key = platFormId);
-    const int result = call.CostInto(device.iRequestCost).Run([&](const std::string& body) {
+    const int result = call.CostInto(device.iRequestCost).Run([&](TextView body) {
         return ParseDeviceDetailInfoFromPlatform(body, channel, device, parent);
     });
     MarkFetched(result, device);

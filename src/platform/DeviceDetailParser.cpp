@@ -53,7 +53,7 @@ void ReadCapabilities(const CallSite& site, const Json11View& extension, DevDeta
 using Nested = NestedObject<json::Json11Document>;
 
 /// Reads the three members that hold nested JSON. One that is malformed is logged and skipped.
-void ReadNested(const CallSite& site, const std::string& body, const Json11View& object, DevDetailInfo& device,
+void ReadNested(const CallSite& site, TextView body, const Json11View& object, DevDetailInfo& device,
                 std::optional<BelongDevInfo>& parent) {
     const Nested share(object.Member("qxDeviceSupportExt"));
     if (share.Failed()) {
@@ -76,7 +76,7 @@ void ReadNested(const CallSite& site, const std::string& body, const Json11View&
     }
 }
 
-int ParseDetail(const CallSite& site, const std::string& body, DevChannelInfo& channel, DevDetailInfo& device,
+int ParseDetail(const CallSite& site, TextView body, DevChannelInfo& channel, DevDetailInfo& device,
                 std::optional<BelongDevInfo>& parent) {
     return ReadObjectResponse(site, body, EnvelopeCode, ResultData, [&](const Json11View& data) {
         channel = ReadChannel(data.Member("camera"));
@@ -90,12 +90,12 @@ int ParseDetail(const CallSite& site, const std::string& body, DevChannelInfo& c
 
 }  // namespace
 
-int ParseDevDetailInfoFromPlatform(const std::string& body, DevChannelInfo& channel, DevDetailInfo& device,
+int ParseDevDetailInfoFromPlatform(TextView body, DevChannelInfo& channel, DevDetailInfo& device,
                                    std::optional<BelongDevInfo>& parent) {
     return ParseDetail(VANTIX_HERE, body, channel, device, parent);
 }
 
-int ParseDeviceDetailInfoFromPlatform(const std::string& body, DevChannelInfo& channel, DevDetailInfo& device,
+int ParseDeviceDetailInfoFromPlatform(TextView body, DevChannelInfo& channel, DevDetailInfo& device,
                                       std::optional<BelongDevInfo>& parent) {
     return ParseDetail(VANTIX_HERE, body, channel, device, parent);
 }

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "base/TextView.h"
 #include "vantix/records/BelongDevInfo.h"
 #include "vantix/records/DevChannelInfo.h"
 #include "vantix/records/DevDetailInfo.h"
@@ -15,11 +16,11 @@ namespace vantix {
 /// Returns 0, 1 (not JSON), 2 (no "result"."data" object) or the platform's code; the records then stay as they were.
 /// Members that are missing or of another type leave defaults. The bookkeeping fields of `device` (cache time, marks,
 /// cost, `iCloseBlong`) are not touched.
-int ParseDevDetailInfoFromPlatform(const std::string& body, DevChannelInfo& channel, DevDetailInfo& device,
+int ParseDevDetailInfoFromPlatform(TextView body, DevChannelInfo& channel, DevDetailInfo& device,
                                    std::optional<BelongDevInfo>& parent);
 
 /// The same for the response about a device of another business platform.
-int ParseDeviceDetailInfoFromPlatform(const std::string& body, DevChannelInfo& channel, DevDetailInfo& device,
+int ParseDeviceDetailInfoFromPlatform(TextView body, DevChannelInfo& channel, DevDetailInfo& device,
                                       std::optional<BelongDevInfo>& parent);
 
 }  // namespace vantix

@@ -49,7 +49,7 @@ JsonCppView DevicesInObject(const JsonCppView& data) { return data.Member("devic
 
 JsonCppView DevicesInArray(const JsonCppView& data) { return data; }
 
-int ParseDevices(const CallSite& site, const std::string& body, DevicesOf devicesOf, DeviceList& list) {
+int ParseDevices(const CallSite& site, TextView body, DevicesOf devicesOf, DeviceList& list) {
     return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) -> int {
         const JsonCppView devices = devicesOf(ResultData(root));
         if (!devices.IsArray()) {
@@ -67,20 +67,20 @@ int ParseDevices(const CallSite& site, const std::string& body, DevicesOf device
 
 int GetDevListFromPlatform(const PlatformRoute& route, int pageStart, int pageSize, DeviceList& list) {
     return RequestCall<requests::kDevList>(VANTIX_HERE, route, "pageStart"_key = pageStart, "pageSize"_key = pageSize)
-        .Run([&](const std::string& body) { return ParseDeviceListFromPlatform(body, list); });
+        .Run([&](TextView body) { return ParseDeviceListFromPlatform(body, list); });
 }
 
 int GetDeviceListFromPlatform(const PlatformRoute& route, int pageStart, int pageSize, const std::string& bizType,
                               DeviceList& list) {
     return RequestCall<requests::kDeviceListGB>(VANTIX_HERE, route, "pageStart"_key = pageStart,
                                                 "pageSize"_key = pageSize, "bizType"_key = bizType)
-        .Run([&](const std::string& body) { return ParseDeviceListFromPlatform_GB(body, list); });
+        .Run([&](TextView body) { return ParseDeviceListFromPlatform_GB(body, list); });
 }
 
 int GetShareDevListFromPlatform(const PlatformRoute& route, int pageStart, int pageSize, DeviceList& list) {
     return RequestCall<requests::kShareDevList>(VANTIX_HERE, route, "pageStart"_key = pageStart,
                                                 "pageSize"_key = pageSize)
-        .Run([&](const std::string& body) { return ParseDeviceListFromPlatform(body, list); });
+        .Run([&](TextView body) { return ParseDeviceListFromPlatform(body, list); });
 }
 
 int GetAlarmListFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
@@ -92,11 +92,11 @@ int GetAlarmListFromPlatform(const PlatformRoute& route, const std::string& devi
         .Run(Keeping(CheckResponseInfoFromPlatform, json));
 }
 
-int ParseDeviceListFromPlatform(const std::string& body, DeviceList& list) {
+int ParseDeviceListFromPlatform(TextView body, DeviceList& list) {
     return ParseDevices(VANTIX_HERE, body, DevicesInObject, list);
 }
 
-int ParseDeviceListFromPlatform_GB(const std::string& body, DeviceList& list) {
+int ParseDeviceListFromPlatform_GB(TextView body, DeviceList& list) {
     return ParseDevices(VANTIX_HERE, body, DevicesInArray, list);
 }
 

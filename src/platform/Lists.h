@@ -7,6 +7,7 @@
 
 #include <string>
 
+#include "base/TextView.h"
 #include "requests/Route.h"
 #include "vantix/records/DeviceList.h"
 
@@ -38,9 +39,9 @@ int GetAlarmListFromPlatform(const PlatformRoute& route, const std::string& devi
 
 /// Reads the devices, one item a channel, from "result"."data"."deviceInfos", and the page. "result"."data" must be
 /// there.
-int ParseDeviceListFromPlatform(const std::string& body, DeviceList& list);
+int ParseDeviceListFromPlatform(TextView body, DeviceList& list);
 
 /// Reads the devices, one item a channel, from the array "result"."data", and the page.
-int ParseDeviceListFromPlatform_GB(const std::string& body, DeviceList& list);
+int ParseDeviceListFromPlatform_GB(TextView body, DeviceList& list);
 
 }  // namespace vantix

@@ -46,26 +46,26 @@ void ReadDevice(const JsonCppView& data, P2PDevInfo& devInfo) {
 int GetP2PUserInfoFromPlatform(const PlatformRoute& route, P2PUserInfo& userInfo) {
     return RequestCall<platform_requests::kP2PUserInfo>(VANTIX_HERE, route)
         .CostInto(userInfo.iRequestCost)
-        .Run(CheckResponseInfoFromPlatform, [&](const std::string& body) { return ParseP2PUserInfo(body, userInfo); });
+        .Run(CheckResponseInfoFromPlatform, [&](TextView body) { return ParseP2PUserInfo(body, userInfo); });
 }
 
 int GetP2PDevInfoFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, P2PDevInfo& devInfo) {
     return RequestCall<platform_requests::kP2PDevInfo>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial)
         .CostInto(devInfo.iRequestCost)
-        .Run(CheckResponseInfoFromPlatform, [&](const std::string& body) { return ParseP2PDevInfo(body, devInfo); });
+        .Run(CheckResponseInfoFromPlatform, [&](TextView body) { return ParseP2PDevInfo(body, devInfo); });
 }
 
-int ParseP2PUserInfo(const std::string& body, P2PUserInfo& userInfo) {
+int ParseP2PUserInfo(TextView body, P2PUserInfo& userInfo) {
     return ReadObjectResponse(VANTIX_HERE, body, EnvelopeCode, ResultData,
                               [&](const JsonCppView& data) { json::ReadFields(data, kUserFields, userInfo); });
 }
 
-int ParseP2PDevInfo(const std::string& body, P2PDevInfo& devInfo) {
+int ParseP2PDevInfo(TextView body, P2PDevInfo& devInfo) {
     return ReadObjectResponse(VANTIX_HERE, body, EnvelopeCode, ResultData,
                               [&](const JsonCppView& data) { ReadDevice(data, devInfo); });
 }
 
-int ParseP2PQXDevCap(const std::string& text, P2PDevInfo& devInfo) {
+int ParseP2PQXDevCap(TextView text, P2PDevInfo& devInfo) {
     return ReadP2PCapabilities(VANTIX_HERE, text, kCapabilityFields, devInfo);
 }
 

@@ -7,6 +7,7 @@
 
 #include <string>
 
+#include "base/TextView.h"
 #include "requests/Route.h"
 #include "vantix/records/P2PDevInfo.h"
 #include "vantix/records/P2PUserInfo.h"
@@ -20,12 +21,12 @@ int GetP2PUserInfoFromPlatform(const PlatformRoute& route, P2PUserInfo& userInfo
 int GetP2PDevInfoFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, P2PDevInfo& devInfo);
 
 /// Reads "result"."data", which must be objects.
-int ParseP2PUserInfo(const std::string& body, P2PUserInfo& userInfo);
+int ParseP2PUserInfo(TextView body, P2PUserInfo& userInfo);
 
 /// Reads "result"."data", which must be objects. A capability text that is not JSON leaves the capabilities alone.
-int ParseP2PDevInfo(const std::string& body, P2PDevInfo& devInfo);
+int ParseP2PDevInfo(TextView body, P2PDevInfo& devInfo);
 
 /// Reads the capability text inside a device's P2P information: 0, or 1 when it is not JSON.
-int ParseP2PQXDevCap(const std::string& text, P2PDevInfo& devInfo);
+int ParseP2PQXDevCap(TextView text, P2PDevInfo& devInfo);
 
 }  // namespace vantix

@@ -24,7 +24,7 @@ int SendDeviceFiles(const CallSite& site, const PlatformRoute& route, const std:
     return RequestCall<Row>(site, route, "deviceSerial"_key = deviceSerial, "cameraNo"_key = cameraNo,
                             "startTime"_key = span.startTime, "endTime"_key = span.endTime,
                             "recordType"_key = recordType, "location"_key = location)
-        .Run(CheckResponseInfoFromPlatform, [&](const std::string& body) { return ParseDeviceRecordFile(body, list); });
+        .Run(CheckResponseInfoFromPlatform, [&](TextView body) { return ParseDeviceRecordFile(body, list); });
 }
 
 }  // namespace
@@ -45,7 +45,7 @@ int GetDeviceFileBySerialFromPlatformEx(const PlatformRoute& route, const std::s
                VANTIX_HERE, route, "startTime"_key = WithFirstBlankEscaped(span.startTime),
                "endTime"_key = WithFirstBlankEscaped(span.endTime), "deviceSerial"_key = deviceSerial,
                "channelNo"_key = channelNo, "location"_key = location, "recordType"_key = type)
-        .Run([&](const std::string& body) { return ParseLocalDeviceRecordFile(body, list); });
+        .Run([&](TextView body) { return ParseLocalDeviceRecordFile(body, list); });
 }
 
 int GetCloudRecordFileFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int localIndex,
@@ -54,7 +54,7 @@ int GetCloudRecordFileFromPlatform(const PlatformRoute& route, const std::string
                                                    "startTime"_key = WithFirstBlankEscaped(span.startTime),
                                                    "endTime"_key = WithFirstBlankEscaped(span.endTime),
                                                    "deviceSerial"_key = deviceSerial, "localIndex"_key = localIndex)
-        .Run([&](const std::string& body) { return ParseLocalDeviceRecordFile(body, list); });
+        .Run([&](TextView body) { return ParseLocalDeviceRecordFile(body, list); });
 }
 
 int GetCloudFileBySerialFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo,
@@ -100,7 +100,7 @@ int GetClouduploadUrlPlatform(const PlatformRoute& route, const UploadQuery& que
                                                   "fileType"_key = query.fileType, "expireDays"_key = query.expireDays,
                                                   "urlExpireTime"_key = query.urlExpireTime,
                                                   "bizType"_key = query.bizType)
-        .Run([&](const std::string& body) { return ParseLocalDeviceRecordFile(body, list); });
+        .Run([&](TextView body) { return ParseLocalDeviceRecordFile(body, list); });
 }
 
 int UploadCloudPicFile(const std::string& url, const std::string& localPath) {

@@ -8,6 +8,7 @@
 
 #include <string>
 
+#include "base/TextView.h"
 #include "requests/Route.h"
 #include "vantix/records/CloudFileQuery.h"
 #include "vantix/records/RecordFileList.h"
@@ -68,10 +69,10 @@ int GetClouduploadUrlPlatform(const PlatformRoute& route, const UploadQuery& que
 int UploadCloudPicFile(const std::string& url, const std::string& localPath);
 
 /// Reads "data" of a response with "meta".
-int ParseLocalDeviceRecordFile(const std::string& body, RecordFileList& list);
+int ParseLocalDeviceRecordFile(TextView body, RecordFileList& list);
 
 /// Reads "result"."data", which must be an array.
-int ParseDeviceRecordFile(const std::string& body, RecordFileList& list);
+int ParseDeviceRecordFile(TextView body, RecordFileList& list);
 
 /// Reads recordings that arrive as the text {"data":[…]}: 0, or 2 when it is no such text.
 int ReadRecordFiles(const std::string& text, RecordFileList& list);

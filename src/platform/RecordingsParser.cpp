@@ -37,7 +37,7 @@ RecordFileList ListOf(const JsonCppView& data) {
 
 }  // namespace
 
-int ParseLocalDeviceRecordFile(const std::string& body, RecordFileList& list) {
+int ParseLocalDeviceRecordFile(TextView body, RecordFileList& list) {
     const CallSite site = VANTIX_HERE;
     const int result = ReadResponse(site, body, MetaCode, [&](const JsonCppView& root) -> int {
         const JsonCppView data = RootData(root);
@@ -51,7 +51,7 @@ int ParseLocalDeviceRecordFile(const std::string& body, RecordFileList& list) {
     return result;
 }
 
-int ParseDeviceRecordFile(const std::string& body, RecordFileList& list) {
+int ParseDeviceRecordFile(TextView body, RecordFileList& list) {
     const CallSite site = VANTIX_HERE;
     return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) -> int {
         const JsonCppView data = ResultData(root);

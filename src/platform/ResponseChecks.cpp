@@ -19,13 +19,11 @@ int PermissionCode(const json::JsonCppView& root) {
 
 }  // namespace
 
-int CheckResponseInfoFromPlatform(const std::string& body) { return CheckResponse(VANTIX_HERE, body, EnvelopeCode); }
+int CheckResponseInfoFromPlatform(TextView body) { return CheckResponse(VANTIX_HERE, body, EnvelopeCode); }
 
-int CheckResponseAuthInfoFromPlatform(const std::string& body) {
-    return CheckResponse(VANTIX_HERE, body, PermissionCode);
-}
+int CheckResponseAuthInfoFromPlatform(TextView body) { return CheckResponse(VANTIX_HERE, body, PermissionCode); }
 
-int CheckCloudResponseInfoFromPlatform(const std::string& body) {
+int CheckCloudResponseInfoFromPlatform(TextView body) {
     const CallSite site = VANTIX_HERE;
     json::JsonCppDocument document;
     if (const int code = ParseBody(site, body, document); code != 0) {
@@ -38,17 +36,17 @@ int CheckCloudResponseInfoFromPlatform(const std::string& body) {
     return StrictMetaCode(document.Root());
 }
 
-std::function<int(const std::string& body)> Keeping(int (*check)(const std::string& body), std::string& response) {
-    return [check, &response](const std::string& body) {
+std::function<int(TextView body)> Keeping(int (*check)(TextView body), std::string& response) {
+    return [check, &response](TextView body) {
         const int code = check(body);
         if (code == 0) {
-            response = body;
+            response.assign(body.begin(), body.end());
         }
         return code;
     };
 }
 
-std::optional<int> VerifyErrorOf(const std::string& body) {
+std::optional<int> VerifyErrorOf(TextView body) {
     json::JsonCppDocument document;
     if (!document.Parse(body)) {
         return std::nullopt;

@@ -8,23 +8,25 @@
 #include <optional>
 #include <string>
 
+#include "base/TextView.h"
+
 namespace vantix {
 
 /// The common envelope rule.
-int CheckResponseInfoFromPlatform(const std::string& body);
+int CheckResponseInfoFromPlatform(TextView body);
 
 /// The permission query: only a textual "result"."code" counts.
-int CheckResponseAuthInfoFromPlatform(const std::string& body);
+int CheckResponseAuthInfoFromPlatform(TextView body);
 
 /// The cloud-video requests: "meta" with an integer "code" is required.
-int CheckCloudResponseInfoFromPlatform(const std::string& body);
+int CheckCloudResponseInfoFromPlatform(TextView body);
 
 /// A reader that checks a body and, when it passes, copies it to `response`; else `response` stays as it was.
-std::function<int(const std::string& body)> Keeping(int (*check)(const std::string& body), std::string& response);
+std::function<int(TextView body)> Keeping(int (*check)(TextView body), std::string& response);
 
 /// The token error of a stream-token response that is handed on as it came: that of its "resultCode", 0 when this is
 /// no text; nothing when the response is not JSON.
-std::optional<int> VerifyErrorOf(const std::string& body);
+std::optional<int> VerifyErrorOf(TextView body);
 
 /// Turns the result code of a stream-token response into a token error: 0 for 200, -3, -5, -101, else -1.
 int ConvertVerifyErrorCode(int code);

@@ -46,7 +46,7 @@ void AppendBackups(const CallSite& site, const JsonCppView& backups, ServerInfo&
 int GetServerInfoFromPlatform(const PlatformRoute& route, ServerInfo& serverInfo) {
     return RequestCall<platform_requests::kServerInfo>(VANTIX_HERE, route)
         .CostInto(serverInfo.iRequestCost)
-        .Run([&](const std::string& body) { return ParseServerInfoFromPlatform(body, serverInfo); });
+        .Run([&](TextView body) { return ParseServerInfoFromPlatform(body, serverInfo); });
 }
 
 int GetServerInfoFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int localIndex,
@@ -54,17 +54,17 @@ int GetServerInfoFromPlatform(const PlatformRoute& route, const std::string& dev
     return RequestCall<platform_requests::kServerInfoOfDevice>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
                                                                "localIndex"_key = localIndex)
         .CostInto(serverInfo.iRequestCost)
-        .Run([&](const std::string& body) { return ParseServerInfoFromPlatform(body, serverInfo); });
+        .Run([&](TextView body) { return ParseServerInfoFromPlatform(body, serverInfo); });
 }
 
 int GetRelayServerInfoFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                    RelayServerInfo& relay) {
     return RequestCall<platform_requests::kRelayServer>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
                                                         "channelNo"_key = channelNo)
-        .Run([&](const std::string& body) { return ParseRealyInfoFromPlatform(body, relay); });
+        .Run([&](TextView body) { return ParseRealyInfoFromPlatform(body, relay); });
 }
 
-int ParseServerInfoFromPlatform(const std::string& body, ServerInfo& serverInfo) {
+int ParseServerInfoFromPlatform(TextView body, ServerInfo& serverInfo) {
     const CallSite site = VANTIX_HERE;
     return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) -> int {
         const JsonCppView serverResp = root.Member("serverResp");
@@ -75,7 +75,7 @@ int ParseServerInfoFromPlatform(const std::string& body, ServerInfo& serverInfo)
     });
 }
 
-int ParseRealyInfoFromPlatform(const std::string& body, RelayServerInfo& relay) {
+int ParseRealyInfoFromPlatform(TextView body, RelayServerInfo& relay) {
     const CallSite site = VANTIX_HERE;
     return ReadResponse(site, body, MetaCode, [&](const JsonCppView& root) -> int {
         VANTIX_LOG_INFO(site, level::kInfo, "Platform Response, Resp:%s", body.c_str());

@@ -7,6 +7,7 @@
 
 #include <string>
 
+#include "base/TextView.h"
 #include "records/RelayServerInfo.h"
 #include "requests/Route.h"
 #include "vantix/records/ServerInfo.h"
@@ -25,9 +26,9 @@ int GetRelayServerInfoFromPlatform(const PlatformRoute& route, const std::string
                                    RelayServerInfo& relay);
 
 /// Reads "serverResp". Every member is optional; video relays are appended.
-int ParseServerInfoFromPlatform(const std::string& body, ServerInfo& serverInfo);
+int ParseServerInfoFromPlatform(TextView body, ServerInfo& serverInfo);
 
 /// Reads "data", which must be an object.
-int ParseRealyInfoFromPlatform(const std::string& body, RelayServerInfo& relay);
+int ParseRealyInfoFromPlatform(TextView body, RelayServerInfo& relay);
 
 }  // namespace vantix

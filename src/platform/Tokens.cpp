@@ -48,21 +48,21 @@ int GetTicketInfoBySerial(const PlatformRoute& route, const std::string& deviceS
                           std::string& ticket) {
     return RequestCall<requests::kTicket>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
                                           "channelNo"_key = channelNo)
-        .Run([&](const std::string& body) { return ParseTicketInfoFromPlatform(body, ticket); });
+        .Run([&](TextView body) { return ParseTicketInfoFromPlatform(body, ticket); });
 }
 
 int GetCloudTicketInfoBySerial(const PlatformRoute& route, const std::string& deviceSerial, int localIndex, int spaceId,
                                std::string& ticket) {
     return RequestCall<requests::kCloudTicket>(VANTIX_HERE, route, "spaceId"_key = spaceId,
                                                "deviceSerial"_key = deviceSerial, "localIndex"_key = localIndex)
-        .Run([&](const std::string& body) { return ParseRealyTicketInfoFromPlatform(body, ticket); });
+        .Run([&](TextView body) { return ParseRealyTicketInfoFromPlatform(body, ticket); });
 }
 
 int GetRelayTicketInfoBySerial(const PlatformRoute& route, const std::string& deviceSerial, int channelNo,
                                std::string& ticket) {
     return RequestCall<requests::kRelayTicket>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
                                                "channelNo"_key = channelNo)
-        .Run([&](const std::string& body) { return ParseRealyTicketInfoFromPlatform(body, ticket); });
+        .Run([&](TextView body) { return ParseRealyTicketInfoFromPlatform(body, ticket); });
 }
 
 int GetAuthInfoFromPlatform(const PlatformRoute& route, const std::string& deviceSerial, int cameraNo, bool playback) {
@@ -78,8 +78,9 @@ int GetStreamTokensFromPlatform(const PlatformRoute& route, int count, std::stri
 }
 
 int GetStreamTokensFromPlatform(const PlatformRoute& route, int count, std::deque<std::string>& tokens) {
-    return RequestCall<requests::kStreamTokensParsed>(VANTIX_HERE, route, "count"_key = count)
-        .Run([&](const std::string& body) { return ParseTokensFromPlatform(body, tokens); });
+    return RequestCall<requests::kStreamTokensParsed>(VANTIX_HERE, route, "count"_key = count).Run([&](TextView body) {
+        return ParseTokensFromPlatform(body, tokens);
+    });
 }
 
 int RefreshTokenFromPlatform(const AuthorizationRoute& route, const RefreshCredentials& credentials,
@@ -87,22 +88,22 @@ int RefreshTokenFromPlatform(const AuthorizationRoute& route, const RefreshCrede
     return RequestCall<requests::kRefreshToken>(VANTIX_HERE, route, "refresh_token"_key = credentials.refreshToken,
                                                 "client_id"_key = route.AppKey(), "open_id"_key = credentials.openId,
                                                 "scope"_key = credentials.scope, "state"_key = credentials.state)
-        .Run([&](const std::string& body) { return ParseRefreshTokenFromPlatform(body, info); });
+        .Run([&](TextView body) { return ParseRefreshTokenFromPlatform(body, info); });
 }
 
-int ParseTicketInfoFromPlatform(const std::string& body, std::string& ticket) {
+int ParseTicketInfoFromPlatform(TextView body, std::string& ticket) {
     return ReadResponse(VANTIX_HERE, body, MetaCode, [&](const JsonCppView& root) -> int {
         root.Member("ticketInfo").Member("ticket").Read(ticket);
         return VANTIX_NOERROR;
     });
 }
 
-int ParseRealyTicketInfoFromPlatform(const std::string& body, std::string& ticket) {
+int ParseRealyTicketInfoFromPlatform(TextView body, std::string& ticket) {
     return ReadObjectResponse(VANTIX_HERE, body, MetaCode, RootData,
                               [&](const JsonCppView& data) { data.Member("ticket").Read(ticket); });
 }
 
-int ParseTokensFromPlatform(const std::string& body, std::deque<std::string>& tokens) {
+int ParseTokensFromPlatform(TextView body, std::deque<std::string>& tokens) {
     const CallSite site = VANTIX_HERE;
     return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) -> int {
         const JsonCppView array = root.Member("tokenArray");
@@ -119,7 +120,7 @@ int ParseTokensFromPlatform(const std::string& body, std::deque<std::string>& to
     });
 }
 
-int ParseRefreshTokenFromPlatform(const std::string& body, RefreshTokenInfo& info) {
+int ParseRefreshTokenFromPlatform(TextView body, RefreshTokenInfo& info) {
     const CallSite site = VANTIX_HERE;
     return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) -> int {
         const JsonCppView data = ResultOrRootData(root);

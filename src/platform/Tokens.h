@@ -8,6 +8,7 @@
 #include <deque>
 #include <string>
 
+#include "base/TextView.h"
 #include "records/RefreshTokenInfo.h"
 #include "requests/Route.h"
 
@@ -47,15 +48,15 @@ int RefreshTokenFromPlatform(const AuthorizationRoute& route, const RefreshCrede
                              RefreshTokenInfo& info);
 
 /// Reads "ticketInfo"."ticket"; a response without it succeeds and copies nothing.
-int ParseTicketInfoFromPlatform(const std::string& body, std::string& ticket);
+int ParseTicketInfoFromPlatform(TextView body, std::string& ticket);
 
 /// Reads "data"."ticket"; "data" must be an object, the ticket need not be there.
-int ParseRealyTicketInfoFromPlatform(const std::string& body, std::string& ticket);
+int ParseRealyTicketInfoFromPlatform(TextView body, std::string& ticket);
 
 /// Appends the texts of "tokenArray", which must be there.
-int ParseTokensFromPlatform(const std::string& body, std::deque<std::string>& tokens);
+int ParseTokensFromPlatform(TextView body, std::deque<std::string>& tokens);
 
 /// Reads "data" (inside "result", or at the root). All its members must be there.
-int ParseRefreshTokenFromPlatform(const std::string& body, RefreshTokenInfo& info);
+int ParseRefreshTokenFromPlatform(TextView body, RefreshTokenInfo& info);
 
 }  // namespace vantix

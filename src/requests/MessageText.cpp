@@ -27,11 +27,9 @@ std::string Formatted(const char* format, ...) {
 
 std::string Filled(CodeText text, int code) { return Formatted(text.format, code); }
 
-std::string Filled(BodyText text, const std::string& body) { return Formatted(text.format, body.c_str()); }
+std::string Filled(BodyText text, TextView body) { return Formatted(text.format, body.c_str()); }
 
-std::string Filled(BodyCodeText text, const std::string& body, int code) {
-    return Formatted(text.format, body.c_str(), code);
-}
+std::string Filled(BodyCodeText text, TextView body, int code) { return Formatted(text.format, body.c_str(), code); }
 
 std::string Filled(CostText text, int32_t milliseconds) {
     return Formatted(text.format, static_cast<long>(milliseconds));

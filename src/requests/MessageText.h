@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/TextView.h"
+
 namespace vantix {
 namespace message_detail {
 
@@ -52,8 +54,8 @@ using CostText = message_detail::Text<'%', 'l', 'd'>;
 
 /// The message: the text with its values.
 std::string Filled(CodeText text, int code);
-std::string Filled(BodyText text, const std::string& body);
-std::string Filled(BodyCodeText text, const std::string& body, int code);
+std::string Filled(BodyText text, TextView body);
+std::string Filled(BodyCodeText text, TextView body, int code);
 std::string Filled(CostText text, int32_t milliseconds);
 
 }  // namespace vantix

@@ -19,7 +19,7 @@ inline constexpr json::Field<P2PServerAddr> kP2PServerFields[] = {
 
 /// Reads a capability text, each family under its own keys: 0, or 1 when it is not JSON.
 template <size_t Count>
-int ReadP2PCapabilities(const CallSite& site, const std::string& text, const json::Field<P2PDevInfo> (&fields)[Count],
+int ReadP2PCapabilities(const CallSite& site, TextView text, const json::Field<P2PDevInfo> (&fields)[Count],
                         P2PDevInfo& devInfo) {
     json::JsonCppDocument document;
     const int code = ParseBody(site, text, document);

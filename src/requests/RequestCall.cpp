@@ -6,7 +6,6 @@
 #include "base/Clock.h"
 #include "log/Logger.h"
 #include "requests/RequestFunctions.h"
-#include "transport/ResponseBody.h"
 #include "vantix/ReturnCodes.h"
 
 namespace vantix {
@@ -108,39 +107,47 @@ bool PreparedRequest::HasZeroByte() const {
            m_address.find('\0') != std::string::npos;
 }
 
-int PreparedRequest::Fetch(std::string& body) {
+int PreparedRequest::Fetch(ResponseBody& body) {
     if (HasZeroByte()) {
         VANTIX_LOG_ERROR(m_site, level::kError, "a parameter has a zero byte, nothing is sent");
         return VANTIX_ERROR;
     }
-    ResponseBody response;
     const Stopwatch stopwatch;
-    const int sent = Send(response.Data(), response.Length());
+    const int sent = Send(body.Data(), body.Length());
     StoreAndLogCost(stopwatch.ElapsedMilliseconds());
     if (sent != 0) {
         VANTIX_LOG_ERROR(m_site, level::kError, "%s", Filled(TransportFailureOf(m_row), sent).c_str());
         return VANTIX_NET_ERROR_BASE + sent;
     }
-    body = response.Text();
     return VANTIX_NOERROR;
 }
 
-int PreparedRequest::Run(const Reader& parse) {
-    std::string body;
+int PreparedRequest::Fetch(std::string& text) {
+    ResponseBody body;
     const int fetched = Fetch(body);
-    return fetched != VANTIX_NOERROR ? fetched : LogRefusal(m_site, m_row.parserFailure, body, parse(body));
+    if (fetched == VANTIX_NOERROR) {
+        text.assign(body.Text().begin(), body.Text().end());
+    }
+    return fetched;
+}
+
+int PreparedRequest::Run(const Reader& parse) {
+    ResponseBody body;
+    const int fetched = Fetch(body);
+    return fetched != VANTIX_NOERROR ? fetched
+                                     : LogRefusal(m_site, m_row.parserFailure, body.Text(), parse(body.Text()));
 }
 
 int PreparedRequest::Run(const Reader& check, const Reader& parse) {
-    std::string body;
+    ResponseBody body;
     int result = Fetch(body);
     if (result == VANTIX_NOERROR) {
-        result = LogRefusal(m_site, m_row.checkFailure, body, check(body));
+        result = LogRefusal(m_site, m_row.checkFailure, body.Text(), check(body.Text()));
     }
-    return result != VANTIX_NOERROR ? result : LogRefusal(m_site, m_row.parserFailure, body, parse(body));
+    return result != VANTIX_NOERROR ? result : LogRefusal(m_site, m_row.parserFailure, body.Text(), parse(body.Text()));
 }
 
-int LogRefusal(const CallSite& site, BodyCodeText label, const std::string& body, int code) {
+int LogRefusal(const CallSite& site, BodyCodeText label, TextView body, int code) {
     if (code == 0) {
         return VANTIX_NOERROR;
     }

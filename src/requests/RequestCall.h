@@ -6,7 +6,7 @@
 ///
 ///     return RequestCall<platform_requests::kTicket>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
 ///                                                    "channelNo"_key = channelNo)
-///         .Run([&](const std::string& body) { return ParseTicketInfoFromPlatform(body, ticket); });
+///         .Run([&](TextView body) { return ParseTicketInfoFromPlatform(body, ticket); });
 
 #include <cstdint>
 #include <functional>
@@ -14,6 +14,7 @@
 #include <string>
 #include <type_traits>
 
+#include "base/TextView.h"
 #include "log/CallSite.h"
 #include "requests/ClientInfo.h"
 #include "requests/RequestKeys.h"
@@ -21,6 +22,7 @@
 #include "requests/RequestRowChecks.h"
 #include "requests/Route.h"
 #include "transport/ParamMap.h"
+#include "transport/ResponseBody.h"
 
 namespace vantix {
 
@@ -29,7 +31,7 @@ namespace vantix {
 class PreparedRequest {
 public:
     /// Takes a body and returns a response code.
-    using Reader = std::function<int(const std::string& body)>;
+    using Reader = std::function<int(TextView body)>;
 
     /// Where the elapsed milliseconds go, whatever the outcome.
     PreparedRequest& CostInto(int32_t& milliseconds);
@@ -40,8 +42,10 @@ public:
     /// The same with a check before the parser; a failure of either has its own line.
     int Run(const Reader& check, const Reader& parse);
 
-    /// Sends the request and copies the body out: 0, 100000 + the transport's code, or -1 as above.
-    int Fetch(std::string& body);
+    /// Sends the request alone: 0, 100000 + the transport's code, or -1 as above. `body` is an empty one.
+    int Fetch(ResponseBody& body);
+    /// The same with the body copied out.
+    int Fetch(std::string& text);
 
 protected:
     PreparedRequest(const CallSite& site, const RequestRow& row, const PlatformRoute& route);
@@ -135,6 +139,6 @@ public:
 /// Logs that a response was refused, under the request's label, and returns 300000 + the code. A code that a server
 /// cannot have meant, such as a negative one, counts as malformed. Code 0 is no refusal: nothing is logged, and 0
 /// returned.
-int LogRefusal(const CallSite& site, BodyCodeText label, const std::string& body, int code);
+int LogRefusal(const CallSite& site, BodyCodeText label, TextView body, int code);
 
 }  // namespace vantix

@@ -7,12 +7,12 @@ namespace vantix {
 namespace {
 
 template <class Document>
-int Parsed(const CallSite& site, const std::string& body, Document& document) {
+int Parsed(const CallSite& site, TextView body, Document& document) {
     return document.Parse(body) ? static_cast<int>(VANTIX_NOERROR) : LogNotJson(site, body);
 }
 
 template <class Document, class View>
-int Read(const CallSite& site, const std::string& body, EnvelopeRule<View> rule,
+int Read(const CallSite& site, TextView body, EnvelopeRule<View> rule,
          const std::function<int(const View& root)>& read) {
     Document document;
     if (const int code = Parsed(site, body, document); code != 0) {
@@ -27,7 +27,7 @@ int Read(const CallSite& site, const std::string& body, EnvelopeRule<View> rule,
 }
 
 template <class Document, class View>
-int ReadObject(const CallSite& site, const std::string& body, EnvelopeRule<View> rule, PayloadPlace<View> place,
+int ReadObject(const CallSite& site, TextView body, EnvelopeRule<View> rule, PayloadPlace<View> place,
                const std::function<void(const View& payload)>& read) {
     return Read<Document, View>(site, body, rule, [&](const View& root) -> int {
         const View payload = place(root);
@@ -41,55 +41,55 @@ int ReadObject(const CallSite& site, const std::string& body, EnvelopeRule<View>
 
 }  // namespace
 
-int ParseBody(const CallSite& site, const std::string& body, json::JsonCppDocument& document) {
+int ParseBody(const CallSite& site, TextView body, json::JsonCppDocument& document) {
     return Parsed(site, body, document);
 }
 
-int CheckResponse(const CallSite& site, const std::string& body, EnvelopeRule<json::JsonCppView> rule) {
+int CheckResponse(const CallSite& site, TextView body, EnvelopeRule<json::JsonCppView> rule) {
     json::JsonCppDocument document;
     const int code = ParseBody(site, body, document);
     return code != 0 ? code : rule(document.Root());
 }
 
-int ReadResponse(const CallSite& site, const std::string& body, EnvelopeRule<json::JsonCppView> rule,
+int ReadResponse(const CallSite& site, TextView body, EnvelopeRule<json::JsonCppView> rule,
                  const std::function<int(const json::JsonCppView& root)>& read) {
     return Read<json::JsonCppDocument>(site, body, rule, read);
 }
 
-int ReadObjectResponse(const CallSite& site, const std::string& body, EnvelopeRule<json::JsonCppView> rule,
+int ReadObjectResponse(const CallSite& site, TextView body, EnvelopeRule<json::JsonCppView> rule,
                        PayloadPlace<json::JsonCppView> place,
                        const std::function<void(const json::JsonCppView& payload)>& read) {
     return ReadObject<json::JsonCppDocument>(site, body, rule, place, read);
 }
 
-int ReadObjectResponse(const CallSite& site, const std::string& body, EnvelopeRule<json::Json11View> rule,
+int ReadObjectResponse(const CallSite& site, TextView body, EnvelopeRule<json::Json11View> rule,
                        PayloadPlace<json::Json11View> place,
                        const std::function<void(const json::Json11View& payload)>& read) {
     return ReadObject<json::Json11Document>(site, body, rule, place, read);
 }
 
-int LogNotJson(const CallSite& site, const std::string& body) {
+int LogNotJson(const CallSite& site, TextView body) {
     VANTIX_LOG_ERROR(site, level::kError, "platform response bad, szInfo = %s", body.c_str());
     return VANTIX_RESP_NOT_JSON;
 }
 
-int LogMalformed(const CallSite& site, const std::string& body) {
+int LogMalformed(const CallSite& site, TextView body) {
     VANTIX_LOG_ERROR(site, level::kError, "platform response invalid, szInfo = %s", body.c_str());
     return VANTIX_RESP_BAD_FORMAT;
 }
 
-int LogMalformed(const CallSite& site, const std::string& body, const char* member) {
+int LogMalformed(const CallSite& site, TextView body, const char* member) {
     VANTIX_LOG_ERROR(site, level::kError, "platform response invalid, szInfo = %s, %s not exist!", body.c_str(),
                      member);
     return VANTIX_RESP_BAD_FORMAT;
 }
 
-int LogMissingText(const CallSite& site, const std::string& body, BodyText text) {
+int LogMissingText(const CallSite& site, TextView body, BodyText text) {
     VANTIX_LOG_ERROR(site, level::kError, "%s", Filled(text, body).c_str());
     return VANTIX_RESP_BAD_FORMAT;
 }
 
-int LogNoObject(const CallSite& site, const std::string& body, BodyText text) {
+int LogNoObject(const CallSite& site, TextView body, BodyText text) {
     VANTIX_LOG_INFO(site, level::kInfo, "%s", Filled(text, body).c_str());
     return VANTIX_RESP_BAD_FORMAT;
 }

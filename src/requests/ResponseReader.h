@@ -8,6 +8,7 @@
 #include <functional>
 #include <string>
 
+#include "base/TextView.h"
 #include "json/Json11Reader.h"
 #include "json/JsonCppReader.h"
 #include "log/CallSite.h"
@@ -24,33 +25,33 @@ template <class View>
 using PayloadPlace = View (*)(const View& root);
 
 /// Parses a body: 0, or 1 and a line when it is not JSON.
-int ParseBody(const CallSite& site, const std::string& body, json::JsonCppDocument& document);
+int ParseBody(const CallSite& site, TextView body, json::JsonCppDocument& document);
 
 /// Parses the body and applies the rule. Reads no payload and logs no refusal.
-int CheckResponse(const CallSite& site, const std::string& body, EnvelopeRule<json::JsonCppView> rule);
+int CheckResponse(const CallSite& site, TextView body, EnvelopeRule<json::JsonCppView> rule);
 
 /// Parses the body, applies the rule (its code and a line when it is not 0), then reads the payload: 0, or a response
 /// code.
-int ReadResponse(const CallSite& site, const std::string& body, EnvelopeRule<json::JsonCppView> rule,
+int ReadResponse(const CallSite& site, TextView body, EnvelopeRule<json::JsonCppView> rule,
                  const std::function<int(const json::JsonCppView& root)>& read);
 
 /// The same for a payload that must be an object, else the response is malformed.
-int ReadObjectResponse(const CallSite& site, const std::string& body, EnvelopeRule<json::JsonCppView> rule,
+int ReadObjectResponse(const CallSite& site, TextView body, EnvelopeRule<json::JsonCppView> rule,
                        PayloadPlace<json::JsonCppView> place,
                        const std::function<void(const json::JsonCppView& payload)>& read);
-int ReadObjectResponse(const CallSite& site, const std::string& body, EnvelopeRule<json::Json11View> rule,
+int ReadObjectResponse(const CallSite& site, TextView body, EnvelopeRule<json::Json11View> rule,
                        PayloadPlace<json::Json11View> place,
                        const std::function<void(const json::Json11View& payload)>& read);
 
 /// A response that is not JSON: 1.
-int LogNotJson(const CallSite& site, const std::string& body);
+int LogNotJson(const CallSite& site, TextView body);
 /// A response that lacks something: 2.
-int LogMalformed(const CallSite& site, const std::string& body);
+int LogMalformed(const CallSite& site, TextView body);
 /// One that lacks this member: 2.
-int LogMalformed(const CallSite& site, const std::string& body, const char* member);
+int LogMalformed(const CallSite& site, TextView body, const char* member);
 /// One that lacks this text, in the words of the parsers of single texts: 2.
-int LogMissingText(const CallSite& site, const std::string& body, BodyText text);
+int LogMissingText(const CallSite& site, TextView body, BodyText text);
 /// One in which this member is no object, as information: 2.
-int LogNoObject(const CallSite& site, const std::string& body, BodyText text);
+int LogNoObject(const CallSite& site, TextView body, BodyText text);
 
 }  // namespace vantix

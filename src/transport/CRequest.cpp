@@ -1,7 +1,6 @@
 #include "transport/CRequest.h"
 
-#include <cstdlib>
-#include <cstring>
+#include <string>
 
 #include "base/ProcessSwitches.h"
 #include "log/Logger.h"
@@ -25,34 +24,21 @@ std::string WithQuery(const char* address, const char* parameters) {
     return std::string(address).append("?").append(parameters);
 }
 
-/// Copies the body into a block that the caller frees.
-bool HandOut(const std::string& body, char** response, uint32_t* length) {
-    *length = static_cast<uint32_t>(body.size());
-    if (response == nullptr) {
-        return true;
-    }
-    // NOLINTNEXTLINE(cppcoreguidelines-no-malloc): callers release it with free
-    *response = static_cast<char*>(std::malloc(body.size() + 1));
-    if (*response == nullptr) {
-        *length = 0;
-        return false;
-    }
-    std::memcpy(*response, body.c_str(), body.size() + 1);
-    return true;
-}
-
-/// Runs the transfer and delivers its body, whatever the result.
+/// Runs the transfer and hands out its body, whatever the result.
 int Finish(const CallSite& site, CurlTransfer& transfer, char** response, uint32_t* length) {
     int result = transfer.Perform();
-    std::string& body = transfer.Body();
+    ResponseBody& body = transfer.Body();
     if (!bUtf8) {
-        body = Utf8ToAnsi(body);
+        Utf8ToAnsi(body);
     }
-    if (!HandOut(body, response, length)) {
-        result = CURLE_OUT_OF_MEMORY;
+    const TextView text = body.Text();  // of the same block after it has been handed out
+    *length = static_cast<uint32_t>(text.size());
+    if (response != nullptr) {
+        *response = body.Release();
+        result = *response != nullptr ? result : CURLE_OUT_OF_MEMORY;
     }
-    if (body.size() <= kLongestLoggedBody) {
-        VANTIX_LOG_INFO(site, level::kInfo, "strRsp:%s", body.c_str());
+    if (text.size() <= kLongestLoggedBody) {
+        VANTIX_LOG_INFO(site, level::kInfo, "strRsp:%s", text.c_str());
     } else {
         VANTIX_LOG_INFO(site, level::kInfo, "strRsp outlen");
     }

@@ -4,10 +4,13 @@
 #include <windows.h>
 
 #include <limits>
+#include <string>
+#include <string_view>
 
 namespace vantix {
+namespace {
 
-std::string Utf8ToAnsi(const std::string& text) {
+std::string Converted(std::string_view text) {
     if (text.empty() || text.size() > static_cast<size_t>(std::numeric_limits<int>::max())) {
         return {};
     }
@@ -27,13 +30,21 @@ std::string Utf8ToAnsi(const std::string& text) {
     return ansi;
 }
 
+}  // namespace
+
+void Utf8ToAnsi(ResponseBody& body) {
+    if (!body.Assign(Converted(body.Text()))) {
+        body.Assign({});
+    }
+}
+
 }  // namespace vantix
 
 #else
 
 namespace vantix {
 
-std::string Utf8ToAnsi(const std::string& text) { return text; }
+void Utf8ToAnsi(ResponseBody& /*body*/) {}
 
 }  // namespace vantix
 

@@ -4,6 +4,7 @@
 #include <exception>
 #include <string>
 
+#include "transport/ResponseBody.h"
 #include "tvl/tvl.h"
 
 namespace vantix {
@@ -26,12 +27,7 @@ size_t AppendToBody(char* data, size_t size, size_t count, void* body) {
     if (data == nullptr || body == nullptr) {
         return kAbort;
     }
-    try {
-        static_cast<std::string*>(body)->append(data, size * count);
-    } catch (const std::exception&) {  // no memory: an exception must not cross libcurl's frames
-        return kAbort;
-    }
-    return count;
+    return static_cast<ResponseBody*>(body)->Append({data, size * count}) ? count : kAbort;
 }
 
 int PrintTrace(CURL* /*handle*/, curl_infotype type, char* data, size_t size, void* /*user*/) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "transport/ParamMap.h"
+#include "transport/ResponseBody.h"
 
 namespace vantix {
 
@@ -48,7 +49,7 @@ public:
     int Perform();
 
     /// The body that the server sent.
-    std::string& Body() { return m_body; }
+    ResponseBody& Body() { return m_body; }
 
 private:
     curl_mimepart* AddFormPart(const std::string& name);
@@ -57,7 +58,7 @@ private:
     CURLcode m_result;
     curl_slist* m_headers = nullptr;
     curl_mime* m_form = nullptr;
-    std::string m_body;
+    ResponseBody m_body;
 };
 
 }  // namespace vantix

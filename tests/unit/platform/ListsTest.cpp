@@ -69,7 +69,7 @@ std::vector<ResponseMember> DeviceMembers(const std::string& devices) {
     return members;
 }
 
-ParserCase Devices(const std::string& name, int (*parser)(const std::string&, DeviceList&), const Json& data,
+ParserCase Devices(const std::string& name, int (*parser)(TextView, DeviceList&), const Json& data,
                    const std::string& devices) {
     ParserCase row = CaseOf(name, parser, ListBefore());
     row.payload = {{"result", {{"data", data}, {"page", {{"total", 2}, {"page", 0}, {"size", 50}}}}}};

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "base/TextView.h"
 #include "support/CleanSwitches.h"
 #include "support/LogCapture.h"
 #include "support/MemberValues.h"
@@ -67,8 +68,7 @@ inline Json ToJson(const std::deque<std::string>& texts) { return texts; }
 
 /// The frame of a case: the parser, and the record that it is handed.
 template <class Record>
-ParserCase CaseOf(const std::string& name, int (*parser)(const std::string& body, Record& record),
-                  const Record& before) {
+ParserCase CaseOf(const std::string& name, int (*parser)(TextView body, Record& record), const Record& before) {
     ParserCase row{.name = name};
     row.before = ToJson(before);
     row.defaults = row.before;

@@ -28,7 +28,7 @@ const Json kFiles = {{{"startTime", "2024-01-02 01:00:00"},
                       {"size", 7},
                       {"fileId", "f-2"}}};
 
-ParserCase Files(const std::string& name, int (*parser)(const std::string&, RecordFileList&), const std::string& data) {
+ParserCase Files(const std::string& name, int (*parser)(TextView, RecordFileList&), const std::string& data) {
     ParserCase row = CaseOf(name, parser, RecordingsBefore());
     row.payload[Json::json_pointer(data)] = kFiles;
     row.after = {{"files", kFiles}, {"data", kFiles}};

@@ -21,7 +21,7 @@ struct Row {
     int code;
 };
 
-using Check = int (*)(const std::string& body);
+using Check = int (*)(TextView body);
 
 class ResponseChecks : public testing::Test {
 protected:

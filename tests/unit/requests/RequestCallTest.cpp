@@ -58,8 +58,8 @@ public:
 
 protected:
     PreparedRequest::Reader Says(int code) {
-        return [this, code](const std::string& body) {
-            m_read.push_back(body);
+        return [this, code](TextView body) {
+            m_read.emplace_back(body);
             return code;
         };
     }

@@ -165,21 +165,30 @@ TEST_F(CRequestFailure, TheTransfersCodeIsReturnedAsItIs) {
     }
 }
 
-TEST_F(CRequestFailure, WithoutMemoryForTheBlockNothingIsHandedOut) {
-    // The body comes in pieces, and is not converted, so that only the block has exactly this size.
-    const std::string piece(20'000, 'x');
-    const std::string rest(14'320, 'x');
-    constexpr size_t kBlock = 54'321;
-    bUtf8 = true;
+TEST_F(CRequestFailure, WithoutMemoryForAnEmptyBodyNothingIsHandedOut) {
     for (const Operation& operation : Operations()) {
         SCOPED_TRACE(operation.name);
         m_spy.Clear();
-        m_spy.Respond(CURLE_OK, {piece, piece, rest});
-        m_spy.FailMalloc(kBlock);
+        m_spy.Respond(CURLE_OK);
+        m_spy.FailBlock(1);
         const Outcome outcome(operation);
         EXPECT_EQ(outcome.result, 27);
         EXPECT_EQ(outcome.response, nullptr);
         EXPECT_EQ(outcome.length, 0U);
+        EXPECT_EQ(m_spy.Unreleased(), 0);
+    }
+}
+
+TEST_F(CRequestFailure, WithoutMemoryForMoreOfABodyTheTransferEndsWithWhatIsThere) {
+    for (const Operation& operation : Operations()) {
+        SCOPED_TRACE(operation.name);
+        m_spy.Clear();
+        m_spy.Respond(CURLE_OK, {"the first piece", std::string(20'000, 'x')});
+        m_spy.FailBlock(20'016);
+        const Outcome outcome(operation);
+        EXPECT_EQ(outcome.result, 23);
+        EXPECT_STREQ(outcome.response, "the first piece");
+        EXPECT_EQ(outcome.length, 15U);
         EXPECT_EQ(m_spy.Unreleased(), 0);
     }
 }

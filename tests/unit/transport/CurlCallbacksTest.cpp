@@ -6,50 +6,55 @@
 #include <limits>
 #include <string>
 
+#include "transport/ResponseBody.h"
+
 namespace vantix {
 namespace {
 
 constexpr auto kAbort = static_cast<size_t>(-1);
 
 TEST(WriteCallback, AppendsAndReturnsTheCount) {
-    std::string body = "before ";
+    ResponseBody body;
+    ASSERT_TRUE(body.Append("before "));
     char data[] = "text that goes on";
     EXPECT_EQ(AppendToBody(data, 1, 4, &body), 4U);
-    EXPECT_EQ(body, "before text");
+    EXPECT_EQ(body.Text(), "before text");
 }
 
 TEST(WriteCallback, ReturnsTheCountAndNotTheBytes) {
-    std::string body;
+    ResponseBody body;
     char data[] = "abcdef";
     EXPECT_EQ(AppendToBody(data, 2, 3, &body), 3U);
-    EXPECT_EQ(body, "abcdef");
+    EXPECT_EQ(body.Text(), "abcdef");
 }
 
 TEST(WriteCallback, TakesZerosAndNothing) {
-    std::string body;
+    ResponseBody body;
     char data[] = "a\0b";
     EXPECT_EQ(AppendToBody(data, 1, 3, &body), 3U);
-    EXPECT_EQ(body, std::string("a\0b", 3));
+    EXPECT_EQ(body.Text(), std::string("a\0b", 3));
     EXPECT_EQ(AppendToBody(data, 1, 0, &body), 0U);
-    EXPECT_EQ(body.size(), 3U);
+    EXPECT_EQ(body.Text().size(), 3U);
 }
 
 TEST(WriteCallback, NullPointersAbort) {
-    std::string body = "before";
+    ResponseBody body;
+    ASSERT_TRUE(body.Append("before"));
     char data[] = "text";
     EXPECT_EQ(AppendToBody(nullptr, 1, 4, &body), kAbort);
     EXPECT_EQ(AppendToBody(data, 1, 4, nullptr), kAbort);
     EXPECT_EQ(AppendToBody(nullptr, 1, 4, nullptr), kAbort);
     EXPECT_EQ(AppendToBody(nullptr, 1, 0, &body), kAbort);
-    EXPECT_EQ(body, "before");
+    EXPECT_EQ(body.Text(), "before");
 }
 
 TEST(WriteCallback, WhatNoMemoryCanHoldAborts) {
-    std::string body = "before";
+    ResponseBody body;
+    ASSERT_TRUE(body.Append("before"));
     char data[] = "text";
-    // Longer than any string can be, so the string refuses before it reads.
+    // Longer than a body can be, so it refuses before it reads.
     EXPECT_EQ(AppendToBody(data, 1, std::numeric_limits<size_t>::max() - 16, &body), kAbort);
-    EXPECT_EQ(body, "before");
+    EXPECT_EQ(body.Text(), "before");
 }
 
 struct Printed {

@@ -1,5 +1,7 @@
 #include "unit/transport/CurlSpy.h"
 
+#include <gtest/gtest.h>
+
 #include <atomic>
 #include <cstdarg>
 #include <cstdlib>
@@ -8,6 +10,7 @@
 #include <optional>
 
 #include "transport/CurlCallbacks.h"
+#include "transport/ResponseBody.h"
 
 namespace vantix::test {
 namespace {
@@ -54,6 +57,8 @@ struct State {
 
 State* g_state = nullptr;
 std::atomic<size_t> g_failingSize{0};
+
+bool IsTheFailingSize(size_t size) { return size != 0 && g_failingSize.compare_exchange_strong(size, 0); }
 
 void Record(const std::string& call) { g_state->calls.push_back(call); }
 
@@ -178,7 +183,7 @@ void CurlSpy::FailInit() { g_state->initFails = true; }
 void CurlSpy::FailOption(size_t n, CURLcode code) { g_state->option = {n, code}; }
 void CurlSpy::FailHeader(size_t n) { g_state->header = {n, CURLE_OUT_OF_MEMORY}; }
 void CurlSpy::FailFormCall(size_t n, CURLcode code) { g_state->form = {n, code}; }
-void CurlSpy::FailMalloc(size_t size) { g_failingSize = size; }
+void CurlSpy::FailBlock(size_t size) { g_failingSize = size; }
 void CurlSpy::ConvertTo(const std::string& text) { g_state->conversion = text; }
 
 std::vector<std::string> CurlSpy::Calls() const { return g_state->calls; }
@@ -202,8 +207,8 @@ std::vector<std::string> CurlSpy::Converted() const { return g_state->converted;
 
 }  // namespace vantix::test
 
-using vantix::test::g_failingSize;
 using vantix::test::g_state;
+using vantix::test::IsTheFailingSize;
 using vantix::test::Record;
 
 // NOLINTBEGIN(bugprone-reserved-identifier,cppcoreguidelines-no-malloc): the names are the linker's
@@ -220,7 +225,8 @@ CURLcode __real_curl_mime_name(curl_mimepart* part, const char* name);
 CURLcode __real_curl_mime_data(curl_mimepart* part, const char* data, size_t size);
 CURLcode __real_curl_mime_filedata(curl_mimepart* part, const char* path);
 void __real_curl_mime_free(curl_mime* form);
-void* __real_malloc(size_t size);
+void* __real_calloc(size_t count, size_t size);
+void* __real_realloc(void* block, size_t size);
 
 CURL* __wrap_curl_easy_init() {
     if (g_state == nullptr) {
@@ -368,26 +374,27 @@ void __wrap_curl_mime_free(curl_mime* form) {
     __real_curl_mime_free(form);
 }
 
-void* __wrap_malloc(size_t size) {
-    if (size_t failing = size; size != 0 && g_failingSize.compare_exchange_strong(failing, 0)) {
-        return nullptr;
-    }
-    return __real_malloc(size);
+void* __wrap_calloc(size_t count, size_t size) {
+    return IsTheFailingSize(count * size) ? nullptr : __real_calloc(count, size);
+}
+
+void* __wrap_realloc(void* block, size_t size) {
+    return IsTheFailingSize(size) ? nullptr : __real_realloc(block, size);
 }
 }
 // NOLINTEND(bugprone-reserved-identifier,cppcoreguidelines-no-malloc)
 
-// The names of vantix::Utf8ToAnsi as the linker leads its calls.
-#define UTF8_TO_ANSI "_ZN6vantix10Utf8ToAnsiERKNSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEEE"
-std::string OriginalConversion(const std::string& text) __asm__("__real_" UTF8_TO_ANSI);
-std::string WatchedConversion(const std::string& text) __asm__("__wrap_" UTF8_TO_ANSI);
+// vantix::Utf8ToAnsi as the linker leads its calls.
+#define UTF8_TO_ANSI "_ZN6vantix10Utf8ToAnsiERNS_12ResponseBodyE"
+void OriginalConversion(vantix::ResponseBody& body) __asm__("__real_" UTF8_TO_ANSI);
+void WatchedConversion(vantix::ResponseBody& body) __asm__("__wrap_" UTF8_TO_ANSI);
 
-std::string WatchedConversion(const std::string& text) {
+void WatchedConversion(vantix::ResponseBody& body) {
     if (g_state != nullptr) {
-        g_state->converted.push_back(text);
+        g_state->converted.emplace_back(body.Text());
         if (g_state->conversion) {
-            return *g_state->conversion;
+            return static_cast<void>(body.Assign(*g_state->conversion));
         }
     }
-    return OriginalConversion(text);
+    OriginalConversion(body);
 }

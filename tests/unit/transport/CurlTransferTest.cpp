@@ -47,7 +47,7 @@ TEST_F(Transfer, TheFirstFailureDecidesAndNothingMoreIsDone) {
         transfer.SetCommonOptions("https://cloud.test/", true);
         EXPECT_EQ(transfer.Perform(), CURLE_NOT_BUILT_IN);
         EXPECT_EQ(transfer.Perform(), CURLE_NOT_BUILT_IN);
-        EXPECT_EQ(transfer.Body(), "");
+        EXPECT_EQ(transfer.Body().Text(), "");
     }
     EXPECT_THAT(m_spy.Calls(), ElementsAre("init", "NOSIGNAL 1", "cleanup"));
 }
@@ -123,7 +123,7 @@ TEST_F(Transfer, TheBodyGrowsWithEachPiece) {
     CurlTransfer transfer(false);
     transfer.SetCommonOptions("https://cloud.test/", true);
     EXPECT_EQ(transfer.Perform(), CURLE_OK);
-    EXPECT_EQ(transfer.Body(), "onetwo");
+    EXPECT_EQ(transfer.Body().Text(), "onetwo");
 }
 
 }  // namespace
