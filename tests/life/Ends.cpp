@@ -1,0 +1,70 @@
+#include <array>
+#include <cstdlib>
+
+#include "Scenarios.h"
+
+namespace vantix::life {
+namespace {
+
+/// What a task writes to, and its future.
+struct Fetch {
+    DevChannelInfo channel;
+    DevDetailInfo device;
+    std::future<int32_t> future;
+};
+using Fetches = std::array<Fetch, 16>;
+
+Fetches g_fetches;  // lives longer than main
+
+IVantixDataCenter* g_center = nullptr;  // still known at the end, so that it is no leak
+
+/// Loads the library and fetches twice; whether both fetches are a success.
+bool Begin(const Library& library, const Setting& setting) {
+    g_center = library.Create();
+    Configure(*g_center, setting);
+    return FetchNow(*g_center, setting) == 0 && FetchLater(*g_center, setting) == 0;
+}
+
+void Start(Fetches& fetches, const Setting& setting) {
+    for (Fetch& fetch : fetches) {
+        g_center->ClearAllCache();
+        g_center->getDevDetailInfo(setting.serial, 1, fetch.channel, fetch.device, fetch.future);
+    }
+}
+
+bool DestroyAndUnload(Library& library) {
+    library.Destroy(g_center);
+    return library.Unload();
+}
+
+}  // namespace
+
+int Exit(const Setting& setting) { return Begin(Library(setting.libraryPath), setting) ? EXIT_SUCCESS : EXIT_FAILURE; }
+
+int Unload(const Setting& setting) {
+    Library library(setting.libraryPath);
+    const bool isFetched = Begin(library, setting);
+    return DestroyAndUnload(library) && isFetched ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+int BusyExit(const Setting& setting) {
+    const bool isFetched = Begin(Library(setting.libraryPath), setting);
+    Start(g_fetches, setting);
+    return isFetched ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+int BusyUnload(const Setting& setting) {
+    Library library(setting.libraryPath);
+    const bool isFetched = Begin(library, setting);
+    Start(g_fetches, setting);
+    return DestroyAndUnload(library) && isFetched ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+int LeftExit(const Setting& setting) {
+    const bool isFetched = Begin(Library(setting.libraryPath), setting);
+    static auto* left = new Fetches();  // nobody destroys it
+    Start(*left, setting);
+    return isFetched ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+}  // namespace vantix::life

@@ -1,0 +1,52 @@
+#include <atomic>
+#include <cstdio>
+#include <cstdlib>
+#include <thread>
+#include <vector>
+
+#include "Scenarios.h"
+
+namespace vantix::life {
+
+int Reload(const Setting& setting) {
+    for (int time = 1; time <= 1'000; ++time) {
+        Library library(setting.libraryPath);
+        IVantixDataCenter* center = library.Create();
+        Configure(*center, setting);
+        const int fetched = FetchNow(*center, setting);
+        center->setAccessToken("");
+        const int refused = FetchNow(*center, setting);  // uses the thread's last error
+        library.Destroy(center);
+        if (fetched != 0 || refused != -1 || !library.Unload()) {
+            std::printf("time %d: fetched %d, refused %d\n", time, fetched, refused);
+            return EXIT_FAILURE;
+        }
+    }
+    return EXIT_SUCCESS;
+}
+
+int ColdThreads(const Setting& setting) {
+    const Library library(setting.libraryPath);
+    IVantixDataCenter* center = library.Create();
+    Configure(*center, setting);
+    std::atomic<bool> go{false};
+    std::atomic<int> good{0};
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 32; ++i) {
+        threads.emplace_back([&] {
+            while (!go) {
+                std::this_thread::yield();
+            }
+            good += FetchNow(*center, setting) == 0 ? 1 : 0;
+        });
+    }
+    go = true;
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    library.Destroy(center);
+    std::printf("%d of 32 threads got their record\n", good.load());
+    return good == 32 ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+}  // namespace vantix::life
