@@ -6,14 +6,16 @@ if(MSVC OR VANTIX_SANITIZE OR VANTIX_COVERAGE)
     return()  # Visual C++ does the like by default
 endif()
 
-# Stack protector; no jump over the guard page, which the 40-KiB buffer of a log line could do on a small stack.
-target_compile_options(vantix_hardening INTERFACE -fstack-protector-strong -fstack-clash-protection)
+target_compile_options(vantix_hardening INTERFACE -fstack-protector-strong)
 # Checked copies and formats. They need an optimising build.
 target_compile_options(vantix_hardening INTERFACE
     "$<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=3>")
 if(WIN32)
+    target_link_libraries(vantix_hardening INTERFACE ssp)  # the functions that checked code calls
     target_link_options(vantix_hardening INTERFACE
         "LINKER:--dynamicbase" "LINKER:--nxcompat" "LINKER:--high-entropy-va")
 else()
+    # No jump over the guard page, as the 40-KiB buffer of a log line could do. (Windows code always goes page by page.)
+    target_compile_options(vantix_hardening INTERFACE -fstack-clash-protection)
     target_link_options(vantix_hardening INTERFACE "LINKER:-z,relro,-z,now,-z,noexecstack")
 endif()
