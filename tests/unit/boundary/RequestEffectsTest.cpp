@@ -26,10 +26,10 @@ protected:
     RequestEffects(const RequestEffects&) = delete;
     RequestEffects& operator=(const RequestEffects&) = delete;
 
-    /// The address of the request number `index` up to its parameters.
+    /// The request number `index`: its address, and its parameters where they stand.
     std::string Sent(size_t index) const {
         const std::vector<SentRequest> sent = transport.Sent();
-        return index < sent.size() ? sent[index].url.substr(0, sent[index].url.find('?')) : "<not sent>";
+        return index < sent.size() ? sent[index].url + " " + sent[index].body : "<not sent>";
     }
 };
 
@@ -57,8 +57,10 @@ TEST_F(RequestEffects, RequestIsSentAndItsResponseReachesTheHost) {
         const Json unchanged = ToJson(outputs);
         EXPECT_EQ(Call(*handle, row.operation, row.arguments, outputs).result, 0);
         EXPECT_EQ(Changes(unchanged, ToJson(outputs)), row.fills);
+        const std::string domain = row.domain == "B" ? "https://b.example" : "https://c.example";
+        const std::string query = row.body.empty() ? "?" + row.query : "";
         EXPECT_EQ(Sent(before + row.before.size()),
-                  (row.domain == "B" ? "https://b.example" : "https://c.example") + row.path);
+                  domain + row.path + WithFeatureCode(query) + " " + WithFeatureCode(row.body));
         EXPECT_EQ(transport.Count(), before + row.before.size() + 1 + row.after.size());
     }
 }
@@ -80,8 +82,9 @@ struct Effect {
     const char* path;
     std::string (*seen)(const Outputs& outputs);
     const char* expected;
-    int result = 0;
+    int result = 0;  ///< The future's, where there is one.
     bool started = false;
+    int returned = 0;  ///< Where there is a future.
 };
 
 std::string DetailOf(const Outputs& outputs) { return outputs.channel.cameraId + " " + outputs.detail.deviceIP; }
@@ -96,13 +99,13 @@ constexpr char kDevicePath[] = "https://b.example/api/sdk/p2p/dev/info/get";
 constexpr char kDetailPath[] = "https://b.example/api/device/detail";
 
 const Effect kEffects[] = {
-    {"getDevDetailInfo", kDetail, kDetailPath, DetailOf, "camera-1 10.0.0.2", 0, true},
+    {"getDevDetailInfo", kDetail, kDetailPath, DetailOf, "camera-1 10.0.0.2", 0, true, -1},
     {"getDevDetailInfoByRelation", kDetail, kDetailPath, DetailOf, "camera-1 10.0.0.2"},
     {"getServerInfoAsync", kServers, kServerPath, ServersOf, "stun.example", 0, true},
     {"getServerInfoEx", kServers, kServerPath, TextOfOutputs, R"({"vtmBackups":[{"addr":"vtm.example","port":8554}]})"},
     {"getP2PUserInfoAsync", kUser, kUserPath, UserOf, "user-1", 0, true},
     {"getP2PUserInfoByDevice", kUser, kUserPath, UserOf, "user-1"},
-    {"getP2PDevInfoAsync", kDevice, kDevicePath, DeviceOf, "key-1", 0, true},
+    {"getP2PDevInfoAsync", kDevice, kDevicePath, DeviceOf, "key-1", 0, true, -1},
     {"getP2PDevInfoCached", kDevice, kDevicePath,
      [](const Outputs& outputs) { return outputs.p2pDevice.defaultKey + " " + outputs.p2pServers.at(0).ip; },
      "key-1 10.0.0.1"},
@@ -120,9 +123,44 @@ TEST_F(RequestEffects, FetchIsSentOnceAndItsRecordReachesTheHost) {
         const CallResult call = Call(*handle, row.operation, {.token = "access-token"}, outputs);
         EXPECT_EQ(call.result, row.result);
         EXPECT_EQ(call.started, row.started);
+        EXPECT_EQ(call.returned, row.started ? row.returned : row.result);
         EXPECT_EQ(row.seen(outputs), row.expected);
         EXPECT_EQ(transport.Count(), before + 1);
-        EXPECT_EQ(Sent(before), row.path);
+        EXPECT_EQ(Sent(before).rfind(row.path, 0), 0U) << Sent(before);
+    }
+}
+
+TEST_F(RequestEffects, RecordThatIsCachedIsServedByTheAsynchronousSlotsAtOnce) {
+    const Arguments arguments = {.token = "access-token"};
+    for (const Effect& row : kEffects) {
+        if (!row.started) {
+            continue;
+        }
+        SCOPED_TRACE(row.operation);
+        transport.Respond(row.response);
+        Outputs first;
+        Call(*handle, row.operation, arguments, first);
+        const size_t before = transport.Count();
+        Outputs outputs;
+        const CallResult call = Call(*handle, row.operation, arguments, outputs);
+        EXPECT_EQ(call.returned, 0);
+        EXPECT_FALSE(call.started);
+        EXPECT_EQ(row.seen(outputs), row.expected);
+        EXPECT_EQ(transport.Count(), before);
+    }
+}
+
+TEST_F(RequestEffects, ForcedFetchDoesNotLookAtTheCacheAndAnotherDoes) {
+    for (const auto& [operation, response] :
+         {std::pair("getDevDetailInfoSync", kDetail), {"getP2PDevInfoCached", kDevice}}) {
+        SCOPED_TRACE(operation);
+        size_t expected = transport.Count();
+        for (const auto& [force, requests] : {std::pair(false, 1U), {false, 0U}, {true, 1U}}) {
+            transport.Respond(response, static_cast<int>(requests));
+            EXPECT_EQ(Call(*handle, operation, {.token = "access-token", .force = force}), 0);
+            expected += requests;
+            EXPECT_EQ(transport.Count(), expected) << force;
+        }
     }
 }
 

@@ -154,9 +154,12 @@ TEST_F(StateEffects, RenewedCredentialsAreTheCoresFromThenOn) {
     handle->setAppId("app");
     handle->setRefreshToken("refresh");
     handle->setOpenID("open");
+    std::string token;
+    transport.Fail(7);
     transport.Respond(R"({"result":{"code":"200","data":{"access_token":"renewed","openId":"open",
                                                          "refresh_token":"next","expires_in":7200}}})");
-    std::string token;
+    EXPECT_EQ(handle->RefreshToken(token), -1);
+    EXPECT_EQ(handle->getAccessToken(), "access-token");
     EXPECT_EQ(handle->RefreshToken(token), 0);
     EXPECT_EQ(token, "renewed");
     EXPECT_EQ(handle->getAccessToken(), "renewed");
