@@ -81,5 +81,20 @@ TEST_F(PlatformConfigOf, ClosingP2PLeavesTheOtherNumbersAlone) {
     }
 }
 
+TEST_F(PlatformConfigOf, NumbersOfTheServerAreStoredAsTheyCome) {
+    const Settings::PlatformConfig& config = Parts().settings.config;
+    for (const int number : {-5, 0, 1, 3, 2'147'483'647}) {
+        transport.Respond(R"({"result":{"code":"200","data":{"streamType":)" + std::to_string(number) +
+                          R"(,"dataCollect":)" + std::to_string(number) + R"(,"openP2P":0}}})");
+        ConfigInfo fetched;
+        EXPECT_EQ(core.getConfigInfo(fetched), 0);
+        EXPECT_EQ(config.VTDUType, number);
+        EXPECT_EQ(config.bEableDataCollect, number);
+        EXPECT_EQ(fetched.dataCollect, number);
+        EXPECT_EQ(config.OpenP2P, 1) << "which the host alone sets";
+        EXPECT_EQ(config.reserved, 1);
+    }
+}
+
 }  // namespace
 }  // namespace vantix::test
