@@ -8,6 +8,7 @@ namespace {
 
 thread_local size_t t_countdown = 0;  // 0: none fails
 thread_local bool t_fired = false;
+thread_local size_t t_freed = 0;
 
 }  // namespace
 
@@ -24,6 +25,8 @@ FailingNew::Suspended::~Suspended() { t_countdown = m_countdown; }
 
 bool FailingNew::Fired() { return t_fired; }
 
+size_t FailingNew::Freed() { return t_freed; }
+
 void* FailingNew::AllocateOrNull(size_t size) noexcept {
     if (t_countdown != 0 && --t_countdown == 0) {
         t_fired = true;
@@ -38,6 +41,11 @@ void* FailingNew::Allocate(size_t size) {
         throw std::bad_alloc();
     }
     return block;
+}
+
+void FailingNew::Free(void* block) noexcept {
+    t_freed += block == nullptr ? 0 : 1;
+    std::free(block);  // NOLINT(cppcoreguidelines-no-malloc): this is operator delete
 }
 
 }  // namespace vantix::test

@@ -15,9 +15,13 @@ public:
 
     /// Whether the allocation has failed.
     static bool Fired();
+    /// How many blocks this thread has given back so far.
+    static size_t Freed();
     /// What `operator new` does, and the kind of it that does not throw.
     static void* Allocate(size_t size);
     static void* AllocateOrNull(size_t size) noexcept;
+    /// What `operator delete` does.
+    static void Free(void* block) noexcept;
 
     /// While it exists, the allocations of this thread neither fail nor count: those of test code that the library
     /// calls.

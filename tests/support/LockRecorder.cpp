@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <utility>
 
 namespace vantix::test {
 namespace {
@@ -21,12 +22,23 @@ struct LockNotes {
         while (held > most && !g_mostHeld.compare_exchange_weak(most, held)) {}
         if (LockRecorder* recorder = t_recorder) {
             recorder->m_taken.push_back(mutex);
+            Look();
         }
     }
-    static void Given() { --t_held; }
+    static void Given() {
+        Look();
+        --t_held;
+    }
+
+private:
+    static void Look() {
+        if (t_recorder != nullptr && t_recorder->m_look) {
+            t_recorder->m_look();
+        }
+    }
 };
 
-LockRecorder::LockRecorder() { t_recorder = this; }
+LockRecorder::LockRecorder(std::function<void()> look) : m_look(std::move(look)) { t_recorder = this; }
 
 LockRecorder::~LockRecorder() { t_recorder = nullptr; }
 

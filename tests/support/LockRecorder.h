@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <vector>
 
 namespace vantix::test {
@@ -9,7 +10,10 @@ namespace vantix::test {
 /// program is linked with the options that LockRecorder.cpp names.
 class LockRecorder {
 public:
-    LockRecorder();
+    LockRecorder() : LockRecorder(nullptr) {}
+    /// Calls `look` as well, whenever the thread has taken a mutex and before it gives one up. `look` takes none
+    /// itself.
+    explicit LockRecorder(std::function<void()> look);
     ~LockRecorder();
     LockRecorder(const LockRecorder&) = delete;
     LockRecorder& operator=(const LockRecorder&) = delete;
@@ -25,6 +29,7 @@ public:
 private:
     friend struct LockNotes;
 
+    std::function<void()> m_look;
     std::vector<void*> m_taken;
 };
 

@@ -38,7 +38,10 @@ bool Look::IsSharedChannel(const std::string& serial, int ch) {
 }
 
 bool Look::IsSharedInMap(const std::string& token) {
-    return isB2CSharedDevice(Map(), token, AccessToken(), m_settings.sharedAccessToken.Copy());
+    // Read one after the other: as arguments they would be read in an order of the compiler's choice.
+    const std::string& accessToken = AccessToken();
+    const std::string sharedAccessToken = m_settings.sharedAccessToken.Copy();
+    return isB2CSharedDevice(Map(), token, accessToken, sharedAccessToken);
 }
 
 }  // namespace vantix
