@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "support/DetailResponse.h"
 #include "support/Operations.h"
@@ -41,7 +42,11 @@ protected:
     /// Address and credential of the request for a ticket.
     std::string TicketRequest() {
         Call(*another, "getTicketInfo", {.serial = "C1", .ch = 1});
-        const SentRequest request = transport.Sent().back();
+        const std::vector<SentRequest> sent = transport.Sent();
+        if (sent.empty()) {
+            return "nothing sent";
+        }
+        const SentRequest& request = sent.back();
         return request.url.substr(0, request.url.find("/api/")) + " " + request.Param("accessToken");
     }
 
@@ -73,7 +78,9 @@ TEST_F(SwitchEffectsTest, TkTokensAreSeenByNumberByTextAndInTheNextRequest) {
         const char* token;
     } rows[] = {{2, "tk2"}, {3, "tk3"}, {4, "tk4"}, {5, "tk5"}, {6, "tk6"}, {7, ""}};
     for (const auto& row : rows) {
+        token = "old";
         EXPECT_EQ(another->getDeviceTkTokensByNumber(token, row.tkType, "C1", 1), row.token);
+        token = "old";
         EXPECT_EQ(another->getDeviceTkTokensByText(token, row.tkType, "C1", "1"), row.token);
     }
     EXPECT_EQ(another->getDeviceTkTokensByNumber(token, 2, "C1", 2), "");
@@ -88,7 +95,9 @@ TEST_F(SwitchEffectsTest, B2CTokensAreSeenByNumberByTextAndInTheNextRequest) {
     std::string token;
     EXPECT_EQ(another->getB2CTokensByNumber("C1", 1, token), "shared");
     EXPECT_EQ(another->getB2CTokensByText("C1", "2", token), "own");
+    token = "old";
     EXPECT_EQ(another->getB2CTokensByNumber("C1", 3, token), "");
+    token = "old";
     EXPECT_EQ(another->getB2CTokensByText("C1", "01", token), "");
     EXPECT_TRUE(another->isB2CSharedChannel("C1", 1));
     EXPECT_FALSE(another->isB2CSharedChannel("C1", 2));
