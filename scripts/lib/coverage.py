@@ -22,6 +22,9 @@ import pathlib
 import re
 import subprocess
 import sys
+import time
+
+import quality
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 FOLDERS = ("src/", "runtime/")
@@ -174,6 +177,19 @@ def page_data(files):
                       for name, lines in sorted(files.items())]}
 
 
+def keep_figures(tree, table, rows, faults):
+    """Keeps the figures for the page on quality; the time is that from the start of the first program on."""
+    lines, executed, listed, branches, taken = table["all"]
+    oldest = min((path.stat().st_mtime for path in tree.rglob("*.gcda")), default=time.time())
+    figures = [(folder, f"{percent(row[1], row[0]):.2f} % of {row[0]} lines, {percent(row[4], row[3]):.2f} % of "
+                        f"{row[3]} branches") for folder, row in sorted(table.items()) if folder != "all"]
+    figures.append(("all", f"{executed} of {lines} lines, {taken} of {branches} branches "
+                           f"({percent(taken, branches):.2f} %)"))
+    figures.append(("not executed, with its reason", f"{listed} lines, {branches - taken} branches in {len(rows)} rows"))
+    quality.record("coverage", "Executed lines and branches of src/ and runtime/", "scripts/coverage",
+                   time.time() - oldest, figures, f"{len(faults)} differences from the list" if faults else "nothing")
+
+
 def main(tree, list_file, out):
     tree = pathlib.Path(tree).resolve()
     files = collect(tree)
@@ -191,6 +207,7 @@ def main(tree, list_file, out):
         faults.append(f"{lines - executed - listed} lines are neither executed nor listed")
     if percent(taken, branches) < LEAST_BRANCHES:
         faults.append(f"{percent(taken, branches):.2f} % of the branches are taken, less than {LEAST_BRANCHES} %")
+    keep_figures(tree, table, rows, faults)
     print("\n".join(faults) if faults else f"what is missing is what the list names: {len(rows)} rows")
     return 1 if faults else 0
 

@@ -69,9 +69,12 @@ Json11Document::~Json11Document() = default;
 bool Json11Document::Parse(const std::string& text) {
     m_root.reset();
     m_error.clear();
-    auto root =
-        std::make_unique<json11::Json>(CLocaleHasOtherPoint() ? json11::Json::parse(WithoutDecimalPoints(text), m_error)
-                                                              : json11::Json::parse(text, m_error));
+    auto root = std::make_unique<json11::Json>();
+    if (CLocaleHasOtherPoint()) {
+        *root = json11::Json::parse(WithoutDecimalPoints(text), m_error);
+    } else {
+        *root = json11::Json::parse(text, m_error);
+    }
     if (!m_error.empty()) {
         return false;
     }

@@ -4,48 +4,17 @@
 
 #include <set>
 
-#include "support/FailingNew.h"
 #include "support/OutputJson.h"
-#include "support/RequestCase.h"
-#include "tvllog/tvllog.h"
-#include "unit/boundary/HandleTest.h"
+#include "unit/boundary/NoMemoryRequest.h"
 
 namespace vantix::test {
 namespace {
 
-class NoMemoryRequests : public HandleTest, public testing::WithParamInterface<RequestCase> {
+class NoMemoryRequests : public NoMemoryRequest {
 protected:
-    NoMemoryRequests() {
-        TVLLOG_SetCallback(nullptr);  // a capture of lines would allocate inside the library
-        handle->setDomain("https://b.example", "https://c.example");
-        handle->setAuthAddr("https://b.example");
-        transport.Always([](const SentRequest& request) { return Respond(request); });
-    }
-
-    static const RequestCase& Row() { return GetParam(); }
-
-    static ScriptedResponse Respond(const SentRequest& request) {
-        const FailingNew::Suspended suspended;
-        const auto isTo = [&](const char* path) { return request.url.find(path) != std::string::npos; };
-        for (const auto* others : {&Row().before, &Row().after}) {
-            for (const Exchange& exchange : *others) {
-                if (isTo(exchange.path)) {
-                    return {0, exchange.response};
-                }
-            }
-        }
-        return isTo(Row().path.c_str()) ? ScriptedResponse{0, Row().response} : ScriptedResponse{7, {}};
-    }
-
     /// Makes the row's call from the same start, and returns its result.
     int Call(Outputs& outputs) {
-        {
-            const FailingNew::Suspended suspended;
-            PrepareFor(Row(), *handle);
-            if (Row().operation == "getOneStreamToken") {
-                handle->setAccessToken("another token");  // so that nothing queued is served
-            }
-        }
+        Prepare();
         return test::Call(*handle, Row().operation, Row().arguments, outputs).result;
     }
     /// What the call writes when nothing fails.
