@@ -1,11 +1,12 @@
 #!/usr/bin/env python3
 """Which lines and branches of src/ and runtime/ a build with counters has executed.
 
-    coverage.py TREE LIST OUT.json
+    coverage.py TREE LIST OUT.json [SECONDS]
 
 Reads gcov's counts of the build tree, prints a table by folder, compares what is missing with the checked-in LIST and
-writes the counts as a file from which gcovr makes its pages. Ends with status 1 when something is missing that the
-list does not name, when the list names something that is executed, or when a sum is too small.
+writes the counts as a file from which gcovr makes its pages. SECONDS is the time of a whole run, whose figures are kept.
+Ends with status 1 when something is missing that the list does not name, when the list names something that is
+executed, or when a sum is too small.
 
 Not gcovr itself reads the counts: it reads gcov's text form, where the branches of a function that one program never
 calls lose the mark that they stand for an exception, and then count as missing.
@@ -22,7 +23,6 @@ import pathlib
 import re
 import subprocess
 import sys
-import time
 
 import quality
 
@@ -177,20 +177,19 @@ def page_data(files):
                       for name, lines in sorted(files.items())]}
 
 
-def keep_figures(tree, table, rows, faults):
-    """Keeps the figures for the page on quality; the time is that from the start of the first program on."""
+def keep_figures(seconds, table, rows, faults):
+    """Keeps the figures for the page on quality."""
     lines, executed, listed, branches, taken = table["all"]
-    oldest = min((path.stat().st_mtime for path in tree.rglob("*.gcda")), default=time.time())
     figures = [(folder, f"{percent(row[1], row[0]):.2f} % of {row[0]} lines, {percent(row[4], row[3]):.2f} % of "
                         f"{row[3]} branches") for folder, row in sorted(table.items()) if folder != "all"]
     figures.append(("all", f"{executed} of {lines} lines, {taken} of {branches} branches "
                            f"({percent(taken, branches):.2f} %)"))
     figures.append(("not executed, with its reason", f"{listed} lines, {branches - taken} branches in {len(rows)} rows"))
     quality.record("coverage", "Executed lines and branches of src/ and runtime/", "scripts/coverage",
-                   time.time() - oldest, figures, f"{len(faults)} differences from the list" if faults else "nothing")
+                   seconds, figures, f"{len(faults)} differences from the list" if faults else "nothing")
 
 
-def main(tree, list_file, out):
+def main(tree, list_file, out, seconds=None):
     tree = pathlib.Path(tree).resolve()
     files = collect(tree)
     texts = {name: (ROOT / name).read_text().splitlines() for name in files}
@@ -207,7 +206,8 @@ def main(tree, list_file, out):
         faults.append(f"{lines - executed - listed} lines are neither executed nor listed")
     if percent(taken, branches) < LEAST_BRANCHES:
         faults.append(f"{percent(taken, branches):.2f} % of the branches are taken, less than {LEAST_BRANCHES} %")
-    keep_figures(tree, table, rows, faults)
+    if seconds is not None:
+        keep_figures(seconds, table, rows, faults)
     print("\n".join(faults) if faults else f"what is missing is what the list names: {len(rows)} rows")
     return 1 if faults else 0
 

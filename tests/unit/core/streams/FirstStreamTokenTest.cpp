@@ -100,6 +100,21 @@ TEST_F(FirstStreamTokenTest, TextualResultCodeThatIsNoSuccessOfTheAuthentication
     ExpectNothingPrefetched();
 }
 
+TEST_F(FirstStreamTokenTest, TextThatIsNoJsonStops) {
+    // The consumer servers' text is handed on unread; here the host goes over to them while the token is renewed.
+    transport.Respond(kExpired);
+    transport.Make([&](const SentRequest&) {
+        core.setPermissionMode(2);
+        return ScriptedResponse{0, RefreshResponse("shared-token")};
+    });
+    Prefetch("no JSON");
+    EXPECT_EQ(transport.Sent().back().url.substr(0, 17), "https://c.example");
+    EXPECT_EQ(OnlyLine("getStreamToken failed").Tag(), kFast);
+    core.setPermissionMode(0);
+    EXPECT_EQ(Take("shared-token"), -1);
+    EXPECT_STREQ(buffer, "untouched");
+}
+
 TEST_F(FirstStreamTokenTest, ResultCodeThatIsNoTextIsNotMapped) {
     for (const char* response :
          {R"({"code":"200"})", R"({"code":"0"})", R"({"resultCode":0,"code":"200"})", R"({"result":{"code":200}})"}) {
