@@ -41,15 +41,27 @@ class Line:
     def __init__(self):
         self.count = 0
         self.shapes = {}  # the counts of the branches, by their number: instances of a template may differ in it
+        self.library = set()  # the shapes that the library's own objects have
 
-    def add(self, count, branches):
+    def add(self, count, branches, is_library):
         self.count += count
+        if is_library:
+            self.library.add(len(branches))
         if branches:
             known = self.shapes.setdefault(len(branches), [0] * len(branches))
             self.shapes[len(branches)] = [a + b for a, b in zip(known, branches)]
 
+    def drop_instances_of_tests(self):
+        """What a template is for the tests' types alone does not count beside what it is for the library's."""
+        if self.library:
+            self.shapes = {size: counts for size, counts in self.shapes.items() if size in self.library}
+
     def branches(self):
         return [count for size in sorted(self.shapes) for count in self.shapes[size]]
+
+
+def is_library(tree, path):
+    return "vantix_objects.dir" in str(path) or path.is_relative_to(tree / "runtime")
 
 
 def count_files(tree):
@@ -58,7 +70,7 @@ def count_files(tree):
         counts = notes.with_suffix(".gcda")
         if counts.exists():
             yield counts
-        elif "vantix_objects.dir" in str(notes) or notes.is_relative_to(tree / "runtime"):
+        elif is_library(tree, notes):
             yield notes
 
 
@@ -81,10 +93,14 @@ def read_counts(tree, path):
 def collect(tree):
     """The lines of each file: {file: {number: Line}}."""
     files = collections.defaultdict(lambda: collections.defaultdict(Line))
+    paths = list(count_files(tree))
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        for found in pool.map(lambda path: read_counts(tree, path), list(count_files(tree))):
+        for path, found in zip(paths, pool.map(lambda path: read_counts(tree, path), paths)):
             for name, number, count, branches in found:
-                files[name][number].add(count, branches)
+                files[name][number].add(count, branches, is_library(tree, path))
+    for lines in files.values():
+        for line in lines.values():
+            line.drop_instances_of_tests()
     return files
 
 

@@ -17,6 +17,18 @@ protected:
         Prepare();
         return test::Call(*handle, Row().operation, Row().arguments, outputs).result;
     }
+    /// What went over the wire, each request that differs from all others once.
+    std::set<std::string> Sent() const {
+        std::set<std::string> requests;
+        for (const SentRequest& request : transport.Sent()) {
+            std::string text = request.method + " " + request.url + "\n" + request.body;
+            for (const std::string& header : request.headers) {
+                text.append("\n").append(header);
+            }
+            requests.insert(text);
+        }
+        return requests;
+    }
     /// What the call writes when nothing fails.
     std::string Whole() {
         Outputs outputs;
@@ -27,6 +39,7 @@ protected:
 
 TEST_P(NoMemoryRequests, SuccessIsWholeWhicheverAllocationFails) {
     const std::string whole = Whole();
+    const std::set<std::string> sent = Sent();
     std::set<size_t> holes;  // by number of the allocation that failed
     std::set<size_t> sticky;
     int result = 0;
@@ -48,6 +61,7 @@ TEST_P(NoMemoryRequests, SuccessIsWholeWhicheverAllocationFails) {
         });
     EXPECT_EQ(holes, std::set<size_t>()) << "of " << allocations;
     EXPECT_EQ(sticky, std::set<size_t>()) << "what failed was kept";
+    EXPECT_EQ(Sent(), sent) << "no request lacks a header or a part of its parameters";
     EXPECT_GT(allocations, 10U);
 }
 

@@ -97,6 +97,8 @@ TEST_F(QuietCore, AMalformedMemberOfADetailIsSkipped) {
     EXPECT_EQ(core.getDevDetailInfoSync("C1", 1, true, channel, device, false), 0);
     EXPECT_EQ(device.deviceIP, "10.0.0.1");
     EXPECT_EQ(core.getDevInfoCache("NOBODY", 1, channel, device), -1);
+    core.ClearDeviceInfoCache();
+    EXPECT_EQ(core.getDevInfoCache("C1", 1, channel, device), -1);
 }
 
 struct PrefetchRow {
@@ -114,6 +116,7 @@ TEST_F(QuietCore, AStreamTokenIsPrefetchedOrNot) {
         {"no access token", 0, "", "", 0},
         {"no server", 0, "access-token", "", 1},
         {"refused", 0, "access-token", R"({"resultCode":"20031"})", 1},
+        {"refused by the authentication", 0, "access-token", R"({"resultCode":"0"})", 1},
         {"too long", 0, "access-token", R"({"resultCode":"200","x":")" + std::string(5000, 'x') + R"("})", 1},
     };
     for (const PrefetchRow& row : rows) {
