@@ -62,7 +62,10 @@ std::string SerialOfDisk(const fs::path& root, const fs::path& disk) {
     }
     const std::string number = FirstLine(disk / "dev");
     const std::string shortSerial = UdevProperty(root, number, "ID_SERIAL_SHORT");
-    return shortSerial.empty() ? UdevProperty(root, number, "ID_SERIAL") : shortSerial;
+    if (!shortSerial.empty()) {
+        return shortSerial;
+    }
+    return UdevProperty(root, number, "ID_SERIAL");
 }
 
 /// The whole disk below a block device: a mapped device's first slave, a partition's parent, or the device itself.
@@ -89,7 +92,10 @@ fs::path SystemDisk(const fs::path& root) {
     const std::string number = std::to_string(major(info.st_dev)) + ":" + std::to_string(minor(info.st_dev));
     std::error_code error;
     const fs::path device = fs::canonical(root / "sys/dev/block" / number, error);
-    return error ? fs::path() : WholeDisk(device);
+    if (error) {
+        return {};
+    }
+    return WholeDisk(device);
 }
 
 bool IsAddress(const std::string& text) {
@@ -121,8 +127,9 @@ std::string ReadDiskSerial(const std::string& root) {
 std::string ReadMacAddress(const std::string& root) {
     std::string virtualAdapter;
     for (const fs::path& adapter : SortedEntries(fs::path(root) / "sys/class/net")) {
+        const std::string name = adapter.filename().string();
         const std::string address = FirstLine(adapter / "address");
-        if (adapter.filename() == "lo" || !IsAddress(address)) {
+        if (name == "lo" || !IsAddress(address)) {
             continue;
         }
         std::error_code error;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <exception>
 #include <future>
 #include <utility>
 
@@ -25,7 +24,7 @@ std::future<int32_t> StartTask(Task task) {
                 return VANTIX_ERROR;
             }
         });
-    } catch (const std::exception&) {
+    } catch (...) {
         std::promise<int32_t> notStarted;
         notStarted.set_value(VANTIX_ERROR);
         return notStarted.get_future();

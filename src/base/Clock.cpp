@@ -22,7 +22,7 @@ const Clock kSystemClock{SystemWallSeconds, SystemSteadyNanoseconds};
 
 void SetClock(const Clock& clock) { g_clock.store(&clock); }
 
-int64_t WallSeconds() { return g_clock.load()->wallSeconds(); }
+int64_t WallSeconds() noexcept { return g_clock.load()->wallSeconds(); }
 
 Stopwatch::Stopwatch() : m_start(g_clock.load()->steadyNanoseconds()) {}
 

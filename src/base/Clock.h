@@ -22,9 +22,9 @@ extern const Clock kSystemClock;
 void SetClock(const Clock& clock);
 
 /// Seconds since the epoch, or -1.
-int64_t WallSeconds();
+int64_t WallSeconds() noexcept;
 /// The same, truncated to 32 bits.
-inline int32_t TruncatedWallSeconds() { return static_cast<int32_t>(WallSeconds()); }
+inline int32_t TruncatedWallSeconds() noexcept { return static_cast<int32_t>(WallSeconds()); }
 /// The seconds between two truncated times; the difference wraps, as on a 32-bit clock.
 inline int32_t SecondsBetween(int32_t earlier, int32_t later) {
     return static_cast<int32_t>(static_cast<uint32_t>(later) - static_cast<uint32_t>(earlier));

@@ -26,9 +26,8 @@ void PinLibrary() {
                        reinterpret_cast<const char*>(&g_isPinned), &module);
 #else
     Dl_info library{};
-    if (dladdr(&g_isPinned, &library) != 0) {
-        dlopen(library.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
-    }
+    dladdr(&g_isPinned, &library);  // of an own address it always finds the library
+    dlopen(library.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
 #endif
 }
 

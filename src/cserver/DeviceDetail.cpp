@@ -60,7 +60,8 @@ int ParseDevDetailInfoFromCServer(TextView body, const std::string& deviceSerial
         DevDetailInfo device;
         consumer::ReadDevice(root, deviceSerial, device);
         for (size_t i = 0; i < cameras.Size(); ++i) {
-            ConsumerChannel entry{{}, device, {}};
+            ConsumerChannel entry;
+            entry.device = device;
             if (consumer::ReadCamera(cameras.Element(i), deviceSerial, entry)) {
                 channels.push_back(std::move(entry));
             }

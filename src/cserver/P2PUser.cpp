@@ -59,7 +59,10 @@ int FetchConfiguration(const CallSite& site, const ConsumerRoute& route, const C
     if (fetched != VANTIX_NOERROR) {
         return fetched;
     }
-    return document.Parse(body.Text()) ? static_cast<int>(VANTIX_NOERROR) : LogNotJson(site, ForLog(body.Text()));
+    if (!document.Parse(body.Text())) {
+        return LogNotJson(site, ForLog(body.Text()));
+    }
+    return VANTIX_NOERROR;
 }
 
 /// Fetches both responses; nothing when both are there.
@@ -104,7 +107,10 @@ int GetP2PUserInfoFromCServer(const ConsumerRoute& route, P2PUserInfo& userInfo)
                                    .Set("response2", json::JsonBuilder::CopyOf(configuration.Root()))
                                    .Compact();
     const int code = ParseP2PUserInfoFromCServer(joined, userInfo);
-    return code == 0 ? code : LogRefusal(site, requests::kP2PConfiguration.parserFailure, ForLog(joined), code);
+    if (code == 0) {
+        return VANTIX_NOERROR;
+    }
+    return LogRefusal(site, requests::kP2PConfiguration.parserFailure, ForLog(joined), code);
 }
 
 int ParseP2PUserInfoFromCServer(const std::string& joined, P2PUserInfo& userInfo) {

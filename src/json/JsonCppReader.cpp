@@ -38,11 +38,12 @@ JsonCppView JsonCppView::Element(size_t index) const {
 }
 
 bool JsonCppView::Read(std::string& text) const {
-    const char* begin = nullptr;
-    const char* end = nullptr;
-    if (!IsString() || !m_value->getString(&begin, &end)) {
+    if (!IsString()) {
         return false;
     }
+    const char* begin = nullptr;
+    const char* end = nullptr;
+    m_value->getString(&begin, &end);
     text.assign(begin, end);
     return true;
 }
@@ -123,21 +124,17 @@ std::string JsonCppView::Compact() const {
     if (m_value == nullptr) {
         return {};
     }
-    try {
-        if (TextsAreInCodePage()) {
-            return WriteBytesAsTheyAre(*m_value);
-        }
-        Json::FastWriter writer;
-        writer.omitEndingLineFeed();
-        std::string text = writer.write(*m_value);
-        if (!bUtf8 && text.find("\\u") != std::string::npos) {
-            std::string bytes = WriteBytesAsTheyAre(*m_value);
-            return IsUtf8(bytes) ? text : bytes;
-        }
-        return text;
-    } catch (const Json::Exception&) {
-        return {};
+    if (TextsAreInCodePage()) {
+        return WriteBytesAsTheyAre(*m_value);
     }
+    Json::FastWriter writer;
+    writer.omitEndingLineFeed();
+    std::string text = writer.write(*m_value);
+    if (!bUtf8 && text.find("\\u") != std::string::npos) {
+        std::string bytes = WriteBytesAsTheyAre(*m_value);
+        return IsUtf8(bytes) ? text : bytes;
+    }
+    return text;
 }
 
 JsonCppDocument::JsonCppDocument() = default;

@@ -4,7 +4,6 @@
 #include <array>
 #include <cctype>
 #include <charconv>
-#include <system_error>
 
 namespace vantix {
 namespace {
@@ -102,8 +101,8 @@ size_t EndOfValue(std::string_view text, size_t from) {
 /// The character that the four digits of an escape stand for, if it is one of ASCII; else NUL.
 char Unescaped(const char* digits) {
     unsigned code = 0;
-    const auto [end, error] = std::from_chars(digits, digits + 4, code, 16);
-    return error == std::errc() && end == digits + 4 && code < 0x80U ? static_cast<char>(code) : '\0';
+    const char* const end = std::from_chars(digits, digits + 4, code, 16).ptr;
+    return end == digits + 4 && code < 0x80U ? static_cast<char>(code) : '\0';
 }
 
 /// One past the quote that ends the name which begins at `from`, or npos when another text stands there.

@@ -13,13 +13,14 @@ namespace {
 
 constexpr char kFormContentType[] = "application/x-www-form-urlencoded";
 
+/// A row without a set does not compile here.
 void AddSession(ParamMap& headers, HeaderSet set, const std::string& sessionId, const ClientInfo* client) {
-    switch (set) {
-        case HeaderSet::A: AddHeaderSetA(headers, client != nullptr ? *client : ClientInfo(), sessionId); break;
-        case HeaderSet::B: AddHeaderSetB(headers, client != nullptr ? *client : ClientInfo(), sessionId); break;
-        case HeaderSet::SessionOnly: headers.Add("sessionId", sessionId); break;
-        case HeaderSet::None: break;
+    if (set == HeaderSet::SessionOnly) {
+        headers.Add("sessionId", sessionId);
+        return;
     }
+    const auto addSet = set == HeaderSet::A ? AddHeaderSetA : AddHeaderSetB;
+    addSet(headers, client != nullptr ? *client : ClientInfo(), sessionId);
 }
 
 /// Adds the base to a response code. The sum must neither leave its range nor look like a success.

@@ -29,19 +29,16 @@ private:
 /// `masked` yields the parameters as they may be shown; it is not asked when the line is filtered out.
 template <class Masked>
 void LogStart(const CallSite& site, const Address& address, Masked masked) {
-    if (LogPasses(level::kInfo)) {
-        const std::string text = address.ForLog() + "?" + masked();
-        VANTIX_LOG_INFO(site, level::kInfo, "start Posts url and Param = %s", text.c_str());
-    }
+    VANTIX_LOG_INFO(site, level::kInfo, "start Posts url and Param = %s", (address.ForLog() + "?" + masked()).c_str());
+}
+
+std::string HeaderForLog(const std::string& key, const std::string& value) {
+    return (key + ": ").append(IsSecretHeader(key) ? kMask : std::string_view(value));
 }
 
 void LogHeaders(const CallSite& site, const ParamMap& headers) {
-    if (!LogPasses(level::kInfo)) {
-        return;
-    }
     for (const auto& [key, value] : headers.All()) {
-        const std::string line = (key + ": ").append(IsSecretHeader(key) ? kMask : std::string_view(value));
-        VANTIX_LOG_INFO(site, level::kInfo, "heads = %s", line.c_str());
+        VANTIX_LOG_INFO(site, level::kInfo, "heads = %s", HeaderForLog(key, value).c_str());
     }
 }
 

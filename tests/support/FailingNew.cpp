@@ -1,12 +1,16 @@
 #include "support/FailingNew.h"
 
+#include <atomic>
 #include <cstdlib>
 #include <new>
 
 namespace vantix::test {
 namespace {
 
-thread_local size_t t_countdown = 0;  // 0: none fails
+std::atomic<size_t> g_ofNextThread{0};
+std::atomic<bool> g_firedAnywhere{false};
+
+thread_local size_t t_countdown = g_ofNextThread.exchange(0);  // 0: none fails
 thread_local bool t_fired = false;
 thread_local size_t t_freed = 0;
 
@@ -23,6 +27,16 @@ FailingNew::Suspended::Suspended() : m_countdown(t_countdown) { t_countdown = 0;
 
 FailingNew::Suspended::~Suspended() { t_countdown = m_countdown; }
 
+FailingNewOnNextThread::FailingNewOnNextThread(size_t n) {
+    const FailingNew::Suspended ofThisThread;  // whose own countdown exists from now on
+    g_firedAnywhere = false;
+    g_ofNextThread = n;
+}
+
+FailingNewOnNextThread::~FailingNewOnNextThread() { g_ofNextThread = 0; }
+
+bool FailingNewOnNextThread::Fired() { return g_firedAnywhere; }
+
 bool FailingNew::Fired() { return t_fired; }
 
 size_t FailingNew::Freed() { return t_freed; }
@@ -30,6 +44,7 @@ size_t FailingNew::Freed() { return t_freed; }
 void* FailingNew::AllocateOrNull(size_t size) noexcept {
     if (t_countdown != 0 && --t_countdown == 0) {
         t_fired = true;
+        g_firedAnywhere = true;
         return nullptr;
     }
     return std::malloc(size == 0 ? 1 : size);  // NOLINT(cppcoreguidelines-no-malloc): this is operator new

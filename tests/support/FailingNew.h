@@ -37,6 +37,18 @@ public:
     };
 };
 
+/// While it exists, the n-th allocation of the next thread that starts fails, as that of a background task.
+class FailingNewOnNextThread {
+public:
+    explicit FailingNewOnNextThread(size_t n);
+    ~FailingNewOnNextThread();
+    FailingNewOnNextThread(const FailingNewOnNextThread&) = delete;
+    FailingNewOnNextThread& operator=(const FailingNewOnNextThread&) = delete;
+
+    /// Whether the allocation has failed; for a thread that has ended.
+    static bool Fired();
+};
+
 /// Runs `step` with the first, second, … allocation failing, until it makes fewer. Returns how many it makes.
 /// `check` is called with the number after each run, with no failure pending.
 template <class Step, class Check>

@@ -69,7 +69,7 @@ bool P2PDevices::Serve(const std::string& serial, P2PDevInfo& devInfo, int& resu
         return false;
     }
     VANTIX_LOG_INFO(kSite, level::kInfo, "getP2PDevInfoFromLocal SUCCESS iRet = %d stP2PDevInfo.isUpdate = %d", result,
-                    devInfo.isUpdate ? 1 : 0);
+                    static_cast<int>(devInfo.isUpdate));
     return true;
 }
 

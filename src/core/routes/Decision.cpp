@@ -23,12 +23,10 @@ const std::string& Decision::PlatformCredential() {
 }
 
 bool Decision::IsConsumer() {
-    switch (m_row.family) {
-        case FamilyRule::ByToken: return IsSharedToken();
-        case FamilyRule::ByChannel: return IsSharedChannel();
-        case FamilyRule::Platform: break;
+    if (m_row.family == FamilyRule::ByToken) {
+        return IsSharedToken();
     }
-    return false;
+    return m_row.family == FamilyRule::ByChannel && IsSharedChannel();
 }
 
 bool Decision::FindAddress() {

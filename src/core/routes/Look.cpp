@@ -30,7 +30,10 @@ std::string Look::CredentialOf(const RouteRow& row, const Subject& subject) {
 }
 
 std::string Look::ChannelToken(const Subject& subject) {
-    return IsB2C() ? getB2CTokens(Map(), subject.serial, std::to_string(subject.ch)) : std::string();
+    if (!IsB2C()) {
+        return {};
+    }
+    return getB2CTokens(Map(), subject.serial, std::to_string(subject.ch));
 }
 
 bool Look::IsSharedChannel(const std::string& serial, int ch) {

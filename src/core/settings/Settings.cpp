@@ -1,5 +1,7 @@
 #include "core/settings/Settings.h"
 
+#include <utility>
+
 #include "base/Clock.h"
 #include "base/ProcessSwitches.h"
 #include "core/CoreSite.h"
@@ -25,11 +27,13 @@ void Settings::setDomain(const std::string& szBDomain, const std::string& szCDom
                     AreaBDomain.Copy().c_str(), szBDomain.c_str(), szCDomain.c_str());
     WarnOfClearText(site, szBDomain);
     WarnOfClearText(site, szCDomain);
-    if (!szBDomain.empty()) {
-        AreaBDomain.Assign(szBDomain);
+    std::string platform = szBDomain;  // both copies first: without memory for one of them neither is set
+    std::string consumer = szCDomain;
+    if (!platform.empty()) {
+        AreaBDomain.Assign(std::move(platform));
     }
-    if (!szCDomain.empty()) {
-        CDomain.Assign(szCDomain);
+    if (!consumer.empty()) {
+        CDomain.Assign(std::move(consumer));
     }
 }
 

@@ -55,14 +55,20 @@ std::string TkTokens::getDeviceTkTokens(int tkType, const std::string& strSerial
                                         const std::string& globalToken) const {
     VANTIX_LOG_INFO(VANTIX_CORE_HERE("getDeviceTkTokens"), level::kTrace, "tkType = %d strSerial = %s iChannelNo = %d",
                     tkType, strSerial.c_str(), iChannelNo);
-    return tkType == tk::kGlobal ? globalToken : Find(tkType, strSerial + std::to_string(iChannelNo));
+    if (tkType == tk::kGlobal) {
+        return globalToken;
+    }
+    return Find(tkType, strSerial + std::to_string(iChannelNo));
 }
 
 std::string TkTokens::getDeviceTkTokens(int tkType, const std::string& strSerial, const std::string& strChannelNo,
                                         const std::string& globalToken) const {
     VANTIX_LOG_INFO(VANTIX_CORE_HERE("getDeviceTkTokens"), level::kTrace,
                     "tkType = %d strSerial = %s strChannelNo = %s", tkType, strSerial.c_str(), strChannelNo.c_str());
-    return tkType == tk::kGlobal ? globalToken : Find(tkType, strSerial + strChannelNo);
+    if (tkType == tk::kGlobal) {
+        return globalToken;
+    }
+    return Find(tkType, strSerial + strChannelNo);
 }
 
 std::string TkTokens::Find(int tkType, const std::string& key) const {

@@ -72,12 +72,14 @@ TEST_F(ForwardTest, UploadSendsThePictureToItsAddressAndAnythingElseNowhere) {
     EXPECT_EQ(handle->UploadCloudPicFile("https://u.example/put", picture.Path()), 100007);
     ASSERT_EQ(transport.Count(), 1U);
     EXPECT_EQ(transport.Sent()[0].url, "https://u.example/put");
+    transport.Respond("");
+    EXPECT_EQ(handle->UploadCloudPicFile("https://u.example/put", picture.Path()), 0) << "whatever is returned";
     const std::string folder = picture.Path().substr(0, picture.Path().find_last_of("/\\"));
     lines.Clear();
     for (const std::string& path : {folder, folder + "/absent.jpg"}) {
         EXPECT_EQ(handle->UploadCloudPicFile("https://u.example/put", path), 100026) << path;
     }
-    EXPECT_EQ(transport.Count(), 1U);
+    EXPECT_EQ(transport.Count(), 2U);
     EXPECT_EQ(lines.Find("UploadCloudPic error [100026]").level, 4U);
     EXPECT_FALSE(lines.Contains("start Posts url and Param")) << "no free function stands before an upload";
 }

@@ -4,49 +4,30 @@
 
 #include <set>
 
-#include "support/FailingNew.h"
 #include "support/OutputJson.h"
-#include "support/RequestCase.h"
-#include "tvllog/tvllog.h"
-#include "unit/boundary/HandleTest.h"
+#include "unit/boundary/NoMemoryRequest.h"
 
 namespace vantix::test {
 namespace {
 
-class NoMemoryRequests : public HandleTest, public testing::WithParamInterface<RequestCase> {
+class NoMemoryRequests : public NoMemoryRequest {
 protected:
-    NoMemoryRequests() {
-        TVLLOG_SetCallback(nullptr);  // a capture of lines would allocate inside the library
-        handle->setDomain("https://b.example", "https://c.example");
-        handle->setAuthAddr("https://b.example");
-        transport.Always([](const SentRequest& request) { return Respond(request); });
-    }
-
-    static const RequestCase& Row() { return GetParam(); }
-
-    static ScriptedResponse Respond(const SentRequest& request) {
-        const FailingNew::Suspended suspended;
-        const auto isTo = [&](const char* path) { return request.url.find(path) != std::string::npos; };
-        for (const auto* others : {&Row().before, &Row().after}) {
-            for (const Exchange& exchange : *others) {
-                if (isTo(exchange.path)) {
-                    return {0, exchange.response};
-                }
-            }
-        }
-        return isTo(Row().path.c_str()) ? ScriptedResponse{0, Row().response} : ScriptedResponse{7, {}};
-    }
-
     /// Makes the row's call from the same start, and returns its result.
     int Call(Outputs& outputs) {
-        {
-            const FailingNew::Suspended suspended;
-            PrepareFor(Row(), *handle);
-            if (Row().operation == "getOneStreamToken") {
-                handle->setAccessToken("another token");  // so that nothing queued is served
-            }
-        }
+        Prepare();
         return test::Call(*handle, Row().operation, Row().arguments, outputs).result;
+    }
+    /// What went over the wire, each request that differs from all others once.
+    std::set<std::string> Sent() const {
+        std::set<std::string> requests;
+        for (const SentRequest& request : transport.Sent()) {
+            std::string text = request.method + " " + request.url + "\n" + request.body;
+            for (const std::string& header : request.headers) {
+                text.append("\n").append(header);
+            }
+            requests.insert(text);
+        }
+        return requests;
     }
     /// What the call writes when nothing fails.
     std::string Whole() {
@@ -58,6 +39,7 @@ protected:
 
 TEST_P(NoMemoryRequests, SuccessIsWholeWhicheverAllocationFails) {
     const std::string whole = Whole();
+    const std::set<std::string> sent = Sent();
     std::set<size_t> holes;  // by number of the allocation that failed
     std::set<size_t> sticky;
     int result = 0;
@@ -79,6 +61,7 @@ TEST_P(NoMemoryRequests, SuccessIsWholeWhicheverAllocationFails) {
         });
     EXPECT_EQ(holes, std::set<size_t>()) << "of " << allocations;
     EXPECT_EQ(sticky, std::set<size_t>()) << "what failed was kept";
+    EXPECT_EQ(Sent(), sent) << "no request lacks a header or a part of its parameters";
     EXPECT_GT(allocations, 10U);
 }
 

@@ -57,6 +57,12 @@ TEST_F(ConsumerRecordings, BytesThatAreNoUtf8AreReplacedAndNulStays) {
     EXPECT_EQ(records, "{\"data\":[\"\\ufffd\",\"a\\u0000b\"]}");
 }
 
+TEST_F(ConsumerRecordings, WithoutLinesARefusalIsTheSame) {
+    iLogLevel = level::kError + 1;
+    EXPECT_EQ(Parse(R"({"meta":{"code":401},"records":[]})"), 401);
+    EXPECT_THAT(m_log.Messages(), testing::IsEmpty());
+}
+
 TEST_F(ConsumerRecordings, ListMustBeThere) {
     std::vector<std::string> bodies = {"{}",
                                        "[]",

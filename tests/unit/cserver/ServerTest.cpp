@@ -14,7 +14,7 @@ using testing::ElementsAre;
 
 constexpr char kServerTag[] = "ParseServerInfoFromCServer";
 
-const RecordFields<ServerInfo>& Rows() {
+const RecordFields<ServerInfo>& ServerRows() {
     static const RecordFields<ServerInfo> rows = {
         {"/systemConfigInfo/stun1Addr", &ServerInfo::stun1Addr, "stun-1"},
         {"/systemConfigInfo/stun1Port", &ServerInfo::stun1Port, 2},
@@ -42,9 +42,9 @@ Json WholeServer() {
         "logAddr":"not read","microCloudMode":true,"vtmBackups":[{"addr":"not read","port":15}]}})");
 }
 
-ServerInfo Before() {
+ServerInfo ServerBefore() {
     ServerInfo info;
-    for (const auto& row : Rows()) {
+    for (const auto& row : ServerRows()) {
         row.Set(info, row.IsText() ? Json("before") : Json(-99));
     }
     info.logAddr = "before";
@@ -57,7 +57,7 @@ ServerInfo Before() {
 class ConsumerServers : public ConsumerResponse {
 protected:
     int Parse(const std::string& body) {
-        info = Before();
+        info = ServerBefore();
         m_log.Clear();
         return ParseServerInfoFromCServer(body, info);
     }
@@ -66,19 +66,19 @@ protected:
         return GetServerInfoFromCServer(Route(), info);
     }
     void ExpectUntouched() const {
-        for (const auto& row : Rows()) {
+        for (const auto& row : ServerRows()) {
             EXPECT_EQ(row.Of(info), row.IsText() ? Json("before") : Json(-99)) << row.place;
         }
     }
 
     FakeClock clock;
     ScriptedTransport transport;
-    ServerInfo info = Before();
+    ServerInfo info = ServerBefore();
 };
 
 TEST_F(ConsumerServers, EveryMemberFillsItsField) {
     EXPECT_EQ(Parse(WholeServer().dump()), 0);
-    EXPECT_EQ(ValuesOf(Rows(), info), WholeValues(Rows()));
+    EXPECT_EQ(ValuesOf(ServerRows(), info), WholeValues(ServerRows()));
     EXPECT_TRUE(m_log.Lines().empty());
 }
 
@@ -92,7 +92,7 @@ TEST_F(ConsumerServers, WhatThisFamilyDoesNotSendIsKept) {
 }
 
 TEST_F(ConsumerServers, MembersAreReadOnlyWithTheirType) {
-    ExpectEachFieldOnItsOwn(Rows(), WholeServer(), Before(), IntValues(), [this](const std::string& body) {
+    ExpectEachFieldOnItsOwn(ServerRows(), WholeServer(), ServerBefore(), IntValues(), [this](const std::string& body) {
         EXPECT_EQ(Parse(body), 0);
         return info;
     });
@@ -119,7 +119,7 @@ TEST_F(ConsumerServers, CodeOfTheEnvelopeIsReturned) {
         }
     }
     EXPECT_EQ(Parse(Without(WholeServer(), "/meta")), 0) << "a response without an envelope";
-    EXPECT_EQ(ValuesOf(Rows(), info), WholeValues(Rows()));
+    EXPECT_EQ(ValuesOf(ServerRows(), info), WholeValues(ServerRows()));
 }
 
 TEST_F(ConsumerServers, ConfigurationMustBeThere) {

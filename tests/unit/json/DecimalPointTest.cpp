@@ -55,6 +55,12 @@ constexpr Row kUntouched[] = {
     {"\"\\", "\"\\"},
 };
 
+/// An exponent without digits is none: what is no number does not become one.
+constexpr Row kUnfinished[] = {
+    {"[1.5e", "[15e-1e"},       {"[1.5e+", "[15e-1e+"},   {"[1.5E-", "[15e-1E-"},
+    {"[1.5e,2]", "[15e-1e,2]"}, {"[1.5e-]", "[15e-1e-]"}, {"[1.5e+x]", "[15e-1e+x]"},
+};
+
 constexpr Row kTexts[] = {
     {R"({"a":1.5,"b":[-0.25,2,"3.5"],"4.5":5.5})", R"({"a":15e-1,"b":[-25e-2,2,"3.5"],"4.5":55e-1})"},
     {R"({"a\"1.5":"\\","b":1.5})", R"({"a\"1.5":"\\","b":15e-1})"},
@@ -73,6 +79,16 @@ void ExpectRows(const Row (&rows)[Count]) {
 TEST(DecimalPoints, BecomeExponents) { ExpectRows(kNumbers); }
 
 TEST(DecimalPoints, StayInTextsAndWhereThereIsNoFraction) { ExpectRows(kUntouched); }
+
+TEST(DecimalPoints, DoNotMakeANumberOfWhatIsNone) {
+    ExpectRows(kUnfinished);
+    for (const Row& row : kUnfinished) {
+        SCOPED_TRACE(row.text);
+        JsonCppDocument document;
+        EXPECT_FALSE(document.Parse(row.text));
+        EXPECT_FALSE(document.Parse(row.without));
+    }
+}
 
 TEST(DecimalPoints, GoOutOfAWholeResponse) { ExpectRows(kTexts); }
 

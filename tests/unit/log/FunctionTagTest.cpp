@@ -219,6 +219,10 @@ constexpr Spelling kSpellings[] = {
     {"vantix::run<std::string>(T)::<lambda()>", "run<std::string>::<lambda()>"},
     {"void vantix::{anonymous}::Zone::operator()(int) const", "Zone::operator()"},
     {"vantix::Alarm::operator bool()", "Alarm::operator bool"},
+    {"decltype(auto) vantix::FreeReturningDeduced()", "FreeReturningDeduced"},
+    {"const char *vantix::Named::name()", "Named::name"},
+    {"auto vantix::Guarded<void(int)>::With(Use&&)", "Guarded<void(int)>::With"},
+    {"void vantix::run(void (*)(int), int)::<lambda()>", "run::<lambda()>"},
     {"operator()", "operator()"},
     // clang.
     {"int vantix::(anonymous namespace)::NotAvailable(const CallSite &)", "NotAvailable"},
@@ -257,6 +261,12 @@ TEST(FunctionTag, NamesThatAreNoneAreSurvived) {
          {"", "(", ")", "()", "::", "a::", "::(", "((((", "))))", "<", ">", " ", "f(", "operator()"}) {
         EXPECT_LE(TagOf(name).size(), std::string(name).size()) << name;
     }
+}
+
+TEST(FunctionTag, OfANameThatNoCompilerWritesIsWhatStandsBeforeItsArguments) {
+    EXPECT_EQ(TagOf("vantix::a:b(int)"), "a:b");
+    EXPECT_EQ(TagOf("vantix::f(int){"), "f");
+    EXPECT_EQ(TagOf("vantix::f(int)~"), "f");
 }
 
 TEST(FunctionTag, IsMadeAtCompileTime) {

@@ -10,10 +10,12 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/TextView.h"
 #include "support/CleanSwitches.h"
+#include "support/FailingNew.h"
 #include "support/LogCapture.h"
 #include "support/MemberValues.h"
 #include "support/PlatformRecords.h"
@@ -73,8 +75,11 @@ ParserCase CaseOf(const std::string& name, int (*parser)(TextView body, Record& 
     row.before = ToJson(before);
     row.defaults = row.before;
     row.parse = [parser, before](const std::string& body, Json& json) {
+        std::optional<FailingNew::Suspended> ownWork(std::in_place);
         Record record = before;
+        ownWork.reset();
         const int code = parser(body, record);
+        ownWork.emplace();
         json = ToJson(record);
         return code;
     };

@@ -133,6 +133,17 @@ TEST_F(HDSign, AFailedDigestIsMinusOneAndALine) {
     EXPECT_THAT(m_log.Lines().at(0), test::Line(5, "ERROR", "GetHDSign", testing::_));
 }
 
+TEST_F(HDSign, WithoutLinesItIsTheSame) {
+    iLogLevel = level::kError + 1;
+    char buffer[64] = {};
+    EXPECT_EQ(GetHDSign(buffer, kSource), 0);
+    EXPECT_STREQ(buffer, kCode);
+    g_machine.digestFails = true;
+    EXPECT_EQ(GetHDSign(buffer, kSource), -1);
+    EXPECT_EQ(PublicGetHDSign(kSource), "");
+    EXPECT_THAT(m_log.Messages(), testing::IsEmpty());
+}
+
 TEST_F(HDSign, ANullBufferIsMinusOne) {
     EXPECT_EQ(GetHDSign(nullptr, kSource), -1);
     EXPECT_EQ(g_machine.queries, 0);

@@ -1,6 +1,9 @@
 #include "cryptowrap/cryptowrap.h"
 
 #include <gtest/gtest.h>
+#if !defined(_WIN32)
+#include <openssl/evp.h>
+#endif
 
 #include <algorithm>
 #include <string>
@@ -8,6 +11,16 @@
 #include "cryptowrap/HexText.h"
 
 namespace {
+
+#if !defined(_WIN32)
+/// What the digest function of the cryptographic library is to say instead of working.
+struct DigestFault {
+    bool isOn = false;
+    int result = 1;
+    unsigned size = 0;
+};
+DigestFault g_fault;
+#endif
 
 struct KnownAnswer {
     std::string data;
@@ -27,6 +40,22 @@ const KnownAnswer kKnownAnswers[] = {
     {std::string(1, '\0'), "93b885adfe0da089cdf634904fd59f71"},
     {"ABC|00-11-22-33-44-55", "a3d4512a48b1908a15222e4f630a88e6"},
 };
+
+#if !defined(_WIN32)
+TEST(Md5, ADigestThatIsNotMadeIsMinusOneAndLeavesTheText) {
+    const DigestFault faults[] = {{true, 0, 16}, {true, -1, 16}, {true, 1, 8}, {true, 1, 0}};
+    for (const DigestFault& fault : faults) {
+        SCOPED_TRACE(fault.result * 100 + static_cast<int>(fault.size));
+        g_fault = fault;
+        char text[64] = "before";
+        unsigned length = 7;
+        EXPECT_EQ(ssl_md5_digest("a", 1, text, &length), -1);
+        EXPECT_STREQ(text, "before");
+        EXPECT_EQ(length, 7U);
+        g_fault = {};
+    }
+}
+#endif
 
 TEST(Md5, KnownAnswers) {
     for (const KnownAnswer& row : kKnownAnswers) {
@@ -74,3 +103,22 @@ TEST(HexText, WritesTwoLowerCaseDigitsForEachByte) {
 }
 
 }  // namespace
+
+#if !defined(_WIN32)
+// The linker leads calls of this function here (options.cmake).
+// NOLINTBEGIN(bugprone-reserved-identifier)
+extern "C" {
+int __real_EVP_Digest(const void* data, size_t count, unsigned char* digest, unsigned* size, const EVP_MD* type,
+                      ENGINE* engine);
+
+int __wrap_EVP_Digest(const void* data, size_t count, unsigned char* digest, unsigned* size, const EVP_MD* type,
+                      ENGINE* engine) {
+    if (!g_fault.isOn) {
+        return __real_EVP_Digest(data, count, digest, size, type, engine);
+    }
+    *size = g_fault.size;
+    return g_fault.result;
+}
+}
+// NOLINTEND(bugprone-reserved-identifier)
+#endif

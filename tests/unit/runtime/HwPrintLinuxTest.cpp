@@ -227,6 +227,7 @@ TEST_F(MacAddress, LoopbackNeverCounts) {
 
 TEST_F(MacAddress, AddressesOfAnotherShapeArePassedOver) {
     const char* const others[] = {"00:00:00:00:00:00\n",
+                                  "02-00-00-00-00-01\n",
                                   "\n",
                                   "",
                                   "0011.2233.4455\n",

@@ -212,6 +212,20 @@ TEST_F(Relation, OtherReleaseIsLoggedAndFetchedAgain) {
     EXPECT_EQ(lines.Find(message).Tag(), "CVantixDataCenter::getDevDetailInfoFromLocalByRelation");
 }
 
+TEST_F(Relation, WithoutLinesTheSameRecordsComeBack) {
+    nlohmann::json response = Response();
+    Cache("CHILD", 1, response);
+    core.setLogLevel(6);
+    lines.Clear();
+    EXPECT_EQ(Read(), 0);
+    ExpectParent();
+    response["result"]["data"]["device"]["releaseVersion"] = "VERSION_1";
+    transport.Respond(response.dump(), 2);
+    EXPECT_EQ(core.getDevDetailInfoSync("CHILD", 1, true, channel, device, false), 0);
+    EXPECT_EQ(Read(), -1);
+    EXPECT_TRUE(lines.Lines().empty());
+}
+
 TEST_F(Relation, DeviceIsLookedUpUnderTheChannelsSerial) {
     nlohmann::json response = Response();
     response["result"]["data"]["camera"]["deviceSerial"] = "OTHER";

@@ -136,6 +136,16 @@ TEST_F(P2PUser, ConsumerRefusalThatEndsAsASuccessFillsAndKeepsNothing) {
     ExpectNoLine("start RefreshSession");
 }
 
+TEST_F(P2PUser, ConsumerRecordWithASecretAloneIsKept) {
+    core.setPermissionMode(2);
+    transport.Respond(R"({"meta":{"code":200},"userInfo":{}})");
+    transport.Respond(kConsumerSecret);
+    EXPECT_EQ(Fetch("shared-token"), 0);
+    EXPECT_EQ(user.userId, "");
+    EXPECT_EQ(user.data, "quiet");
+    EXPECT_TRUE(IsCached());
+}
+
 TEST_F(P2PUser, ConsumerFailureInvalidates) {
     core.setPermissionMode(2);
     const struct {

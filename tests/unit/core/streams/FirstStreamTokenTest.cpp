@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "core/streams/FirstStreamToken.h"
+#include "tvllog/tvllog.h"
 #include "unit/core/FetchTest.h"
 
 namespace vantix::test {
@@ -98,6 +99,35 @@ TEST_F(FirstStreamTokenTest, TextualResultCodeThatIsNoSuccessOfTheAuthentication
     EXPECT_THAT(lines.Lines(), HasLine(3, "INFO ", "ConvertVerifyErrorCode",
                                        "Authentication server response: OpenAPIRet:0, TokenError:-1"));
     ExpectNothingPrefetched();
+}
+
+CVantixDataCenter* g_lineSetsIn = nullptr;
+std::vector<std::string> g_linesSince;
+
+/// A host whose log takes another account's token as soon as a line says that one is renewed.
+void SetFromALine(unsigned /*level*/, const char* /*module*/, const char* text) {
+    const std::string line = text;
+    g_linesSince.push_back(line.substr(line.find(">,") + 2));
+    if (line.find("Set TokenExpireTime:") != std::string::npos) {
+        g_lineSetsIn->setPermissionMode(2);
+        g_lineSetsIn->setAccessToken("another-token");
+    }
+}
+
+TEST_F(FirstStreamTokenTest, TextThatIsNoJsonStops) {
+    // The consumer servers' text is handed on unread; the host goes over to them while the token is renewed.
+    transport.Respond(kExpired);
+    transport.Respond(RefreshResponse("shared-token"));
+    g_lineSetsIn = &core;
+    g_linesSince.clear();
+    TVLLOG_SetCallback(SetFromALine);
+    Prefetch("no JSON");
+    TVLLOG_SetCallback(nullptr);
+    EXPECT_EQ(transport.Sent().back().url.substr(0, 17), "https://c.example");
+    EXPECT_EQ(g_linesSince.back(), "getStreamToken failed\n");
+    core.setPermissionMode(0);
+    EXPECT_EQ(Take("shared-token"), -1);
+    EXPECT_STREQ(buffer, "untouched");
 }
 
 TEST_F(FirstStreamTokenTest, ResultCodeThatIsNoTextIsNotMapped) {
