@@ -119,13 +119,14 @@ void FaultFixture::ExpectRemembered(const std::vector<FaultCase>& faults) const 
     const Subject& subject = faults.front().subject;
     Json before = m_remembered;
     Cloud().ForgetRequests();
-    Json after = Remembered(Center(), TokenOf(subject));
+    const Json now = Remembered(Center(), TokenOf(subject));
+    Json after = now;
     EXPECT_EQ(Cloud().RequestCount(), 0U) << "what was remembered is remembered still";
     for (const FaultCase& fault : faults) {
         const Outcome& expected = fault.Expected();
         const std::string credential = fault.subject.IsConsumer() ? "getSessionId " : "getAccessToken ";
         if (!expected.renewed.empty()) {
-            EXPECT_EQ(after.at(credential).at("live"), expected.renewed);
+            EXPECT_EQ(now.at(credential).at("live"), expected.renewed);
             for (const std::string& changed : {credential, std::string("getTokenExpireTime ")}) {
                 before.erase(changed);
                 after.erase(changed);

@@ -107,6 +107,7 @@ std::vector<FaultRow> StatusRows() {
 std::vector<FaultRow> SizeRows() {
     constexpr size_t kTextLength = 50UL * 1024 * 1024;
     return {
+        // The body, its text, the parsed and the stored record: the peak is that of the transport and the reader.
         {.name = "TextOfFiftyMebibytes",
          .script = {{"body", "$long"}, {"filler", {{"text", "k"}, {"times", kTextLength}}}},
          .outcome = {.idLength = kTextLength},

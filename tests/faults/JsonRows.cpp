@@ -114,6 +114,7 @@ std::vector<FaultRow> ConsumerRows() {
     };
 }
 
+#if !defined(_WIN32)
 /// "Gate" in the code page of Chinese Windows, which is no UTF-8: whole where the library writes JSON.
 constexpr char kGbk[] = "\xB4\xF3\xC3\xC5";
 
@@ -137,6 +138,11 @@ std::vector<FaultRow> CodePageRows() {
          .outcome = {.kept = kGbk}},
     };
 }
+
+#else
+// There a body is converted from UTF-8 to the code page first, which this one is not.
+std::vector<FaultRow> CodePageRows() { return {}; }
+#endif
 
 }  // namespace
 
