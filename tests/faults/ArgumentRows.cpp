@@ -85,6 +85,7 @@ std::vector<FaultRow> SerialRows() {
                     .outcome = {.result = kTooLong, .requests = 0}});
     // The server sees two parameters.
     rows.push_back({.name = "SerialAmpersand",
+                    .operation = "getDevDetailInfoSync",
                     .serial = "C10000001&cameraNo=1",
                     .outcome = {.sent = "&deviceSerial=C10000001&cameraNo=1&"},
                     .consumer = Outcome{.result = 300002, .sent = "deviceSerial=C10000001&cameraNo=1&"}});

@@ -121,9 +121,9 @@ std::vector<FaultRow> SizeRows() {
         {.name = "MebibyteThatIsNoJson",
          .script = {{"body", "$filler"}, {"filler", {{"text", "x"}, {"times", 1U << 20U}}}},
          .outcome = {.result = 300001}},
-        {.name = "ThreeHundredMebibytesOfBlanks",
-         .script = {{"body", "$filler$body"}, {"filler", {{"text", " "}, {"times", 300UL << 20U}}}},
-         .peakMiB = 660},
+        {.name = "HundredMebibytesOfBlanks",
+         .script = {{"body", "$filler$body"}, {"filler", {{"text", " "}, {"times", 100UL << 20U}}}},
+         .peakMiB = 230},
     };
 }
 
