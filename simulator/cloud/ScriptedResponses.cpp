@@ -9,11 +9,15 @@ namespace vantix::simulator {
 namespace {
 
 /// Every member that a scripted response may have; a misspelt one is refused, so that it is not silently ignored.
-constexpr std::array<std::string_view, 20> knownMembers = {"path",    "domain",    "match",   "times",
+constexpr std::array<std::string_view, 21> knownMembers = {"path",    "domain",    "match",   "times",
                                                            "code",    "message",   "status",  "body",
                                                            "bodyHex", "json",      "delayMs", "hold",
                                                            "headers", "malformed", "reset",   "truncated",
-                                                           "raw",     "rawHex",    "drip",    "closeWithoutResponse"};
+                                                           "raw",     "rawHex",    "drip",    "closeWithoutResponse",
+                                                           "filler"};
+
+/// Repetitions of a filler: enough for some hundred megabytes of a short text.
+constexpr long long largestFiller = 400'000'000;
 
 constexpr std::array<std::string_view, 8> effects = {"code",      "status", "delayMs",   "hold",
                                                      "malformed", "reset",  "truncated", "closeWithoutResponse"};
@@ -134,12 +138,34 @@ HeaderList ScriptedHeaders(const Json& script) {
     return headers;
 }
 
+namespace {
+
+/// The body with a text, so many times, in the place of the word "$filler".
+std::string Filled(std::string body, const Json& filler) {
+    constexpr std::string_view word = "$filler";
+    const auto place = body.find(word);
+    if (place == std::string::npos || !filler.is_object()) {
+        return body;
+    }
+    const std::string text = TextOf(filler, "text");
+    const long long times = std::clamp(NumberOf(filler, "times"), 0LL, largestFiller);
+    std::string filled;
+    filled.reserve(body.size() + text.size() * static_cast<std::size_t>(times));
+    filled.append(body, 0, place);
+    for (long long i = 0; i < times; ++i) {
+        filled += text;
+    }
+    return filled.append(body, place + word.size());
+}
+
+}  // namespace
+
 std::optional<std::string> ScriptedBody(const Json& script) {
     if (const Json& hex = Member(script, "bodyHex"); hex.is_string()) {
         return FromHex(hex.get_ref<const std::string&>());
     }
     if (const Json& text = Member(script, "body"); text.is_string()) {
-        return text.get<std::string>();
+        return Filled(text.get<std::string>(), Member(script, "filler"));
     }
     if (script.contains("json")) {
         return Dump(script.at("json"));

@@ -168,6 +168,14 @@ ControlOutcome OpenFault(ControlCall& call) {
     return Done({{"address", call.control.GetService().GetFaults().Open({text + *bytes, *end, TlsOf(call.content)})}});
 }
 
+ControlOutcome ListFaults(ControlCall& call) {
+    Json list = Json::array();
+    for (const auto& [address, connections] : call.control.GetService().GetFaults().Ports()) {
+        list.push_back({{"address", address}, {"connections", connections}});
+    }
+    return Done(std::move(list));
+}
+
 ControlOutcome CloseFaults(ControlCall& call) {
     call.control.GetService().GetFaults().Clear();
     return Done();
@@ -215,6 +223,7 @@ constexpr std::array routes = {
     Route{"GET", "/holds", GetHolds},
     Route{"POST", "/release", Release},
     Route{"POST", "/faults", OpenFault},
+    Route{"GET", "/faults", ListFaults},
     Route{"DELETE", "/faults", CloseFaults},
     Route{"GET", "/journal", GetJournal},
     Route{"DELETE", "/journal", DeleteJournal},

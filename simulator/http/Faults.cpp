@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <atomic>
 #include <cstdint>
 #include <stdexcept>
 #include <thread>
@@ -93,6 +94,7 @@ public:
     Port& operator=(Port&&) = delete;
 
     [[nodiscard]] std::string Address() const { return "https://127.0.0.1:" + std::to_string(m_number); }
+    [[nodiscard]] std::size_t Connections() const { return m_connections; }
 
 private:
     void Run() {
@@ -103,6 +105,7 @@ private:
             }
             const int accepted = accept4(m_listener.Number(), nullptr, nullptr, SOCK_CLOEXEC);
             if (accepted >= 0) {
+                ++m_connections;
                 Serve(Descriptor(accepted));
             }
         }
@@ -130,6 +133,7 @@ private:
     Descriptor m_listener;
     Descriptor m_stop;
     std::vector<Descriptor> m_keptOpen;
+    std::atomic<std::size_t> m_connections{0};
     std::thread m_thread;
 };
 
@@ -143,6 +147,16 @@ std::string Faults::Open(Fault fault) {
     const std::lock_guard lock(m_mutex);
     m_ports.push_back(std::move(port));
     return address;
+}
+
+std::vector<Faults::Accepted> Faults::Ports() const {
+    const std::lock_guard lock(m_mutex);
+    std::vector<Accepted> ports;
+    ports.reserve(m_ports.size());
+    for (const auto& port : m_ports) {
+        ports.push_back({port->Address(), port->Connections()});
+    }
+    return ports;
 }
 
 void Faults::Clear() {

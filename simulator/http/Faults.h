@@ -2,6 +2,7 @@
 
 #include "TlsConnection.h"
 
+#include <cstddef>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -33,13 +34,22 @@ public:
     /// Opens a port with this fault and returns its address, "https://127.0.0.1:PORT". Throws std::runtime_error.
     std::string Open(Fault fault);
 
+    /// A port's address, and how many connections it has accepted so far.
+    struct Accepted {
+        std::string address;
+        std::size_t connections;
+    };
+
+    /// All ports that are open, in the order in which they were opened.
+    [[nodiscard]] std::vector<Accepted> Ports() const;
+
     /// Closes all ports and the connections that they keep open.
     void Clear();
 
 private:
     class Port;
 
-    std::mutex m_mutex;
+    mutable std::mutex m_mutex;
     std::vector<std::unique_ptr<Port>> m_ports;
 };
 

@@ -1,4 +1,5 @@
-// Arguments that no sane host would hand in: each call ends with a code, and what is cached stays.
+// Arguments that no sane host would hand in: which keys they have, and what is logged. What is sent of them stands in
+// the fault matrix, tests/faults.
 
 #include <gmock/gmock.h>
 
@@ -11,9 +12,6 @@ namespace vantix::test {
 namespace {
 
 using ::testing::Contains;
-
-/// A serial with a NUL inside.
-std::string WithNul() { return {"AB\0CD", 5}; }
 
 class ArgumentTest : public SurvivalFixture {
 protected:
@@ -76,95 +74,24 @@ TEST_F(ArgumentTest, SerialOf129CharactersIsItsOwnKeyForEveryChannel) {
     ExpectCachesUnchanged();
 }
 
-TEST_F(ArgumentTest, SerialOfAMillionCharactersIsSentWhole) {
+TEST_F(ArgumentTest, SerialOfAMillionCharactersIsLoggedAsAnEmptyText) {
     const std::string serial(1'000'000, 'S');
     const LogCapture log;
     EXPECT_EQ(Fetch(serial, 1), 320002);
-    EXPECT_NE(OnlyBody().find("&deviceSerial=" + serial + "&"), std::string::npos);
-    EXPECT_EQ(Ask(serial, 1).fetched, 320002);
     EXPECT_EQ(Center().IsSupportSeekPlayback(serial), 0);
-    EXPECT_FALSE(log.Contains("SSSS")) << "a text that fits no line is logged as an empty one";
-    ExpectCachesUnchanged();
-    ExpectGoodCall();
+    EXPECT_FALSE(log.Contains("SSSS"));
 }
 
-TEST_F(ArgumentTest, UnusualCharactersOfASerialGoAsTheyAre) {
-    for (const std::string text : {"A\r\nB", "A\nB", "A#B", "A%B", "A%41B", "A+B", "A B", "A=B", "A?B", "A\"B\\",
-                                   "A\xFF\xC3(B", "\xE6\xA8\x99", "%s%n%s%n", "..", "/"}) {
-        SCOPED_TRACE(text);
-        Cloud().ForgetRequests();
-        EXPECT_EQ(Fetch(text, 1), 320002);
-        EXPECT_NE(OnlyBody().find("&deviceSerial=" + text + "&"), std::string::npos);
-        EXPECT_EQ(Ask(text, 1).fetched, 320002);
-    }
-    ExpectCachesUnchanged();
-    ExpectGoodCall();
-}
-
-TEST_F(ArgumentTest, AmpersandInASerialBeginsAnotherParameter) {
-    // Values are not escaped: the server sees two parameters.
-    EXPECT_EQ(Fetch("C10000001&cameraNo=1", 1), 0);
-    EXPECT_NE(OnlyBody().find("&deviceSerial=C10000001&cameraNo=1&"), std::string::npos);
-    ExpectGoodCall();
-}
-
-TEST_F(ArgumentTest, NulInASerialIsRefusedBeforeAnyRequest) {
-    const LogCapture log;
-    EXPECT_EQ(Fetch(WithNul(), 1), -1);
-    EXPECT_EQ(Ask(WithNul(), 1).fetched, -1);
-    EXPECT_EQ(Cloud().RequestCount(), 0U);
-    EXPECT_EQ(log.Count("a parameter has a zero byte, nothing is sent"), 2U);
-    ExpectCachesUnchanged();
-    ExpectGoodCall();
-}
-
-TEST_F(ArgumentTest, UnusualCharactersOfATokenGoAsTheyAre) {
-    for (const std::string text :
-         {"A\r\nX-Injected: 1", "A#B", "A%B", "A+B", "A B", "A=B", "A\xFF\xC3(B", "%s%n%s%n"}) {
-        SCOPED_TRACE(text);
-        Cloud().ForgetRequests();
-        Center().setAccessToken(text);
-        EXPECT_EQ(Fetch(kCamera, 1), 310002);
-        const auto requests = Cloud().Requests();
-        ASSERT_EQ(requests.size(), 1U);
-        EXPECT_EQ(requests[0].body.rfind("accessToken=" + text + "&appKey=", 0), 0U);
-        EXPECT_EQ(requests[0].Header("X-Injected"), "<none>");
-    }
-    Center().setAccessToken(WithNul());
-    Cloud().ForgetRequests();
-    EXPECT_EQ(Fetch(kCamera, 1), -1);
-    EXPECT_EQ(Cloud().RequestCount(), 0U);
-    Center().setAccessToken(Account("accessToken"));
-    ExpectCachesUnchanged();
-    ExpectGoodCall();
-}
-
-TEST_F(ArgumentTest, TokenOfAMegabyteIsSentAndNotLogged) {
-    const std::string token(1'048'576, 't');
-    Center().setAccessToken(token);
-    const LogCapture log;
-    EXPECT_EQ(Fetch(kCamera, 1), 310002);
-    EXPECT_EQ(OnlyBody().rfind("accessToken=" + token + "&", 0), 0U);
-    EXPECT_TRUE(log.Contains("?accessToken=***&"));
-    Center().setAccessToken(Account("accessToken"));
-    ExpectGoodCall();
-}
-
-TEST_F(ArgumentTest, ChannelsAtTheEndsOfTheirRange) {
+TEST_F(ArgumentTest, ChannelsAtTheEndsOfTheirRangeHaveKeysOfTheirOwn) {
     const std::pair<int, const char*> channels[] = {
         {0, "0"}, {-1, "-1"}, {INT_MAX, "2147483647"}, {INT_MIN, "-2147483648"}};
     for (const auto& [channel, text] : channels) {
         SCOPED_TRACE(text);
-        Cloud().ForgetRequests();
-        EXPECT_EQ(Fetch(kCamera, channel), 320032);
-        EXPECT_NE(OnlyBody().find(std::string("&cameraNo=") + text + "&"), std::string::npos);
         const LogCapture log;
         Detail detail;
         EXPECT_EQ(ReadCache(kCamera, channel, detail), -1);
         EXPECT_EQ(log.Count(std::string("m_mapDevDetailInfo not exist key = C10000001_") + text), 1U);
     }
-    ExpectCachesUnchanged();
-    ExpectGoodCall();
 }
 
 TEST_F(ArgumentTest, BrokenTokenListsKeepTheOldOnes) {

@@ -16,4 +16,10 @@ struct ProcessUsage {
 /// little later. False when it still holds more.
 bool FellBackTo(const ProcessUsage& before);
 
+/// The memory that the process holds now, without what the allocator keeps for later, and at most since the last
+/// `ForgetPeak`, in MiB. 0 where that cannot be read, and under a sanitizer, which keeps memory for itself.
+size_t ResidentMiB();
+size_t PeakMiB();
+void ForgetPeak();
+
 }  // namespace vantix::test
