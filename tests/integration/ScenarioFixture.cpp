@@ -18,7 +18,7 @@ std::string CredentialOf(const ReceivedRequest& request) {
     return body.is_object() ? body.value("accessToken", "none") : "none";
 }
 
-std::string Line(const std::string& server, const std::string& path, const std::string& credential) {
+std::string RequestLine(const std::string& server, const std::string& path, const std::string& credential) {
     return std::string(server).append(" ").append(path).append(" as ").append(credential);
 }
 
@@ -39,11 +39,11 @@ void ScenarioFixture::ExpectJournal(const std::vector<JournalEntry>& entries) co
     std::vector<std::string> expected;
     expected.reserve(entries.size());
     for (const JournalEntry& one : entries) {
-        expected.push_back(Line(one.server, one.path, one.credential));
+        expected.push_back(RequestLine(one.server, one.path, one.credential));
     }
     std::vector<std::string> received;
     for (const ReceivedRequest& request : Cloud().Requests()) {
-        received.push_back(Line(request.domain, request.path, CredentialOf(request)));
+        received.push_back(RequestLine(request.domain, request.path, CredentialOf(request)));
     }
     EXPECT_EQ(received, expected);
     Cloud().ForgetRequests();
