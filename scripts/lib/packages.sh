@@ -9,7 +9,8 @@ BUILD_PACKAGES=(
 LINT_PACKAGES=(clang clang-format clang-tidy)
 CLANG_PACKAGES=(clang libclang-rt-14-dev)
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix wine64 patch)
-export BUILD_PACKAGES LINT_PACKAGES CLANG_PACKAGES WINDOWS_PACKAGES
+PLOT_PACKAGES=(python3-matplotlib)
+export BUILD_PACKAGES LINT_PACKAGES CLANG_PACKAGES WINDOWS_PACKAGES PLOT_PACKAGES
 
 # missing_packages NAME...: prints those that are not installed.
 missing_packages() {
