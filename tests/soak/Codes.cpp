@@ -21,12 +21,11 @@ constexpr OwnResults kOwn[] = {
     {36, true, {-1}},        // no request in the small-permission mode
     {37, true, {-1}},        // the same
     {38, true, {-1}},        // nothing was prefetched for this token
-    {53, true, {1}},        {54, true, {1}},          {55, true, {-1}},
-    {56, true, {-1}},       {66, true, {1, 2}},        // the mode
+    {53, true, {1}},        {54, true, {1}},          {55, true, {-1}}, {56, true, {-1}},
     {67, true, {-1}},       {68, true, {-1, 600001}},  // a record of the consumer servers names no release
     {70, true, {1}},        {71, true, {1}},          {72, true, {-1}},  // in the B2C mode alone
-    {93, true, {60, 120}},  {95, false, {3, 6}},      {97, true, {1}},
-    {99, true, {1}},        {103, true, {1}},         {104, true, {1}},
+    {93, true, {60, 120}},  {95, false, {3, 6}},      {97, true, {1}},  {99, true, {1}},
+    {103, true, {1}},       {104, true, {1}},
 };
 
 /// What operations that send requests return for the faults of the table.

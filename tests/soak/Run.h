@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "soak/Account.h"
+#include "soak/Choice.h"
 #include "soak/Rules.h"
 #include "soak/Samples.h"
 #include "support/Handle.h"
@@ -44,7 +45,8 @@ public:
 private:
     void PrepareCore();
     void Caller(int number);
-    void Call(const struct ChosenCall& call, CallerTally& tally);
+    int ResultOf(const ChosenCall& call, Outputs& outputs);
+    void Call(const ChosenCall& call, CallerTally& tally);
     void Publish();
     void Judge();
     size_t JudgeSlice();
