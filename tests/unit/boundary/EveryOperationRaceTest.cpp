@@ -99,8 +99,11 @@ class EveryOperationRaceTest : public testing::Test {
 public:
     EveryOperationRaceTest() : m_handle(NewHandle()) { SetUpHost(); }
     ~EveryOperationRaceTest() override {
-        std::array<char, 4097> token{};
-        m_handle->GetStreamTokenFromQueue(m_handle->getAccessToken(), token.data());
+        // A stream token that was fetched ahead stays in the process until its owner takes it.
+        std::array<char, 4097> stored{};
+        for (const char* owner : {"token", "another-token", "shared", "fresh"}) {
+            m_handle->GetStreamTokenFromQueue(owner, stored.data());
+        }
         m_handle->setPermissionMode(0);
         m_handle->SetDeviceTkTokens("[]");
         m_handle->SetB2CTokens("[]");
