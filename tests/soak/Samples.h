@@ -25,7 +25,7 @@ class Samples {
 public:
     explicit Samples(size_t wantedRequests) : m_wanted(wantedRequests) {}
 
-    /// Whether enough requests went by, or a second, since the last one.
+    /// Whether enough requests went by since the last one.
     bool IsDue(size_t requests) const;
     void Add(size_t requests, size_t renewals, size_t faults);
 
