@@ -148,11 +148,10 @@ size_t Run::JudgeSlice() {
 
 /// A hang is the end of the run, not a time-out of whoever waits for it.
 void Run::EndWhenNothingMoves(size_t received) {
-    static auto lastMove = std::chrono::steady_clock::now();
     const auto now = std::chrono::steady_clock::now();
     if (received != 0) {
-        lastMove = now;
-    } else if (now - lastMove > 2min) {
+        m_lastMove = now;
+    } else if (now - m_lastMove > 2min) {
         std::fputs("soak: no request for two minutes\n", stderr);
         std::_Exit(3);
     }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -75,6 +76,7 @@ private:
     size_t m_ofConsumer = 0;
     size_t m_renewals = 0;
     std::map<std::string, size_t> m_paths;
+    std::chrono::steady_clock::time_point m_lastMove = std::chrono::steady_clock::now();
     double m_seconds = 0;
     std::array<double, 2> m_processorSeconds{};  ///< Of this process and of the cloud.
 
