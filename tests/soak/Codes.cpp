@@ -9,8 +9,8 @@ namespace {
 
 /// Results of an operation besides 0, when every request succeeds.
 struct OwnResults {
-    int slot;
-    bool isZeroToo;
+    int slot = 0;
+    bool isZeroToo = false;
     std::initializer_list<int> results;
 };
 

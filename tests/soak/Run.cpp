@@ -157,17 +157,22 @@ void Run::EndWhenNothingMoves(size_t received) {
     }
 }
 
+size_t Run::FaultsSoFar() const {
+    const Json report = m_cloud.Get("/fault-rate");
+    size_t faults = 0;
+    for (const auto& [name, count] : report.at("injected").items()) {
+        faults += count.get<size_t>();
+    }
+    return faults;
+}
+
 /// Reads what the cloud received, slice by slice, until there is enough of it.
 void Run::Judge() {
     while (m_received < m_options.requests) {
         const size_t received = JudgeSlice();
         EndWhenNothingMoves(received);
         if (m_samples.IsDue(m_received)) {
-            size_t faults = 0;
-            for (const auto& [name, count] : m_cloud.Get("/fault-rate").at("injected").items()) {
-                faults += count.get<size_t>();
-            }
-            m_samples.Add(m_received, m_renewals, faults);
+            m_samples.Add(m_received, m_renewals, FaultsSoFar());
         }
         if (received < kSlice / 10) {
             std::this_thread::sleep_for(20ms);

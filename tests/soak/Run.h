@@ -51,6 +51,7 @@ private:
     void Publish();
     void Judge();
     size_t JudgeSlice();
+    size_t FaultsSoFar() const;
     void EndWhenNothingMoves(size_t received);
     void ApplyFinalRules();
     void CheckStreamTokens();
