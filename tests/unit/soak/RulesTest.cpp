@@ -33,9 +33,9 @@ Account SampleOfAccount() {
 }
 
 struct RequestRow {
-    const char* name;
+    const char* name = "";
     ReceivedRequest request;
-    const char* wrong;  ///< What the finding begins with; "" when the request is good.
+    const char* wrong = "";  ///< What the finding begins with; "" when the request is good.
 };
 
 const std::vector<std::pair<std::string, std::string>> kSession = {{"sessionId", "se.soak.1"}};
@@ -131,7 +131,7 @@ std::string WrongIn(const char* operation, const Outputs& outputs) {
 }
 
 struct TornRow {
-    const char* operation;
+    const char* operation = "";
     std::function<void(Outputs&)> tear;
 };
 
