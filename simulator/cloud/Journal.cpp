@@ -3,6 +3,7 @@
 #include "../Bytes.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace vantix::simulator {
 namespace {
@@ -34,6 +35,14 @@ void Journal::Add(Domain domain, const Request& request) {
 std::vector<ReceivedRequest> Journal::Entries() const {
     const std::lock_guard lock(m_mutex);
     return {m_entries.begin(), m_entries.end()};
+}
+
+std::vector<ReceivedRequest> Journal::Take(std::size_t most) {
+    const std::lock_guard lock(m_mutex);
+    const auto end = m_entries.begin() + static_cast<std::ptrdiff_t>(std::min(most, m_entries.size()));
+    std::vector<ReceivedRequest> taken(std::move_iterator(m_entries.begin()), std::move_iterator(end));
+    m_entries.erase(m_entries.begin(), end);
+    return taken;
 }
 
 void Journal::Clear() {

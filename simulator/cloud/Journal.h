@@ -19,6 +19,9 @@ public:
 
     void Add(Domain domain, const Request& request);
     [[nodiscard]] std::vector<ReceivedRequest> Entries() const;
+
+    /// Removes the oldest entries, at most so many, and returns them: each entry is taken once.
+    std::vector<ReceivedRequest> Take(std::size_t most);
     void Clear();
 
     /// Number of entries dropped since the journal was cleared.

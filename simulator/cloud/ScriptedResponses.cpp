@@ -33,7 +33,15 @@ bool IsHexOrAbsent(const Json& script, std::string_view key) {
     return member.is_null() || (member.is_string() && FromHex(member.get_ref<const std::string&>()));
 }
 
-std::string Problem(const Json& script) {
+/// A path that ends in "*" stands for all that begin as it does.
+bool FitsPath(const std::string& wanted, const std::string& path) {
+    const bool isPrefix = !wanted.empty() && wanted.back() == '*';
+    return isPrefix ? path.starts_with(wanted.substr(0, wanted.size() - 1)) : wanted == path;
+}
+
+}  // namespace
+
+std::string ProblemOfScript(const Json& script) {
     if (!script.is_object()) {
         return "a scripted response is an object";
     }
@@ -57,9 +65,8 @@ std::string Problem(const Json& script) {
     return status < 200 || status > 999 ? "a status is 200 to 999; use raw for others" : "";
 }
 
-bool Fits(const Json& script, Domain domain, const std::string& path, const Parameters& parameters) {
-    const std::string wanted = TextOf(script, "path");
-    if (wanted != path && wanted != "*") {
+bool FitsRequest(const Json& script, Domain domain, const std::string& path, const Parameters& parameters) {
+    if (!FitsPath(TextOf(script, "path"), path)) {
         return false;
     }
     const std::string only = TextOf(script, "domain");
@@ -75,12 +82,10 @@ bool Fits(const Json& script, Domain domain, const std::string& path, const Para
     });
 }
 
-}  // namespace
-
 std::string ScriptedResponses::Add(const Json& script) {
     const Json list = script.is_array() ? script : Json::array({script});
     for (const Json& entry : list) {
-        if (std::string problem = Problem(entry); !problem.empty()) {
+        if (std::string problem = ProblemOfScript(entry); !problem.empty()) {
             return problem;
         }
     }
@@ -94,7 +99,7 @@ std::string ScriptedResponses::Add(const Json& script) {
 std::optional<Json> ScriptedResponses::Take(Domain domain, const std::string& path, const Parameters& parameters) {
     const std::lock_guard lock(m_mutex);
     const auto found = std::find_if(m_scripted.begin(), m_scripted.end(), [&](const ScriptedResponse& scripted) {
-        return Fits(scripted.content, domain, path, parameters);
+        return FitsRequest(scripted.content, domain, path, parameters);
     });
     if (found == m_scripted.end()) {
         return std::nullopt;

@@ -34,6 +34,12 @@ private:
     std::vector<ScriptedResponse> m_scripted;
 };
 
+/// What is wrong with a scripted response; empty when nothing is.
+std::string ProblemOfScript(const Json& script);
+
+/// Whether a scripted response is one for this request.
+bool FitsRequest(const Json& script, Domain domain, const std::string& path, const Parameters& parameters);
+
 /// The extra headers of a scripted response, from its object or its array of [name, value].
 HeaderList ScriptedHeaders(const Json& script);
 

@@ -91,7 +91,10 @@ void Service::CreateCloud(std::string bDomain, std::string cDomain) {
 Response Service::Handle(Domain domain, const Request& request) {
     m_journal.Add(domain, request);
     const Parameters parameters(request);
-    const auto script = m_scripted.Take(domain, request.path, parameters);
+    auto script = m_scripted.Take(domain, request.path, parameters);
+    if (!script) {
+        script = m_faultRate.Draw(domain, request.path, parameters);
+    }
     if (!script) {
         return HandleRequest(*m_cloud, request, parameters);
     }
@@ -104,6 +107,7 @@ Response Service::Handle(Domain domain, const Request& request) {
 
 void Service::Reset() {
     m_scripted.Clear();
+    m_faultRate.Clear();
     m_faults.Clear();
     m_delays.ReleaseAll();
     m_cloud->Reset();

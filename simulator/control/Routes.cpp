@@ -181,12 +181,32 @@ ControlOutcome CloseFaults(ControlCall& call) {
     return Done();
 }
 
-ControlOutcome GetJournal(ControlCall& call) {
+ControlOutcome SetFaultRate(ControlCall& call) {
+    const std::string problem = call.control.GetService().GetFaultRate().Set(call.content);
+    return problem.empty() ? Done() : Problem(400, problem);
+}
+
+ControlOutcome GetFaultRate(ControlCall& call) { return Done(call.control.GetService().GetFaultRate().Report()); }
+
+ControlOutcome DeleteFaultRate(ControlCall& call) {
+    call.control.GetService().GetFaultRate().Clear();
+    return Done();
+}
+
+ControlOutcome Listed(const std::vector<ReceivedRequest>& entries) {
     Json list = Json::array();
-    for (const ReceivedRequest& entry : call.control.GetService().GetJournal().Entries()) {
+    for (const ReceivedRequest& entry : entries) {
         list.push_back(ToJson(entry));
     }
     return Done(std::move(list));
+}
+
+ControlOutcome GetJournal(ControlCall& call) { return Listed(call.control.GetService().GetJournal().Entries()); }
+
+ControlOutcome TakeJournal(ControlCall& call) {
+    const long long most = NumberOf(call.content, "most", static_cast<long long>(Journal::capacity));
+    return most < 1 ? Problem(400, "most is a number from 1 on")
+                    : Listed(call.control.GetService().GetJournal().Take(static_cast<std::size_t>(most)));
 }
 
 ControlOutcome DeleteJournal(ControlCall& call) {
@@ -225,7 +245,11 @@ constexpr std::array routes = {
     Route{"POST", "/faults", OpenFault},
     Route{"GET", "/faults", ListFaults},
     Route{"DELETE", "/faults", CloseFaults},
+    Route{"GET", "/fault-rate", GetFaultRate},
+    Route{"PUT", "/fault-rate", SetFaultRate},
+    Route{"DELETE", "/fault-rate", DeleteFaultRate},
     Route{"GET", "/journal", GetJournal},
+    Route{"POST", "/journal/take", TakeJournal},
     Route{"DELETE", "/journal", DeleteJournal},
     Route{"GET", "/uploads", GetUploads},
 };

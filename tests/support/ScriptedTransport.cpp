@@ -4,6 +4,7 @@
 
 #include <curl/curl.h>
 
+#include <atomic>
 #include <cstdarg>
 #include <deque>
 #include <map>
@@ -23,9 +24,12 @@ struct Pending {
     void* writeData = nullptr;
 };
 
+/// A handle is made, set and used by one thread, so nothing here puts threads in an order that the library would not.
+thread_local std::map<CURL*, Pending> t_pending;
+std::atomic<bool> g_active{false};
+std::atomic<bool> g_isUnrecorded{false};
+
 std::mutex g_mutex;
-bool g_active = false;
-std::map<CURL*, Pending> g_pending;
 std::deque<ScriptedTransport::Maker> g_script;
 ScriptedTransport::Maker g_always;
 std::vector<SentRequest> g_sent;
@@ -58,6 +62,9 @@ void NoteFunction(Pending& pending, CURLoption option, curl_write_callback funct
 
 /// The next response's maker, and the request noted as sent.
 ScriptedTransport::Maker TakeMaker(const SentRequest& request) {
+    if (g_isUnrecorded) {
+        return g_always;
+    }
     const std::lock_guard<std::mutex> guard(g_mutex);
     g_sent.push_back(request);
     if (g_script.empty()) {
@@ -92,21 +99,18 @@ CURLcode Play(Pending& pending) {
 /// Copies what was set on a handle so far; false when transfers are not scripted.
 bool TakePending(CURL* handle, Pending& pending) {
     const FailingNew::Suspended suspended;
-    const std::lock_guard<std::mutex> guard(g_mutex);
-    pending = g_pending[handle];
+    pending = t_pending[handle];
     return g_active;
 }
 
 void NotePointer(CURL* handle, CURLoption option, void* value) {
     const FailingNew::Suspended suspended;
-    const std::lock_guard<std::mutex> guard(g_mutex);
-    NotePointer(g_pending[handle], option, value);
+    NotePointer(t_pending[handle], option, value);
 }
 
 void NoteFunction(CURL* handle, CURLoption option, curl_write_callback function) {
     const FailingNew::Suspended suspended;
-    const std::lock_guard<std::mutex> guard(g_mutex);
-    NoteFunction(g_pending[handle], option, function);
+    NoteFunction(t_pending[handle], option, function);
 }
 
 /// The parameters, as pairs of key and value.
@@ -145,6 +149,7 @@ std::vector<std::string> SentRequest::Keys() const {
 ScriptedTransport::ScriptedTransport() {
     const std::lock_guard<std::mutex> guard(g_mutex);
     g_active = true;
+    g_isUnrecorded = false;
     g_script.clear();
     g_always = nullptr;
     g_sent.clear();
@@ -178,6 +183,11 @@ void ScriptedTransport::DropScript() {
 void ScriptedTransport::Always(const Maker& maker) {
     const std::lock_guard<std::mutex> guard(g_mutex);
     g_always = maker;
+}
+
+void ScriptedTransport::AlwaysUnrecorded(const Maker& maker) {
+    Always(maker);
+    g_isUnrecorded = true;
 }
 
 std::vector<SentRequest> ScriptedTransport::Sent() const {
@@ -224,10 +234,7 @@ CURLcode __wrap_curl_easy_perform(CURL* handle) {
 }
 
 void __wrap_curl_easy_cleanup(CURL* handle) {
-    {
-        const std::lock_guard<std::mutex> guard(vantix::test::g_mutex);
-        vantix::test::g_pending.erase(handle);
-    }
+    vantix::test::t_pending.erase(handle);
     __real_curl_easy_cleanup(handle);
 }
 }

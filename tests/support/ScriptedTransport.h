@@ -47,6 +47,9 @@ public:
     void DropScript();
     /// Responds to all requests beyond the script.
     void Always(const Maker& maker);
+    /// Responds to all requests from now on, without a script, a record or a lock: what threads do stays unordered, so
+    /// that a race detector sees it. Call it before they start.
+    void AlwaysUnrecorded(const Maker& maker);
 
     /// What was sent so far, in order.
     std::vector<SentRequest> Sent() const;

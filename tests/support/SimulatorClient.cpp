@@ -60,6 +60,14 @@ ReceivedRequest FromJournal(const Json& entry) {
     return request;
 }
 
+std::vector<ReceivedRequest> AllFromJournal(const Json& journal) {
+    std::vector<ReceivedRequest> requests;
+    for (const Json& entry : journal) {
+        requests.push_back(FromJournal(entry));
+    }
+    return requests;
+}
+
 /// A curl handle that is freed.
 class Handle {
 public:
@@ -195,13 +203,10 @@ bool SimulatorClient::WaitUntilHeld(const std::string& hold, int count) const {
     return false;
 }
 
-std::vector<ReceivedRequest> SimulatorClient::Requests() const {
-    std::vector<ReceivedRequest> requests;
-    const Json journal = Get("/journal");
-    for (const Json& entry : journal) {
-        requests.push_back(FromJournal(entry));
-    }
-    return requests;
+std::vector<ReceivedRequest> SimulatorClient::Requests() const { return AllFromJournal(Get("/journal")); }
+
+std::vector<ReceivedRequest> SimulatorClient::TakeRequests(size_t most) const {
+    return AllFromJournal(Post("/journal/take", {{"most", most}}));
 }
 
 std::vector<ReceivedRequest> SimulatorClient::Requests(const std::string& path) const {

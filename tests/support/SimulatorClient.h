@@ -61,6 +61,8 @@ public:
 
     std::vector<ReceivedRequest> Requests() const;
     std::vector<ReceivedRequest> Requests(const std::string& path) const;
+    /// Takes the oldest entries out of the journal, at most so many.
+    std::vector<ReceivedRequest> TakeRequests(size_t most) const;
     size_t RequestCount() const { return Requests().size(); }
     void ForgetRequests() const { Delete("/journal"); }
 
