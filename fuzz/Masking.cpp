@@ -40,8 +40,7 @@ void MaskMembers(const std::string& text) {
     Require(after.ParseObjectStrictly(masked));
     for (const char* name : {"secret", "userId"}) {
         std::string value;
-        Require(!before.Root().Member(name).Read(value) ||
-                (after.Root().Member(name).Read(value) && value == "***"));
+        Require(!before.Root().Member(name).Read(value) || (after.Root().Member(name).Read(value) && value == "***"));
     }
 }
 

@@ -1,4 +1,5 @@
-// The JSON texts with which a host sets tokens, and the look-ups in them. A text that is not JSON leaves the old tokens.
+// The JSON texts with which a host sets tokens, and the look-ups in them. A text that is not JSON leaves the old
+// tokens.
 
 #include "core/tokens/B2CTokens.h"
 #include "core/tokens/TkTokens.h"

@@ -24,7 +24,7 @@ public:
     bool AreCredentialsUnknown() const { return m_unknown.count("credentials") != 0; }
 
 private:
-    std::set<std::string> m_sent;            ///< "kind/serial/stamp".
+    std::set<std::string> m_sent;                  ///< "kind/serial/stamp".
     std::set<std::string, std::less<>> m_unknown;  ///< Kinds of which anything may have been sent.
     std::multiset<std::string> m_tokens;
     std::multiset<std::string> m_tokenResponses;

@@ -14,8 +14,8 @@ namespace vantix::fuzz {
 /// Prints a step of a run when VANTIX_FUZZ_TRACE is in the environment, to understand a finding.
 void Trace(const std::string& text);
 
-/// One core from its first setting to its end: the input says what the host does and what the servers respond, and after
-/// each step the rules of docs/ must hold.
+/// One core from its first setting to its end: the input says what the host does and what the servers respond, and
+/// after each step the rules of docs/ must hold.
 class CoreRun {
 public:
     explicit CoreRun(const std::string& text);

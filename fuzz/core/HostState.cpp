@@ -54,8 +54,7 @@ bool HostState::IsConsumer(const OperationRule& rule, const test::Arguments& arg
         case Consumer::Never: break;
         case Consumer::SharedChannel: return IsSharedChannel(arguments.serial, ch);
         case Consumer::SharedToken: return IsSharedToken(arguments.token, accessToken);
-        case Consumer::SharedTokenOfChannel:
-            return IsSharedToken(TokenOfChannel(arguments.serial, ch), accessToken);
+        case Consumer::SharedTokenOfChannel: return IsSharedToken(TokenOfChannel(arguments.serial, ch), accessToken);
         case Consumer::Always: return true;
     }
     return false;

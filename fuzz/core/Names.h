@@ -1,8 +1,8 @@
 #pragma once
 
 /// @file
-/// What the host of the whole-core fuzzer sets: addresses, credentials, devices. Each kind of credential has a prefix of
-/// its own, so that one can be recognised wherever it turns up.
+/// What the host of the whole-core fuzzer sets: addresses, credentials, devices. Each kind of credential has a prefix
+/// of its own, so that one can be recognised wherever it turns up.
 
 #include <array>
 #include <span>
@@ -21,7 +21,7 @@ inline constexpr std::array<const char*, 2> kSharedAccessTokens{"", "sh-1"};
 inline constexpr std::array<const char*, 2> kGlobalTkTokens{"", "gt-1"};
 
 /// The token argument of operations that take one.
-inline constexpr std::array<const char*, 8> kGivenTokens{"",         "at-1",     "at-2",     "sh-1",
+inline constexpr std::array<const char*, 8> kGivenTokens{"",        "at-1",    "at-2",    "sh-1",
                                                          "b2-S1-1", "b2-S1-2", "b2-S2-1", "at-unknown"};
 
 inline constexpr std::array<const char*, 4> kSerials{"S1", "S2", "", "S3"};

@@ -21,9 +21,8 @@ bool HasSessionHeader(const SentRequest& request) {
 bool Holds(const SentRequest& request, std::string_view prefix) {
     const auto has = [&](const std::string& text) { return text.find(prefix) != std::string::npos; };
     return has(request.url) || has(request.body) ||
-           std::any_of(request.headers.begin(), request.headers.end(), [&](const std::string& line) {
-               return StartsWith(line, kSessionHeader) && has(line);
-           });
+           std::any_of(request.headers.begin(), request.headers.end(),
+                       [&](const std::string& line) { return StartsWith(line, kSessionHeader) && has(line); });
 }
 
 bool HoldsAnyOf(const SentRequest& request, std::initializer_list<std::string_view> prefixes) {
@@ -54,7 +53,8 @@ TransferResult CoreRun::Respond(const SentRequest& request) {
     m_book.Note(request, stamp, response);
     m_failed += response.verdict == Verdict::Failed ? 1 : 0;
     m_mayStoreDetail =
-        m_mayStoreDetail || (IsDetailPath(path) && (response.verdict == Verdict::Good || response.verdict == Verdict::Unknown));
+        m_mayStoreDetail ||
+        (IsDetailPath(path) && (response.verdict == Verdict::Good || response.verdict == Verdict::Unknown));
     return std::move(response.result);
 }
 
@@ -95,8 +95,7 @@ void CoreRun::RequireCredential(const SentRequest& request) {
         Require(!sent.empty() && sent == m_arguments.token);
     } else if (m_state.mode == 1 && (isTk || m_rule->sends == Sends::ChannelToken)) {
         const Sends kind = isTk ? m_rule->sends : Sends::Tk3;
-        Require(!sent.empty() &&
-                sent == m_state.TkToken(kind, m_arguments.serial, ChannelOf(*m_rule, m_arguments)));
+        Require(!sent.empty() && sent == m_state.TkToken(kind, m_arguments.serial, ChannelOf(*m_rule, m_arguments)));
     } else if (m_state.mode == 2 && m_rule->sends == Sends::ChannelToken) {
         Require(!sent.empty() && sent == m_state.TokenOfChannel(m_arguments.serial, m_arguments.ch));
     } else {

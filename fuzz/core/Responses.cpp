@@ -27,16 +27,14 @@ constexpr Shape kShapes[] = {
     {"/oauth/token/refreshToken",
      R"({"result":{"code":"200","data":{"access_token":"at-$N","openId":"o","refresh_token":"r","expires_in":60,)"
      R"("scope":"s"}}})"},
-    {"/v3/apigateway/login",
-     R"({"meta":{"code":200},"sessionInfo":{"sessionId":"se-$N","refreshSessionId":"rs-$N"}})"},
+    {"/v3/apigateway/login", R"({"meta":{"code":200},"sessionInfo":{"sessionId":"se-$N","refreshSessionId":"rs-$N"}})"},
     {"/v3/userdevices/v1/devices/pagelist",
      R"({"meta":{"code":200},"cameraInfos":[{"channelNo":1,"deviceSerial":"$S"},{"channelNo":2,"deviceSerial":"$S"}],)"
      R"("deviceInfos":[{"deviceSerial":"$S","kmsInfos":{"secretKey":"ip-$N","version":1}}],)"
      R"("connectionInfos":{"$S":{"netIp":"ip-$N"}},"p2pInfos":[{"ip":"a","port":1}]})"},
     {"/v3/configurations/system/info", R"({"meta":{"code":200},"systemConfigInfo":{"vtmAddr":"ip-$N"}})"},
     {"/v3/users/info", R"({"meta":{"code":200},"userInfo":{"userId":"ip-$N"}})"},
-    {"/v3/p2pbusiness/configurations/p2p",
-     R"({"meta":{"code":200},"secret":"s","data":{"version":1,"saltIndex":1}})"},
+    {"/v3/p2pbusiness/configurations/p2p", R"({"meta":{"code":200},"secret":"s","data":{"version":1,"saltIndex":1}})"},
     {"/v3/streaming/records", R"({"meta":{"code":200},"records":[{"startTime":"a","type":1}]})"},
     {"/v3/hc/userdevice/b2c/shared/resources/devices/pagelist",
      R"({"meta":{"code":200},"data":{"resourceInfos":[{"deviceSerial":"S1"}]}})"},
@@ -54,9 +52,8 @@ void ReplaceAll(std::string& text, std::string_view what, const std::string& wit
 
 std::string GoodBody(const SentRequest& request, const std::string& stamp) {
     const std::string path = PathOf(request.url);
-    const auto* shape = std::find_if(std::begin(kShapes), std::end(kShapes), [&](const Shape& row) {
-        return row.path.empty() || row.path == path;
-    });
+    const auto* shape = std::find_if(std::begin(kShapes), std::end(kShapes),
+                                     [&](const Shape& row) { return row.path.empty() || row.path == path; });
     std::string body = shape->body;
     ReplaceAll(body, "$S", ParameterOf(request, "deviceSerial"));
     ReplaceAll(body, "$N", stamp);
