@@ -22,9 +22,10 @@ void MaskJson(const std::string& text) {
     const std::string secret = Plain(std::string_view(text).substr(0, text.size() / 2));
     const std::string rest = text.substr(text.size() / 2);
     for (const char* key : {"appKey", "accessToken", "sessionId"}) {
-        const std::string before = std::string("{\"").append(key).append("\":\"");
-        const std::string masked = MaskedJson(before + secret + "\"," + rest);
-        Require(masked == MaskedJson(before + "another\"," + rest));
+        const auto masked = [&](const std::string& value) {
+            return MaskedJson(std::string("{\"").append(key).append("\":\"").append(value).append("\",").append(rest));
+        };
+        Require(masked(secret) == masked("another"));
     }
 }
 

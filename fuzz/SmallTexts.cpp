@@ -41,7 +41,7 @@ void MakeKey(const std::string& text) {
     const std::string serial(text, text.size() < sizeof(ch) ? text.size() : sizeof(ch));
     const std::string key = getDevDetailInfoMapKey(serial, ch);
     const bool isUsual = !serial.empty() && serial.size() <= 128;
-    const std::string visible = serial.c_str();  // up to a zero byte
+    const std::string visible = serial.substr(0, serial.find('\0'));
     Require(key == (isUsual ? visible + "_" + std::to_string(ch) : serial));
 }
 

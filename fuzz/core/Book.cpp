@@ -59,13 +59,13 @@ void Book::Note(const SentRequest& request, const std::string& stamp, const Made
 }
 
 bool Book::HasSent(std::string_view kind, const std::string& serial, const std::string& stamp) const {
-    return m_unknown.count(kind) != 0 || m_sent.count(Entry(kind, serial, stamp)) != 0;
+    return m_unknown.contains(kind) || m_sent.contains(Entry(kind, serial, stamp));
 }
 
-bool Book::TakeToken(const std::string& token) { return m_unknown.count("tokens") != 0 || Take(m_tokens, token); }
+bool Book::TakeToken(const std::string& token) { return m_unknown.contains("tokens") || Take(m_tokens, token); }
 
 bool Book::TakeTokenResponse(const std::string& body) {
-    return m_unknown.count("tokens") != 0 || Take(m_tokenResponses, body);
+    return m_unknown.contains("tokens") || Take(m_tokenResponses, body);
 }
 
 }  // namespace vantix::fuzz

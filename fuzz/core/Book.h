@@ -21,7 +21,7 @@ public:
     /// The same for a whole response with stream tokens.
     bool TakeTokenResponse(const std::string& body);
     /// Whether a server may have sent credentials of its own making.
-    bool AreCredentialsUnknown() const { return m_unknown.count("credentials") != 0; }
+    bool AreCredentialsUnknown() const { return m_unknown.contains("credentials"); }
 
 private:
     std::set<std::string> m_sent;                  ///< "kind/serial/stamp".

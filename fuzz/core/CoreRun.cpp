@@ -118,7 +118,7 @@ void CoreRun::SetNumbers(uint8_t choice, uint8_t value) {
             m_core.setPermissionMode(m_state.mode);
             break;
         case 9: m_core.setCacheTime(value); break;
-        case 10: g_wallSeconds += value * 60; break;
+        case 10: g_wallSeconds += int64_t{value} * 60; break;
         case 11: m_core.setCloseBelongSerial(value % 2); break;
         case 12: m_core.setDataUtf8(value % 2); break;
         case 13: m_core.setCloseP2P(value % 2); break;

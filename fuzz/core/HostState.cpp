@@ -1,29 +1,22 @@
 #include "core/HostState.h"
 
+#include <algorithm>
+
 namespace vantix::fuzz {
 
 bool HostState::IsSharedChannel(const std::string& serial, int ch) const {
-    for (const B2CEntry& entry : b2c->entries) {
-        if (mode == 2 && entry.isShared && entry.serial == serial && entry.ch == ch) {
-            return true;
-        }
-    }
-    return false;
+    return mode == 2 && std::any_of(b2c->entries.begin(), b2c->entries.end(), [&](const B2CEntry& entry) {
+               return entry.isShared && entry.serial == serial && entry.ch == ch;
+           });
 }
 
 bool HostState::IsSharedToken(const std::string& token, const std::string& accessToken) const {
     if (mode != 2 || token == accessToken || token.empty()) {
         return false;
     }
-    if (token == sharedAccessToken) {
-        return true;
-    }
-    for (const B2CEntry& entry : b2c->entries) {
-        if (entry.isShared && entry.token == token) {
-            return true;
-        }
-    }
-    return false;
+    return token == sharedAccessToken ||
+           std::any_of(b2c->entries.begin(), b2c->entries.end(),
+                       [&](const B2CEntry& entry) { return entry.isShared && entry.token == token; });
 }
 
 std::string HostState::TokenOfChannel(const std::string& serial, int ch) const {

@@ -81,11 +81,13 @@ CURLcode __wrap_curl_easy_setopt(CURL* handle, unsigned number, ...) {  // an en
     const auto option = static_cast<CURLoption>(number);
     va_list values;
     va_start(values, number);
+    // NOLINTBEGIN(clang-analyzer-valist.Uninitialized): it is
     if (option == CURLOPT_WRITEFUNCTION) {
         fake.write = va_arg(values, curl_write_callback);
     } else if (number >= CURLOPTTYPE_OBJECTPOINT && number < CURLOPTTYPE_FUNCTIONPOINT) {
         vantix::fuzz::Set(fake, option, va_arg(values, void*));
     }
+    // NOLINTEND(clang-analyzer-valist.Uninitialized)
     va_end(values);
     return CURLE_OK;
 }
