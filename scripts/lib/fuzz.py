@@ -14,6 +14,7 @@ import re
 import shutil
 import subprocess
 import sys
+import threading
 import time
 
 import quality
@@ -122,8 +123,16 @@ def read_log(path):
     return {"executions": executions, "edges": edges, "still": executions - reached}
 
 
+TALLY_LOCK = threading.Lock()
+
+
 def add_to_tally(path, name, result, commit):
     """Sums a fuzzer's runs up, over all builds since the folder was made."""
+    with TALLY_LOCK:
+        add_to_tally_locked(path, name, result, commit)
+
+
+def add_to_tally_locked(path, name, result, commit):
     tally = json.loads(path.read_text()) if path.exists() else {}
     row = tally.setdefault(name, {"executions": 0, "seconds": 0.0, "findings": 0, "edges": 0, "still": 0,
                                   "first commit": commit})
@@ -204,16 +213,15 @@ def main():
     tally_path, commit = arguments.cache / "tally.json", quality.first_line("git", "rev-parse", "--short", "HEAD")
 
     def work(target):
-        if arguments.smoke:
+        if arguments.smoke:  # the same executions in every run: they do not add up
             return target.fuzz([f"-runs={target.smoke}", "-seed=1"], fresh=True)
         limit = f"-runs={arguments.runs}" if arguments.runs else f"-max_total_time={arguments.seconds}"
-        return target.fuzz([limit], fresh=False)
+        result = target.fuzz([limit], fresh=False)
+        add_to_tally(tally_path, target.name, result, commit)
+        return result
 
     start = time.monotonic()
     results = run_all(targets, arguments.jobs, work)
-    if not arguments.smoke:  # it repeats the same executions
-        for name, result in results.items():
-            add_to_tally(tally_path, name, result, commit)
     tally = json.loads(tally_path.read_text()) if tally_path.exists() else {}
     return report(sys.argv[4:], results, tally, time.monotonic() - start)
 
