@@ -35,6 +35,7 @@ void Query(const std::string& text) {
     SetServer(nullptr);
     if (result == 0) {
         Require(response == kResponse && TextMember(sent, "accessToken") == "at-1");
+        Require(core.getCloudFileInfoBySerialEX("C1", 1, text + "x", response) == -1);  // nothing stands behind it
     } else {
         Require(result == -1 && sent.empty() && response == kUnchanged);
     }

@@ -67,6 +67,11 @@ std::string RefusingBody(Input& input) {
     return R"({"resultCode":")" + code + R"(","result":{"code":")" + code + R"("},"meta":{"code":)" + code + "}}";
 }
 
+/// No connection, or one that breaks behind a whole body, which nobody may read then.
+MadeResponse Failed(bool isBroken, const std::string& body) {
+    return {isBroken ? TransferResult{18, body} : TransferResult{7, {}}, Verdict::Failed};
+}
+
 MadeResponse Changed(Input& input, std::string body) {
     const size_t at = input.Byte() * body.size() / 256;
     body[at] = static_cast<char>(input.Byte());
@@ -109,7 +114,7 @@ MadeResponse MakeResponse(Input& input, const SentRequest& request, const std::s
         case 0:
         case 1: return {{0, GoodBody(request, stamp)}, Verdict::Good};
         case 2: return {{0, RefusingBody(input)}, Verdict::Refused};
-        case 3: return {{7, {}}, Verdict::Failed};
+        case 3: return Failed(choice % 16 >= 8, GoodBody(request, stamp));
         case 4: return {{0, kNothing[choice / 8 % std::size(kNothing)]}, Verdict::Refused};
         case 5: return CutOff(input, GoodBody(request, stamp));
         case 6: return Changed(input, GoodBody(request, stamp));

@@ -21,7 +21,7 @@ import quality
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 FUZZ = ROOT / "fuzz"
-MOST_KEPT = 48 * 1024  # bytes of inputs that fuzz/corpus keeps of a fuzzer
+MOST_KEPT = 64 * 1024  # bytes of inputs that fuzz/corpus keeps of a fuzzer
 
 
 class Target:
