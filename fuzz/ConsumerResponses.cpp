@@ -1,39 +1,23 @@
-// All parsers of the consumer servers' responses.
+// The parsers of the consumer servers' responses, but for those of page lists.
 
-#include <vector>
-
-#include "Fuzzer.h"
-#include "cserver/DeviceDetail.h"
-#include "cserver/Lists.h"
 #include "cserver/P2P.h"
 #include "cserver/Recordings.h"
 #include "cserver/Server.h"
 #include "cserver/Tokens.h"
+#include "support/Records.h"
 
 namespace vantix::fuzz {
 namespace {
 
-constexpr char kSerial[] = "S60000006";
-
-template <class Record>
-void Read(int (*parse)(TextView body, Record& record), const std::string& body) {
-    Record record{};
-    parse(body, record);
-}
+constexpr Reader kRows[] = {
+    {"servers", ReadRecord<ParseServerInfoFromCServer, ServerInfo, &ServerInfo::vtmAddr>},
+    {"P2P user", ReadRecord<ParseP2PUserInfoFromCServer, P2PUserInfo, &P2PUserInfo::userId>},
+    {"session", ReadRecord<ParseRefreshSessionnFromCServer, SessionInfo, &SessionInfo::sessionId>},
+    {"recordings", ReadText<ParseDeviceRecordFileFromCServer>},
+};
 
 }  // namespace
 
-void FuzzOne(const std::string& text) {
-    std::vector<ConsumerChannel> channels;
-    ParseDevDetailInfoFromCServer(text, kSerial, channels);
-    P2PDevInfo devInfo;
-    ParseP2PDevInfoFromCServer(text, kSerial, devInfo);
-    Read<ServerInfo>(ParseServerInfoFromCServer, text);
-    Read<P2PUserInfo>(ParseP2PUserInfoFromCServer, text);
-    Read<P2PDevInfo>(ParseP2PQXDevCapFromCServer, text);
-    Read<SessionInfo>(ParseRefreshSessionnFromCServer, text);
-    Read<std::string>(ParseDeviceRecordFileFromCServer, text);
-    Read<std::string>(ParseB2CDeviceListFromPlatform, text);
-}
+constinit const std::span<const Reader> kReaders{kRows};
 
 }  // namespace vantix::fuzz

@@ -1,0 +1,68 @@
+// Parameters and headers as they are sent and logged. An input is lines: key, value, key, value ...
+
+#include <algorithm>
+
+#include "support/Inputs.h"
+#include "support/Records.h"
+#include "support/Transfers.h"
+#include "transport/CurlTransfer.h"
+#include "transport/ParamMap.h"
+
+namespace vantix::fuzz {
+namespace {
+
+ParamMap MapOf(Input input) {
+    ParamMap map;
+    while (!input.IsAtEnd()) {
+        const std::string key(input.Line());
+        map.Add(key.c_str(), std::string(input.Line()));
+    }
+    return map;
+}
+
+/// A secret leaves no trace in the masked text, and nothing else changes there.
+void Serialise(const std::string& text) {
+    const ParamMap map = MapOf(Input(text));
+    const std::string sent = map.Serialize();
+    Require(map.HasZeroByte() || sent.find('\0') == std::string::npos);
+    size_t length = map.All().empty() ? 0 : map.All().size() - 1;
+    ParamMap others;
+    for (const auto& [key, value] : map.All()) {
+        const bool isSecret = key == "appKey" || key == "accessToken" || key == "sessionId";
+        others.Add(key.c_str(), isSecret ? std::string("***") : value);
+        length += key.size() + 1 + value.size();
+    }
+    // An entry whose key is empty and that comes first has no "&" behind it only when it is empty altogether.
+    Require(sent.size() == length || map.All().begin()->first.empty());
+    Require(map.SerializeMasked() == others.Serialize());
+}
+
+/// Each header is one line, whatever is in its key and value.
+void SendHeaders(const std::string& text) {
+    const ParamMap map = MapOf(Input(text));
+    size_t sent = 0;
+    SetServer([&](const SentRequest& request) {
+        sent = request.headers.size();
+        for (const std::string& line : request.headers) {
+            Require(line.find_first_of("\r\n") == std::string::npos);
+        }
+        return TransferResult();
+    });
+    CurlTransfer transfer(false);
+    transfer.SetCommonOptions("https://platform.example/", true);
+    transfer.AddHeaders(map);
+    transfer.ApplyHeaders();
+    Require(transfer.Perform() == 0 && sent == map.All().size());
+    SetServer(nullptr);
+}
+
+constexpr Reader kRows[] = {
+    {"parameters", Serialise},
+    {"headers", SendHeaders},
+};
+
+}  // namespace
+
+constinit const std::span<const Reader> kReaders{kRows};
+
+}  // namespace vantix::fuzz
