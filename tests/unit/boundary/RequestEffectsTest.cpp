@@ -77,11 +77,11 @@ constexpr char kDetail[] = R"({"result":{"code":"200","data":{
     "device":{"deviceSerial":"C10000001","releaseVersion":"VERSION_17","deviceIP":"10.0.0.2"}}}})";
 
 struct Effect {
-    const char* operation;
-    const char* response;
-    const char* path;
-    std::string (*seen)(const Outputs& outputs);
-    const char* expected;
+    const char* operation = nullptr;
+    const char* response = nullptr;
+    const char* path = nullptr;
+    std::string (*seen)(const Outputs& outputs) = nullptr;
+    const char* expected = nullptr;
     int result = 0;  ///< The future's, where there is one.
     bool started = false;
     int returned = 0;  ///< Where there is a future.

@@ -36,7 +36,7 @@ protected:
 
 /// What a slot's route depends on.
 struct RouteEffect {
-    const char* operation;
+    const char* operation = nullptr;
     bool serial = false;
     bool channel = false;
     bool token = false;
@@ -73,9 +73,9 @@ TEST_F(RouteEffects, WhatIsSharedGoesToTheCDomainAndEverythingElseDoesNot) {
 
 TEST_F(RouteEffects, P2PDeviceIsAskedForAtTheDomainOfItsChannelUnlessTheTokenIsShared) {
     const struct {
-        const char* operation;
+        const char* operation = nullptr;
         Arguments arguments;
-        const char* domain;
+        const char* domain = nullptr;
     } rows[] = {
         {"getP2PDevInfoByChannel", {.serial = "SHARED", .ch = 1, .token = "access-token"}, "C"},
         {"getP2PDevInfoByChannel", {.serial = "SHARED", .ch = 2, .token = "access-token"}, "B"},
