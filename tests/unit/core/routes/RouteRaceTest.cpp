@@ -13,6 +13,10 @@ namespace {
 
 constexpr int kThreads = 16;
 constexpr size_t kRequests = 10'000;
+/// On a busy machine the host's thread may have to wait for its turn: the race goes on until so many requests went to
+/// either family, but not for ever.
+constexpr size_t kOfEachFamily = 100;
+constexpr size_t kTooMany = 20 * kRequests;
 
 constexpr char kShared[] = R"([{"token":"b2c-shared","deviceSerial":"S","channelNo":"1","isShared":1}])";
 constexpr char kOwn[] = R"([{"token":"b2c-own","deviceSerial":"S","channelNo":"1","isShared":0}])";
@@ -25,12 +29,23 @@ protected:
         core.setLogLevel(6);
         core.SetDeviceTkTokens(R"([{"deviceTkToken":"tk-device","deviceVideoTkToken":"tk-video",
                                     "deviceSerial":"S","channelNo":"1"}])");
-        transport.Always([this](const SentRequest& /*request*/) {
+        transport.Always([this](const SentRequest& request) {
             m_requests.fetch_add(1);
+            m_consumerRequests.fetch_add(IsOfConsumer(request) ? 1 : 0);
             return ScriptedResponse{0, R"({"resultCode":"200","meta":{"code":200}})"};
         });
     }
 
+    static bool IsOfConsumer(const SentRequest& request) {
+        return request.url.find(".example/v3/") != std::string::npos;
+    }
+    bool IsOver() const {
+        const size_t requests = m_requests;
+        const size_t consumer = m_consumerRequests;
+        const bool isEnough =
+            requests >= kRequests && consumer >= kOfEachFamily && requests - consumer >= kOfEachFamily;
+        return isEnough || requests >= kTooMany;
+    }
     static bool StartsWith(const std::string& text, const std::string& start) { return text.rfind(start, 0) == 0; }
 
     /// What is wrong with a request, or nothing.
@@ -41,7 +56,7 @@ protected:
         for (const std::string& header : request.headers) {
             hasSession = hasSession || StartsWith(header, "sessionId");
         }
-        if (request.url.find(".example/v3/") != std::string::npos) {
+        if (IsOfConsumer(request)) {
             if (!isToConsumer || token != "<none>") {
                 return "a consumer request outside the C domain or with an access token";
             }
@@ -87,6 +102,7 @@ protected:
     }
 
     std::atomic<size_t> m_requests{0};
+    std::atomic<size_t> m_consumerRequests{0};
 };
 
 TEST_F(RouteRace, NoCredentialReachesAnotherFamilyOrAddress) {
@@ -100,7 +116,7 @@ TEST_F(RouteRace, NoCredentialReachesAnotherFamilyOrAddress) {
     threads.reserve(kThreads);
     for (int i = 0; i < kThreads; ++i) {
         threads.emplace_back([&] {
-            while (m_requests < kRequests) {
+            while (!IsOver()) {
                 FetchEverything();
             }
         });
@@ -111,13 +127,11 @@ TEST_F(RouteRace, NoCredentialReachesAnotherFamilyOrAddress) {
     isDone = true;
     host.join();
     EXPECT_GE(m_requests.load(), kRequests);
-    size_t consumer = 0;
     for (const SentRequest& request : transport.Sent()) {
         EXPECT_EQ(WrongIn(request), "") << request.url;
-        consumer += request.url.find("example/v3/") != std::string::npos ? 1U : 0U;
     }
-    EXPECT_GT(consumer, 0U) << "both families were asked";
-    EXPECT_LT(consumer, m_requests.load());
+    EXPECT_GE(m_consumerRequests.load(), kOfEachFamily);
+    EXPECT_GE(m_requests - m_consumerRequests, kOfEachFamily);
 }
 
 }  // namespace
