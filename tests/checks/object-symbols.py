@@ -35,7 +35,7 @@ class Rules:
 
 def source_of(path):
     """The source's path below src/, without ending."""
-    return re.sub(r"\.cpp\.(o|obj)$", "", re.sub(r".*\.dir/", "", path))
+    return re.sub(r"\.cpp\.(o|obj)$", "", re.sub(r".*\.dir/(\./)?", "", path))
 
 
 def plain(name):

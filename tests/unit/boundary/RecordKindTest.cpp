@@ -73,15 +73,16 @@ Result ResultOfFunction(Result (Class::*)(Arguments...));
 template <class Result, class Class, class... Arguments>
 Result ResultOfFunction(Result (Class::*)(Arguments...) const);
 
-#define RETURNS_CODE(function) std::is_same_v<int32_t, decltype(ResultOfFunction(&function))>
+template <auto kFunction>
+constexpr bool kReturnsCode = std::is_same_v<int32_t, decltype(ResultOfFunction(kFunction))>;
 
-static_assert(std::is_same_v<std::underlying_type_t<ReturnCode>, int32_t> && std::is_same_v<int, int32_t>);
-static_assert(RETURNS_CODE(CRequest::SyncRequestHeader) && RETURNS_CODE(CRequest::SyncRequestUpload));
-static_assert(RETURNS_CODE(PreparedRequest::Fetch) && RETURNS_CODE(LogRefusal));
-static_assert(RETURNS_CODE(GetConfigInfoFromPlatform) && RETURNS_CODE(ParseConfigInfoFromPlatform));
-static_assert(RETURNS_CODE(CheckResponseInfoFromPlatform) && RETURNS_CODE(GetDevDetailInfoFromCServerBySerial));
-static_assert(RETURNS_CODE(CVantixDataCenter::getDevDetailInfoSync) && RETURNS_CODE(DetailCaches::getDeviceRecord));
-static_assert(RETURNS_CODE(IVantixDataCenter::getDevDetailInfo) && RETURNS_CODE(IVantixDataCenter::getBWCheckInfo));
+static_assert(std::is_same_v<std::underlying_type_t<ReturnCode>, int32_t>);
+static_assert(kReturnsCode<&CRequest::SyncRequestHeader> && kReturnsCode<&CRequest::SyncRequestUpload>);
+static_assert(kReturnsCode<&PreparedRequest::Fetch> && kReturnsCode<&LogRefusal>);
+static_assert(kReturnsCode<&GetConfigInfoFromPlatform> && kReturnsCode<&ParseConfigInfoFromPlatform>);
+static_assert(kReturnsCode<&CheckResponseInfoFromPlatform> && kReturnsCode<&GetDevDetailInfoFromCServerBySerial>);
+static_assert(kReturnsCode<&CVantixDataCenter::getDevDetailInfoSync> && kReturnsCode<&DetailCaches::getDeviceRecord>);
+static_assert(kReturnsCode<&IVantixDataCenter::getDevDetailInfo> && kReturnsCode<&IVantixDataCenter::getBWCheckInfo>);
 
 TEST(RecordKind, RecordsAreAggregatesOfTheirFields) {
     const VtmAddr address{"relay", 8554};

@@ -11,8 +11,6 @@
 namespace vantix::test {
 namespace {
 
-using std::chrono_literals::operator""s;
-
 constexpr int kAtOnce = 8;
 
 /// Where requests wait until so many are under way.
@@ -24,7 +22,7 @@ public:
         if (++m_here == kAtOnce) {
             m_all.notify_all();
         }
-        m_isInVain = m_isInVain || !m_all.wait_for(lock, 20s, [&] { return m_here >= kAtOnce; });
+        m_isInVain = m_isInVain || !m_all.wait_for(lock, std::chrono::seconds(20), [&] { return m_here >= kAtOnce; });
         return !m_isInVain;
     }
 

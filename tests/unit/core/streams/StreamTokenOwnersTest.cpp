@@ -8,8 +8,6 @@
 namespace vantix::test {
 namespace {
 
-using std::chrono_literals::operator""s;
-
 class StreamTokenOwners : public FetchTest {
 protected:
     std::string Take(const std::string& accessToken = "access-token") {
@@ -42,7 +40,8 @@ TEST_F(StreamTokenOwners, TwoCallersFetchAtOnceAndTheLaterBatchIsQueued) {
     std::promise<void> release;
     transport.Make([&](const SentRequest&) {
         started.set_value();
-        EXPECT_EQ(release.get_future().wait_for(20s), std::future_status::ready) << "the second caller waits";
+        EXPECT_EQ(release.get_future().wait_for(std::chrono::seconds(20)), std::future_status::ready)
+            << "the second caller waits";
         return ScriptedResponse{0, Batch("slow")};
     });
     transport.Respond(Batch("fast"));
