@@ -16,7 +16,7 @@ namespace vantix::simulator {
 namespace {
 
 constexpr std::size_t largestBody = 256UL * 1024 * 1024;
-/// Bytes for the request line and headers: a serial of a million characters in a query must fit.
+/// Bytes for the request line and headers.
 constexpr std::size_t connectionMemory = 4UL * 1024 * 1024;
 constexpr unsigned idleSeconds = 120;
 constexpr unsigned backlog = 1024;

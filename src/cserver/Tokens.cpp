@@ -37,7 +37,7 @@ int CheckAndLog(const CallSite& site, TextView body) {
 
 int GetStreamTokensFromCServer(const ConsumerRoute& route, std::string& response) {
     return RequestCall<requests::kStreamTokens>(VANTIX_HERE, route, "sessionId"_key = route.SessionId())
-        .Fetch(response);
+        .FetchText(response);
 }
 
 int RefreshSessionFromCServer(const ConsumerRoute& route, SessionInfo& session) {

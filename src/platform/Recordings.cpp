@@ -92,7 +92,7 @@ int GetRecordByAlarmIdFromPlatform(const PlatformRoute& route, const std::string
                                    const std::string& alarmId, std::string& json) {
     return RequestCall<requests::kRecordByAlarm>(VANTIX_HERE, route, "deviceSerial"_key = deviceSerial,
                                                  "channelNo"_key = channelNo, "alarmId"_key = alarmId)
-        .Fetch(json);
+        .FetchText(json);
 }
 
 int GetClouduploadUrlPlatform(const PlatformRoute& route, const UploadQuery& query, RecordFileList& list) {

@@ -123,7 +123,7 @@ int PreparedRequest::Fetch(ResponseBody& body) {
     return VANTIX_NOERROR;
 }
 
-int PreparedRequest::Fetch(std::string& text) {
+int PreparedRequest::FetchText(std::string& text) {
     ResponseBody body;
     const int fetched = Fetch(body);
     if (fetched == VANTIX_NOERROR) {

@@ -45,7 +45,7 @@ public:
     /// Sends the request alone: 0, 100000 + the transport's code, or -1 as above. `body` is an empty one.
     int Fetch(ResponseBody& body);
     /// The same with the body copied out.
-    int Fetch(std::string& text);
+    int FetchText(std::string& text);
 
 protected:
     PreparedRequest(const CallSite& site, const RequestRow& row, const PlatformRoute& route);

@@ -56,7 +56,7 @@ TEST_P(PlatformParser, IsWholeOrThrowsWhicheverAllocationFails) {
     ExpectWholeOrThrown(Row().after, [&](Json& record) { return Row().parse(body, record); });
 }
 
-using DetailParser = int (*)(const std::string& body, DevChannelInfo& channel, DevDetailInfo& device,
+using DetailParser = int (*)(TextView body, DevChannelInfo& channel, DevDetailInfo& device,
                              std::optional<BelongDevInfo>& parent);
 
 /// The records and the parent's serial, as JSON.

@@ -21,13 +21,13 @@ protected:
     /// What a caller's filled record is after this member.
     std::string ParentAfter(const Json& belongDevice) {
         Json response = WholeDetail();
-        Device(response)["belongDevice"] = belongDevice;
+        test::Device(response)["belongDevice"] = belongDevice;
         DevChannelInfo channel;
         DevDetailInfo device;
         std::optional<BelongDevInfo> parent(std::in_place);
         parent->deviceSerial = "filled before";
         EXPECT_EQ(ParseDevDetailInfoFromPlatform(response.dump(), channel, device, parent), 0);
-        EXPECT_EQ(device.deviceSerial, Device(response).at("deviceSerial")) << "the device is read all the same";
+        EXPECT_EQ(device.deviceSerial, test::Device(response).at("deviceSerial")) << "the device is read all the same";
         return parent ? parent->deviceSerial : "none";
     }
 

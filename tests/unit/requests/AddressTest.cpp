@@ -57,11 +57,11 @@ TEST_F(AddressTest, AndTheResponseIsHandedOnWithItsEnds) {
     for (const std::string sent : {"{}\n", "{}\r\n", "\n", " {} ", "\n\n{}\n\n", "\xEF\xBB\xBF{}"}) {
         m_spy.Respond(CURLE_OK, {sent});
         std::string body;
-        EXPECT_EQ(RequestCall<kAnyRequest>(site, route).Fetch(body), 0);
+        EXPECT_EQ(RequestCall<kAnyRequest>(site, route).FetchText(body), 0);
         EXPECT_EQ(body, sent);
         std::string read;
-        const auto keep = [&](const std::string& response) {
-            read = response;
+        const auto keep = [&](TextView response) {
+            read = std::string(response);
             return 0;
         };
         EXPECT_EQ(RequestCall<kAnyRequest>(site, route).Run(keep), 0);

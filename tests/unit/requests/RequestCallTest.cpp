@@ -77,7 +77,7 @@ protected:
         SCOPED_TRACE(tag);
         m_log.Clear();
         std::string body;
-        EXPECT_EQ(request.Fetch(body), 0);
+        EXPECT_EQ(request.FetchText(body), 0);
         EXPECT_EQ(body, "the body");
         EXPECT_EQ(m_log.Lines().front().Tag(), tag);
         EXPECT_EQ(m_spy.Method(), method);
@@ -253,7 +253,7 @@ TEST_F(Requests, ATransferFailureIsWordedByTheKind) {
 TEST_F(Requests, AFetchThatFailsLeavesTheBody) {
     m_spy.Respond(CURLE_COULDNT_CONNECT, {"part"});
     std::string body = "as before";
-    EXPECT_EQ(RequestCall<kWorded>(m_site, kRoute).Fetch(body), 100007);
+    EXPECT_EQ(RequestCall<kWorded>(m_site, kRoute).FetchText(body), 100007);
     EXPECT_EQ(body, "as before");
 }
 
