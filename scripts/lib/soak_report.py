@@ -129,7 +129,7 @@ def main():
     if not arguments.no_plots:
         draw_all(arguments.folder, result)
     build = "" if arguments.preset == "release" else f" --preset {arguments.preset}"
-    command = f"scripts/soak {result['requests']} --faults {result['faultPercent']:g} --seed {result['seed']}{build}"
+    command = f"scripts/soak {result['wanted']} --faults {result['faultPercent']:g} --seed {result['seed']}{build}"
     name = "soak" if arguments.preset == "release" else f"soak-{arguments.preset}"
     found = found_by(result, arguments.status)
     quality.record(name, "Soak: all operations over HTTPS from many threads, with faults", command, result["seconds"],

@@ -75,7 +75,8 @@ Json Run::Result() const {
     for (const auto& [name, results] : all.byOperation) {
         operations[name] = named(results);
     }
-    return {{"requests", m_received.load()},
+    return {{"wanted", m_options.requests},
+            {"requests", m_received.load()},
             {"platform", m_ofPlatform},
             {"consumer", m_ofConsumer},
             {"renewals", m_renewals},
