@@ -61,7 +61,8 @@ class Target:
 
     def command(self, *arguments):
         # The entropic schedule costs more time than most readers do.
-        return [self.program, f"-max_len={self.longest}", "-timeout=10", "-rss_limit_mb=2048", "-entropic=0", *arguments]
+        limits = [f"-max_len={self.longest}", "-timeout=10", "-rss_limit_mb=2048"]
+        return [self.program, *limits, "-entropic=0", *arguments]
 
     def fuzz(self, limits, fresh):
         """One run; `fresh` leaves the cached corpus out and alone. Returns what the log says, and the seconds of
@@ -151,11 +152,17 @@ def table(results, tally):
     for name, result in results.items():
         total = tally.get(name, {})
         a_second = result["executions"] / max(result["seconds"], 0.001)
-        rows.append((name, f"{result['executions']:,} executions, {a_second:,.0f} a second of processor time, {result['edges']:,} edges, "
-                           f"{result['corpus']:,} inputs kept, {result['findings']} findings; in all runs "
-                           f"{total.get('executions', 0):,} executions, the last {total.get('still', 0):,} of them "
-                           f"without a new edge"))
+        rows.append((name, f"{result['executions']:,} executions, {a_second:,.0f} a second of processor time, "
+                           f"{result['edges']:,} edges, {result['corpus']:,} inputs kept, "
+                           f"{result['findings']} findings; in all runs {total.get('executions', 0):,} executions, "
+                           f"the last {total.get('still', 0):,} of them without a new edge"))
     return rows
+
+
+def commits_of(tally):
+    """Of which commits the programs were that the tally counts."""
+    commits = sorted({row[key] for row in tally.values() for key in ("first commit", "last commit")})
+    return f"by programs of the commits {', '.join(commits)}" if commits else "none counted yet"
 
 
 def run_all(targets, jobs, work):
@@ -173,7 +180,7 @@ def report(arguments, results, tally, seconds):
     """Prints the table and keeps it; returns the exit code."""
     rows = table(results, tally)
     total = sum(row["executions"] for row in tally.values())
-    rows.append(("all fuzzers, all runs", f"{total:,} executions"))
+    rows.append(("all fuzzers, all runs", f"{total:,} executions, {commits_of(tally)}"))
     for label, figures in rows:
         print(f"{label:22} {figures}")
     found = [name for name, result in results.items() if result["findings"]]
