@@ -7,8 +7,8 @@ namespace vantix::test {
 namespace {
 
 struct Question {
-    const char* operation;
-    const char* serial;
+    const char* operation = "";
+    const char* serial = "";
     int ch = 1;
     bool usesToken = false;
 };

@@ -178,7 +178,7 @@ TEST_P(HostileRequestTest, LastOfEqualKeysCounts) {
         }
         const std::string value = response.at(Json::json_pointer(place)).dump();
         const std::string key = ",\"" + place.substr(place.rfind('/') + 1) + "\":";
-        ExpectGood(WithValue(response, place, "null" + key + value));
+        ExpectGood(WithValue(response, place, std::string("null").append(key).append(value)));
     }
 }
 
