@@ -13,9 +13,10 @@ namespace {
 std::string WithoutBlanksAround(std::string_view text) {
     constexpr std::string_view kBlanks = " \t\r\n";
     const size_t first = text.find_first_not_of(kBlanks);
-    return first == std::string_view::npos
-               ? std::string()
-               : std::string(text.substr(first, text.find_last_not_of(kBlanks) + 1 - first));
+    if (first == std::string_view::npos) {
+        return {};
+    }
+    return {text.data() + first, text.data() + text.find_last_not_of(kBlanks) + 1};
 }
 
 }  // namespace

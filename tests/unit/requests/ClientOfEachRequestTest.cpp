@@ -63,12 +63,12 @@ protected:
     }
     std::string PlatformBody() {
         std::string body;
-        RequestCall<kWithClientSet>(m_site, PlatformRouteTo("https://cloud.test", "t", "a")).Fetch(body);
+        RequestCall<kWithClientSet>(m_site, PlatformRouteTo("https://cloud.test", "t", "a")).FetchText(body);
         return m_spy.Body();
     }
     std::vector<std::string> ConsumerHeaders() {
         std::string body;
-        RequestCall<kWithHeaderSet>(m_site, ConsumerRouteTo("https://cloud.test", "s")).Fetch(body);
+        RequestCall<kWithHeaderSet>(m_site, ConsumerRouteTo("https://cloud.test", "s")).FetchText(body);
         return m_spy.Headers();
     }
 

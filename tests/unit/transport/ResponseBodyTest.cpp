@@ -7,6 +7,8 @@
 #include <limits>
 #include <string>
 
+#include "unit/transport/CurlSpy.h"
+
 namespace vantix {
 namespace {
 
@@ -87,6 +89,18 @@ TEST(ResponseBody, RefusesWhatItsLengthCannotCount) {
         EXPECT_EQ(TextOf(body), "before");
     }
     EXPECT_FALSE(body.Assign({text, 0xFFFF'FFFFU}));
+    EXPECT_EQ(TextOf(body), "before");
+}
+
+TEST(ResponseBody, KeepsWhatItHasWhenMemoryDoesNotSuffice) {
+    test::CurlSpy memory;
+    ResponseBody body;
+    memory.FailBlock(1'024);
+    EXPECT_FALSE(body.Append("text"));
+    EXPECT_EQ(TextOf(body), "");
+    ASSERT_TRUE(body.Append("before"));
+    memory.FailBlock(5'001);
+    EXPECT_FALSE(body.Assign(std::string(5'000, 'x')));
     EXPECT_EQ(TextOf(body), "before");
 }
 
