@@ -35,9 +35,8 @@ void P2PDevices::Store(const P2PDevInfo& devInfo) {
     m_mapP2PDevInfo.Put(decltype(m_mapP2PDevInfo)::EntryFor(devInfo.deviceSerial, devInfo));
 }
 
-int P2PDevices::updateP2PDevInfo(const CallSite& site, const RouteRow& row, const Subject& subject, P2PDevInfo& devInfo,
-                                 bool retried, Decision* first) {
-    P2PDevInfo fresh;
+int P2PDevices::fetchP2PDevInfo(const CallSite& site, const RouteRow& row, const Subject& subject, P2PDevInfo& fresh,
+                                int32_t& costOfFailure, bool retried, Decision* first) {
     ServerFamily family = ServerFamily::Platform;
     bool isSent = false;
     const int result = m_renewal.Run(site, {}, retried, subject, [&](const Attempt& attempt) {
@@ -51,16 +50,23 @@ int P2PDevices::updateP2PDevInfo(const CallSite& site, const RouteRow& row, cons
         isSent = !outcome.isCredentialMissing;
         return outcome;
     });
-    if (result != VANTIX_NOERROR) {
-        if (isSent && family == ServerFamily::Platform) {
-            devInfo.iRequestCost = fresh.iRequestCost;
-        }
-        return result;
+    if (result == VANTIX_NOERROR) {
+        fresh.deviceSerial = subject.serial;
+    } else if (isSent && family == ServerFamily::Platform) {
+        costOfFailure = fresh.iRequestCost;
     }
-    fresh.deviceSerial = subject.serial;
-    Store(fresh);
-    devInfo = std::move(fresh);
-    return VANTIX_NOERROR;
+    return result;
+}
+
+int P2PDevices::updateP2PDevInfo(const CallSite& site, const RouteRow& row, const Subject& subject, P2PDevInfo& devInfo,
+                                 bool retried, Decision* first) {
+    P2PDevInfo fresh;
+    const int result = fetchP2PDevInfo(site, row, subject, fresh, devInfo.iRequestCost, retried, first);
+    if (result == VANTIX_NOERROR) {
+        Store(fresh);
+        devInfo = std::move(fresh);
+    }
+    return result;
 }
 
 bool P2PDevices::Serve(const std::string& serial, P2PDevInfo& devInfo, int& result) const {
@@ -97,13 +103,19 @@ int P2PDevices::getP2PDevInfo(const std::string& serial, int ch, const std::stri
 
 int P2PDevices::getP2PDevInfoCached(const std::string& serial, std::vector<P2PServerAddr>& servers, P2PDevInfo& devInfo,
                                     bool forceFetch) {
-    int result = forceFetch ? static_cast<int>(VANTIX_ERROR) : getP2PDevInfoFromLocal(serial, devInfo);
-    if (result != VANTIX_NOERROR) {
-        result = updateP2PDevInfo(VANTIX_CORE_HERE("getP2PDevInfoCached"), kByDevice,
-                                  Subject::OfChannel(serial, kFirstChannel), devInfo, false);
-    }
-    if (result == VANTIX_NOERROR) {
+    if (!forceFetch && getP2PDevInfoFromLocal(serial, devInfo) == VANTIX_NOERROR) {
         servers = devInfo.serverInfos;
+        return VANTIX_NOERROR;
+    }
+    P2PDevInfo fresh;
+    const int result =
+        fetchP2PDevInfo(VANTIX_CORE_HERE("getP2PDevInfoCached"), kByDevice, Subject::OfChannel(serial, kFirstChannel),
+                        fresh, devInfo.iRequestCost, false, nullptr);
+    if (result == VANTIX_NOERROR) {
+        auto list = fresh.serverInfos;  // all that can fail comes before anything is stored
+        Store(fresh);
+        devInfo = std::move(fresh);
+        servers = std::move(list);
     }
     return result;
 }

@@ -34,6 +34,9 @@ public:
 private:
     /// Serves a cached record that is not marked for an update; `result` is always that of the read.
     bool Serve(const std::string& serial, P2PDevInfo& devInfo, int& result) const;
+    /// Fetches a record. A failure of the platform's request leaves its milliseconds in `costOfFailure`.
+    int fetchP2PDevInfo(const CallSite& site, const RouteRow& row, const Subject& subject, P2PDevInfo& fresh,
+                        int32_t& costOfFailure, bool retried, Decision* first);
     /// Fetches a record and stores it. The first attempt uses the decision `first`, if there is one.
     int updateP2PDevInfo(const CallSite& site, const RouteRow& row, const Subject& subject, P2PDevInfo& devInfo,
                          bool retried, Decision* first = nullptr);
