@@ -50,6 +50,8 @@ int TVL_ThreadTls_Create(unsigned* slot) {
     return 0;
 }
 
+void TVL_ThreadTls_Destroy(unsigned slot) { pthread_key_delete(slot); }
+
 int TVL_ThreadTls_SetValue(unsigned slot, void* value) { return pthread_setspecific(slot, value) == 0 ? 0 : -1; }
 
 void* TVL_ThreadTls_GetValue(unsigned slot) { return pthread_getspecific(slot); }

@@ -61,6 +61,8 @@ int TVL_ThreadTls_Create(unsigned* slot) {
     return 0;
 }
 
+void TVL_ThreadTls_Destroy(unsigned slot) { TlsFree(slot); }
+
 int TVL_ThreadTls_SetValue(unsigned slot, void* value) { return TlsSetValue(slot, value) != 0 ? 0 : -1; }
 
 void* TVL_ThreadTls_GetValue(unsigned slot) { return TlsGetValue(slot); }

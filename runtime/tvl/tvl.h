@@ -41,6 +41,8 @@ int TVL_MutexUnlock(void* mutex);
 
 /// Makes a slot that holds one pointer for each thread, null at first. Returns 0, or -1 when there is none left.
 int TVL_ThreadTls_Create(unsigned* slot);
+/// Gives a slot back that no thread uses any more.
+void TVL_ThreadTls_Destroy(unsigned slot);
 /// Stores the calling thread's value. Returns 0, or -1 for a slot that does not exist.
 int TVL_ThreadTls_SetValue(unsigned slot, void* value);
 /// The calling thread's value.

@@ -47,13 +47,14 @@ test_preset() {
     local preset=$1
     shift
     ctest --test-dir "$ROOT/build/$preset" --output-on-failure --no-tests=error --parallel "$JOBS" \
-        --output-junit tests.xml "$@"
+        --output-junit tests.xml --test-output-truncation head "$@"
 }
 
 # test_whole_preset PRESET TITLE COMMAND [CTEST_ARGUMENTS...]: the same; what all tests have found is kept.
 test_whole_preset() {
     local preset=$1 title=$2 command=$3 status=0
     shift 3
+    rm -f "$ROOT/build/$preset/tests.xml"
     test_preset "$preset" "$@" || status=$?
     if [ $# -eq 0 ]; then
         python3 "$ROOT/scripts/lib/test-result.py" "$preset" "tests-$preset" "$title" "$command"

@@ -4,6 +4,7 @@
     test-result.py PRESET NAME TITLE COMMAND      after a run that wrote build/PRESET/tests.xml
 """
 
+import re
 import sys
 import xml.etree.ElementTree
 
@@ -12,10 +13,10 @@ import quality
 
 def main(preset, name, title, command):
     suite = xml.etree.ElementTree.parse(quality.ROOT / "build" / preset / "tests.xml").getroot()
-    # A program that runs as one test prints how many cases it has.
-    cases = sum(int(line.split()[1]) for output in suite.iter("system-out") for line in (output.text or "").splitlines()
-                if line.startswith("[==========] ") and line.rstrip().endswith("total)"))
-    failures = int(suite.get("failures", 0))
+    # A program that runs as one test says at its start how many cases it has.
+    cases = sum(int(count) for output in suite.iter("system-out")
+                for count in re.findall(r"^\[==========\] Running (\d+) tests? from", output.text or "", re.MULTILINE))
+    failures = sum(case.get("status") not in ("run", "disabled") for case in suite.iter("testcase"))
     rows = [("tests of CTest", f"{int(suite.get('tests')):,}"), ("cases of GoogleTest", f"{cases:,}"),
             ("skipped", int(suite.get("skipped", 0)) + int(suite.get("disabled", 0)))]
     quality.record(name, title, command, float(suite.get("time")), rows,

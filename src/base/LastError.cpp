@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "base/RunningTask.h"
 #include "tvl/tvl.h"
 
 namespace vantix {
@@ -10,13 +11,22 @@ namespace {
 /// The slot is made on first use: nothing happens while the library is being loaded. The system may have no slot left.
 struct Slot {
     Slot() : exists(TVL_ThreadTls_Create(&number) == 0) {}
+    /// The library leaves the process, which has few slots; a task that still runs keeps it.
+    ~Slot() {
+        if (exists && !RunningTask::IsThereOne()) {
+            exists = false;
+            TVL_ThreadTls_Destroy(number);
+        }
+    }
+    Slot(const Slot&) = delete;
+    Slot& operator=(const Slot&) = delete;
 
     unsigned number = 0;
     bool exists;
 };
 
 const Slot& LastErrorSlot() {
-    static const Slot slot;
+    static Slot slot;
     return slot;
 }
 

@@ -19,12 +19,7 @@ constexpr size_t kLongest = std::numeric_limits<uint32_t>::max() - 1U;
 
 ResponseBody::~ResponseBody() { std::free(m_data); }
 
-/// Makes room for `size` bytes and the zero behind them. Large blocks grow without a copy where the system can do that.
-bool ResponseBody::Reserve(size_t size) {
-    if (size < m_capacity) {
-        return true;
-    }
-    const size_t capacity = std::max({kFirstCapacity, size + 1, 2 * m_capacity});
+bool ResponseBody::Grow(size_t capacity) {
     auto* grown = static_cast<char*>(std::realloc(m_data, capacity));
     if (grown == nullptr) {
         return false;
@@ -32,6 +27,14 @@ bool ResponseBody::Reserve(size_t size) {
     m_data = grown;
     m_capacity = capacity;
     return true;
+}
+
+/// Makes room for `size` bytes and the zero behind them. Large blocks grow without a copy where the system can do that.
+bool ResponseBody::Reserve(size_t size) {
+    if (size < m_capacity) {
+        return true;
+    }
+    return Grow(std::max({kFirstCapacity, size + 1, 2 * m_capacity})) || Grow(size + 1);
 }
 
 bool ResponseBody::Append(std::string_view piece) {

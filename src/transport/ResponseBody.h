@@ -9,7 +9,7 @@
 namespace vantix {
 
 /// One `malloc` block with a terminating zero: a body as it grows, as it is handed out, and as its receiver holds it.
-/// There is never a second copy of it.
+/// No second copy is made of it, but for the moment in which a system grows or converts a block by copying.
 class ResponseBody {
 public:
     ResponseBody() = default;
@@ -32,6 +32,7 @@ public:
     TextView Text() const { return m_data == nullptr ? TextView() : TextView(m_data, m_length); }
 
 private:
+    bool Grow(size_t capacity);
     bool Reserve(size_t size);
 
     char* m_data = nullptr;

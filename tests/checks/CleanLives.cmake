@@ -6,7 +6,7 @@ if(TARGET vantix-simulator)
 else()
     set(_cloud "")  # comes from the environment
 endif()
-set(_lives exit:50 unload:50 busy-exit:50 busy-unload:50 reload:1 cold-threads:10)
+set(_lives exit:50 unload:50 busy-exit:50 busy-unload:50 destroyed-exit:50 cold-exit:50 reload:1 cold-threads:10)
 if(NOT VANTIX_SANITIZE STREQUAL "thread")
     list(APPEND _lives left-exit:50)  # to ThreadSanitizer the threads that it leaves on purpose are a finding
 endif()

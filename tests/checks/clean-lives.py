@@ -3,7 +3,7 @@
     clean-lives.py RUNS SCENARIO LIBRARY PROBE...
 
 PROBE is the host, with its launcher in front where it has one. VANTIX_SIMULATOR_PROGRAM names the loopback cloud that
-it asks, VANTIX_LIFE_RUNS another number of runs. A run counts when it ends within its time, with status 0 and nothing on standard error but log lines.
+it asks. A run counts when it ends within its time, with status 0 and nothing on standard error but log lines.
 """
 import json
 import os
@@ -36,7 +36,6 @@ def main(runs, scenario, library, *probe):
     with urllib.request.urlopen(addresses["control"] + "/account") as response:
         token = json.load(response)["accessToken"]
     command = [*probe, library, scenario, addresses["bDomain"], token, "C10000001"]
-    runs = os.environ.get("VANTIX_LIFE_RUNS", runs)
     clean = sum(is_clean(command) for _ in range(int(runs)))
     cloud.stdin.close()
     cloud.wait(timeout=SECONDS)

@@ -1,4 +1,5 @@
 #include <array>
+#include <chrono>
 #include <cstdlib>
 
 #include "Scenarios.h"
@@ -25,11 +26,13 @@ bool Begin(const Library& library, const Setting& setting) {
     return FetchNow(*g_center, setting) == 0 && FetchLater(*g_center, setting) == 0;
 }
 
-void Start(Fetches& fetches, const Setting& setting) {
+/// Whether the last of them is still under way when it returns.
+bool Start(Fetches& fetches, const Setting& setting) {
     for (Fetch& fetch : fetches) {
         g_center->ClearAllCache();
         g_center->getDevDetailInfo(setting.serial, 1, fetch.channel, fetch.device, fetch.future);
     }
+    return fetches.back().future.wait_for(std::chrono::seconds(0)) == std::future_status::timeout;
 }
 
 bool DestroyAndUnload(Library& library) {
@@ -48,23 +51,32 @@ int Unload(const Setting& setting) {
 }
 
 int BusyExit(const Setting& setting) {
-    const bool isFetched = Begin(Library(setting.libraryPath), setting);
-    Start(g_fetches, setting);
-    return isFetched ? EXIT_SUCCESS : EXIT_FAILURE;
+    return Begin(Library(setting.libraryPath), setting) && Start(g_fetches, setting) ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+int DestroyedExit(const Setting& setting) {
+    const Library library(setting.libraryPath);
+    const bool isBusy = Begin(library, setting) && Start(g_fetches, setting);
+    library.Destroy(g_center);
+    return isBusy ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+int ColdExit(const Setting& setting) {
+    const Library library(setting.libraryPath);
+    g_center = library.Create();
+    Configure(*g_center, setting);
+    return Start(g_fetches, setting) ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 int BusyUnload(const Setting& setting) {
     Library library(setting.libraryPath);
-    const bool isFetched = Begin(library, setting);
-    Start(g_fetches, setting);
-    return DestroyAndUnload(library) && isFetched ? EXIT_SUCCESS : EXIT_FAILURE;
+    const bool isBusy = Begin(library, setting) && Start(g_fetches, setting);
+    return DestroyAndUnload(library) && isBusy && Library::IsLoaded(setting.libraryPath) ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 int LeftExit(const Setting& setting) {
-    const bool isFetched = Begin(Library(setting.libraryPath), setting);
     static auto* left = new Fetches();  // nobody destroys it
-    Start(*left, setting);
-    return isFetched ? EXIT_SUCCESS : EXIT_FAILURE;
+    return Begin(Library(setting.libraryPath), setting) && Start(*left, setting) ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 }  // namespace vantix::life

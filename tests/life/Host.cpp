@@ -17,10 +17,15 @@ void* Find(void* library, const char* name) {
     return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(library), name));
 }
 bool Free(void* library) { return FreeLibrary(static_cast<HMODULE>(library)) != 0; }
+bool IsThere(const char* path) { return GetModuleHandleA(path) != nullptr; }
 #else
 void* Load(const char* path) { return dlopen(path, RTLD_NOW | RTLD_LOCAL); }
 void* Find(void* library, const char* name) { return dlsym(library, name); }
 bool Free(void* library) { return dlclose(library) == 0; }
+bool IsThere(const char* path) {
+    void* library = dlopen(path, RTLD_NOW | RTLD_NOLOAD);
+    return library != nullptr && dlclose(library) == 0;
+}
 #endif
 
 void* Needed(void* found, int status) {
@@ -40,6 +45,8 @@ Library::Library(const char* path)
           Needed(Find(m_library, "DestroyVantixDataCenterInstance"), 4))) {}
 
 bool Library::Unload() { return Free(m_library); }
+
+bool Library::IsLoaded(const char* path) { return IsThere(path); }
 
 void Configure(IVantixDataCenter& center, const Setting& setting) {
     center.setDomain(setting.domain.c_str(), "");

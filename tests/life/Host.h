@@ -20,6 +20,8 @@ public:
     void Destroy(IVantixDataCenter* center) const { m_destroy(center); }
     /// Whether the system says that it is done; the library may stay for its tasks.
     bool Unload();
+    /// Whether the process has it, still or again.
+    static bool IsLoaded(const char* path);
 
 private:
     void* m_library;

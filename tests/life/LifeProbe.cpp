@@ -23,6 +23,8 @@ constexpr Row kScenarios[] = {
     {"unload", Unload},
     {"busy-exit", BusyExit},
     {"busy-unload", BusyUnload},
+    {"destroyed-exit", DestroyedExit},
+    {"cold-exit", ColdExit},
     {"left-exit", LeftExit},
     {"reload", Reload},
     {"cold-threads", ColdThreads},

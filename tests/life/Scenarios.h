@@ -16,12 +16,15 @@ int Unload(const Setting& setting);
 /// As the two above while tasks are under way, whose futures are waited for at the end of the program.
 int BusyExit(const Setting& setting);
 int BusyUnload(const Setting& setting);
+/// As busy-exit with the handle destroyed before; and as the first that the process does.
+int DestroyedExit(const Setting& setting);
+int ColdExit(const Setting& setting);
 /// Returns from main while tasks are under way, and leaves their futures behind.
 int LeftExit(const Setting& setting);
 
 // What it does with the library (Uses.cpp).
 
-/// Loads and unloads the library 1,000 times, with a request each time.
+/// Loads and unloads the library 1,100 times, with a request each time; it leaves each time and gives back what it had.
 int Reload(const Setting& setting);
 /// Never initialises libcurl, and starts 32 threads at once, whose first call is a request.
 int ColdThreads(const Setting& setting);

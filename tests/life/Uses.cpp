@@ -1,3 +1,9 @@
+#if defined(_WIN32)
+#include <windows.h>
+#else
+#include <pthread.h>
+#endif
+
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
@@ -7,9 +13,34 @@
 #include "Scenarios.h"
 
 namespace vantix::life {
+namespace {
+
+/// More than a system has slots for thread-local values.
+constexpr int kReloads = 1'100;
+
+/// Whether the library gave its slots back each time: most of the process's few can still be had.
+bool HasSlotsLeft() {
+#if defined(_WIN32)
+    for (int i = 0; i < 500; ++i) {
+        if (TlsAlloc() == TLS_OUT_OF_INDEXES) {
+            return false;
+        }
+    }
+#else
+    for (int i = 0; i < 500; ++i) {
+        pthread_key_t key = 0;
+        if (pthread_key_create(&key, nullptr) != 0) {
+            return false;
+        }
+    }
+#endif
+    return true;
+}
+
+}  // namespace
 
 int Reload(const Setting& setting) {
-    for (int time = 1; time <= 1'000; ++time) {
+    for (int time = 1; time <= kReloads; ++time) {
         Library library(setting.libraryPath);
         IVantixDataCenter* center = library.Create();
         Configure(*center, setting);
@@ -17,12 +48,12 @@ int Reload(const Setting& setting) {
         center->setAccessToken("");
         const int refused = FetchNow(*center, setting);  // uses the thread's last error
         library.Destroy(center);
-        if (fetched != 0 || refused != -1 || !library.Unload()) {
+        if (fetched != 0 || refused != -1 || !library.Unload() || Library::IsLoaded(setting.libraryPath)) {
             std::printf("time %d: fetched %d, refused %d\n", time, fetched, refused);
             return EXIT_FAILURE;
         }
     }
-    return EXIT_SUCCESS;
+    return HasSlotsLeft() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 int ColdThreads(const Setting& setting) {

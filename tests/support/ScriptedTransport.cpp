@@ -9,6 +9,7 @@
 #include <deque>
 #include <map>
 #include <mutex>
+#include <utility>
 
 #include "support/FailingNew.h"
 
@@ -25,7 +26,8 @@ struct Pending {
 };
 
 /// A handle is made, set and used by one thread, so nothing here puts threads in an order that the library would not.
-thread_local std::map<CURL*, Pending> t_pending;
+/// A pointer, as MinGW frees what a thread has before it destroys it.
+thread_local std::map<CURL*, Pending>* t_pending = nullptr;
 std::atomic<bool> g_active{false};
 std::atomic<bool> g_isUnrecorded{false};
 
@@ -33,6 +35,19 @@ std::mutex g_mutex;
 std::deque<ScriptedTransport::Maker> g_script;
 ScriptedTransport::Maker g_always;
 std::vector<SentRequest> g_sent;
+
+Pending& PendingOf(CURL* handle) {
+    if (t_pending == nullptr) {
+        t_pending = new std::map<CURL*, Pending>;
+    }
+    return (*t_pending)[handle];
+}
+
+void Forget(CURL* handle) {
+    if (t_pending != nullptr && t_pending->erase(handle) == 1 && t_pending->empty()) {
+        delete std::exchange(t_pending, nullptr);
+    }
+}
 
 std::string TextOrNone(const void* text) { return text == nullptr ? "" : static_cast<const char*>(text); }
 
@@ -99,18 +114,18 @@ CURLcode Play(Pending& pending) {
 /// Copies what was set on a handle so far; false when transfers are not scripted.
 bool TakePending(CURL* handle, Pending& pending) {
     const FailingNew::Suspended suspended;
-    pending = t_pending[handle];
+    pending = PendingOf(handle);
     return g_active;
 }
 
 void NotePointer(CURL* handle, CURLoption option, void* value) {
     const FailingNew::Suspended suspended;
-    NotePointer(t_pending[handle], option, value);
+    NotePointer(PendingOf(handle), option, value);
 }
 
 void NoteFunction(CURL* handle, CURLoption option, curl_write_callback function) {
     const FailingNew::Suspended suspended;
-    NoteFunction(t_pending[handle], option, function);
+    NoteFunction(PendingOf(handle), option, function);
 }
 
 /// The parameters, as pairs of key and value.
@@ -234,7 +249,7 @@ CURLcode __wrap_curl_easy_perform(CURL* handle) {
 }
 
 void __wrap_curl_easy_cleanup(CURL* handle) {
-    vantix::test::t_pending.erase(handle);
+    vantix::test::Forget(handle);
     __real_curl_easy_cleanup(handle);
 }
 }

@@ -54,6 +54,7 @@ constexpr RequestRow kAnyRequest{.endpoint = endpoint::kUserName, .parserFailure
 TEST_F(AddressTest, AndTheResponseIsHandedOnWithItsEnds) {
     const CallSite site{"int vantix::GetSomething(int)", 5};
     const PlatformRoute route = PlatformRouteTo("https://cloud.test", "the-token", "the-app");
+    bUtf8 = true;  // nothing is converted
     for (const std::string sent : {"{}\n", "{}\r\n", "\n", " {} ", "\n\n{}\n\n", "\xEF\xBB\xBF{}"}) {
         m_spy.Respond(CURLE_OK, {sent});
         std::string body;

@@ -50,6 +50,15 @@ TEST(ThreadSlot, SlotsDoNotShareValues) {
     EXPECT_EQ(TVL_ThreadTls_SetValue(first, nullptr), 0);
 }
 
+TEST(ThreadSlot, IsGivenBack) {
+    for (int i = 0; i < 3'000; ++i) {  // more than any system has at once
+        const unsigned slot = NewSlot();
+        int value = i;
+        ASSERT_EQ(TVL_ThreadTls_SetValue(slot, &value), 0) << i;
+        TVL_ThreadTls_Destroy(slot);
+    }
+}
+
 TEST(ThreadSlot, NoPlaceForTheSlotIsRefused) { EXPECT_EQ(TVL_ThreadTls_Create(nullptr), -1); }
 
 TEST(ThreadSlot, ASlotThatDoesNotExistTakesNothing) {

@@ -170,7 +170,7 @@ TEST_F(CRequestFailure, WithoutMemoryForAnEmptyBodyNothingIsHandedOut) {
         SCOPED_TRACE(operation.name);
         m_spy.Clear();
         m_spy.Respond(CURLE_OK);
-        m_spy.FailBlock(1);
+        m_spy.FailBlocksFrom(1);
         const Outcome outcome(operation);
         EXPECT_EQ(outcome.result, 27);
         EXPECT_EQ(outcome.response, nullptr);
@@ -184,7 +184,7 @@ TEST_F(CRequestFailure, WithoutMemoryForMoreOfABodyTheTransferEndsWithWhatIsTher
         SCOPED_TRACE(operation.name);
         m_spy.Clear();
         m_spy.Respond(CURLE_OK, {"the first piece", std::string(20'000, 'x')});
-        m_spy.FailBlock(20'016);
+        m_spy.FailBlocksFrom(20'016);
         const Outcome outcome(operation);
         EXPECT_EQ(outcome.result, 23);
         EXPECT_STREQ(outcome.response, "the first piece");

@@ -58,7 +58,7 @@ struct State {
 State* g_state = nullptr;
 std::atomic<size_t> g_failingSize{0};
 
-bool IsTheFailingSize(size_t size) { return size != 0 && g_failingSize.compare_exchange_strong(size, 0); }
+bool IsTooLarge(size_t size) { return g_failingSize != 0 && size >= g_failingSize; }
 
 void Record(const std::string& call) { g_state->calls.push_back(call); }
 
@@ -183,7 +183,7 @@ void CurlSpy::FailInit() { g_state->initFails = true; }
 void CurlSpy::FailOption(size_t n, CURLcode code) { g_state->option = {n, code}; }
 void CurlSpy::FailHeader(size_t n) { g_state->header = {n, CURLE_OUT_OF_MEMORY}; }
 void CurlSpy::FailFormCall(size_t n, CURLcode code) { g_state->form = {n, code}; }
-void CurlSpy::FailBlock(size_t size) { g_failingSize = size; }
+void CurlSpy::FailBlocksFrom(size_t size) { g_failingSize = size; }
 void CurlSpy::ConvertTo(const std::string& text) { g_state->conversion = text; }
 
 std::vector<std::string> CurlSpy::Calls() const { return g_state->calls; }
@@ -208,7 +208,7 @@ std::vector<std::string> CurlSpy::Converted() const { return g_state->converted;
 }  // namespace vantix::test
 
 using vantix::test::g_state;
-using vantix::test::IsTheFailingSize;
+using vantix::test::IsTooLarge;
 using vantix::test::Record;
 
 // NOLINTBEGIN(bugprone-reserved-identifier,cppcoreguidelines-no-malloc): the names are the linker's
@@ -375,12 +375,10 @@ void __wrap_curl_mime_free(curl_mime* form) {
 }
 
 void* __wrap_calloc(size_t count, size_t size) {
-    return IsTheFailingSize(count * size) ? nullptr : __real_calloc(count, size);
+    return IsTooLarge(count * size) ? nullptr : __real_calloc(count, size);
 }
 
-void* __wrap_realloc(void* block, size_t size) {
-    return IsTheFailingSize(size) ? nullptr : __real_realloc(block, size);
-}
+void* __wrap_realloc(void* block, size_t size) { return IsTooLarge(size) ? nullptr : __real_realloc(block, size); }
 }
 // NOLINTEND(bugprone-reserved-identifier,cppcoreguidelines-no-malloc)
 

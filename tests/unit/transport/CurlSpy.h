@@ -36,8 +36,8 @@ public:
     void FailHeader(size_t n);
     /// Forms and parts fail as null, names and data with a code.
     void FailFormCall(size_t n, CURLcode code);
-    /// The next block of exactly this size that a body asks for is not there.
-    void FailBlock(size_t size);
+    /// From now on there is no block of this size or a larger one for a body.
+    void FailBlocksFrom(size_t size);
     /// From now on the conversion of a body to the code page gives this text.
     void ConvertTo(const std::string& text);
 

@@ -95,13 +95,24 @@ TEST(ResponseBody, RefusesWhatItsLengthCannotCount) {
 TEST(ResponseBody, KeepsWhatItHasWhenMemoryDoesNotSuffice) {
     test::CurlSpy memory;
     ResponseBody body;
-    memory.FailBlock(1'024);
+    memory.FailBlocksFrom(1);
     EXPECT_FALSE(body.Append("text"));
     EXPECT_EQ(TextOf(body), "");
+    memory.Clear();
     ASSERT_TRUE(body.Append("before"));
-    memory.FailBlock(5'001);
+    memory.FailBlocksFrom(5'001);
     EXPECT_FALSE(body.Assign(std::string(5'000, 'x')));
     EXPECT_EQ(TextOf(body), "before");
+}
+
+TEST(ResponseBody, TakesNoMoreThanItNeedsWhenThereIsLittleMemory) {
+    test::CurlSpy memory;
+    memory.FailBlocksFrom(2'048);
+    ResponseBody body;
+    ASSERT_TRUE(body.Append(std::string(1'000, 'x')));
+    EXPECT_TRUE(body.Append(std::string(1'046, 'y')));
+    EXPECT_FALSE(body.Append("z"));
+    EXPECT_EQ(TextOf(body), std::string(1'000, 'x') + std::string(1'046, 'y'));
 }
 
 }  // namespace
