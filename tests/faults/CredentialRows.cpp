@@ -97,7 +97,10 @@ FaultRow ManyCallers(const std::string& name, Family family, const std::string& 
             .script = Json::array({expired, RefreshWith(refresh), Good()}),
             .callers = 64,
             .hold = "many",
-            .outcome = {.requests = 64 + 1 + 64, .requestsAtMost = 64 + 64 + 64, .renewed = "renewed"}};
+            .outcome = {.requests = 64 + 1 + 64,
+                        .requestsAtMost = 64 + 64 + 64,
+                        .renewed = "renewed",
+                        .keptMiB = 16}};  // the heaps of the callers' threads
 }
 
 }  // namespace

@@ -31,10 +31,13 @@ struct Outcome {
     std::string renewed{};         ///< The credential afterwards, when another one than before.
     std::vector<int> onWindows{};  ///< There the result is one of these, when it is another one; the row says why.
     std::string logged{};          ///< Stands in a line.
+    Json handedOut = nullptr;      ///< Members of what the call hands out, as in `ToJson` of the outputs.
     bool isAsBefore = false;       ///< What is handed out is what the good call before handed out.
     size_t idLength = 0;           ///< Of the channel's id, where that is what is large.
     double secondsAtLeast = 0;
     double secondsAtMost = 0;  ///< 0: not looked at.
+    size_t peakMiB = 0;        ///< What the call takes at most at once; 0: not looked at.
+    size_t keptMiB = 4;        ///< What the process holds more of afterwards.
 };
 
 /// What the process lacks, or finds changed, while the object exists.
@@ -67,7 +70,6 @@ struct FaultRow {
     Outcome outcome{};                  ///< Of every subject, or of those that the others do not stand for.
     std::optional<Outcome> consumer{};  ///< Of the consumer family.
     std::optional<Outcome> task{};      ///< Of the asynchronous front.
-    size_t peakMiB = 0;                 ///< What the call may take at most at once; 0: not looked at.
 };
 
 /// A row, met by one of the subjects.

@@ -1,46 +1,19 @@
 // A host that is at the end of its means, or changes its own process while the library is at work.
 
-#include <clocale>
 #include <csignal>
-#include <cstdlib>
 #include <ctime>
-#include <locale>
+#include <iterator>
+#include <stdexcept>
 
 #include "faults/FaultRow.h"
+#include "support/CommaLocale.h"
+#include "support/DescriptorsLeft.h"
+#include "support/EnvironmentVariable.h"
 #include "support/FakeClock.h"
 #include "support/NoThreads.h"
-#include "support/ProcessUsage.h"
-
-#if defined(__linux__)
-#include <sys/resource.h>
-#endif
 
 namespace vantix::test {
 namespace {
-
-/// Sets a variable of the environment while it exists.
-class EnvironmentVariable {
-public:
-    EnvironmentVariable(const char* name, const std::string& value) : m_name(name) { Set(value.c_str()); }
-    ~EnvironmentVariable() { Set(""); }
-    EnvironmentVariable(const EnvironmentVariable&) = delete;
-    EnvironmentVariable& operator=(const EnvironmentVariable&) = delete;
-
-private:
-    void Set(const char* value) const {
-#if defined(_WIN32)
-        _putenv_s(m_name, value);
-#else
-        if (*value == '\0') {
-            unsetenv(m_name);
-        } else {
-            setenv(m_name, value, 1);
-        }
-#endif
-    }
-
-    const char* m_name;
-};
 
 /// A proxy that nobody serves.
 std::string DeadProxy(const SimulatorClient& cloud) {
@@ -66,65 +39,22 @@ constexpr int64_t kDay = int64_t{24} * 60 * 60;
 std::shared_ptr<void> ClockADayAhead(const SimulatorClient& /*cloud*/) { return ClockOffBy(kDay); }
 std::shared_ptr<void> ClockADayBehind(const SimulatorClient& /*cloud*/) { return ClockOffBy(-kDay); }
 
-/// Digits grouped by points, a comma before the fraction.
-class CommaPunctuation : public std::numpunct<char> {
-protected:
-    char do_decimal_point() const override { return ','; }
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
-};
-
-class CppCommaLocale {
-public:
-    CppCommaLocale() : m_before(std::locale::global(std::locale(std::locale::classic(), new CommaPunctuation))) {}
-    ~CppCommaLocale() { std::locale::global(m_before); }
-    CppCommaLocale(const CppCommaLocale&) = delete;
-    CppCommaLocale& operator=(const CppCommaLocale&) = delete;
-
-private:
-    std::locale m_before;
-};
-
 std::shared_ptr<void> CommaLocaleInCpp(const SimulatorClient& /*cloud*/) { return std::make_shared<CppCommaLocale>(); }
 
 #if defined(VANTIX_TEST_LOCALES)
-class CCommaLocale {
-public:
-    CCommaLocale() : m_path("LOCPATH", VANTIX_TEST_LOCALES) {
-        if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr) {
-            throw std::runtime_error("the locale with a decimal comma is not there");
-        }
+std::shared_ptr<void> CommaLocaleInC(const SimulatorClient& /*cloud*/) {
+    auto locale = std::make_shared<CCommaLocale>(VANTIX_TEST_LOCALES);
+    if (!locale->IsSet()) {
+        throw std::runtime_error("the locale with a decimal comma is not there");
     }
-    ~CCommaLocale() { std::setlocale(LC_ALL, "C"); }
-    CCommaLocale(const CCommaLocale&) = delete;
-    CCommaLocale& operator=(const CCommaLocale&) = delete;
-
-private:
-    EnvironmentVariable m_path;
-};
-
-std::shared_ptr<void> CommaLocaleInC(const SimulatorClient& /*cloud*/) { return std::make_shared<CCommaLocale>(); }
+    return locale;
+}
 #endif
 
 #if defined(__linux__)
-/// Leaves the process no descriptor while it exists.
-class DescriptorsGone {
-public:
-    DescriptorsGone() {
-        getrlimit(RLIMIT_NOFILE, &m_before);
-        rlimit lowered = m_before;
-        lowered.rlim_cur = ProcessUsage::Now().descriptors - 1;  // counting took one
-        setrlimit(RLIMIT_NOFILE, &lowered);
-    }
-    ~DescriptorsGone() { setrlimit(RLIMIT_NOFILE, &m_before); }
-    DescriptorsGone(const DescriptorsGone&) = delete;
-    DescriptorsGone& operator=(const DescriptorsGone&) = delete;
-
-private:
-    rlimit m_before{};
-};
-
-std::shared_ptr<void> NoDescriptorLeft(const SimulatorClient& /*cloud*/) { return std::make_shared<DescriptorsGone>(); }
+std::shared_ptr<void> NoDescriptorLeft(const SimulatorClient& /*cloud*/) {
+    return std::make_shared<DescriptorsLeft>(0);
+}
 
 class DefaultForBrokenPipes {
 public:
@@ -145,7 +75,8 @@ std::shared_ptr<void> DefaultSigpipe(const SimulatorClient& /*cloud*/) {
 const size_t kMuch = 7'000'000;
 
 std::vector<FaultRow> LinuxRows() {
-    const Outcome failure = {.result = kSomeTransportFailure, .requests = 0, .connections = 1};
+    // The heap of a task's thread keeps room for the serial and its copies.
+    const Outcome failure = {.result = kSomeTransportFailure, .requests = 0, .connections = 1, .keptMiB = 24};
     return {
         {.name = "NoDescriptorLeft", .condition = NoDescriptorLeft, .outcome = {.result = 100007, .requests = 0}},
         {.name = "BrokenPipeByAReset",
@@ -164,11 +95,30 @@ std::vector<FaultRow> LinuxRows() {
 std::vector<FaultRow> LinuxRows() { return {}; }
 #endif
 
+/// Numbers are read and sent as ever, whatever the locale makes of points and of thousands.
+std::vector<FaultRow> LocaleRows(const std::string& name, Condition locale) {
+    const Json fractions = {{"devicePort", 8000.75}, {"version", 1.9}, {"cmdPort", 12345}};
+    const Json read = {{"detail", {{"devicePort", 8000}, {"version", 1}, {"cmdPort", 12345}}}};
+    return {
+        {.name = name,
+         .condition = locale,
+         .device = fractions,
+         .outcome = {.sent = "&cameraNo=1&clientType=19&", .handedOut = read, .isAsBefore = true},
+         .consumer = Outcome{.sent = "deviceSerial=S60000006&filter=CONNECTION",
+                             .handedOut = {{"detail", {{"cmdPort", 12345}}}},
+                             .isAsBefore = true}},
+        {.name = name + "OfANumberAboveAThousand",
+         .families = {Family::kPlatform},
+         .condition = locale,
+         .operation = "GetClouduploadUrl",
+         .outcome = {.sent = "&urlExpireTime=3600"}},
+    };
+}
+
 }  // namespace
 
 std::vector<FaultRow> HostRows() {
     const Outcome same = {.isAsBefore = true};
-    const Json fractions = {{"devicePort", 8000.75}, {"version", 1.9}, {"cmdPort", 12345}};
     std::vector<FaultRow> rows = {
         {.name = "DeadHttpsProxy", .condition = DeadHttpsProxy, .outcome = {.result = 100007, .requests = 0}},
         {.name = "DeadProxyForAll", .condition = DeadProxyForAll, .outcome = {.result = 100007, .requests = 0}},
@@ -178,11 +128,13 @@ std::vector<FaultRow> HostRows() {
          .task = Outcome{.result = -1, .requests = 0}},
         {.name = "ClockADayAhead", .condition = ClockADayAhead, .outcome = same},
         {.name = "ClockADayBehind", .condition = ClockADayBehind, .outcome = same},
-        {.name = "CommaLocaleInCpp", .condition = CommaLocaleInCpp, .device = fractions, .outcome = same},
-#if defined(VANTIX_TEST_LOCALES)
-        {.name = "CommaLocaleInC", .condition = CommaLocaleInC, .device = fractions, .outcome = same},
-#endif
     };
+    std::vector<FaultRow> locale = LocaleRows("CommaLocaleInCpp", CommaLocaleInCpp);
+    std::move(locale.begin(), locale.end(), std::back_inserter(rows));
+#if defined(VANTIX_TEST_LOCALES)
+    locale = LocaleRows("CommaLocaleInC", CommaLocaleInC);
+    std::move(locale.begin(), locale.end(), std::back_inserter(rows));
+#endif
     for (FaultRow& row : LinuxRows()) {
         rows.push_back(std::move(row));
     }

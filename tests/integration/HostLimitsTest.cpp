@@ -3,8 +3,6 @@
 
 #if defined(__linux__)
 
-#include <sys/resource.h>
-
 #include <algorithm>
 #include <atomic>
 #include <chrono>
@@ -12,28 +10,12 @@
 #include <vector>
 
 #include "SurvivalFixture.h"
+#include "support/DescriptorsLeft.h"
 
 namespace vantix::test {
 namespace {
 
 class HostLimitsTest : public SurvivalFixture {};
-
-/// Leaves the process so many descriptors while it exists.
-class DescriptorsLeft {
-public:
-    explicit DescriptorsLeft(size_t left) {
-        getrlimit(RLIMIT_NOFILE, &m_before);
-        rlimit lowered = m_before;
-        lowered.rlim_cur = ProcessUsage::Now().descriptors - 1 + left;  // counting took one
-        setrlimit(RLIMIT_NOFILE, &lowered);
-    }
-    ~DescriptorsLeft() { setrlimit(RLIMIT_NOFILE, &m_before); }
-    DescriptorsLeft(const DescriptorsLeft&) = delete;
-    DescriptorsLeft& operator=(const DescriptorsLeft&) = delete;
-
-private:
-    rlimit m_before{};
-};
 
 TEST_F(HostLimitsTest, CallersWithoutADescriptorFailAndTheOthersDoNot) {
     // Those who get through wait at the gate and keep what they have, until somebody found nothing left.

@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "OperationFixture.h"
+#include "support/ConsumerPath.h"
 #include "support/Threads.h"
 
 namespace vantix::test {
@@ -63,10 +64,6 @@ protected:
         }
     }
 
-    /// One request of the consumer servers has a path like the platform's.
-    static bool IsOfConsumer(const ReceivedRequest& request) {
-        return request.path.rfind("/v3/", 0) == 0 || request.path == "/api/user/token/get";
-    }
     /// Whether the token is the one that the host gave with the call: of stream tokens, and of relays by slot 10.
     static bool HasGivenToken(const ReceivedRequest& request) {
         return request.path == "/api/user/token" ||
@@ -78,7 +75,7 @@ protected:
         const bool isToConsumer = request.domain == "C";
         const std::string token = request.Parameter("accessToken");
         const std::string session = request.Header("sessionId");
-        if (IsOfConsumer(request)) {
+        if (IsConsumerPath(request.path)) {
             if (!isToConsumer || token != "<none>") {
                 return "a consumer request outside the C domain or with an access token";
             }
@@ -118,7 +115,7 @@ TEST_F(RouteRaceTest, NoCredentialReachesAnotherFamilyOrAddress) {
         received += requests.size();
         for (const ReceivedRequest& request : requests) {
             ASSERT_EQ(WrongIn(request), "") << request.path << "?" << request.query << " " << request.body;
-            consumer += IsOfConsumer(request) ? 1U : 0U;
+            consumer += IsConsumerPath(request.path) ? 1U : 0U;
         }
     }
     EXPECT_GT(consumer, 0U) << "both families were asked";

@@ -108,7 +108,7 @@ constexpr Operation kOperations[] = {
     CODED(71, isVTDUType1),
     CODED(72, RefreshSession, a.refreshSessionId, o.text),
 
-    PLAIN(73, setDomain, a.text, a.text),
+    PLAIN(73, setDomain, a.text, a.consumerDomain ? *a.consumerDomain : a.text),
     LIVE(74, getDomain, a.serial, a.ch),
     LIVE(75, getDomainByToken, a.token),
     PLAIN(76, setAuthAddr, a.text),
@@ -222,6 +222,15 @@ CallResult Call(IVantixDataCenter& center, const std::string& operation, const A
 
 int Call(IVantixDataCenter& center, const std::string& operation, const Arguments& arguments) {
     Outputs outputs;
+    return Call(center, operation, arguments, outputs).result;
+}
+
+int CallAmongThreads(IVantixDataCenter& center, const Operation& operation, const Arguments& arguments,
+                     Outputs& outputs) {
+    constexpr int kGetPermissionMode = 66;
+    if (operation.slot == kGetPermissionMode) {
+        return center.getPermissionMode() == nullptr ? -1 : 0;
+    }
     return Call(center, operation, arguments, outputs).result;
 }
 

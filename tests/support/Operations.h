@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <future>
 #include <iosfwd>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -67,7 +68,8 @@ struct Arguments {
     std::string localPath{};
 
     std::string refreshSessionId{};
-    std::string text{};  ///< Of settings: a text, an address, an id, a JSON array of tokens.
+    std::string text{};                           ///< Of settings: a text, an address, an id, a JSON array of tokens.
+    std::optional<std::string> consumerDomain{};  ///< Of `setDomain`, where it is another one than `text`.
     std::string channelText = "1";
     int number = 1;  ///< Of settings and questions that take one.
     int tkType = 3;
@@ -125,5 +127,10 @@ CallResult Call(IVantixDataCenter& center, const std::string& operation, const A
 
 /// The same, for a caller that does not look at what is written; the result alone.
 int Call(IVantixDataCenter& center, const std::string& operation, const Arguments& arguments);
+
+/// The same, while other threads change settings; the result alone. It does not look at the mode behind the pointer of
+/// `getPermissionMode`: that would race by contract.
+int CallAmongThreads(IVantixDataCenter& center, const Operation& operation, const Arguments& arguments,
+                     Outputs& outputs);
 
 }  // namespace vantix::test

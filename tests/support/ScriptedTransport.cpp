@@ -161,6 +161,24 @@ std::vector<std::string> SentRequest::Keys() const {
     return keys;
 }
 
+std::string SentRequest::Header(const std::string& key) const {
+    for (const std::string& header : headers) {
+        if (header == key + ";") {  // without a value
+            return "";
+        }
+        if (header.rfind(key + ": ", 0) == 0) {
+            return header.substr(key.size() + 2);
+        }
+    }
+    return "<none>";
+}
+
+std::string SentRequest::Path() const {
+    const size_t domain = url.find("://");
+    const size_t path = url.find('/', domain == std::string::npos ? 0 : domain + 3);
+    return path == std::string::npos ? "" : url.substr(path, url.find('?', path) - path);
+}
+
 ScriptedTransport::ScriptedTransport() {
     const std::lock_guard<std::mutex> guard(g_mutex);
     g_active = true;

@@ -17,6 +17,10 @@ struct SentRequest {
     std::string Param(const std::string& key) const;
     /// The keys of all parameters, in the order sent.
     std::vector<std::string> Keys() const;
+    /// The value of a header; "<none>" when it is not there.
+    std::string Header(const std::string& key) const;
+    /// The address without domain and query.
+    std::string Path() const;
 };
 
 /// What a request gets: libcurl's code, and a body.

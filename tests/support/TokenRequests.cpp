@@ -92,20 +92,22 @@ RequestCase StreamTokens() {
 
 /// The request that fills the queue. Its token is another than the core's, so that the queue is empty.
 RequestCase StreamTokensOfTheQueue() {
-    return {.name = "StreamTokensOfTheQueue",
-            .function = "GetStreamTokensFromPlatform",
-            .operation = "getOneStreamToken",
-            .arguments = {.token = "stream-token"},
-            .transport = "SyncRequest",
-            .sender = "CRequest::SyncRequest",
-            .path = "/api/user/token",
-            .body =
-                "accessToken=stream-token&appKey=app-key&clientType=19&clientVersion=v5.25.0&count=20"
-                "&featureCode=$feature&netType=UNKNOWN&osVersion=wins&sdkVersion=v5.25.0.20260515",
-            .response = R"({"resultCode":"200","tokenArray":["st.1","st.2"]})",
-            .fills = {{"text", "st.1"}},
-            .refusals = ParserRefusals("GetStreamTokensFromPlatform", "ParseTokensFromPlatform",
-                                       "ParseSwitchInfoFromPlatform")};
+    RequestCase row{.name = "StreamTokensOfTheQueue",
+                    .function = "GetStreamTokensFromPlatform",
+                    .operation = "getOneStreamToken",
+                    .arguments = {.token = "stream-token"},
+                    .transport = "SyncRequest",
+                    .sender = "CRequest::SyncRequest",
+                    .path = "/api/user/token",
+                    .body =
+                        "accessToken=stream-token&appKey=app-key&clientType=19&clientVersion=v5.25.0&count=20"
+                        "&featureCode=$feature&netType=UNKNOWN&osVersion=wins&sdkVersion=v5.25.0.20260515",
+                    .response = R"({"resultCode":"200","tokenArray":["st.1","st.2"]})",
+                    .fills = {{"text", "st.1"}},
+                    .refusals = ParserRefusals("GetStreamTokensFromPlatform", "ParseTokensFromPlatform",
+                                               "ParseSwitchInfoFromPlatform")};
+    row.refusals.push_back({.body = R"({"resultCode":"200","tokenArray":[]})", .result = -1});  // none to hand out
+    return row;
 }
 
 /// The operation empties its output before it sends anything.

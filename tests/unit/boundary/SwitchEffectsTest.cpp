@@ -149,7 +149,7 @@ TEST_F(SwitchEffectsTest, ClosedBelongSerialKeepsADeviceFromItsParent) {
     device["belongDevice"] = R"({"deviceSerial":"PARENT","deviceStatus":1})";
     CacheDetail(response);
     const std::string unrelated = "BelongNo Unrelated device stDeviceInfo.iCloseBlong = 0";
-    const auto servedSerial = [&] {
+    const auto unrelatedLines = [&] {
         Outputs outputs;
         outputs.detail.belongSerial = "PARENT";
         outputs.detail.belongState = 1;
@@ -158,13 +158,13 @@ TEST_F(SwitchEffectsTest, ClosedBelongSerialKeepsADeviceFromItsParent) {
         return lines.Count(unrelated);
     };
     EXPECT_FALSE(another->isCloseBelongSerial());
-    const size_t open = servedSerial();
+    const size_t open = unrelatedLines();
     handle->setCloseBelongSerial(1);
     EXPECT_TRUE(another->isCloseBelongSerial());
-    EXPECT_GT(servedSerial(), open);
+    EXPECT_GT(unrelatedLines(), open);
     handle->setCloseBelongSerial(0);
     EXPECT_FALSE(another->isCloseBelongSerial());
-    EXPECT_EQ(servedSerial(), open);
+    EXPECT_EQ(unrelatedLines(), open);
 }
 
 // ---- Configuration, log and texts

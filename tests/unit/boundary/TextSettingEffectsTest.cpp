@@ -69,15 +69,6 @@ const TextSettingRow kTextRows[] = {
      {"getSessionId", "shared list: sessionId"}},
 };
 
-std::string HeaderOf(const SentRequest& request, const std::string& key) {
-    for (const std::string& header : request.headers) {
-        if (header.rfind(key + ": ", 0) == 0) {
-            return header.substr(key.size() + 2);
-        }
-    }
-    return "<none>";
-}
-
 class TextSettingEffectsTest : public HandleTest {
 protected:
     TextSettingEffectsTest() : another(CreateVantixDataCenterInstance()) {
@@ -139,7 +130,7 @@ protected:
         }
         const SentRequest shared = RequestOf("getB2CSharedDevList", 2);
         seen["shared list: address"] = shared.url.substr(0, shared.url.find("/v3/"));
-        seen["shared list: sessionId"] = HeaderOf(shared, "sessionId");
+        seen["shared list: sessionId"] = shared.Header("sessionId");
     }
     Seen See() {
         Seen seen;
@@ -183,7 +174,7 @@ TEST_F(TextSettingEffectsTest, RefreshedSessionIsTheOneOfTheNextRequest) {
     EXPECT_EQ(handle->RefreshSession("refresh id", session), 0);
     EXPECT_EQ(session, "fresh");
     EXPECT_EQ(another->getSessionId(), "fresh");
-    EXPECT_EQ(HeaderOf(RequestOf("getB2CSharedDevList", 2), "sessionId"), "fresh");
+    EXPECT_EQ(RequestOf("getB2CSharedDevList", 2).Header("sessionId"), "fresh");
 }
 
 }  // namespace

@@ -1,8 +1,6 @@
 // Memory that runs out at any place of any parser of the consumer servers: it throws, or the record is whole.
 
-#include <new>
 #include <optional>
-#include <set>
 #include <vector>
 
 #include "cserver/DeviceDetail.h"
@@ -12,6 +10,7 @@
 #include "cserver/Server.h"
 #include "cserver/Tokens.h"
 #include "support/FailingNew.h"
+#include "support/NoMemoryParser.h"
 #include "support/OutputJson.h"
 #include "tvllog/tvllog.h"
 #include "unit/cserver/ConsumerResponse.h"
@@ -117,33 +116,7 @@ TEST_P(NoMemoryConsumer, ParserIsWholeOrThrowsWhicheverAllocationFails) {
     Json merged = whole;
     merged.merge_patch(GetParam().fills);
     ASSERT_EQ(merged, whole) << "what the row says is there";
-    std::set<size_t> wrong;  // by number of the allocation that failed
-    std::set<size_t> sticky;
-    size_t thrown = 0;
-    int code = 0;
-    bool isThrown = false;
-    Json record;
-    WithEveryAllocationFailing(
-        [&] {
-            isThrown = false;
-            try {
-                code = Parse(record);
-            } catch (const std::bad_alloc&) {
-                isThrown = true;
-            }
-        },
-        [&](size_t n) {
-            thrown += isThrown ? 1U : 0U;
-            if (!isThrown && (code != 0 || record != whole)) {
-                wrong.insert(n);
-            }
-            if (Parse(record) != 0 || record != whole) {
-                sticky.insert(n);
-            }
-        });
-    EXPECT_EQ(wrong, std::set<size_t>());
-    EXPECT_EQ(sticky, std::set<size_t>());
-    EXPECT_GT(thrown, 5U);
+    EXPECT_GT(ExpectWholeOrThrown(whole, [this](Json& record) { return Parse(record); }), 5U);
 }
 
 INSTANTIATE_TEST_SUITE_P(Parsers, NoMemoryConsumer, testing::ValuesIn(NoMemoryRows()),

@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <locale>
 #include <string>
 
 #include "json/JsonCppReader.h"
+#include "support/CommaLocale.h"
 
 namespace vantix::json {
 namespace {
@@ -128,14 +128,11 @@ TEST(LocalePoint, IsTheUsualOneUntilAHostSaysOtherwise) {
 }
 
 TEST(LocalePoint, OfCppIsReadFromTheGlobalLocale) {
-    class Comma : public std::numpunct<char> {
-    protected:
-        char do_decimal_point() const override { return ','; }
-    };
-    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new Comma));
-    EXPECT_TRUE(CppLocaleHasOtherPoint());
-    EXPECT_FALSE(CLocaleHasOtherPoint());
-    std::locale::global(before);
+    {
+        const test::CppCommaLocale locale;
+        EXPECT_TRUE(CppLocaleHasOtherPoint());
+        EXPECT_FALSE(CLocaleHasOtherPoint());
+    }
     EXPECT_FALSE(CppLocaleHasOtherPoint());
 }
 

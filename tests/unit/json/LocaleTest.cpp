@@ -2,63 +2,22 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cstdint>
-#include <cstdlib>
-#include <locale>
 #include <string>
 
 #include "base/NumberText.h"
 #include "json/DecimalPoint.h"
+#include "support/CommaLocale.h"
 #include "unit/json/Readers.h"
 
 namespace vantix::test {
 namespace {
 
-class CommaPunctuation : public std::numpunct<char> {
-protected:
-    char do_decimal_point() const override { return ','; }
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
-};
-
-/// Sets a comma locale for C++'s streams while it exists.
-class CppCommaLocale {
-public:
-    CppCommaLocale() : m_before(std::locale::global(std::locale(std::locale::classic(), new CommaPunctuation))) {}
-    ~CppCommaLocale() { std::locale::global(m_before); }
-    CppCommaLocale(const CppCommaLocale&) = delete;
-    CppCommaLocale& operator=(const CppCommaLocale&) = delete;
-
-private:
-    std::locale m_before;
-};
-
-/// Sets a comma locale for C's conversions while it exists, if this machine has one.
-class CCommaLocale {
-public:
-    CCommaLocale() : m_before(std::setlocale(LC_ALL, nullptr)) {
 #if defined(VANTIX_TEST_LOCALES)
-        setenv("LOCPATH", VANTIX_TEST_LOCALES, 0);  // the build made one there
+constexpr const char* kLocales = VANTIX_TEST_LOCALES;
+#else
+constexpr const char* kLocales = nullptr;
 #endif
-        for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "de_DE", "fr_FR.UTF-8", "fr_FR.utf8", "nl_NL.UTF-8",
-                                 "de-DE", "German_Germany.1252"}) {
-            if (std::setlocale(LC_ALL, name) != nullptr && *std::localeconv()->decimal_point == ',') {
-                m_set = true;
-                return;
-            }
-        }
-    }
-    ~CCommaLocale() { std::setlocale(LC_ALL, m_before.c_str()); }
-    CCommaLocale(const CCommaLocale&) = delete;
-    CCommaLocale& operator=(const CCommaLocale&) = delete;
-
-    bool IsSet() const { return m_set; }
-
-private:
-    std::string m_before;
-    bool m_set = false;
-};
 
 constexpr const char* kResponse = R"({"result": {"code": 10002}, "real": 1.5e3, "negative": -2.5e2, "whole": 1234567})";
 
@@ -100,7 +59,7 @@ TYPED_TEST(CommaLocale, OfCppLeavesTheNumbers) {
 }
 
 TYPED_TEST(CommaLocale, OfCLeavesTheNumbers) {
-    const CCommaLocale locale;
+    const CCommaLocale locale(kLocales);
     if (!locale.IsSet()) {
         GTEST_SKIP() << "this machine has no locale with a decimal comma";
     }
@@ -114,7 +73,7 @@ TEST(CommaLocaleCompact, OfCppLeavesTheText) {
 }
 
 TEST(CommaLocaleCompact, OfCLeavesTheText) {
-    const CCommaLocale locale;
+    const CCommaLocale locale(kLocales);
     if (!locale.IsSet()) {
         GTEST_SKIP() << "this machine has no locale with a decimal comma";
     }

@@ -4,16 +4,15 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <cstdio>
 #include <string>
 #include <string_view>
 #include <type_traits>
 
 #include "requests/ClientInfo.h"
 #include "requests/EndpointTable.h"
-#include "requests/FeatureCode.h"
 #include "requests/RequestCall.h"
 #include "support/CleanSwitches.h"
+#include "support/FixedFeatureCode.h"
 #include "support/TestRoutes.h"
 #include "unit/transport/CurlSpy.h"
 
@@ -41,26 +40,7 @@ constexpr RequestRow kWithHeaderSet{.family = RequestFamily::Consumer,
                                     .headers = {.set = HeaderSet::B}};
 
 class ClientOfEachRequest : public testing::Test {
-public:
-    ~ClientOfEachRequest() override { ForgetFeatureCode(); }
-
 protected:
-    ClientOfEachRequest() = default;
-    ClientOfEachRequest(const ClientOfEachRequest&) = delete;
-    ClientOfEachRequest& operator=(const ClientOfEachRequest&) = delete;
-
-    /// From now on the feature code of the process is this letter.
-    template <char kLetter>
-    static void MakeFeatureCode() {
-        ForgetFeatureCode();
-        PublicGetHDSign({.diskSerial = [](char*, char*) { return -1; },
-                         .macAddress = [](char*) { return -1; },
-                         .md5 =
-                             [](const void*, unsigned, char* digestText, unsigned* digestLength) {
-                                 *digestLength = static_cast<unsigned>(std::snprintf(digestText, 64, "%c", kLetter));
-                                 return 0;
-                             }});
-    }
     std::string PlatformBody() {
         std::string body;
         RequestCall<kWithClientSet>(m_site, PlatformRouteTo("https://cloud.test", "t", "a")).FetchText(body);
@@ -78,12 +58,11 @@ protected:
 };
 
 TEST_F(ClientOfEachRequest, IsMadeForThatRequest) {
-    MakeFeatureCode<'x'>();
-    EXPECT_THAT(PlatformBody(), testing::HasSubstr("&featureCode=x&"));
-    EXPECT_THAT(ConsumerHeaders(), testing::Contains("featureCode: x"));
-    MakeFeatureCode<'y'>();
-    EXPECT_THAT(PlatformBody(), testing::HasSubstr("&featureCode=y&"));
-    EXPECT_THAT(ConsumerHeaders(), testing::Contains("featureCode: y"));
+    for (const char* code : {"x", "y"}) {
+        const FixedFeatureCode fixed(code);
+        EXPECT_THAT(PlatformBody(), testing::HasSubstr(std::string("&featureCode=") + code + "&"));
+        EXPECT_THAT(ConsumerHeaders(), testing::Contains(std::string("featureCode: ") + code));
+    }
 }
 
 }  // namespace

@@ -170,6 +170,11 @@ TEST(SoakRulesTest, CodesDependOnTheOperationAndOnFaults) {
     EXPECT_EQ(Judged(5, 300001, false), Verdict::Wrong);
     EXPECT_EQ(Judged(5, 300001, true), Verdict::OfFault);
     EXPECT_EQ(Judged(5, 100028, true), Verdict::Wrong) << "a time-out";
+    EXPECT_EQ(Judged(5, -1, true), Verdict::Wrong) << "an exception that ended the operation";
+    EXPECT_EQ(Judged(35, -1, true), Verdict::OfFault);
+    EXPECT_EQ(Judged(35, -1, false), Verdict::Wrong);
+    EXPECT_EQ(Judged(5, 1, true), Verdict::Wrong);
+    EXPECT_EQ(Judged(24, 1, true), Verdict::OfFault);
     EXPECT_EQ(Judged(7, 0, false), Verdict::Wrong);
     EXPECT_EQ(Judged(7, 0, true), Verdict::OfFault);
     EXPECT_EQ(Judged(92, -1, true), Verdict::Wrong) << "a setter sends nothing";

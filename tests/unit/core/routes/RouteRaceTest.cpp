@@ -6,6 +6,7 @@
 #include <thread>
 #include <vector>
 
+#include "support/ConsumerPath.h"
 #include "unit/core/FetchTest.h"
 
 namespace vantix::test {
@@ -31,14 +32,11 @@ protected:
                                     "deviceSerial":"S","channelNo":"1"}])");
         transport.Always([this](const SentRequest& request) {
             m_requests.fetch_add(1);
-            m_consumerRequests.fetch_add(IsOfConsumer(request) ? 1 : 0);
+            m_consumerRequests.fetch_add(IsConsumerPath(request.Path()) ? 1 : 0);
             return ScriptedResponse{0, R"({"resultCode":"200","meta":{"code":200}})"};
         });
     }
 
-    static bool IsOfConsumer(const SentRequest& request) {
-        return request.url.find(".example/v3/") != std::string::npos;
-    }
     bool IsOver() const {
         const size_t requests = m_requests;
         const size_t consumer = m_consumerRequests;
@@ -52,11 +50,8 @@ protected:
     static std::string WrongIn(const SentRequest& request) {
         const bool isToConsumer = StartsWith(request.url, "https://c.example/");
         const std::string token = request.Param("accessToken");
-        bool hasSession = false;
-        for (const std::string& header : request.headers) {
-            hasSession = hasSession || StartsWith(header, "sessionId");
-        }
-        if (IsOfConsumer(request)) {
+        const bool hasSession = request.Header("sessionId") != "<none>";
+        if (IsConsumerPath(request.Path())) {
             if (!isToConsumer || token != "<none>") {
                 return "a consumer request outside the C domain or with an access token";
             }
