@@ -244,6 +244,9 @@ def main():
     start = time.monotonic()
     results = run_all(targets, arguments.jobs, work)
     tally = json.loads(tally_path.read_text()) if tally_path.exists() else {}
+    for row in tally.values():
+        if row.get("code") != code:
+            row["still"] = 0
     return report(sys.argv[4:], results, tally, time.monotonic() - start)
 
 
