@@ -83,6 +83,20 @@ MadeResponse CutOff(Input& input, const std::string& body) {
     return {{0, body.substr(0, input.Byte() * (body.size() - 1) / 256)}, Verdict::Refused};
 }
 
+MadeResponse ChosenResponse(uint8_t choice, Input& input, const SentRequest& request, const std::string& stamp) {
+    constexpr const char* kNothing[] = {"", "{}", "[]", "null", "no JSON"};
+    switch (choice % 8) {
+        case 0:
+        case 1: return {{0, GoodBody(request, stamp)}, Verdict::Good};
+        case 2: return {{0, RefusingBody(input)}, Verdict::Refused};
+        case 3: return Failed(choice % 16 >= 8, GoodBody(request, stamp));
+        case 4: return {{0, kNothing[choice / 8 % std::size(kNothing)]}, Verdict::Refused};
+        case 5: return CutOff(input, GoodBody(request, stamp));
+        case 6: return Changed(input, GoodBody(request, stamp));
+        default: return {{0, std::string(input.Bytes(input.Byte()))}, Verdict::Unknown};
+    }
+}
+
 }  // namespace
 
 std::string PathOf(const std::string& url) {
@@ -108,18 +122,12 @@ std::string ParameterOf(const SentRequest& request, const std::string& key) {
 }
 
 MadeResponse MakeResponse(Input& input, const SentRequest& request, const std::string& stamp) {
-    constexpr const char* kNothing[] = {"", "{}", "[]", "null", "no JSON"};
+    constexpr size_t kPieceSizes[] = {0, 1, 2, 3, 7, 16, 64, 255};
     const uint8_t choice = input.Byte();
-    switch (choice % 8) {
-        case 0:
-        case 1: return {{0, GoodBody(request, stamp)}, Verdict::Good};
-        case 2: return {{0, RefusingBody(input)}, Verdict::Refused};
-        case 3: return Failed(choice % 16 >= 8, GoodBody(request, stamp));
-        case 4: return {{0, kNothing[choice / 8 % std::size(kNothing)]}, Verdict::Refused};
-        case 5: return CutOff(input, GoodBody(request, stamp));
-        case 6: return Changed(input, GoodBody(request, stamp));
-        default: return {{0, std::string(input.Bytes(input.Byte()))}, Verdict::Unknown};
-    }
+    MadeResponse response = ChosenResponse(choice, input, request, stamp);
+    response.result.pieceSize = kPieceSizes[choice / 16 % std::size(kPieceSizes)];
+    response.result.hasEmptyPieces = choice >= 128;
+    return response;
 }
 
 }  // namespace vantix::fuzz

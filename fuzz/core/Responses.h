@@ -25,7 +25,8 @@ std::string PathOf(const std::string& url);
 /// A parameter of the query, the form or the JSON text; empty when it is not there.
 std::string ParameterOf(const SentRequest& request, const std::string& key);
 
-/// Makes the response that the input wants for this request. `stamp` stands in a member of each record, such as "ip-7".
+/// Makes the response that the input wants for this request, in the pieces that it wants. `stamp` stands in a member of
+/// each record, such as "ip-7".
 MadeResponse MakeResponse(Input& input, const SentRequest& request, const std::string& stamp);
 
 }  // namespace vantix::fuzz

@@ -1,7 +1,10 @@
 #pragma once
 
 /// @file
-/// What docs/operations.md says of each operation, as literals.
+/// What docs/operations.md says of the operations that a run calls, as literals. Those without a row are not called by
+/// the input's choice: the upload (49), getDeviceRecordAlt (56), and of those from 60 on all but 67, 68 and 72. Of the
+/// setters a run calls those of CoreRun::ChangeSetting; the domains stay the same, the address of the renewal is there
+/// or not.
 
 #include <cstddef>
 

@@ -4,6 +4,7 @@
 
 #include <curl/curl.h>
 
+#include <algorithm>
 #include <cstdarg>
 #include <memory>
 #include <string_view>
@@ -43,18 +44,31 @@ SentRequest RequestOf(const Handle& handle) {
     return request;
 }
 
+void Write(const Handle& handle, std::string_view piece) {
+    std::string data(piece);
+    Require(handle.write(data.data(), 1, data.size(), handle.writeData) == data.size());
+}
+
+void WriteBody(const Handle& handle, const TransferResult& result) {
+    const size_t size = result.pieceSize != 0 ? result.pieceSize : result.body.size() / 2 + 1;
+    for (std::string_view rest = result.body; !rest.empty(); rest.remove_prefix(std::min(size, rest.size()))) {
+        if (result.hasEmptyPieces) {
+            Write(handle, {});
+        }
+        Write(handle, rest.substr(0, size));
+    }
+    if (result.hasEmptyPieces) {
+        Write(handle, {});
+    }
+}
+
 CURLcode Perform(const Handle& handle) {
     if (!g_server) {
         return CURLE_COULDNT_CONNECT;
     }
-    TransferResult result = g_server(RequestOf(handle));
-    const size_t half = result.body.size() / 2;  // it arrives in two pieces
-    for (const std::string_view piece :
-         {std::string_view(result.body).substr(0, half), std::string_view(result.body).substr(half)}) {
-        std::string data(piece);
-        if (!data.empty() && handle.write != nullptr) {
-            Require(handle.write(data.data(), 1, data.size(), handle.writeData) == data.size());
-        }
+    const TransferResult result = g_server(RequestOf(handle));
+    if (handle.write != nullptr) {
+        WriteBody(handle, result);
     }
     return static_cast<CURLcode>(result.code);
 }

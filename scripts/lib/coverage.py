@@ -12,7 +12,8 @@ Not gcovr itself reads the counts: it reads gcov's text form, where the branches
 calls lose the mark that they stand for an exception, and then count as missing.
 
 LIST has four columns, separated by tabs: the file; "line", or the number of branches that are missing on such a line;
-a part of the line's code; the reason why no test executes it.
+a part of the line's code; the reason why no test executes it. A row stands for one line of the file, or for as many as
+the second column says: "1, 4 times".
 """
 
 import collections
@@ -32,7 +33,7 @@ LEAST_BRANCHES = 98.0  # percent; of the lines all but those of the list
 ONLY_BRACES = re.compile(r"[{}();,\s]*(//.*)?|(\} )?else \{")
 
 Missing = collections.namedtuple("Missing", "file number code branches")  # branches: how many, or None for a line
-Row = collections.namedtuple("Row", "number file branches code reason")
+Row = collections.namedtuple("Row", "number file branches times code reason")
 
 
 class Line:
@@ -130,34 +131,45 @@ def read_list(path):
     for number, text in enumerate(path.read_text().splitlines(), 1):
         if text and not text.startswith("#"):
             file, what, code, reason = text.split("\t")
-            rows.append(Row(number, file, None if what == "line" else int(what), code, reason))
+            kind, times = re.fullmatch(r"(line|\d+)(?:, (\d+) times)?", what).groups()
+            rows.append(Row(number, file, None if kind == "line" else int(kind), int(times or 1), code, reason))
     return rows
 
 
-def compare(missing, rows):
-    """What is missing and not listed, and what is listed and not missing, as sentences."""
-    used = set()
+def match(missing, rows):
+    """What the list names: {item: its row}. A row with a longer code is taken first."""
+    free = [row for row in sorted(rows, key=lambda row: -len(row.code)) for _ in range(row.times)]
+    found = {}
     for item in missing:
-        hits = [row for row in rows if row.file == item.file and row.code in item.code]
-        exact = [row for row in hits if row.branches == item.branches]
-        used |= {row.number for row in exact}
-        if not exact:
+        for row in free:
+            if (row.file, row.branches) == (item.file, item.branches) and row.code in item.code:
+                found[item] = row
+                free.remove(row)
+                break
+    return found
+
+
+def compare(missing, rows, matched):
+    """What is missing and not listed, and what is listed and not missing, as sentences."""
+    for item in missing:
+        if item not in matched:
             what = "the line" if item.branches is None else f"{item.branches} branches"
             yield f"{item.file}:{item.number}: not executed: {what} | {item.code}"
+    used = collections.Counter(row.number for row in matched.values())
     for row in rows:
-        if row.number not in used:
-            yield f"line {row.number} of the list: nothing like it is missing in {row.file} | {row.code}"
+        if used[row.number] < row.times:
+            yield (f"line {row.number} of the list: {used[row.number]} such lines are missing in {row.file}, not "
+                   f"{row.times} | {row.code}")
 
 
 def folder_of(name):
     return "/".join(name.split("/")[:2])
 
 
-def sums(files, missing, rows):
+def sums(files, matched):
     """For each folder and for all: lines, those executed, those listed, branches, those taken."""
     table = collections.defaultdict(lambda: [0, 0, 0, 0, 0])
-    listed = {(item.file, item.number) for item in missing if item.branches is None and
-              any(row.branches is None and row.file == item.file and row.code in item.code for row in rows)}
+    listed = {(item.file, item.number) for item in matched if item.branches is None}
     for name, lines in files.items():
         for number, line in lines.items():
             branches = line.branches()
@@ -214,10 +226,11 @@ def main(tree, list_file, out, seconds=None):
     missing = list(missing_in(files, texts))
     pathlib.Path(out).write_text(json.dumps(page_data(files)))
 
-    table = sums(files, missing, rows)
+    matched = match(missing, rows)
+    table = sums(files, matched)
     print("\n".join(table_lines(table)))
     lines, executed, listed, branches, taken = table["all"]
-    faults = list(compare(missing, rows))
+    faults = list(compare(missing, rows, matched))
     if executed + listed < lines:
         faults.append(f"{lines - executed - listed} lines are neither executed nor listed")
     if percent(taken, branches) < LEAST_BRANCHES:

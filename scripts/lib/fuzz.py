@@ -7,6 +7,7 @@
 import argparse
 import codecs
 import concurrent.futures
+import hashlib
 import json
 import os
 import pathlib
@@ -21,6 +22,7 @@ import quality
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 FUZZ = ROOT / "fuzz"
+CODE = ("src", "runtime", "include", "fuzz", "tests/support")
 MOST_KEPT = 64 * 1024  # bytes of inputs that fuzz/corpus keeps of a fuzzer
 
 
@@ -127,16 +129,27 @@ def read_log(path):
 TALLY_LOCK = threading.Lock()
 
 
-def add_to_tally(path, name, result, commit):
+def code_of(root):
+    """A hash of all sources that the fuzzers are made of."""
+    digest = hashlib.sha256()
+    for folder in CODE:
+        for file in sorted((root / folder).rglob("*")):
+            if file.suffix in (".cpp", ".h", ".inc"):
+                digest.update(f"{file.relative_to(root)}\n".encode() + file.read_bytes())
+    return digest.hexdigest()[:16]
+
+
+def add_to_tally(path, name, result, commit, code):
     """Sums a fuzzer's runs up, over all builds since the folder was made."""
     with TALLY_LOCK:
-        add_to_tally_locked(path, name, result, commit)
+        add_to_tally_locked(path, name, result, commit, code)
 
 
-def add_to_tally_locked(path, name, result, commit):
+def add_to_tally_locked(path, name, result, commit, code):
     tally = json.loads(path.read_text()) if path.exists() else {}
-    row = tally.setdefault(name, {"executions": 0, "seconds": 0.0, "findings": 0, "edges": 0, "still": 0,
-                                  "first commit": commit})
+    row = tally.setdefault(name, {"executions": 0, "seconds": 0.0, "first commit": commit})
+    if row.get("code") != code:  # other code has other edges, and may have no finding any more
+        row |= {"code": code, "findings": 0, "edges": 0, "still": 0}
     row["still"] = row["still"] + result["executions"] if result["edges"] <= row["edges"] else result["still"]
     for key in ("executions", "seconds", "findings"):
         row[key] += result[key]
@@ -154,8 +167,8 @@ def table(results, tally):
         a_second = result["executions"] / max(result["seconds"], 0.001)
         rows.append((name, f"{result['executions']:,} executions, {a_second:,.0f} a second of processor time, "
                            f"{result['edges']:,} edges, {result['corpus']:,} inputs kept, "
-                           f"{result['findings']} findings; in all runs {total.get('executions', 0):,} executions, "
-                           f"the last {total.get('still', 0):,} of them without a new edge"))
+                           f"{result['findings']} findings; in all runs {total.get('executions', 0):,} executions, of "
+                           f"which the last {total.get('still', 0):,}, with this code, without a new edge"))
     return rows
 
 
@@ -217,6 +230,7 @@ def main():
         run_all(targets, arguments.jobs, Target.minimise)
         return 0
 
+    code = code_of(ROOT)
     tally_path, commit = arguments.cache / "tally.json", quality.first_line("git", "rev-parse", "--short", "HEAD")
 
     def work(target):
@@ -224,12 +238,15 @@ def main():
             return target.fuzz([f"-runs={target.smoke}", "-seed=1"], fresh=True)
         limit = f"-runs={arguments.runs}" if arguments.runs else f"-max_total_time={arguments.seconds}"
         result = target.fuzz([limit], fresh=False)
-        add_to_tally(tally_path, target.name, result, commit)
+        add_to_tally(tally_path, target.name, result, commit, code)
         return result
 
     start = time.monotonic()
     results = run_all(targets, arguments.jobs, work)
     tally = json.loads(tally_path.read_text()) if tally_path.exists() else {}
+    for row in tally.values():
+        if row.get("code") != code:
+            row["still"] = 0
     return report(sys.argv[4:], results, tally, time.monotonic() - start)
 
 

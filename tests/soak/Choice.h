@@ -25,6 +25,8 @@ public:
     ChosenCall Next(int logLevel);
 
 private:
+    const Operation& NextOperation();
+    bool IsForConsumer();
     uint64_t Below(uint64_t end) { return m_numbers() % end; }
     template <class List>
     const auto& OneOf(const List& list) {

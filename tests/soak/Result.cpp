@@ -51,6 +51,7 @@ void Run::CheckGrowth() {
 }
 
 Json Run::Result() const {
+    const MemoryGrowth growth = m_samples.Growth();
     CallerTally all;
     for (const CallerTally& tally : m_tallies) {
         all.calls += tally.calls;
@@ -82,7 +83,7 @@ Json Run::Result() const {
             {"renewals", m_renewals},
             {"paths", m_paths},
             {"faultPercent", m_options.faultPercent},
-            {"faults", m_cloud.Get("/fault-rate").at("injected")},
+            {"faults", m_injected},
             {"seed", m_options.seed},
             {"callers", m_options.threads},
             {"calls", all.calls},
@@ -95,6 +96,7 @@ Json Run::Result() const {
             {"cores", std::thread::hardware_concurrency()},
             {"memoryChecked", kHasOwnMemory},
             {"residentKiB", ToJson(m_samples.RangeOf(&Sample::residentKiB))},
+            {"memoryGrowth", {{"mebibytesAnHour", growth.mebibytesAnHour}, {"bytesARequest", growth.bytesARequest}}},
             {"descriptors", ToJson(m_samples.RangeOf(&Sample::descriptors))},
             {"threads", ToJson(m_samples.RangeOf(&Sample::threads))},
             {"applied", m_rules.Applied()},

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <numeric>
 #include <thread>
 
 #include "soak/Choice.h"
@@ -120,15 +121,24 @@ void Run::Caller(int number) {
     }
 }
 
+/// Makes calls of the control interface. One that fails breaks a rule, not the run: what it found is worth hours.
+template <class Work>
+bool Run::Control(const Work& work) {
+    try {
+        work();
+    } catch (const std::exception& problem) {
+        m_rules.Apply(kControlRule, problem.what());
+        return false;
+    }
+    m_rules.Apply(kControlRule, "");
+    return true;
+}
+
 /// The cloud's data and the log level change all the time.
 void Run::Publish() {
     Publisher publisher(m_cloud);
     while (!m_isOver) {
-        try {
-            publisher.PublishNext();
-        } catch (const std::exception& problem) {
-            m_rules.Apply(kControlRule, problem.what());
-        }
+        Control([&] { publisher.PublishNext(); });
         m_handle->setLogLevel(LogLevel());
         std::this_thread::sleep_for(20ms);
     }
@@ -157,22 +167,25 @@ void Run::EndWhenNothingMoves(size_t received) {
     }
 }
 
-size_t Run::FaultsSoFar() const {
-    const Json report = m_cloud.Get("/fault-rate");
-    size_t faults = 0;
-    for (const auto& [name, count] : report.at("injected").items()) {
-        faults += count.get<size_t>();
-    }
-    return faults;
+void Run::ReadFaults() { m_injected = m_cloud.Get("/fault-rate").at("injected").get<decltype(m_injected)>(); }
+
+/// The next slice; none when the control interface does not respond.
+size_t Run::JudgeNext() {
+    size_t received = 0;
+    Control([&] { received = JudgeSlice(); });
+    return received;
 }
 
 /// Reads what the cloud received, slice by slice, until there is enough of it.
 void Run::Judge() {
     while (m_received < m_options.requests) {
-        const size_t received = JudgeSlice();
+        const size_t received = JudgeNext();
         EndWhenNothingMoves(received);
         if (m_samples.IsDue(m_received)) {
-            m_samples.Add(m_received, m_renewals, FaultsSoFar());
+            Control([this] { ReadFaults(); });
+            const auto faults = std::accumulate(m_injected.begin(), m_injected.end(), size_t{0},
+                                                [](size_t sum, const auto& fault) { return sum + fault.second; });
+            m_samples.Add(m_received, m_renewals, faults);
         }
         if (received < kSlice / 10) {
             std::this_thread::sleep_for(20ms);
@@ -191,7 +204,7 @@ void Run::CheckStreamTokens() {
     }
 }
 
-void Run::ApplyFinalRules() {
+void Run::CheckJournal() {
     const Json statistics = m_cloud.Get("/stats");
     const size_t handled =
         statistics.at("B").at("requests").get<size_t>() + statistics.at("C").at("requests").get<size_t>();
@@ -199,6 +212,9 @@ void Run::ApplyFinalRules() {
     m_rules.Apply(kJournalRule, areAll ? ""
                                        : "the cloud handled " + std::to_string(handled) + " requests, " +
                                              std::to_string(m_received) + " were judged");
+}
+
+void Run::ApplyFinalRules() {
     m_rules.ApplyMany(kLineRule, m_lines);
     CheckStreamTokens();
     CheckGrowth();
@@ -226,9 +242,11 @@ bool Run::Execute() {
     for (std::thread& thread : threads) {
         thread.join();
     }
-    while (JudgeSlice() != 0) {}
+    while (JudgeNext() != 0) {}
+    Control([this] { ReadFaults(); });
     m_rules.Apply("descriptors and threads fall back", FellBackTo(before) ? "" : "more than before the run");
     TVLLOG_SetCallback(nullptr);
+    Control([this] { CheckJournal(); });
     ApplyFinalRules();
     std::ofstream(m_options.output) << Result().dump(1) << "\n";
     return m_rules.Broken().empty();

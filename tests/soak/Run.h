@@ -50,9 +50,13 @@ private:
     void Call(const ChosenCall& call, CallerTally& tally);
     void Publish();
     void Judge();
+    size_t JudgeNext();
     size_t JudgeSlice();
-    size_t FaultsSoFar() const;
+    void ReadFaults();
+    template <class Work>
+    bool Control(const Work& work);
     void EndWhenNothingMoves(size_t received);
+    void CheckJournal();
     void ApplyFinalRules();
     void CheckStreamTokens();
     void CheckGrowth();
@@ -77,6 +81,7 @@ private:
     size_t m_ofConsumer = 0;
     size_t m_renewals = 0;
     std::map<std::string, size_t> m_paths;
+    std::map<std::string, size_t> m_injected;  ///< Faults by name, as the cloud last said.
     std::chrono::steady_clock::time_point m_lastMove = std::chrono::steady_clock::now();
     double m_seconds = 0;
     std::array<double, 2> m_processorSeconds{};  ///< Of this process and of the cloud.

@@ -20,6 +20,13 @@ struct Sample {
     size_t threads = 0;
 };
 
+/// How memory grows behind the first tenth of a run, by the straight line through the samples.
+struct MemoryGrowth {
+    double mebibytesAnHour = 0;
+    double bytesARequest = 0;
+};
+MemoryGrowth GrowthOf(const std::vector<Sample>& samples, size_t wantedRequests);
+
 /// Samples over a run, of which there are a few hundred at most.
 class Samples {
 public:
@@ -39,6 +46,7 @@ public:
         size_t last = 0;
     };
     Range RangeOf(size_t Sample::*member) const;
+    MemoryGrowth Growth() const { return GrowthOf(m_samples, m_wanted); }
 
 private:
     size_t m_wanted;

@@ -41,12 +41,20 @@ bool FailingNew::Fired() { return t_fired; }
 
 size_t FailingNew::Freed() { return t_freed; }
 
+bool FailingNew::CountOne() noexcept {
+    if (t_countdown == 0 || --t_countdown != 0) {
+        return true;
+    }
+    t_fired = true;
+    g_firedAnywhere = true;
+    return false;
+}
+
 void* FailingNew::AllocateOrNull(size_t size) noexcept {
-    if (t_countdown != 0 && --t_countdown == 0) {
-        t_fired = true;
-        g_firedAnywhere = true;
+    if (!CountOne()) {
         return nullptr;
     }
+    const Suspended counted;                   // malloc may count too
     return std::malloc(size == 0 ? 1 : size);  // NOLINT(cppcoreguidelines-no-malloc): this is operator new
 }
 

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstddef>
 
 namespace vantix::test {
 
 /// While it exists, one allocation of this thread by `operator new` fails: number `n` from now on, counted from 1. One
-/// at a time in a thread. One file of the program includes support/FailingNewOperators.inc.
+/// at a time in a thread. One file of the program includes support/FailingNewOperators.inc. Where the linker leads
+/// `malloc`, `calloc` and `realloc` to support/FailingNewCFunctions.inc, theirs count with the others.
 class FailingNew {
 public:
     explicit FailingNew(size_t n);
@@ -17,6 +20,8 @@ public:
     static bool Fired();
     /// How many blocks this thread has given back so far.
     static size_t Freed();
+    /// Counts an allocation; false when it is the one that fails.
+    static bool CountOne() noexcept;
     /// What `operator new` does, and the kind of it that does not throw.
     static void* Allocate(size_t size);
     static void* AllocateOrNull(size_t size) noexcept;
@@ -50,7 +55,7 @@ public:
 };
 
 /// Runs `step` with the first, second, … allocation failing, until it makes fewer. Returns how many it makes.
-/// `check` is called with the number after each run, with no failure pending.
+/// `check` is called with the number after each run, with no failure pending. A step without an end fails the test.
 template <class Step, class Check>
 size_t WithEveryAllocationFailing(Step step, Check check) {
     constexpr size_t kMost = 100'000;
@@ -66,6 +71,7 @@ size_t WithEveryAllocationFailing(Step step, Check check) {
             return n - 1;
         }
     }
+    ADD_FAILURE() << "more than " << kMost << " allocations";
     return kMost;
 }
 

@@ -29,6 +29,17 @@ protected:
         }
         return requests;
     }
+    /// What the call returns, whichever allocation fails: its body's gives the transport's code, but where every
+    /// failure is -1. On Windows memory for a body does not fail here.
+    static std::set<int> ResultsWithoutMemory() {
+#ifndef _WIN32
+        static const std::set<std::string> hideCodes = {"RefreshSession", "RefreshToken", "getVideoVtmAddr"};
+        if (hideCodes.count(Row().operation) == 0) {
+            return {-1, 0, 100023};
+        }
+#endif
+        return {-1, 0};
+    }
     /// What the call writes when nothing fails.
     std::string Whole() {
         Outputs outputs;
@@ -42,6 +53,7 @@ TEST_P(NoMemoryRequests, SuccessIsWholeWhicheverAllocationFails) {
     const std::set<std::string> sent = Sent();
     std::set<size_t> holes;  // by number of the allocation that failed
     std::set<size_t> sticky;
+    std::set<int> results;
     int result = 0;
     std::string written;
     const size_t allocations = WithEveryAllocationFailing(
@@ -52,6 +64,7 @@ TEST_P(NoMemoryRequests, SuccessIsWholeWhicheverAllocationFails) {
             written = ToJson(outputs).dump();
         },
         [&](size_t n) {
+            results.insert(result);
             if (result == 0 && written != whole) {
                 holes.insert(n);
             }
@@ -60,6 +73,7 @@ TEST_P(NoMemoryRequests, SuccessIsWholeWhicheverAllocationFails) {
             }
         });
     EXPECT_EQ(holes, std::set<size_t>()) << "of " << allocations;
+    EXPECT_EQ(results, ResultsWithoutMemory());
     EXPECT_EQ(sticky, std::set<size_t>()) << "what failed was kept";
     EXPECT_EQ(Sent(), sent) << "no request lacks a header or a part of its parameters";
     EXPECT_GT(allocations, 10U);

@@ -68,7 +68,6 @@ protected:
 };
 
 TEST_P(NoMemoryTasks, YieldAFailureOrTheWholeRecordWhicheverAllocationFails) {
-    constexpr int kWriteFailed = 100023;  // the transport's own memory ran out
     const std::string whole = Whole();
     const std::string served = Served();
     std::set<int> failures;
@@ -95,7 +94,11 @@ TEST_P(NoMemoryTasks, YieldAFailureOrTheWholeRecordWhicheverAllocationFails) {
         }
     }
     EXPECT_GT(n, 10U);
-    EXPECT_THAT(failures, testing::AnyOf(testing::ElementsAre(-1), testing::ElementsAre(-1, kWriteFailed)));
+#ifdef _WIN32  // where a body's memory does not fail
+    EXPECT_THAT(failures, testing::ElementsAre(-1));
+#else
+    EXPECT_THAT(failures, testing::ElementsAre(-1, 100023)) << "of all else, and of the body";
+#endif
     EXPECT_EQ(holes, std::set<size_t>());
     EXPECT_EQ(sticky, std::set<size_t>()) << "what failed was kept, or the next call failed";
 }

@@ -136,6 +136,16 @@ TEST_F(NoMemoryTest, NextCallAfterAFailedOneSucceeds) {
     EXPECT_GT(failures, 10U);
 }
 
+#ifndef _WIN32  // where a body's memory does not fail
+TEST_F(NoMemoryTest, EmptyBodyIsABlockThatMemoryMayLack) {
+    transport.Always([](const SentRequest&) { return ScriptedResponse{0, ""}; });
+    std::set<int> results;
+    int result = 0;
+    WithEveryAllocationFailing([&] { result = Fetch(); }, [&](size_t /*n*/) { results.insert(result); });
+    EXPECT_THAT(results, testing::ElementsAre(-1, 100027, 300001));
+}
+#endif
+
 TEST_F(NoMemoryTest, CachedRecordIsNeverAMixtureOfTwo) {
     const std::set<std::string> oldMark{"old"};
     const std::set<std::string> newMark{"new"};

@@ -6,6 +6,7 @@
 #include "support/DetailResponse.h"
 #include "support/OutputJson.h"
 #include "support/RequestCase.h"
+#include "unit/boundary/EffectTest.h"
 #include "unit/boundary/HandleTest.h"
 
 namespace vantix::test {
@@ -164,23 +165,17 @@ TEST_F(RequestEffects, ForcedFetchDoesNotLookAtTheCacheAndAnotherDoes) {
     }
 }
 
-/// The slots below 60 whose effect stands in StateEffectsTest.cpp and in ForwardTest.cpp.
-const std::set<std::string> kOfState = {
-    "getChannelCacheValue",  "setChannelCacheValue",   "GetStreamTokenFromQueue", "GetStreamTokenFast",
-    "UploadCloudPicFile",    "ClearAllCache",          "expireServerInfo",        "ClearDeviceInfoCache",
-    "IsSupportSeekPlayback", "IsSupportPlaybackSpeed", "getDeviceRecord",         "getDeviceRecordAlt",
-};
-
-TEST_F(RequestEffects, NoSlotIsLeftOut) {
-    std::set<std::string> asked = kOfState;
+TEST(Effects, OfAll108OperationsAreAskedFor) {
+    std::set<std::string> asked = OperationsWithEffect();
     for (const RequestCase& row : Rows()) {
         asked.insert(row.operation);
     }
     for (const Effect& row : kEffects) {
         asked.insert(row.operation);
     }
+    EXPECT_EQ(Operations().size(), 108U);
     for (const Operation& operation : Operations()) {
-        EXPECT_TRUE(operation.slot >= 60 || asked.count(operation.name) == 1) << operation.name;
+        EXPECT_TRUE(asked.contains(operation.name)) << operation.name;
     }
 }
 

@@ -3,6 +3,7 @@
 #include "support/DetailResponse.h"
 #include "support/LocalFile.h"
 #include "support/Operations.h"
+#include "unit/boundary/EffectTest.h"
 #include "unit/boundary/HandleTest.h"
 
 namespace vantix::test {
@@ -57,7 +58,8 @@ protected:
     }
 };
 
-TEST_F(StateEffects, ChannelValueIsThatOfTheChannelAndTheHostsFromThenOn) {
+EFFECT_TEST(StateEffects, ChannelValueIsThatOfTheChannelAndTheHostsFromThenOn, "getChannelCacheValue",
+            "setChannelCacheValue") {
     CacheDevice("C1", 1, "0", "0", "0");
     CacheDevice("C1", 2, "0", "0", "0");
     EXPECT_EQ(handle->getChannelCacheValue("C1", 1), 7);
@@ -70,7 +72,7 @@ TEST_F(StateEffects, ChannelValueIsThatOfTheChannelAndTheHostsFromThenOn) {
     EXPECT_EQ(channel.iIsTrust, -3);
 }
 
-TEST_F(StateEffects, CapabilitiesAreThoseOfTheDevice) {
+EFFECT_TEST(StateEffects, CapabilitiesAreThoseOfTheDevice, "IsSupportSeekPlayback", "IsSupportPlaybackSpeed") {
     CacheDevice("SEEKS", 1, "1", "0", "0");
     CacheDevice("QUICK", 1, "0", "5", "0");
     CacheDevice("SMALL", 1, "0", "0", "1");
@@ -87,7 +89,7 @@ TEST_F(StateEffects, CapabilitiesAreThoseOfTheDevice) {
     }
 }
 
-TEST_F(StateEffects, BothRecordSlotsCopyTheChannelsDeviceOut) {
+EFFECT_TEST(StateEffects, BothRecordSlotsCopyTheChannelsDeviceOut, "getDeviceRecord", "getDeviceRecordAlt") {
     CacheDevice("C1", 1, "0", "0", "0");
     CacheDevice("C1", 2, "0", "0", "0");
     DevDetailInfo device;
@@ -100,7 +102,7 @@ TEST_F(StateEffects, BothRecordSlotsCopyTheChannelsDeviceOut) {
     EXPECT_EQ(device.deviceIP, "ip of C1 1");
 }
 
-TEST_F(StateEffects, ClearingTheDevicesEmptiesThatCacheAlone) {
+EFFECT_TEST(StateEffects, ClearingTheDevicesEmptiesThatCacheAlone, "ClearDeviceInfoCache") {
     CacheDevice("C1", 1, "1", "0", "0");
     EXPECT_EQ(RequestsForTheOthers(), 3U);
     EXPECT_EQ(handle->ClearDeviceInfoCache(), 0);
@@ -110,7 +112,7 @@ TEST_F(StateEffects, ClearingTheDevicesEmptiesThatCacheAlone) {
     EXPECT_EQ(RequestsForTheOthers(), 0U);
 }
 
-TEST_F(StateEffects, ClearingAllEmptiesEveryCache) {
+EFFECT_TEST(StateEffects, ClearingAllEmptiesEveryCache, "ClearAllCache") {
     CacheDevice("C1", 1, "1", "0", "0");
     EXPECT_EQ(RequestsForTheOthers(), 3U);
     EXPECT_EQ(RequestsForTheOthers(), 0U);
@@ -122,7 +124,7 @@ TEST_F(StateEffects, ClearingAllEmptiesEveryCache) {
     EXPECT_EQ(handle->getAccessToken(), "access-token");
 }
 
-TEST_F(StateEffects, ServersExpireAfterTwoMinutesAndNothingElseDoes) {
+EFFECT_TEST(StateEffects, ServersExpireAfterTwoMinutesAndNothingElseDoes, "expireServerInfo") {
     CacheDevice("C1", 1, "1", "0", "0");
     EXPECT_EQ(RequestsForTheOthers(), 3U);
     clock.AdvanceSeconds(120);
@@ -134,7 +136,7 @@ TEST_F(StateEffects, ServersExpireAfterTwoMinutesAndNothingElseDoes) {
     EXPECT_EQ(RecordOf("C1", 1), "ip of C1 1");
 }
 
-TEST_F(StateEffects, PrefetchedTokenIsFetchedOnceAndServedOnce) {
+EFFECT_TEST(StateEffects, PrefetchedTokenIsFetchedOnceAndServedOnce, "GetStreamTokenFast", "GetStreamTokenFromQueue") {
     std::array<char, 4097> buffer{};
     EXPECT_EQ(handle->GetStreamTokenFromQueue("access-token", buffer.data()), -1);
     transport.Respond(R"({"resultCode":"200","tokenArray":["stream-1"]})");
@@ -189,7 +191,7 @@ TEST_F(StateEffects, ConfigurationOfThePlatformBecomesTheCores) {
     EXPECT_TRUE(handle->isVTDUType1());
 }
 
-TEST_F(StateEffects, UploadIsSentAndItsResultReturned) {
+EFFECT_TEST(StateEffects, UploadIsSentAndItsResultReturned, "UploadCloudPicFile") {
     const LocalFile picture(u8"gate.jpg");
     transport.Respond("");
     EXPECT_EQ(handle->UploadCloudPicFile("https://u.example/put", picture.Path()), 0);

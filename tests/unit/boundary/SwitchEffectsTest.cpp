@@ -9,6 +9,7 @@
 
 #include "support/DetailResponse.h"
 #include "support/Operations.h"
+#include "unit/boundary/EffectTest.h"
 #include "unit/boundary/HandleTest.h"
 
 namespace vantix::test {
@@ -55,7 +56,7 @@ protected:
 
 // ---- Modes and token maps
 
-TEST_F(SwitchEffectsTest, ModeChoosesAddressAndCredential) {
+EFFECT_TEST(SwitchEffectsTest, ModeChoosesAddressAndCredential, "setPermissionMode", "getPermissionMode") {
     const struct {
         int mode;
         const char* request;
@@ -71,7 +72,8 @@ TEST_F(SwitchEffectsTest, ModeChoosesAddressAndCredential) {
     }
 }
 
-TEST_F(SwitchEffectsTest, TkTokensAreSeenByNumberByTextAndInTheNextRequest) {
+EFFECT_TEST(SwitchEffectsTest, TkTokensAreSeenByNumberByTextAndInTheNextRequest, "SetDeviceTkTokens",
+            "getDeviceTkTokensByText", "getDeviceTkTokensByNumber") {
     std::string token;
     const struct {
         int tkType;
@@ -91,7 +93,8 @@ TEST_F(SwitchEffectsTest, TkTokensAreSeenByNumberByTextAndInTheNextRequest) {
     EXPECT_EQ(TicketRequest(), "https://b.example newer");
 }
 
-TEST_F(SwitchEffectsTest, B2CTokensAreSeenByNumberByTextAndInTheNextRequest) {
+EFFECT_TEST(SwitchEffectsTest, B2CTokensAreSeenByNumberByTextAndInTheNextRequest, "SetB2CTokens",
+            "getB2CTokensByNumber", "getB2CTokensByText", "isB2CSharedToken", "isB2CSharedChannel") {
     std::string token;
     EXPECT_EQ(another->getB2CTokensByNumber("C1", 1, token), "shared");
     EXPECT_EQ(another->getB2CTokensByText("C1", "2", token), "own");
@@ -114,7 +117,7 @@ TEST_F(SwitchEffectsTest, B2CTokensAreSeenByNumberByTextAndInTheNextRequest) {
 
 // ---- Caches
 
-TEST_F(SwitchEffectsTest, CacheTimeIsHowLongACopyIsServed) {
+EFFECT_TEST(SwitchEffectsTest, CacheTimeIsHowLongACopyIsServed, "setCacheTime", "getCacheTime") {
     handle->setCacheTime(2);
     EXPECT_EQ(another->getCacheTime(), 120);
     CacheDetail();
@@ -127,7 +130,7 @@ TEST_F(SwitchEffectsTest, CacheTimeIsHowLongACopyIsServed) {
     EXPECT_FALSE(IsFetchedAgain());
 }
 
-TEST_F(SwitchEffectsTest, MarkedCopyIsReadAndFetchedAgain) {
+EFFECT_TEST(SwitchEffectsTest, MarkedCopyIsReadAndFetchedAgain, "SetDevInfoCache", "getDevInfoCache") {
     CacheDetail();
     EXPECT_FALSE(IsFetchedAgain());
     EXPECT_EQ(handle->SetDevInfoCache("C1", 2), -1);
@@ -141,7 +144,8 @@ TEST_F(SwitchEffectsTest, MarkedCopyIsReadAndFetchedAgain) {
     EXPECT_TRUE(IsFetchedAgain());
 }
 
-TEST_F(SwitchEffectsTest, ClosedBelongSerialKeepsADeviceFromItsParent) {
+EFFECT_TEST(SwitchEffectsTest, ClosedBelongSerialKeepsADeviceFromItsParent, "setCloseBelongSerial",
+            "isCloseBelongSerial") {
     auto response = DetailResponse("C1", 1);
     auto& device = response["result"]["data"]["device"];
     device["belongSerial"] = "PARENT";
@@ -169,7 +173,7 @@ TEST_F(SwitchEffectsTest, ClosedBelongSerialKeepsADeviceFromItsParent) {
 
 // ---- Configuration, log and texts
 
-TEST_F(SwitchEffectsTest, ClosingP2PIsSeenInTheConfiguration) {
+EFFECT_TEST(SwitchEffectsTest, ClosingP2PIsSeenInTheConfiguration, "setCloseP2P", "isOpenP2P") {
     EXPECT_TRUE(another->isOpenP2P());
     handle->setCloseP2P(1);
     EXPECT_FALSE(another->isOpenP2P());
@@ -177,7 +181,7 @@ TEST_F(SwitchEffectsTest, ClosingP2PIsSeenInTheConfiguration) {
     EXPECT_TRUE(another->isOpenP2P());
 }
 
-TEST_F(SwitchEffectsTest, StreamTypeOfTheConfigurationIsSeen) {
+EFFECT_TEST(SwitchEffectsTest, StreamTypeOfTheConfigurationIsSeen, "isVTDUType1") {
     for (const char* type : {"2", "1"}) {
         transport.Respond(std::string(R"({"result":{"code":"200","data":{"streamType":)") + type + "}}}");
         EXPECT_EQ(Call(*handle, "getConfigInfo", {}), 0);
@@ -185,7 +189,7 @@ TEST_F(SwitchEffectsTest, StreamTypeOfTheConfigurationIsSeen) {
     }
 }
 
-TEST_F(SwitchEffectsTest, LevelFiltersTheLinesOfEveryHandle) {
+EFFECT_TEST(SwitchEffectsTest, LevelFiltersTheLinesOfEveryHandle, "setLogLevel", "getLogLevel") {
     for (const int level : {4, 6, 3}) {
         handle->setLogLevel(level);
         EXPECT_EQ(another->getLogLevel(), level);
@@ -195,7 +199,7 @@ TEST_F(SwitchEffectsTest, LevelFiltersTheLinesOfEveryHandle) {
     }
 }
 
-TEST_F(SwitchEffectsTest, TextsThatTheHostWantsInUtf8AreMadeSo) {
+EFFECT_TEST(SwitchEffectsTest, TextsThatTheHostWantsInUtf8AreMadeSo, "setDataUtf8", "isDataUtf8") {
     const std::string notUtf8 = "{\"meta\":{\"code\":200},\"data\":{\"domain\":\"\xE9\"}}";
     const auto domain = [&] {
         transport.Respond(notUtf8);

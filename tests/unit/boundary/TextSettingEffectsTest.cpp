@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "support/Operations.h"
+#include "unit/boundary/EffectTest.h"
 #include "unit/boundary/HandleTest.h"
 
 namespace vantix::test {
@@ -68,6 +69,21 @@ const TextSettingRow kTextRows[] = {
      [](auto& center, auto& text) { center.setSessionId(text); },
      {"getSessionId", "shared list: sessionId"}},
 };
+
+/// The operations of the table: the setters, and the getters among the places.
+std::vector<std::string> OperationsOfTextRows() {
+    std::vector<std::string> names;
+    const auto add = [&](const std::string& text) { names.push_back(text.substr(0, text.find(','))); };
+    for (const TextSettingRow& row : kTextRows) {
+        add(row.name);
+        for (const char* place : row.places) {
+            add(place);
+        }
+    }
+    return names;
+}
+
+[[maybe_unused]] const bool kNotedTextRows = NoteOperations(OperationsOfTextRows());
 
 class TextSettingEffectsTest : public HandleTest {
 protected:
