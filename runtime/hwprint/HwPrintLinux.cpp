@@ -1,5 +1,6 @@
 #include "hwprint/HwPrintLinux.h"
 
+#include <dirent.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 
@@ -8,6 +9,8 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <memory>
+#include <string_view>
 #include <system_error>
 #include <vector>
 
@@ -32,11 +35,14 @@ std::string FirstLine(const fs::path& file) {
     return Trim(line);
 }
 
+/// Without std::filesystem's iterator, which ends the process when memory runs out within it.
 std::vector<fs::path> SortedEntries(const fs::path& folder) {
     std::vector<fs::path> entries;
-    std::error_code error;
-    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
-        entries.push_back(it->path());
+    const std::unique_ptr<DIR, int (*)(DIR*)> open(opendir(folder.c_str()), &closedir);
+    for (const dirent* entry = nullptr; open != nullptr && (entry = readdir(open.get())) != nullptr;) {
+        if (const std::string_view name = entry->d_name; name != "." && name != "..") {
+            entries.push_back(folder / name);
+        }
     }
     std::sort(entries.begin(), entries.end());
     return entries;

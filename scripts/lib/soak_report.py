@@ -52,6 +52,8 @@ def rows_of(result):
         ("Processor, ms a request: library and checks / cloud",
          f"{1000 * own / requests:.2f} / {1000 * cloud / requests:.2f}"),
         ("Memory, MiB: first tenth / peak / last tenth", span(result["residentKiB"], scale=MEGABYTE)),
+        ("Memory growth behind the first tenth, fitted: MiB an hour / bytes a request",
+         f"{result['memoryGrowth']['mebibytesAnHour']:+,.2f} / {result['memoryGrowth']['bytesARequest']:+,.1f}"),
         ("Descriptors: first tenth / peak / last tenth", span(result["descriptors"])),
         ("Threads: first tenth / peak / last tenth", span(result["threads"])),
         ("Log lines", number(result["logLines"])),

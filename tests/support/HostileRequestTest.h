@@ -44,6 +44,7 @@ protected:
     int CallWith(const std::string& body, Json& changes) {
         Prepare();
         iLogLevel = 6;
+        bUtf8 = true;  // bytes stay what they are
         m_transport.Respond(body);
         for (const Exchange& exchange : Row().after) {
             m_transport.Respond(exchange.response);
