@@ -72,12 +72,13 @@ std::vector<FaultRow> SerialRows() {
                     .families = {Family::kPlatform},
                     .serial = million,
                     .outcome = {.result = kNoDevice, .sent = "&deviceSerial=" + million + "&"}});
-    // The cloud's own server does not read an address of more than some 100,000 characters; the port does.
+    // The cloud's own server does not read an address of more than some 100,000 characters; the port does. It responds
+    // before it has read all, and Windows may forget the response when the connection closes then.
     rows.push_back({.name = "SerialLengthOfAMillionInAnAddress",
                     .families = {Family::kConsumer},
                     .port = {{"tls", {{"protocol", "http/1.1"}}}, {"send", "HTTP/1.1 200 OK\r\n\r\n$body"}},
                     .serial = million,
-                    .outcome = {.result = 300002, .requests = 0, .connections = 1}});
+                    .outcome = {.result = 300002, .requests = 0, .connections = 1, .onWindows = {300002, 100056}}});
     // libcurl makes no request head of more than a mebibyte.
     rows.push_back({.name = "SerialLengthOfTwoMillionInAnAddress",
                     .families = {Family::kConsumer},
@@ -124,7 +125,8 @@ std::vector<FaultRow> CredentialTextRows() {
         Credential("Equals", "A=B", "A=B"),
         Credential("BrokenUtf8", "A\xFF\xC3(B", "A\xFF\xC3(B"),
         Credential("Formats", "%s%n%s%n", "%s%n%s%n"),
-        Credential("Of100000Characters", std::string(100'000, 't'), std::string(100'000, 't')),
+        // The cloud's server reads heads of some 100,000 characters, but not with every TLS library on the other side.
+        Credential("Of30000Characters", std::string(30'000, 't'), std::string(30'000, 't')),
     };
 }
 

@@ -24,7 +24,8 @@ int LeftExit(const Setting& setting);
 
 // What it does with the library (Uses.cpp).
 
-/// Loads and unloads the library 1,100 times, with a request each time; it leaves each time and gives back what it had.
+/// Loads and unloads the library 1,000 times or more, with a request each time; it leaves each time and gives back what
+/// it had.
 int Reload(const Setting& setting);
 /// Never initialises libcurl, and starts 32 threads at once, whose first call is a request.
 int ColdThreads(const Setting& setting);

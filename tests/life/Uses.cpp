@@ -1,6 +1,4 @@
-#if defined(_WIN32)
-#include <windows.h>
-#else
+#if !defined(_WIN32)
 #include <pthread.h>
 #endif
 
@@ -15,27 +13,24 @@
 namespace vantix::life {
 namespace {
 
-/// More than a system has slots for thread-local values.
-constexpr int kReloads = 1'100;
-
-/// Whether the library gave its slots back each time: most of the process's few can still be had.
-bool HasSlotsLeft() {
 #if defined(_WIN32)
-    for (int i = 0; i < 500; ++i) {
-        if (TlsAlloc() == TLS_OUT_OF_INDEXES) {
-            return false;
-        }
-    }
+/// MinGW's own runtime leaves one of the process's 1,088 slots for thread-local values behind each time.
+constexpr int kReloads = 1'000;
+bool HasSlotsLeft() { return true; }
 #else
+/// More than a process has slots for thread-local values.
+constexpr int kReloads = 1'100;
+/// Whether the library gave its slot back each time: most of the process's can still be had.
+bool HasSlotsLeft() {
     for (int i = 0; i < 500; ++i) {
         pthread_key_t key = 0;
         if (pthread_key_create(&key, nullptr) != 0) {
             return false;
         }
     }
-#endif
     return true;
 }
+#endif
 
 }  // namespace
 
