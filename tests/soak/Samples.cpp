@@ -7,7 +7,6 @@
 #include <iterator>
 #include <sstream>
 
-#include "soak/Trend.h"
 #include "support/ProcessUsage.h"
 
 namespace vantix::test {
@@ -26,21 +25,6 @@ size_t ResidentKiB() {
 }
 
 }  // namespace
-
-MemoryGrowth GrowthOf(const std::vector<Sample>& samples, size_t wantedRequests) {
-    constexpr double kKiB = 1024;
-    constexpr double kHour = 3600;
-    std::vector<Point> overTime;
-    std::vector<Point> overRequests;
-    for (const Sample& sample : samples) {
-        if (sample.requests * 10 >= wantedRequests) {
-            const auto memory = static_cast<double>(sample.residentKiB);
-            overTime.push_back({sample.seconds, memory});
-            overRequests.push_back({static_cast<double>(sample.requests), memory});
-        }
-    }
-    return {SlopeOf(overTime) * kHour / kKiB, SlopeOf(overRequests) * kKiB};
-}
 
 double Samples::Seconds() const {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - m_start).count();
