@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdlib>
@@ -26,13 +27,23 @@ bool Begin(const Library& library, const Setting& setting) {
     return FetchNow(*g_center, setting) == 0 && FetchLater(*g_center, setting) == 0;
 }
 
-/// Whether the last of them is still under way when it returns.
+bool IsUnderWay(const Fetch& fetch) {
+    return fetch.future.valid() && fetch.future.wait_for(std::chrono::seconds(0)) == std::future_status::timeout;
+}
+
+/// Whether one of them is still under way when it returns. A task may be done before the next one starts, which a cache
+/// serves then.
 bool Start(Fetches& fetches, const Setting& setting) {
-    for (Fetch& fetch : fetches) {
-        g_center->ClearAllCache();
-        g_center->getDevDetailInfo(setting.serial, 1, fetch.channel, fetch.device, fetch.future);
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        for (Fetch& fetch : fetches) {
+            g_center->ClearAllCache();
+            g_center->getDevDetailInfo(setting.serial, 1, fetch.channel, fetch.device, fetch.future);
+        }
+        if (std::any_of(fetches.begin(), fetches.end(), IsUnderWay)) {
+            return true;
+        }
     }
-    return fetches.back().future.wait_for(std::chrono::seconds(0)) == std::future_status::timeout;
+    return false;
 }
 
 bool DestroyAndUnload(Library& library) {

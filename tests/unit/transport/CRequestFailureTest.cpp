@@ -165,6 +165,7 @@ TEST_F(CRequestFailure, TheTransfersCodeIsReturnedAsItIs) {
     }
 }
 
+#if !defined(_WIN32)  // there libcurl is a part of the program and lacks memory first
 TEST_F(CRequestFailure, WithoutMemoryForAnEmptyBodyNothingIsHandedOut) {
     for (const Operation& operation : Operations()) {
         SCOPED_TRACE(operation.name);
@@ -178,6 +179,7 @@ TEST_F(CRequestFailure, WithoutMemoryForAnEmptyBodyNothingIsHandedOut) {
         EXPECT_EQ(m_spy.Unreleased(), 0);
     }
 }
+#endif
 
 TEST_F(CRequestFailure, WithoutMemoryForMoreOfABodyTheTransferEndsWithWhatIsThere) {
     for (const Operation& operation : Operations()) {
