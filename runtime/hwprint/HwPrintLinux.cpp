@@ -67,7 +67,7 @@ std::string SerialOfDisk(const fs::path& root, const fs::path& disk) {
         }
     }
     const std::string number = FirstLine(disk / "dev");
-    const std::string shortSerial = UdevProperty(root, number, "ID_SERIAL_SHORT");
+    std::string shortSerial = UdevProperty(root, number, "ID_SERIAL_SHORT");
     if (!shortSerial.empty()) {
         return shortSerial;
     }
