@@ -1,4 +1,5 @@
 #include "soak/JournalRules.h"
+#include "support/ConsumerPath.h"
 
 #include <algorithm>
 
@@ -8,7 +9,6 @@ namespace {
 constexpr char kNone[] = "<none>";
 constexpr char kRenewTokenPath[] = "/oauth/token/refreshToken";
 constexpr char kRenewSessionPath[] = "/v3/apigateway/login";
-constexpr char kConsumerTokensPath[] = "/api/user/token/get";
 
 bool BeginsWith(const std::string& text, const char* beginning) { return text.rfind(beginning, 0) == 0; }
 
@@ -119,9 +119,7 @@ std::string WrongByPath(const Account& account, const ReceivedRequest& request) 
 
 }  // namespace
 
-bool IsOfConsumer(const ReceivedRequest& request) {
-    return BeginsWith(request.path, "/v3/") || request.path == kConsumerTokensPath;
-}
+bool IsOfConsumer(const ReceivedRequest& request) { return IsConsumerPath(request.path); }
 
 bool IsRenewal(const ReceivedRequest& request) {
     return request.path == kRenewTokenPath || request.path == kRenewSessionPath;

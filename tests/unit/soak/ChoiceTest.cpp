@@ -1,6 +1,7 @@
 // What a soak calls: all operations, places and modes, and most often what the consumer servers serve.
 
 #include "soak/Choice.h"
+#include "unit/soak/SampleOfSoakAccount.h"
 
 #include <gtest/gtest.h>
 
@@ -12,17 +13,7 @@ namespace vantix::test {
 namespace {
 
 TEST(Choice, IsOfEverythingAndMostOftenOfWhatConsumerServersServe) {
-    const Account account = {.bDomain = "https://b.example",
-                             .cDomain = "https://c.example",
-                             .refreshToken = "rt.1",
-                             .openId = "open",
-                             .refreshSessionId = "rs.1",
-                             .globalTkToken = "tk.global",
-                             .accessTokens = {"at.soak.1"},
-                             .sessions = {"se.soak.1"},
-                             .tkTokens = {"[]"},
-                             .b2cTokens = {"shared", "own"},
-                             .appIds = {"app-soak-1"}};
+    const Account account = SampleOfSoakAccount();
     Choice choice(account, "picture", 1);
     std::set<int> slots;
     std::set<std::string> places;

@@ -12,25 +12,13 @@
 #include "soak/LogRules.h"
 #include "soak/Records.h"
 #include "soak/Rules.h"
+#include "unit/soak/SampleOfSoakAccount.h"
 
 namespace vantix::test {
 namespace {
 
 using ::testing::IsEmpty;
 using ::testing::StartsWith;
-
-Account SampleOfAccount() {
-    return {.bDomain = "https://b.example",
-            .cDomain = "https://c.example",
-            .refreshToken = "rt.1",
-            .openId = "open",
-            .refreshSessionId = "rs.1",
-            .globalTkToken = "tk.global",
-            .accessTokens = {"at.soak.1"},
-            .sessions = {"se.soak.1"},
-            .appIds = {"app-soak-1"},
-            .hostSecrets = {"at.soak.1", "se.soak.1", "tk.0.deviceTkToken.C10000001-1"}};
-}
 
 struct RequestRow {
     const char* name = "";
@@ -87,7 +75,7 @@ const RequestRow kRequests[] = {
 };
 
 TEST(SoakRulesTest, RequestsAreJudgedByPathDomainAndCredential) {
-    const Account account = SampleOfAccount();
+    const Account account = SampleOfSoakAccount();
     for (const RequestRow& row : kRequests) {
         const std::string wrong = WrongInRequest(account, row.request);
         EXPECT_THAT(wrong, StartsWith(row.wrong)) << row.name;
@@ -181,7 +169,7 @@ TEST(SoakRulesTest, CodesDependOnTheOperationAndOnFaults) {
 }
 
 TEST(SoakRulesTest, LogLinesShowNoSecret) {
-    const Account account = SampleOfAccount();
+    const Account account = SampleOfSoakAccount();
     const auto wrong = [&](const std::string& line) { return WrongInLine(account, line); };
     EXPECT_THAT(wrong("start Posts url and Param = https://b.example/api?accessToken=***&appKey=***"), IsEmpty());
     EXPECT_THAT(wrong("strRsp:{\"access_token\":\"at.fresh.7c2e90b4.000001\"}"), IsEmpty());
