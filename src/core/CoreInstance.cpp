@@ -1,5 +1,7 @@
 #include "core/CoreInstance.h"
 
+#include <memory>
+
 #include "base/RunningTask.h"
 #include "base/TlsLibrary.h"
 #include "core/CVantixDataCenter.h"
@@ -12,7 +14,7 @@ namespace {
 /// The core goes when the process ends or the library is unloaded, unless a task still uses it.
 class CoreOwner {
 public:
-    CoreOwner() { KeepTlsLibraryToTheEnd(); }
+    CoreOwner() : m_core(std::make_unique<CVantixDataCenter>().release()) { KeepTlsLibraryToTheEnd(); }
     ~CoreOwner() {
         if (!RunningTask::IsThereOne()) {
             delete m_core;  // the pointer itself never changes: tasks read it
@@ -24,7 +26,7 @@ public:
     CVantixDataCenter& Core() const { return *m_core; }
 
 private:
-    CVantixDataCenter* const m_core = new CVantixDataCenter;
+    CVantixDataCenter* const m_core;
 };
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <map>
 
 #include "faults/FaultFixture.h"
 #include "faults/Remembered.h"
@@ -49,6 +50,23 @@ void FaultFixture::ExpectReceived(const std::vector<FaultCase>& faults) const {
     EXPECT_EQ(Connections(), connections);
     if (faults.size() == 1) {
         ExpectJournal(faults.front());
+    } else {
+        ExpectReceivedByDevice(faults);
+    }
+}
+
+/// Rows that are met together have a device each; a renewal's request names none.
+void FaultFixture::ExpectReceivedByDevice(const std::vector<FaultCase>& faults) const {
+    std::map<std::string, size_t> byDevice;
+    for (const ReceivedRequest& request : Cloud().Requests()) {
+        ++byDevice[request.Parameter("deviceSerial")];
+    }
+    for (const FaultCase& fault : faults) {
+        const Outcome& expected = fault.Expected();
+        if (fault.row.serial && fault.row.callers == 1) {
+            const size_t renewals = expected.renewed.empty() ? 0 : 1;
+            EXPECT_EQ(byDevice[*fault.row.serial], expected.requests - renewals) << fault.Name();
+        }
     }
 }
 

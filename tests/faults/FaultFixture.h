@@ -52,6 +52,7 @@ private:
     void ExpectOutcome(const Encounter& encounter) const;
     void ExpectHandedOut(const Encounter& encounter) const;
     void ExpectReceived(const std::vector<FaultCase>& faults) const;
+    void ExpectReceivedByDevice(const std::vector<FaultCase>& faults) const;
     void ExpectJournal(const FaultCase& fault) const;
     void ExpectRemembered(const std::vector<FaultCase>& faults) const;
     void ExpectGoodCall(const Subject& subject) const;

@@ -81,15 +81,25 @@ private:
 };
 // NOLINTEND(cppcoreguidelines-no-malloc)
 
-/// A host that has fetched once.
-IVantixDataCenter& Warm(const Library& library, const Setting& setting) {
-    IVantixDataCenter* center = library.Create();
-    Configure(*center, setting);
-    if (FetchNow(*center, setting) != 0) {
-        std::exit(EXIT_FAILURE);
+/// A handle of a host that has fetched once, destroyed at its end.
+class WarmHandle {
+public:
+    WarmHandle(const Library& library, const Setting& setting) : m_library(library), m_center(library.Create()) {
+        Configure(*m_center, setting);
+        if (FetchNow(*m_center, setting) != 0) {
+            std::exit(EXIT_FAILURE);
+        }
     }
-    return *center;
-}
+    ~WarmHandle() { m_library.Destroy(m_center); }
+    WarmHandle(const WarmHandle&) = delete;
+    WarmHandle& operator=(const WarmHandle&) = delete;
+
+    IVantixDataCenter& operator*() const { return *m_center; }
+
+private:
+    const Library& m_library;
+    IVantixDataCenter* m_center;
+};
 
 std::atomic<int> g_signals{0};
 
@@ -99,7 +109,8 @@ void Count(int /*signal*/) { ++g_signals; }
 
 int Fork(const Setting& setting) {
     const Library library(setting.libraryPath);
-    IVantixDataCenter& center = Warm(library, setting);
+    const WarmHandle handle(library, setting);
+    IVantixDataCenter& center = *handle;
     FetchLater(center, setting);
     for (int time = 0; time < 20; ++time) {
         const pid_t child = fork();
@@ -120,7 +131,8 @@ int Fork(const Setting& setting) {
 
 int Signals(const Setting& setting) {
     const Library library(setting.libraryPath);
-    IVantixDataCenter& center = Warm(library, setting);
+    const WarmHandle handle(library, setting);
+    IVantixDataCenter& center = *handle;
     struct sigaction action {};
     action.sa_handler = &Count;
     sigaction(SIGALRM, &action, nullptr);
@@ -139,7 +151,8 @@ int Signals(const Setting& setting) {
 int FewDescriptors(const Setting& setting) {
     const Library library(setting.libraryPath);
     const Limit limit(RLIMIT_NOFILE, 20);
-    IVantixDataCenter& center = Warm(library, setting);
+    const WarmHandle handle(library, setting);
+    IVantixDataCenter& center = *handle;
     for (int time = 0; time < 200; ++time) {
         if (FetchNow(center, setting) != 0 || FetchLater(center, setting) != 0) {
             return EXIT_FAILURE;
@@ -150,7 +163,8 @@ int FewDescriptors(const Setting& setting) {
 
 int LittleMemory(const Setting& setting) {
     const Library library(setting.libraryPath);
-    IVantixDataCenter& center = Warm(library, setting);
+    const WarmHandle handle(library, setting);
+    IVantixDataCenter& center = *handle;
     std::map<int, int> codes;
     for (size_t left = 0; left <= 400; left += 2) {
         const Limit limit(RLIMIT_AS, AddressSpace() + (size_t{16} << 20U));
@@ -167,7 +181,8 @@ int LittleMemory(const Setting& setting) {
 
 int NoThread(const Setting& setting) {
     const Library library(setting.libraryPath);
-    IVantixDataCenter& center = Warm(library, setting);
+    const WarmHandle handle(library, setting);
+    IVantixDataCenter& center = *handle;
     int refused = 0;
     {
         const Limit limit(RLIMIT_AS, AddressSpace() + 1'024 * 1'024);  // a stack needs more

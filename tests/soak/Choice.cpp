@@ -57,6 +57,7 @@ ChosenCall Choice::Next(int logLevel) {
              .localPath = m_picture,
              .refreshSessionId = Below(2) == 0 ? m_account.refreshSessionId : "",
              .text = TextFor(slot, place),
+             .consumerDomain = m_account.cDomain,
              .channelText = std::to_string(place.ch),
              .number = NumberFor(slot, logLevel),
              .tkType = 1 + static_cast<int>(Below(kTkTypes))}};
@@ -84,6 +85,7 @@ std::string Choice::TokenFor(int slot, const Place& place) {
 std::string Choice::TextFor(int slot, const Place& place) {
     switch (slot) {
         case 60: return OneOf(m_account.tkTokens);
+        case 73:
         case 76: return m_account.bDomain;
         case 78: return OneOf(m_account.appIds);
         case 86: return m_account.openId;

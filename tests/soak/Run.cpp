@@ -82,18 +82,10 @@ void Run::PrepareCore() {
     center.setPermissionMode(0);
 }
 
-int Run::ResultOf(const ChosenCall& call, Outputs& outputs) {
-    switch (call.operation->slot) {
-        case 66: return m_handle->getPermissionMode() == nullptr ? -1 : 0;  // whoever reads the mode races by contract
-        case 73: m_handle->setDomain(m_account.bDomain, m_account.cDomain); return 0;  // takes two texts
-        default: return test::Call(*m_handle, *call.operation, call.arguments, outputs).result;
-    }
-}
-
 void Run::Call(const ChosenCall& call, CallerTally& tally) {
     const int slot = call.operation->slot;
     Outputs outputs;
-    const int result = ResultOf(call, outputs);
+    const int result = CallAmongThreads(*m_handle, *call.operation, call.arguments, outputs);
     const bool withFaults = m_options.faultPercent > 0;
     const Verdict verdict = Judged(slot, result, withFaults);
     m_rules.Apply(kCodeRule, verdict != Verdict::Wrong

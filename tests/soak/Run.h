@@ -46,7 +46,6 @@ public:
 private:
     void PrepareCore();
     void Caller(int number);
-    int ResultOf(const ChosenCall& call, Outputs& outputs);
     void Call(const ChosenCall& call, CallerTally& tally);
     void Publish();
     void Judge();

@@ -23,10 +23,12 @@ const std::string& Decision::PlatformCredential() {
 }
 
 bool Decision::IsConsumer() {
-    if (m_row.family == FamilyRule::ByToken) {
-        return IsSharedToken();
+    switch (m_row.family) {
+        case FamilyRule::ByToken: return IsSharedToken();
+        case FamilyRule::ByChannel: return IsSharedChannel();
+        case FamilyRule::Platform: break;
     }
-    return m_row.family == FamilyRule::ByChannel && IsSharedChannel();
+    return false;
 }
 
 bool Decision::FindAddress() {
