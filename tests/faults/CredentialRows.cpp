@@ -100,7 +100,7 @@ FaultRow ManyCallers(const std::string& name, Family family, const std::string& 
             .outcome = {.requests = 64 + 1 + 64,
                         .requestsAtMost = 64 + 64 + 64,
                         .renewed = "renewed",
-                        .keptMiB = 16}};  // the heaps of the callers' threads
+                        .keptMiB = 8}};  // 64 callers at once
 }
 
 }  // namespace

@@ -15,6 +15,7 @@ namespace vantix::test {
 /// A case in which calls meet faults, and nothing but these calls may suffer from it.
 class FaultFixture : public CoreFixture {
 protected:
+    static void SetUpTestSuite() { KeepOneHeap(); }
     void TearDown() override;
 
     /// The one procedure of every row; several rows are met at the same time. Before, every cache is full and every

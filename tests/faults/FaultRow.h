@@ -37,7 +37,7 @@ struct Outcome {
     double secondsAtLeast = 0;
     double secondsAtMost = 0;  ///< 0: not looked at.
     size_t peakMiB = 0;        ///< What the call takes at most at once; 0: not looked at.
-    size_t keptMiB = 4;        ///< What the process holds more of afterwards.
+    size_t keptMiB = 2;        ///< What the process holds more of afterwards.
 };
 
 /// What the process lacks, or finds changed, while the object exists.

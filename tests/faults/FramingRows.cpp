@@ -110,29 +110,27 @@ std::vector<FaultRow> SizeRows() {
     constexpr size_t kTextLength = 50UL * 1024 * 1024;
     return {
         // Three times the text at once. The platform's: the body, the reader's copy of it, and the text as it is read;
-        // measured 184, and 210 on the thread of a task. The consumer servers': the body, the text as it is read, and
+        // measured 184, and 219 on the thread of a task. The consumer servers': the body, the text as it is read, and
         // the parsed value; 172. What is above 150 is what the allocator keeps of blocks that grew. Afterwards the
         // cached record keeps the room of its longest text, also when a shorter one takes its place.
         {.name = "TextOfFiftyMebibytes",
          .script = {{"body", "$long"}, {"filler", {{"text", "k"}, {"times", kTextLength}}}},
-         .outcome = {.idLength = kTextLength, .peakMiB = 212, .keptMiB = 56},
-         .consumer = Outcome{.idLength = kTextLength, .peakMiB = 198, .keptMiB = 56},
-         .task = Outcome{.idLength = kTextLength, .peakMiB = 242, .keptMiB = 68}},
+         .outcome = {.idLength = kTextLength, .peakMiB = 212, .keptMiB = 52},
+         .consumer = Outcome{.idLength = kTextLength, .peakMiB = 198, .keptMiB = 52},
+         .task = Outcome{.idLength = kTextLength, .peakMiB = 242}},
         {.name = "TextOfOneMebibyte",
          .script = {{"body", "$long"}, {"filler", {{"text", "k"}, {"times", 1U << 20U}}}},
-         .outcome = {.idLength = 1U << 20U, .keptMiB = 8}},
-        // Texts: of a number a checking C library looks at all that follows it. The heap of a task's thread stays.
+         .outcome = {.idLength = 1U << 20U}},
+        // Texts: of a number a checking C library looks at all that follows it.
         {.name = "TwoMillionElements",
-         .script = {{"body", "$list"}, {"filler", {{"text", R"(,"")"}, {"times", 2'000'000}}}},
-         .task = Outcome{.keptMiB = 48}},
+         .script = {{"body", "$list"}, {"filler", {{"text", R"(,"")"}, {"times", 2'000'000}}}}},
         {.name = "MebibyteThatIsNoJson",
          .script = {{"body", "$filler"}, {"filler", {{"text", "x"}, {"times", 1U << 20U}}}},
          .outcome = {.result = 300001}},
-        // The body alone, once: measured 121, and 106 on the thread of a task.
+        // The body alone, once: measured 122.
         {.name = "HundredMebibytesOfBlanks",
          .script = {{"body", "$filler$body"}, {"filler", {{"text", " "}, {"times", 100UL << 20U}}}},
-         .outcome = {.peakMiB = 139},
-         .task = Outcome{.peakMiB = 122, .keptMiB = 8}},
+         .outcome = {.peakMiB = 139}},
     };
 }
 

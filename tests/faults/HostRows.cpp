@@ -75,8 +75,7 @@ std::shared_ptr<void> DefaultSigpipe(const SimulatorClient& /*cloud*/) {
 const size_t kMuch = 7'000'000;
 
 std::vector<FaultRow> LinuxRows() {
-    // The heap of a task's thread keeps room for the serial and its copies.
-    const Outcome failure = {.result = kSomeTransportFailure, .requests = 0, .connections = 1, .keptMiB = 24};
+    const Outcome failure = {.result = kSomeTransportFailure, .requests = 0, .connections = 1};
     return {
         {.name = "NoDescriptorLeft", .condition = NoDescriptorLeft, .outcome = {.result = 100007, .requests = 0}},
         {.name = "BrokenPipeByAReset",

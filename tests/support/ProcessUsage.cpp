@@ -66,6 +66,12 @@ void ForgetPeak() {
     }
 }
 
+void KeepOneHeap() {
+#if defined(__GLIBC__)
+    mallopt(M_ARENA_MAX, 1);
+#endif
+}
+
 bool FellBackTo(const ProcessUsage& before) {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(1);
     while (std::chrono::steady_clock::now() < deadline) {

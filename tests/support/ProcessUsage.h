@@ -22,4 +22,8 @@ size_t ResidentMiB();
 size_t PeakMiB();
 void ForgetPeak();
 
+/// Lets all threads share the allocator's first heap, of which alone it gives everything back that is free: how much a
+/// thread's own one keeps is the allocator's choice. To be called before there is another thread; only on glibc.
+void KeepOneHeap();
+
 }  // namespace vantix::test
