@@ -15,7 +15,7 @@ extern "C" int __wrap__ZN6vantix11SyncRequestEjRKNS_8ParamMapEPKcPPcPj(uint32_t 
                                                                        const vantix::ParamMap& params,
                                                                        const char* /*base*/, char** response,
                                                                        uint32_t* length) {
-    const std::string body = vantix::bench::DetailResponse(params.All().at("deviceSerial"));
+    const std::string body = vantix::bench::DetailResponse(std::string(params.Find("deviceSerial").value_or("")));
     *response = static_cast<char*>(std::malloc(body.size() + 1));
     std::memcpy(*response, body.c_str(), body.size() + 1);
     *length = static_cast<uint32_t>(body.size());

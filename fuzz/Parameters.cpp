@@ -25,15 +25,17 @@ void Serialise(const std::string& text) {
     const ParamMap map = MapOf(Input(text));
     const std::string sent = map.Serialize();
     Require(map.HasZeroByte() || sent.find('\0') == std::string::npos);
-    size_t length = map.All().empty() ? 0 : map.All().size() - 1;
+    size_t length = map.Size() == 0 ? 0 : map.Size() - 1;
     ParamMap others;
-    for (const auto& [key, value] : map.All()) {
+    for (size_t i = 0; i < map.Size(); ++i) {
+        const std::string key(map.At(i).key);
         const bool isSecret = key == "appKey" || key == "accessToken" || key == "sessionId";
-        others.Add(key.c_str(), isSecret ? std::string("***") : value);
-        length += key.size() + 1 + value.size();
+        others.Add(key.c_str(), std::string(isSecret ? "***" : map.At(i).value));
+        length += key.size() + 1 + map.At(i).value.size();
+        Require(i == 0 || map.At(i - 1).key < map.At(i).key);
+        Require(map.Find(key) == map.At(i).value);
     }
-    // An entry whose key is empty and that comes first has no "&" behind it only when it is empty altogether.
-    Require(sent.size() == length || map.All().begin()->first.empty());
+    Require(sent.size() == length);
     Require(map.SerializeMasked() == others.Serialize());
 }
 
@@ -52,7 +54,7 @@ void SendHeaders(const std::string& text) {
     transfer.SetCommonOptions("https://platform.example/", true);
     transfer.AddHeaders(map);
     transfer.ApplyHeaders();
-    Require(transfer.Perform() == 0 && sent == map.All().size());
+    Require(transfer.Perform() == 0 && sent == map.Size());
     SetServer(nullptr);
 }
 

@@ -56,27 +56,32 @@ constexpr json::Field<BelongDevInfo> kTtsFields[] = {
 };
 constexpr json::Field<BelongDevInfo> kKeyFields[] = {
     {"publicKey", &BelongDevInfo::publicKey},
-    {"key", &BelongDevInfo::publicKey},
     {"version", &BelongDevInfo::version},
+};
+/// The key's other name, which counts when both are there.
+constexpr json::Field<BelongDevInfo> kOtherKeyFields[] = {
+    {"key", &BelongDevInfo::publicKey},
 };
 
 /// Reads the device's public key: members of the group's entry, or of an object "publicKey" in it.
 void ReadKey(const JsonCppView& entry, DevDetailInfo& device) {
-    json::ReadFields<JsonCppView, BelongDevInfo>(entry, kKeyFields, device);
-    json::ReadFields<JsonCppView, BelongDevInfo>(entry.Member("publicKey"), kKeyFields, device);
+    for (const JsonCppView& place : {entry, entry.Member("publicKey")}) {
+        json::ReadFields<kKeyFields>(place, device);
+        json::ReadFields<kOtherKeyFields>(place, device);
+    }
 }
 
 void ReadGroups(const JsonCppView& root, const std::string& serial, DevDetailInfo& device) {
     const auto entry = [&](const char* group) { return EntryOf(BesideOrInsideData(root, group), serial); };
     BelongDevInfo& fields = device;
-    json::ReadFields(entry("connectionInfos"), kConnectionFields, fields);
+    json::ReadFields<kConnectionFields>(entry("connectionInfos"), fields);
     std::string mask;
     if (entry("wifiInfos").Member("mask").Read(mask)) {
         device.maskIp = DecimalPrefix(mask);
     }
-    json::ReadFields(entry("cloudInfos"), kCloudFields, fields);
-    json::ReadFields(entry("statusInfos"), kStatusFields, fields);
-    json::ReadFields(entry("ttsInfos"), kTtsFields, fields);
+    json::ReadFields<kCloudFields>(entry("cloudInfos"), fields);
+    json::ReadFields<kStatusFields>(entry("statusInfos"), fields);
+    json::ReadFields<kTtsFields>(entry("ttsInfos"), fields);
     ReadKey(entry("kmsInfos"), device);
     ReadKey(entry("ttsInfos"), device);
 }
@@ -96,22 +101,22 @@ bool ReadCamera(const JsonCppView& camera, const std::string& deviceSerial, Cons
     if (!camera.IsObject() || NamesAnother(camera, deviceSerial)) {
         return false;
     }
-    json::ReadFields(camera, kCameraFields, entry.channel);
+    json::ReadFields<kCameraFields>(camera, entry.channel);
     int32_t isShared = 0;
     if (camera.Member("isShared").Read(isShared)) {
         entry.channel.isShared = std::to_string(isShared);
     }
     const JsonCppView vtm = camera.Member("vtmInfo");
     vtm.Member("forceStreamType").Read(entry.channel.forceStreamType);
-    json::ReadFields<JsonCppView, BelongDevInfo>(vtm, kVtmFields, entry.device);
+    json::ReadFields<kVtmFields>(vtm, entry.device);
     vtm.Member("internalIp").Read(entry.vtmInternalIp);
-    json::AppendRecords(camera.Member("videoQualityInfos"), kQualityFields, entry.channel.videoQualityInfos);
+    json::AppendRecords<kQualityFields>(camera.Member("videoQualityInfos"), entry.channel.videoQualityInfos);
     return true;
 }
 
 void ReadDevice(const JsonCppView& root, const std::string& deviceSerial, DevDetailInfo& device) {
     const JsonCppView entry = EntryOf(BesideOrInsideData(root, "deviceInfos"), deviceSerial);
-    json::ReadFields<JsonCppView, BelongDevInfo>(entry, kDeviceFields, device);
+    json::ReadFields<kDeviceFields>(entry, device);
     ReadGroups(root, deviceSerial, device);
     ReadCapabilities(entry.Member("supportExt"), device);
 }

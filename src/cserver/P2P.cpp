@@ -53,14 +53,14 @@ int ParseP2PDevInfoFromCServer(TextView body, const std::string& deviceSerial, P
         if (!servers.IsArray() || !devices.IsArray()) {
             return LogMalformed(site, body, servers.IsArray() ? "deviceInfos" : "p2pInfos");
         }
-        json::AppendRecords(servers, kP2PServerFields, devInfo.serverInfos);
+        json::AppendRecords<kP2PServerFields>(servers, devInfo.serverInfos);
         ReadDevice(consumer::EntryOf(devices, deviceSerial), devInfo);
         return VANTIX_NOERROR;
     });
 }
 
 int ParseP2PQXDevCapFromCServer(const std::string& text, P2PDevInfo& devInfo) {
-    return ReadP2PCapabilities(VANTIX_HERE, text, kCapabilityFields, devInfo);
+    return ReadP2PCapabilities<kCapabilityFields>(VANTIX_HERE, text, devInfo);
 }
 
 }  // namespace vantix

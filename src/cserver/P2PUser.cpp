@@ -126,7 +126,7 @@ int ParseP2PUserInfoFromCServer(const std::string& joined, P2PUserInfo& userInfo
     }
     user.Member("userInfo").Member("userId").Read(userInfo.userId);
     BesideOrInsideData(configuration, "secret").Read(userInfo.data);
-    json::ReadFields(RootData(configuration), kUserFields, userInfo);
+    json::ReadFields<kUserFields>(RootData(configuration), userInfo);
     return VANTIX_NOERROR;
 }
 

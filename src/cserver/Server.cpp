@@ -23,7 +23,7 @@ int GetServerInfoFromCServer(const ConsumerRoute& route, ServerInfo& serverInfo)
 int ParseServerInfoFromCServer(TextView body, ServerInfo& serverInfo) {
     return ReadObjectResponse(
         VANTIX_HERE, body, OptionalMetaCode, Configuration,
-        [&](const json::JsonCppView& configuration) { json::ReadFields(configuration, kServerFields, serverInfo); });
+        [&](const json::JsonCppView& configuration) { json::ReadFields<kServerFields>(configuration, serverInfo); });
 }
 
 }  // namespace vantix

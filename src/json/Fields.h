@@ -3,9 +3,13 @@
 /// @file
 /// Members that are copied "when present and of this type", as rows: a key and a pointer to the record's member.
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -18,21 +22,62 @@ struct Field {
     std::variant<std::string Record::*, int32_t Record::*, bool Record::*> member;
 };
 
-/// Copies every member that is present with the right type; all others leave their field as it was. `View` is one of
-/// the readers of this folder; a value that is no object has no members.
-template <class View, class Record, size_t Count>
-void ReadFields(const View& object, const Field<Record> (&fields)[Count], Record& record) {
-    for (const Field<Record>& field : fields) {
-        const View value = object.Member(field.key);
-        std::visit([&](auto member) { value.Read(record.*member); }, field.member);
+/// The keys of a table's rows, and the rows, in the order in which readers walk through an object.
+template <const auto& Rows>
+struct SortedRows {
+    static constexpr size_t kCount = std::size(Rows);
+    using Row = std::remove_cvref_t<decltype(Rows[0])>;
+
+    static constexpr std::array<Row, kCount> kRows = [] {
+        std::array<Row, kCount> rows;
+        std::copy(std::begin(Rows), std::end(Rows), rows.begin());
+        std::sort(rows.begin(), rows.end(),
+                  [](const Row& a, const Row& b) { return std::string_view(a.key) < std::string_view(b.key); });
+        return rows;
+    }();
+    static constexpr std::array<std::string_view, kCount> kKeys = [] {
+        std::array<std::string_view, kCount> keys;
+        std::transform(kRows.begin(), kRows.end(), keys.begin(), [](const Row& row) { return row.key; });
+        return keys;
+    }();
+    static_assert(std::adjacent_find(kKeys.begin(), kKeys.end()) == kKeys.end(), "a table reads each member once");
+};
+
+/// Whether no two rows fill the same field: which one came last would decide.
+template <class Row, size_t Count>
+constexpr bool FillEachFieldOnce(const std::array<Row, Count>& rows) {
+    for (size_t i = 0; i < Count; ++i) {
+        for (size_t j = 0; j < i; ++j) {
+            if (rows[i].member == rows[j].member) {
+                return false;
+            }
+        }
     }
+    return true;
+}
+
+/// Calls `use(row, value)` for each row whose key is a member of the object. `View` is one of the readers of this
+/// folder; a value that is no object has no members.
+template <const auto& Rows, class View, class Use>
+void VisitRows(const View& object, const Use& use) {
+    using Sorted = SortedRows<Rows>;
+    object.VisitMembers(Sorted::kKeys, [&](size_t i, const View& value) { use(Sorted::kRows[i], value); });
+}
+
+/// Copies every member that is present with the right type; all others leave their field as it was.
+template <const auto& Fields, class View, class Record>
+void ReadFields(const View& object, Record& record) {
+    static_assert(FillEachFieldOnce(SortedRows<Fields>::kRows), "rows of a table are read in the order of their keys");
+    VisitRows<Fields>(object, [&](const auto& field, const View& value) {
+        std::visit([&](auto member) { value.Read(record.*member); }, field.member);
+    });
 }
 
 /// Appends a record for each element of an array, in order; an element that is no object gives an empty record.
-template <class View, class Record, size_t Count>
-void AppendRecords(const View& array, const Field<Record> (&fields)[Count], std::vector<Record>& records) {
+template <const auto& Fields, class View, class Record>
+void AppendRecords(const View& array, std::vector<Record>& records) {
     for (size_t i = 0; i < array.Size(); ++i) {
-        ReadFields(array.Element(i), fields, records.emplace_back());
+        ReadFields<Fields>(array.Element(i), records.emplace_back());
     }
 }
 

@@ -1,6 +1,7 @@
 #include "json/Json11Reader.h"
 
 #include <exception>
+#include <iterator>
 #include <json11.hpp>
 #include <limits>
 
@@ -36,6 +37,23 @@ Json11View Json11View::Member(const char* key) const {
     const json11::Json::object& members = m_value->object_items();
     const auto found = members.find(key);
     return found == members.end() ? Json11View() : Json11View(&found->second);
+}
+
+void Json11View::VisitMembers(std::span<const std::string_view> keys,
+                              FunctionRef<void(size_t position, const Json11View& member)> use) const {
+    if (!IsObject()) {
+        return;
+    }
+    const json11::Json::object& members = m_value->object_items();
+    auto member = members.begin();
+    for (size_t i = 0; i < keys.size() && member != members.end();) {
+        const int order = keys[i].compare(member->first);
+        if (order == 0) {
+            use(i, Json11View(&member->second));
+        }
+        i += order <= 0 ? 1U : 0U;
+        member = order >= 0 ? std::next(member) : member;
+    }
 }
 
 size_t Json11View::Size() const { return IsArray() ? m_value->array_items().size() : 0; }
@@ -79,14 +97,15 @@ bool Json11View::Read(bool& flag) const {
 Json11Document::Json11Document() = default;
 Json11Document::~Json11Document() = default;
 
-bool Json11Document::Parse(TextView text) {
+bool Json11Document::Parse(TextView text) { return Parse(WithoutBlanksAround(text)); }
+
+bool Json11Document::Parse(const std::string& text) {
     m_root.reset();
     m_error.clear();
-    std::string json = WithoutBlanksAround(text);
-    if (CLocaleHasOtherPoint()) {
-        json = WithoutDecimalPoints(json);
-    }
-    auto root = std::make_unique<json11::Json>(json11::Json::parse(json, m_error));
+    const bool hasOtherPoint = CLocaleHasOtherPoint();
+    const std::string otherText = hasOtherPoint ? WithoutDecimalPoints(text) : std::string();
+    auto root =
+        std::make_unique<json11::Json>(json11::Json::parse(hasOtherPoint ? otherText : text, m_error));
     if (!m_error.empty()) {
         return false;
     }

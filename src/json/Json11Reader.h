@@ -7,8 +7,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
+#include <string_view>
 
+#include "base/FunctionRef.h"
 #include "base/TextView.h"
 
 namespace json11 {
@@ -30,6 +33,10 @@ public:
 
     /// The member of an object; nothing when this is no object or has no such member.
     Json11View Member(const char* key) const;
+    /// Calls `use` with the position of each key that is a member, and the member. The keys are in byte order, so one
+    /// walk finds them all.
+    void VisitMembers(std::span<const std::string_view> keys,
+                      FunctionRef<void(size_t position, const Json11View& member)> use) const;
     /// Number of elements of an array; 0 for everything else.
     size_t Size() const;
     /// An element of an array; nothing beyond its end.
@@ -58,6 +65,9 @@ public:
 
     /// Parses a text; false when it is not JSON or nested too deeply.
     bool Parse(TextView text);
+    /// The same without a copy: json11 reads a string.
+    bool Parse(const std::string& text);
+    bool Parse(const char* text) { return Parse(TextView(text)); }
     /// The value of the whole text; nothing before a successful `Parse`.
     Json11View Root() const;
     /// Why the last `Parse` failed, in the parser's words.

@@ -31,21 +31,49 @@ JsonCppView JsonCppView::Member(const char* key) const {
     return IsObject() ? JsonCppView(m_value->find(key, key + std::strlen(key))) : JsonCppView();
 }
 
+void JsonCppView::VisitMembers(std::span<const std::string_view> keys,
+                               FunctionRef<void(size_t position, const JsonCppView& member)> use) const {
+    if (!IsObject()) {
+        return;
+    }
+    auto member = m_value->begin();
+    const auto end = m_value->end();
+    for (size_t i = 0; i < keys.size() && member != end;) {
+        const char* nameEnd = nullptr;
+        const char* const name = member.memberName(&nameEnd);
+        const int order = keys[i].compare(std::string_view(name, static_cast<size_t>(nameEnd - name)));
+        if (order == 0) {
+            use(i, JsonCppView(&*member));
+        }
+        i += order <= 0 ? 1U : 0U;
+        if (order >= 0) {
+            ++member;
+        }
+    }
+}
+
 size_t JsonCppView::Size() const { return IsArray() ? m_value->size() : 0; }
 
 JsonCppView JsonCppView::Element(size_t index) const {
     return index < Size() ? JsonCppView(&(*m_value)[static_cast<Json::ArrayIndex>(index)]) : JsonCppView();
 }
 
-bool JsonCppView::Read(std::string& text) const {
+std::optional<TextView> JsonCppView::Text() const {
     if (!IsString()) {
-        return false;
+        return std::nullopt;
     }
     const char* begin = nullptr;
     const char* end = nullptr;
     m_value->getString(&begin, &end);
-    text.assign(begin, end);
-    return true;
+    return TextView(begin, static_cast<size_t>(end - begin));
+}
+
+bool JsonCppView::Read(std::string& text) const {
+    const std::optional<TextView> own = Text();
+    if (own) {
+        text.assign(own->begin(), own->end());
+    }
+    return own.has_value();
 }
 
 bool JsonCppView::Read(int32_t& number) const {

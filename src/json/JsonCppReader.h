@@ -7,8 +7,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 
+#include "base/FunctionRef.h"
 #include "base/TextView.h"
 
 namespace Json {
@@ -30,6 +34,10 @@ public:
 
     /// The member of an object; nothing when this is no object or has no such member.
     JsonCppView Member(const char* key) const;
+    /// Calls `use` with the position of each key that is a member, and the member. The keys are in byte order, so one
+    /// walk finds them all.
+    void VisitMembers(std::span<const std::string_view> keys,
+                      FunctionRef<void(size_t position, const JsonCppView& member)> use) const;
     /// Number of elements of an array; 0 for everything else.
     size_t Size() const;
     /// An element of an array; nothing beyond its end.
@@ -40,6 +48,8 @@ public:
     bool Read(std::string& text) const;
     bool Read(int32_t& number) const;
     bool Read(bool& flag) const;
+    /// The string's own bytes, or nothing when this is no string. Saves a copy of long texts.
+    std::optional<TextView> Text() const;
     /// Any number, truncated toward zero; not one outside 64 bits.
     bool ReadNumber(int64_t& number) const;
 

@@ -25,6 +25,9 @@ constexpr bool kDropsOverlongLine = true;
 constexpr bool kDropsOverlongLine = false;
 #endif
 
+/// The first line of the process may come before any other call; it builds the core.
+bool IsWritten(int lineLevel) { return kBuildCore() && LogPasses(lineLevel); }
+
 /// Ends the process as a range-check failure does.
 [[noreturn]] void RangeCheckFailure() { std::abort(); }
 
@@ -58,8 +61,7 @@ int ProcessId() {
 FunctionTag LineTag(const CallSite& site) { return site.Tag(); }
 
 void log(int lineLevel, const char* format, ...) {
-    // The first line of the process may come before any other call; it builds the core.
-    if (!kBuildCore() || !LogPasses(lineLevel)) {
+    if (!IsWritten(lineLevel)) {
         return;
     }
     char buffer[kBufferSize] = {};
@@ -68,6 +70,20 @@ void log(int lineLevel, const char* format, ...) {
     const int length = std::vsnprintf(buffer, sizeof(buffer), format, values);
     va_end(values);
     Emit(lineLevel, buffer, length);
+}
+
+void LogMessage(const CallSite& site, int lineLevel, LineWord word, const char* format, ...) {
+    if (!LogPasses(lineLevel) || !IsWritten(lineLevel)) {
+        return;
+    }
+    char buffer[kBufferSize] = {};
+    const int start = std::snprintf(buffer, sizeof(buffer), word == LineWord::Info ? VANTIX_INFO_PREFIX : VANTIX_ERROR_PREFIX,
+                                    ProcessId(), LineTag(site).text, site.Line());
+    va_list values;
+    va_start(values, format);
+    const int length = std::vsnprintf(buffer + start, sizeof(buffer) - static_cast<size_t>(start), format, values);
+    va_end(values);
+    Emit(lineLevel, buffer, length < 0 ? length : start + length);
 }
 
 }  // namespace vantix

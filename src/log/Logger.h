@@ -47,6 +47,13 @@ inline bool LogPasses(int lineLevel) { return iLogLevel.load(std::memory_order_r
 /// as a range-check failure does; a build with VANTIX_OVERLONG_LINE=drop makes it an empty text, too.
 void log(int lineLevel, const char* format, ...) VANTIX_PRINTF_FORMAT(2, 3);
 
+/// The word of a line.
+enum class LineWord { Info, Error };
+
+/// Writes a line whose text is data: behind the call site's prefix stands `format` with its values. Whoever hands the
+/// format in knows that it fits them.
+void LogMessage(const CallSite& site, int lineLevel, LineWord word, const char* format, ...);
+
 /// The id that lines bear.
 int ProcessId();
 

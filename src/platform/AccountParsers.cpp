@@ -45,7 +45,7 @@ bool ReadBWCheck(const JsonCppView& data, BWCheckInfo& info) {
 
 int ParseConfigInfoFromPlatform(TextView body, ConfigInfo& config) {
     return ReadObjectResponse(VANTIX_HERE, body, ConfigurationCode, ResultOrRootData,
-                              [&](const JsonCppView& data) { json::ReadFields(data, kConfigFields, config); });
+                              [&](const JsonCppView& data) { json::ReadFields<kConfigFields>(data, config); });
 }
 
 int ParseUsernameFromPlatform(TextView body, std::string& userName) {

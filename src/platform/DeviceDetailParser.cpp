@@ -19,16 +19,16 @@ using json::Json11View;
 
 DevChannelInfo ReadChannel(const Json11View& camera) {
     DevChannelInfo channel;
-    json::ReadFields(camera, detail_fields::kCamera, channel);
+    json::ReadFields<detail_fields::kCamera>(camera, channel);
     channel.iIsTrust = DecimalPrefix(channel.isTrust);
-    json::AppendRecords(camera.Member("videoQualityInfos"), detail_fields::kVideoQuality, channel.videoQualityInfos);
+    json::AppendRecords<detail_fields::kVideoQuality>(camera.Member("videoQualityInfos"), channel.videoQualityInfos);
     return channel;
 }
 
 void ReadDevice(const Json11View& object, BelongDevInfo& device) {
-    json::ReadFields(object, detail_fields::kDevice, device);
+    json::ReadFields<detail_fields::kDevice>(object, device);
     json::ForEachObject(object.Member("vtmBackups"), [&](const Json11View& backup) {
-        json::ReadFields(backup, detail_fields::kVtmBackup, device.vtmBackups.emplace_back());
+        json::ReadFields<detail_fields::kVtmBackup>(backup, device.vtmBackups.emplace_back());
     });
 }
 

@@ -29,7 +29,7 @@ constexpr json::Field<DeviceListItem> kCameraFields[] = {
 /// Appends a device: an item for each of its channels, or one for itself when the list names none.
 void AppendDevice(const JsonCppView& device, DeviceList& list) {
     DeviceListItem item;
-    json::ReadFields(device, kDeviceFields, item);
+    json::ReadFields<kDeviceFields>(device, item);
     item.name = item.deviceName;
     const JsonCppView cameras = device.Member("cameraInfo");
     if (cameras.Size() == 0) {
@@ -38,7 +38,7 @@ void AppendDevice(const JsonCppView& device, DeviceList& list) {
     }
     for (size_t i = 0; i < cameras.Size(); ++i) {
         DeviceListItem channel = item;
-        json::ReadFields(cameras.Element(i), kCameraFields, channel);
+        json::ReadFields<kCameraFields>(cameras.Element(i), channel);
         list.devices.push_back(std::move(channel));
     }
 }

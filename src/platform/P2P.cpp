@@ -30,7 +30,7 @@ constexpr json::Field<P2PDevInfo> kCapabilityFields[] = {
 };
 
 void ReadDevice(const JsonCppView& data, P2PDevInfo& devInfo) {
-    json::AppendRecords(data.Member("serverInfos"), kP2PServerFields, devInfo.serverInfos);
+    json::AppendRecords<kP2PServerFields>(data.Member("serverInfos"), devInfo.serverInfos);
     data.Member("defaultKey").Read(devInfo.defaultKey);
     std::string text;
     if (data.Member("defaultKeyVer").Read(text)) {
@@ -57,7 +57,7 @@ int GetP2PDevInfoFromPlatform(const PlatformRoute& route, const std::string& dev
 
 int ParseP2PUserInfo(TextView body, P2PUserInfo& userInfo) {
     return ReadObjectResponse(VANTIX_HERE, body, EnvelopeCode, ResultData,
-                              [&](const JsonCppView& data) { json::ReadFields(data, kUserFields, userInfo); });
+                              [&](const JsonCppView& data) { json::ReadFields<kUserFields>(data, userInfo); });
 }
 
 int ParseP2PDevInfo(TextView body, P2PDevInfo& devInfo) {
@@ -66,7 +66,7 @@ int ParseP2PDevInfo(TextView body, P2PDevInfo& devInfo) {
 }
 
 int ParseP2PQXDevCap(TextView text, P2PDevInfo& devInfo) {
-    return ReadP2PCapabilities(VANTIX_HERE, text, kCapabilityFields, devInfo);
+    return ReadP2PCapabilities<kCapabilityFields>(VANTIX_HERE, text, devInfo);
 }
 
 }  // namespace vantix

@@ -21,7 +21,7 @@ constexpr json::Field<RecordFile> kFileFields[] = {
 void AppendFiles(const JsonCppView& array, RecordFileList& list) {
     json::ForEachObject(array, [&](const JsonCppView& element) {
         RecordFile& file = list.files.emplace_back();
-        json::ReadFields(element, kFileFields, file);
+        json::ReadFields<kFileFields>(element, file);
         element.Member("type").ReadIntOrText(file.type);
         element.Member("size").ReadNumber(file.size);
     });

@@ -36,16 +36,6 @@ int CheckCloudResponseInfoFromPlatform(TextView body) {
     return StrictMetaCode(document.Root());
 }
 
-std::function<int(TextView body)> Keeping(int (*check)(TextView body), std::string& response) {
-    return [check, &response](TextView body) {
-        const int code = check(body);
-        if (code == 0) {
-            response.assign(body.begin(), body.end());
-        }
-        return code;
-    };
-}
-
 std::optional<int> VerifyErrorOf(TextView body) {
     json::JsonCppDocument document;
     if (!document.Parse(body)) {

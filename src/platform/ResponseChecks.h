@@ -4,7 +4,6 @@
 /// Checks of platform responses whose payload is not read. Each takes a body and returns a response code: 0, 1 (not
 /// JSON), 2 (malformed), or the platform's own.
 
-#include <functional>
 #include <optional>
 #include <string>
 
@@ -22,7 +21,15 @@ int CheckResponseAuthInfoFromPlatform(TextView body);
 int CheckCloudResponseInfoFromPlatform(TextView body);
 
 /// A reader that checks a body and, when it passes, copies it to `response`; else `response` stays as it was.
-std::function<int(TextView body)> Keeping(int (*check)(TextView body), std::string& response);
+inline auto Keeping(int (*check)(TextView body), std::string& response) {
+    return [check, &response](TextView body) {
+        const int code = check(body);
+        if (code == 0) {
+            response.assign(body.begin(), body.end());
+        }
+        return code;
+    };
+}
 
 /// The token error of a stream-token response that is handed on as it came: that of its "resultCode", 0 when this is
 /// no text; nothing when the response is not JSON.

@@ -35,7 +35,7 @@ constexpr json::Field<RelayServerInfo> kRelayKeyFields[] = {
 void AppendBackups(const CallSite& site, const JsonCppView& backups, ServerInfo& serverInfo) {
     json::ForEachObject(backups, [&](const JsonCppView& element) {
         VtmAddr& backup = serverInfo.vtmBackups.emplace_back();
-        json::ReadFields(element, kVtmFields, backup);
+        json::ReadFields<kVtmFields>(element, backup);
         VANTIX_LOG_ERROR(site, level::kError, "stVtmAddr.strVtmAddr = %s", backup.strVtmAddr.c_str());
         VANTIX_LOG_ERROR(site, level::kError, "stVtmAddr.iVtmPort  = %d", backup.iVtmPort);
     });
@@ -68,8 +68,8 @@ int ParseServerInfoFromPlatform(TextView body, ServerInfo& serverInfo) {
     const CallSite site = VANTIX_HERE;
     return ReadResponse(site, body, EnvelopeCode, [&](const JsonCppView& root) -> int {
         const JsonCppView serverResp = root.Member("serverResp");
-        json::ReadFields(serverResp, kServerFields, serverInfo);
-        json::ReadFields(serverResp, kMoreServerFields, serverInfo);
+        json::ReadFields<kServerFields>(serverResp, serverInfo);
+        json::ReadFields<kMoreServerFields>(serverResp, serverInfo);
         AppendBackups(site, serverResp.Member("vtmBackups"), serverInfo);
         return VANTIX_NOERROR;
     });
@@ -83,8 +83,8 @@ int ParseRealyInfoFromPlatform(TextView body, RelayServerInfo& relay) {
         if (!data.IsObject()) {
             return LogMalformed(site, body);
         }
-        json::ReadFields(data, kRelayFields, relay);
-        json::ReadFields(data.Member("publicKey"), kRelayKeyFields, relay);
+        json::ReadFields<kRelayFields>(data, relay);
+        json::ReadFields<kRelayKeyFields>(data.Member("publicKey"), relay);
         return VANTIX_NOERROR;
     });
 }

@@ -26,24 +26,33 @@ std::string_view ValueInObject(std::string_view text, unsigned number) {
     return text.substr(0, text.find_first_of(",}"));
 }
 
-std::string_view ValueInList(std::string_view text, unsigned number) {
-    size_t at = 0;
-    for (unsigned left = number; left > 1; ++at) {  // byte by byte: the values are one or two characters long
-        if (at == text.size()) {
-            return {};
-        }
-        left -= text[at] == '|' ? 1U : 0U;
-    }
-    text.remove_prefix(at);
-    return text.substr(0, text.find('|'));
-}
-
 }  // namespace
 
-int CapabilityByNumber(std::string_view shortList, unsigned number) {
-    const bool isObject = bB2CMode && !shortList.empty() && shortList.front() == '{';
-    const std::string_view value = isObject ? ValueInObject(shortList, number) : ValueInList(shortList, number);
-    return std::max(DecimalPrefix(value), 0);
+ShortList::ShortList(std::string_view text)
+    : m_text(text), m_isObject(bB2CMode && !text.empty() && text.front() == '{') {}
+
+std::string_view ShortList::ValueInList(unsigned number) {
+    if (number < m_number) {
+        m_at = 0;
+        m_number = 1;
+    }
+    const char* const end = m_text.data() + m_text.size();
+    const char* value = m_text.data() + m_at;
+    for (unsigned left = number - m_number; left > 0;) {  // byte by byte: most values are one character long
+        if (value == end) {
+            return {};
+        }
+        if (*value++ == '|') {
+            --left;
+        }
+    }
+    m_at = static_cast<size_t>(value - m_text.data());
+    m_number = number;
+    return {value, static_cast<size_t>(std::find(value, end, '|') - value)};
+}
+
+int ShortList::Value(unsigned number) {
+    return std::max(DecimalPrefix(m_isObject ? ValueInObject(m_text, number) : ValueInList(number)), 0);
 }
 
 }  // namespace vantix

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "base/NumberText.h"
+#include "json/Fields.h"
 #include "requests/CapabilityByNumber.h"
 #include "vantix/records/DevDetailInfo.h"
 
@@ -28,35 +29,37 @@ inline constexpr Capability kCapabilities[] = {
     {.key = "ptz_preset", .field = &DevDetailInfo::ptz_preset},
     {.key = "support_replay_download", .field = &DevDetailInfo::support_replay_download},
     {.key = "support_device_video_cover", .field = &DevDetailInfo::support_device_video_cover},
-    {.key = "support_seek_playback", .field = &DevDetailInfo::support_seek_playback, .shortListNumber = 257},
-    {.key = "support_seek_v2", .field = &DevDetailInfo::support_seek_v2, .shortListNumber = 836},
+    // In the order of their numbers: one walk through the list finds them all.
     {.key = "support_quickplay_way", .field = &DevDetailInfo::support_quickplay_way, .shortListNumber = 149},
+    {.key = "support_seek_playback", .field = &DevDetailInfo::support_seek_playback, .shortListNumber = 257},
     {.key = "support_device_playback_small_speed",
      .field = &DevDetailInfo::support_device_playback_small_speed,
      .shortListNumber = 585},
+    {.key = "support_seek_v2", .field = &DevDetailInfo::support_seek_v2, .shortListNumber = 836},
 };
 
-/// Reads one capability; the device's short list must have been read before. A value that is no text is not read.
-template <class View>
-void ReadCapability(const View& extension, const Capability& capability, DevDetailInfo& device) {
-    int32_t& field = device.*capability.field;
-    if (capability.shortListNumber != 0) {
-        field = CapabilityByNumber(device.supportExtShort, capability.shortListNumber);
-    }
-    std::string text;
-    if (extension.Member(capability.key).Read(text)) {
-        if (const int32_t value = DecimalPrefix(text); value != 0) {
-            field = value;
+/// Reads the capabilities of a table; the device's short list must have been read before. A value that is no text is
+/// not read.
+template <const auto& Rows, class View>
+void ReadRows(const View& extension, DevDetailInfo& device) {
+    ShortList list(device.supportExtShort);
+    for (const Capability& capability : Rows) {
+        if (capability.shortListNumber != 0) {
+            device.*capability.field = list.Value(capability.shortListNumber);
         }
     }
+    json::VisitRows<Rows>(extension, [&](const Capability& capability, const View& member) {
+        std::string text;
+        if (const int32_t value = member.Read(text) ? DecimalPrefix(text) : 0; value != 0) {
+            device.*capability.field = value;
+        }
+    });
 }
 
 /// Reads all of them, and the encryption's text.
 template <class View>
 void ReadCapabilities(const View& extension, DevDetailInfo& device) {
-    for (const Capability& capability : kCapabilities) {
-        ReadCapability(extension, capability, device);
-    }
+    ReadRows<kCapabilities>(extension, device);
     extension.Member("support_ecdh_v2").Read(device.support_ecdh_v2);
 }
 

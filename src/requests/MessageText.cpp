@@ -1,38 +1,27 @@
 #include "requests/MessageText.h"
 
-#include <cstdarg>
-#include <cstdio>
-
-#if defined(__GNUC__)
-// The formats are data; their types check at compile time that they fit the values.
-#pragma GCC diagnostic ignored "-Wformat-nonliteral"
-#endif
+#include "log/Logger.h"
 
 namespace vantix {
-namespace {
 
-/// Longer than a log line can be, so nothing is cut here that a sink would receive.
-constexpr size_t kLongest = 40961;
-
-std::string Formatted(const char* format, ...) {
-    char text[kLongest + 1] = {};
-    va_list values;
-    va_start(values, format);
-    std::vsnprintf(text, sizeof(text), format, values);
-    va_end(values);
-    return text;
+void LogInfo(const CallSite& site, BodyText text, TextView body) {
+    LogMessage(site, level::kInfo, LineWord::Info, text.format, body.c_str());
 }
 
-}  // namespace
+void LogInfo(const CallSite& site, CostText text, int32_t milliseconds) {
+    LogMessage(site, level::kInfo, LineWord::Info, text.format, static_cast<long>(milliseconds));
+}
 
-std::string Filled(CodeText text, int code) { return Formatted(text.format, code); }
+void LogError(const CallSite& site, CodeText text, int code) {
+    LogMessage(site, level::kError, LineWord::Error, text.format, code);
+}
 
-std::string Filled(BodyText text, TextView body) { return Formatted(text.format, body.c_str()); }
+void LogError(const CallSite& site, BodyText text, TextView body) {
+    LogMessage(site, level::kError, LineWord::Error, text.format, body.c_str());
+}
 
-std::string Filled(BodyCodeText text, TextView body, int code) { return Formatted(text.format, body.c_str(), code); }
-
-std::string Filled(CostText text, int32_t milliseconds) {
-    return Formatted(text.format, static_cast<long>(milliseconds));
+void LogError(const CallSite& site, BodyCodeText text, TextView body, int code) {
+    LogMessage(site, level::kError, LineWord::Error, text.format, body.c_str(), code);
 }
 
 }  // namespace vantix

@@ -4,10 +4,10 @@
 /// Message formats as data: a row of a request table has its texts, and a text of the wrong shape does not compile.
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 #include "base/TextView.h"
+#include "log/CallSite.h"
 
 namespace vantix {
 namespace message_detail {
@@ -52,10 +52,11 @@ using BodyCodeText = message_detail::Text<'%', 's', '%', 'd'>;
 /// A text about milliseconds: one "%ld".
 using CostText = message_detail::Text<'%', 'l', 'd'>;
 
-/// The message: the text with its values.
-std::string Filled(CodeText text, int code);
-std::string Filled(BodyText text, TextView body);
-std::string Filled(BodyCodeText text, TextView body, int code);
-std::string Filled(CostText text, int32_t milliseconds);
+/// Writes the text with its values as a line of the call site, of the usual level of its word.
+void LogInfo(const CallSite& site, BodyText text, TextView body);
+void LogInfo(const CallSite& site, CostText text, int32_t milliseconds);
+void LogError(const CallSite& site, CodeText text, int code);
+void LogError(const CallSite& site, BodyText text, TextView body);
+void LogError(const CallSite& site, BodyCodeText text, TextView body, int code);
 
 }  // namespace vantix

@@ -12,11 +12,10 @@ public:
     using View = decltype(Document().Root());
 
     explicit NestedObject(const View& member) {
-        std::string text;
         if (member.IsObject()) {
             m_object = member;
-        } else if (member.Read(text)) {
-            m_failed = !m_document.Parse(text) || !m_document.Root().IsObject();
+        } else if (const auto text = member.Text()) {
+            m_failed = !m_document.Parse(*text) || !m_document.Root().IsObject();
             m_object = m_failed ? View() : m_document.Root();
         } else {
             m_failed = !member.IsNull();

@@ -18,13 +18,12 @@ inline constexpr json::Field<P2PServerAddr> kP2PServerFields[] = {
 };
 
 /// Reads a capability text, each family under its own keys: 0, or 1 when it is not JSON.
-template <size_t Count>
-int ReadP2PCapabilities(const CallSite& site, TextView text, const json::Field<P2PDevInfo> (&fields)[Count],
-                        P2PDevInfo& devInfo) {
+template <const auto& Fields>
+int ReadP2PCapabilities(const CallSite& site, TextView text, P2PDevInfo& devInfo) {
     json::JsonCppDocument document;
     const int code = ParseBody(site, text, document);
     if (code == 0) {
-        json::ReadFields(document.Root(), fields, devInfo);
+        json::ReadFields<Fields>(document.Root(), devInfo);
     }
     return code;
 }

@@ -32,8 +32,8 @@ int Composed(int code) {
 
 }  // namespace
 
-PreparedRequest::PreparedRequest(const CallSite& site, const RequestRow& row, std::string address)
-    : m_site(site), m_row(row), m_address(std::move(address)) {
+PreparedRequest::PreparedRequest(const CallSite& site, const RequestRow& row, const std::string& address)
+    : m_site(site), m_row(row), m_address(address) {
     if (row.common.clientSet) {
         AddClientSet(m_params, ClientInfo());
     }
@@ -99,7 +99,7 @@ void PreparedRequest::StoreAndLogCost(int32_t milliseconds) const {
         *m_cost = milliseconds;
     }
     if (m_row.cost.IsThere()) {
-        VANTIX_LOG_INFO(m_site, level::kInfo, "%s", Filled(m_row.cost, milliseconds).c_str());
+        LogInfo(m_site, m_row.cost, milliseconds);
     }
 }
 
@@ -117,7 +117,7 @@ int PreparedRequest::Fetch(ResponseBody& body) {
     const int sent = Send(body.Data(), body.Length());
     StoreAndLogCost(stopwatch.ElapsedMilliseconds());
     if (sent != 0) {
-        VANTIX_LOG_ERROR(m_site, level::kError, "%s", Filled(TransportFailureOf(m_row), sent).c_str());
+        LogError(m_site, TransportFailureOf(m_row), sent);
         return VANTIX_NET_ERROR_BASE + sent;
     }
     return VANTIX_NOERROR;
@@ -132,14 +132,14 @@ int PreparedRequest::FetchText(std::string& text) {
     return fetched;
 }
 
-int PreparedRequest::Run(const Reader& parse) {
+int PreparedRequest::Run(Reader parse) {
     ResponseBody body;
     const int fetched = Fetch(body);
     return fetched != VANTIX_NOERROR ? fetched
                                      : LogRefusal(m_site, m_row.parserFailure, body.Text(), parse(body.Text()));
 }
 
-int PreparedRequest::Run(const Reader& check, const Reader& parse) {
+int PreparedRequest::Run(Reader check, Reader parse) {
     ResponseBody body;
     int result = Fetch(body);
     if (result == VANTIX_NOERROR) {
@@ -152,7 +152,7 @@ int LogRefusal(const CallSite& site, BodyCodeText label, TextView body, int code
     if (code == 0) {
         return VANTIX_NOERROR;
     }
-    VANTIX_LOG_ERROR(site, level::kError, "%s", Filled(label, body, code).c_str());
+    LogError(site, label, body, code);
     return Composed(code);
 }
 

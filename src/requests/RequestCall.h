@@ -9,11 +9,11 @@
 ///         .Run([&](TextView body) { return ParseTicketInfoFromPlatform(body, ticket); });
 
 #include <cstdint>
-#include <functional>
 #include <initializer_list>
 #include <string>
 #include <type_traits>
 
+#include "base/FunctionRef.h"
 #include "base/TextView.h"
 #include "log/CallSite.h"
 #include "requests/ClientInfo.h"
@@ -31,16 +31,16 @@ namespace vantix {
 class PreparedRequest {
 public:
     /// Takes a body and returns a response code.
-    using Reader = std::function<int(TextView body)>;
+    using Reader = FunctionRef<int(TextView body)>;
 
     /// Where the elapsed milliseconds go, whatever the outcome.
     PreparedRequest& CostInto(int32_t& milliseconds);
 
     /// Sends the request and hands the body to `parse`. Returns 0, 100000 + the transport's code (then nothing was
     /// parsed), or 300000 + the response code; -1, and nothing is sent, when a parameter has a zero byte.
-    int Run(const Reader& parse);
+    int Run(Reader parse);
     /// The same with a check before the parser; a failure of either has its own line.
-    int Run(const Reader& check, const Reader& parse);
+    int Run(Reader check, Reader parse);
 
     /// Sends the request alone: 0, 100000 + the transport's code, or -1 as above. `body` is an empty one.
     int Fetch(ResponseBody& body);
@@ -58,7 +58,7 @@ protected:
     void SetJson(const std::string& json) { m_json = json; }
 
 private:
-    PreparedRequest(const CallSite& site, const RequestRow& row, std::string address);
+    PreparedRequest(const CallSite& site, const RequestRow& row, const std::string& address);
 
     bool HasZeroByte() const;
     int Send(char** response, uint32_t* length) const;
@@ -129,9 +129,9 @@ public:
         return *this;
     }
     // Only for rows that have a line for the failure.
-    int Run(const Reader& parse) requires(Row.parserFailure.IsThere()) { return PreparedRequest::Run(parse); }
-    int Run(const Reader& check,
-            const Reader& parse) requires(Row.checkFailure.IsThere() && Row.parserFailure.IsThere()) {
+    int Run(Reader parse) requires(Row.parserFailure.IsThere()) { return PreparedRequest::Run(parse); }
+    int Run(Reader check,
+            Reader parse) requires(Row.checkFailure.IsThere() && Row.parserFailure.IsThere()) {
         return PreparedRequest::Run(check, parse);
     }
 };

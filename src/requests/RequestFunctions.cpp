@@ -16,7 +16,7 @@ class Address {
 public:
     Address(const char* base, uint32_t endpoint) {
         if (base != nullptr) {
-            m_text = base + EndpointPath(endpoint);
+            m_text = std::string(base).append(EndpointPath(endpoint));
         }
     }
     const char* Get() const { return m_text ? m_text->c_str() : nullptr; }
@@ -32,13 +32,13 @@ void LogStart(const CallSite& site, const Address& address, Masked masked) {
     VANTIX_LOG_INFO(site, level::kInfo, "start Posts url and Param = %s", (address.ForLog() + "?" + masked()).c_str());
 }
 
-std::string HeaderForLog(const std::string& key, const std::string& value) {
-    return (key + ": ").append(IsSecretHeader(key) ? kMask : std::string_view(value));
+std::string HeaderForLog(const ParamMap::Entry& header) {
+    return std::string(header.key).append(": ").append(IsSecretHeader(header.key) ? kMask : header.value);
 }
 
 void LogHeaders(const CallSite& site, const ParamMap& headers) {
-    for (const auto& [key, value] : headers.All()) {
-        VANTIX_LOG_INFO(site, level::kInfo, "heads = %s", HeaderForLog(key, value).c_str());
+    for (size_t i = 0; i < headers.Size(); ++i) {
+        VANTIX_LOG_INFO(site, level::kInfo, "heads = %s", HeaderForLog(headers.At(i)).c_str());
     }
 }
 

@@ -13,7 +13,7 @@ int Parsed(const CallSite& site, TextView body, Document& document) {
 
 template <class Document, class View>
 int Read(const CallSite& site, TextView body, EnvelopeRule<View> rule,
-         const std::function<int(const View& root)>& read) {
+         FunctionRef<int(const View& root)> read) {
     Document document;
     if (const int code = Parsed(site, body, document); code != 0) {
         return code;
@@ -28,7 +28,7 @@ int Read(const CallSite& site, TextView body, EnvelopeRule<View> rule,
 
 template <class Document, class View>
 int ReadObject(const CallSite& site, TextView body, EnvelopeRule<View> rule, PayloadPlace<View> place,
-               const std::function<void(const View& payload)>& read) {
+               FunctionRef<void(const View& payload)> read) {
     return Read<Document, View>(site, body, rule, [&](const View& root) -> int {
         const View payload = place(root);
         if (!payload.IsObject()) {
@@ -52,19 +52,19 @@ int CheckResponse(const CallSite& site, TextView body, EnvelopeRule<json::JsonCp
 }
 
 int ReadResponse(const CallSite& site, TextView body, EnvelopeRule<json::JsonCppView> rule,
-                 const std::function<int(const json::JsonCppView& root)>& read) {
+                 FunctionRef<int(const json::JsonCppView& root)> read) {
     return Read<json::JsonCppDocument>(site, body, rule, read);
 }
 
 int ReadObjectResponse(const CallSite& site, TextView body, EnvelopeRule<json::JsonCppView> rule,
                        PayloadPlace<json::JsonCppView> place,
-                       const std::function<void(const json::JsonCppView& payload)>& read) {
+                       FunctionRef<void(const json::JsonCppView& payload)> read) {
     return ReadObject<json::JsonCppDocument>(site, body, rule, place, read);
 }
 
 int ReadObjectResponse(const CallSite& site, TextView body, EnvelopeRule<json::Json11View> rule,
                        PayloadPlace<json::Json11View> place,
-                       const std::function<void(const json::Json11View& payload)>& read) {
+                       FunctionRef<void(const json::Json11View& payload)> read) {
     return ReadObject<json::Json11Document>(site, body, rule, place, read);
 }
 
@@ -85,12 +85,12 @@ int LogMalformed(const CallSite& site, TextView body, const char* member) {
 }
 
 int LogMissingText(const CallSite& site, TextView body, BodyText text) {
-    VANTIX_LOG_ERROR(site, level::kError, "%s", Filled(text, body).c_str());
+    LogError(site, text, body);
     return VANTIX_RESP_BAD_FORMAT;
 }
 
 int LogNoObject(const CallSite& site, TextView body, BodyText text) {
-    VANTIX_LOG_INFO(site, level::kInfo, "%s", Filled(text, body).c_str());
+    LogInfo(site, text, body);
     return VANTIX_RESP_BAD_FORMAT;
 }
 

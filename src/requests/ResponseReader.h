@@ -5,9 +5,9 @@
 /// code, read the payload. Log lines bear the tag of the call site; functions whose name begins with "Log" return the
 /// response code that belongs to their line.
 
-#include <functional>
 #include <string>
 
+#include "base/FunctionRef.h"
 #include "base/TextView.h"
 #include "json/Json11Reader.h"
 #include "json/JsonCppReader.h"
@@ -33,15 +33,15 @@ int CheckResponse(const CallSite& site, TextView body, EnvelopeRule<json::JsonCp
 /// Parses the body, applies the rule (its code and a line when it is not 0), then reads the payload: 0, or a response
 /// code.
 int ReadResponse(const CallSite& site, TextView body, EnvelopeRule<json::JsonCppView> rule,
-                 const std::function<int(const json::JsonCppView& root)>& read);
+                 FunctionRef<int(const json::JsonCppView& root)> read);
 
 /// The same for a payload that must be an object, else the response is malformed.
 int ReadObjectResponse(const CallSite& site, TextView body, EnvelopeRule<json::JsonCppView> rule,
                        PayloadPlace<json::JsonCppView> place,
-                       const std::function<void(const json::JsonCppView& payload)>& read);
+                       FunctionRef<void(const json::JsonCppView& payload)> read);
 int ReadObjectResponse(const CallSite& site, TextView body, EnvelopeRule<json::Json11View> rule,
                        PayloadPlace<json::Json11View> place,
-                       const std::function<void(const json::Json11View& payload)>& read);
+                       FunctionRef<void(const json::Json11View& payload)> read);
 
 /// A response that is not JSON: 1.
 int LogNotJson(const CallSite& site, TextView body);

@@ -1,5 +1,6 @@
 #include "transport/CRequest.h"
 
+#include <cstring>
 #include <string>
 
 #include "base/ProcessSwitches.h"
@@ -21,7 +22,9 @@ bool ParametersGiven(const CallSite& site, const void* first, const void* second
 }
 
 std::string WithQuery(const char* address, const char* parameters) {
-    return std::string(address).append("?").append(parameters);
+    std::string url;
+    url.reserve(std::strlen(address) + 1 + std::strlen(parameters));
+    return url.append(address).append("?").append(parameters);
 }
 
 /// Runs the transfer and hands out its body, whatever the result.
@@ -54,7 +57,7 @@ int CRequest::SyncRequest(const char* address, const char* parameters, RequestMo
         return kNullParameter;
     }
     CurlTransfer transfer(m_verbose);
-    const std::string url = mode == RequestMode::Get ? WithQuery(address, parameters) : address;
+    const std::string query = mode == RequestMode::Get ? WithQuery(address, parameters) : std::string();
     if (mode == RequestMode::JsonPost) {
         transfer.AddHeader("Content-Type:application/json");
         transfer.ApplyHeaders();
@@ -63,7 +66,7 @@ int CRequest::SyncRequest(const char* address, const char* parameters, RequestMo
         transfer.Set(CURLOPT_POST, 1L);
         transfer.Set(CURLOPT_POSTFIELDS, parameters);
     }
-    transfer.SetCommonOptions(url.c_str(), true);
+    transfer.SetCommonOptions(mode == RequestMode::Get ? query.c_str() : address, true);
     return Finish(site, transfer, response, length);
 }
 
@@ -119,8 +122,8 @@ int CRequest::SyncRequestUpload(const char* address, const char* localPath, cons
         return kNullParameter;
     }
     CurlTransfer transfer(m_verbose);
-    for (const auto& [name, value] : form.All()) {
-        transfer.AddFormText(name, value);
+    for (size_t i = 0; i < form.Size(); ++i) {
+        transfer.AddFormText(form.At(i));
     }
     transfer.AddFormFile("file", localPath);
     transfer.ApplyForm();

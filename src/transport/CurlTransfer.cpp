@@ -1,6 +1,7 @@
 #include "transport/CurlTransfer.h"
 
 #include <string>
+#include <utility>
 
 #include "transport/CurlCallbacks.h"
 #include "transport/Protocols.h"
@@ -15,9 +16,13 @@ std::string WithoutLineBreaks(std::string text) {
 }
 
 /// libcurl drops "key:" with nothing but blanks behind it, and sends "key;" as a header without a value.
-std::string HeaderLine(const std::string& key, const std::string& value) {
-    const bool isBlank = value.find_first_not_of(" \t\n\v\f\r") == std::string::npos;
-    return isBlank ? key + ";" : key + ": " + value;
+std::string HeaderLine(const ParamMap::Entry& header) {
+    constexpr size_t kMostBehindTheKey = 2;
+    std::string line;
+    line.reserve(header.key.size() + kMostBehindTheKey + header.value.size());
+    line.append(header.key);
+    const bool isBlank = header.value.find_first_not_of(" \t\n\v\f\r") == std::string_view::npos;
+    return isBlank ? line.append(";") : line.append(": ").append(header.value);
 }
 
 }  // namespace
@@ -36,12 +41,12 @@ CurlTransfer::~CurlTransfer() {
     curl_easy_cleanup(m_handle);
 }
 
-void CurlTransfer::AddHeader(const std::string& line) {
+void CurlTransfer::AddHeader(std::string line) {
     if (m_result != CURLE_OK) {
         return;
     }
     // A list that could not grow must stop the request: without its headers it would reach the server as another one.
-    curl_slist* grown = curl_slist_append(m_headers, WithoutLineBreaks(line).c_str());
+    curl_slist* grown = curl_slist_append(m_headers, WithoutLineBreaks(std::move(line)).c_str());
     if (grown == nullptr) {
         m_result = CURLE_OUT_OF_MEMORY;
     } else {
@@ -50,14 +55,14 @@ void CurlTransfer::AddHeader(const std::string& line) {
 }
 
 void CurlTransfer::AddHeaders(const ParamMap& headers) {
-    for (const auto& [key, value] : headers.All()) {
-        AddHeader(HeaderLine(key, value));
+    for (size_t i = 0; i < headers.Size(); ++i) {
+        AddHeader(HeaderLine(headers.At(i)));
     }
 }
 
 void CurlTransfer::ApplyHeaders() { Set(CURLOPT_HTTPHEADER, m_headers); }
 
-curl_mimepart* CurlTransfer::AddFormPart(const std::string& name) {
+curl_mimepart* CurlTransfer::AddFormPart(std::string name) {
     if (m_result != CURLE_OK) {
         return nullptr;
     }
@@ -65,13 +70,13 @@ curl_mimepart* CurlTransfer::AddFormPart(const std::string& name) {
         m_form = curl_mime_init(m_handle);
     }
     curl_mimepart* part = m_form == nullptr ? nullptr : curl_mime_addpart(m_form);
-    m_result = part == nullptr ? CURLE_OUT_OF_MEMORY : curl_mime_name(part, WithoutLineBreaks(name).c_str());
+    m_result = part == nullptr ? CURLE_OUT_OF_MEMORY : curl_mime_name(part, WithoutLineBreaks(std::move(name)).c_str());
     return m_result == CURLE_OK ? part : nullptr;
 }
 
-void CurlTransfer::AddFormText(const std::string& name, const std::string& value) {
-    if (curl_mimepart* part = AddFormPart(name)) {
-        m_result = curl_mime_data(part, value.data(), value.size());
+void CurlTransfer::AddFormText(const ParamMap::Entry& text) {
+    if (curl_mimepart* part = AddFormPart(std::string(text.key))) {
+        m_result = curl_mime_data(part, text.value.data(), text.value.size());
     }
 }
 

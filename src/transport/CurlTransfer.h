@@ -29,14 +29,14 @@ public:
     }
 
     /// Adds a header line ("key: value"). Line breaks are removed: one entry never becomes two headers.
-    void AddHeader(const std::string& line);
+    void AddHeader(std::string line);
     /// Adds every entry as a header; one with an empty value is sent too.
     void AddHeaders(const ParamMap& headers);
     /// Hands the collected headers to the handle.
     void ApplyHeaders();
 
     /// Adds a text part to the form.
-    void AddFormText(const std::string& name, const std::string& value);
+    void AddFormText(const ParamMap::Entry& text);
     /// Adds a part whose data is read from a regular file; libcurl's code 26 when there is none.
     void AddFormFile(const std::string& name, const char* localPath);
     /// Makes the collected parts the request's body.
@@ -52,7 +52,7 @@ public:
     ResponseBody& Body() { return m_body; }
 
 private:
-    curl_mimepart* AddFormPart(const std::string& name);
+    curl_mimepart* AddFormPart(std::string name);
 
     CURL* m_handle;
     CURLcode m_result;

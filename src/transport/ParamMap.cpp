@@ -8,29 +8,45 @@
 namespace vantix {
 namespace {
 
-template <class ValueOf>
-std::string Join(const ParamMap::Entries& entries, ValueOf valueOf) {
-    std::string text;
-    for (const auto& [key, value] : entries) {
-        if (!text.empty()) {
-            text += '&';
-        }
-        text.append(key).append("=").append(valueOf(key, value));
-    }
-    return text;
-}
+/// Room for what a request has at most, as a rule: then all entries take two blocks of memory.
+constexpr size_t kUsualEntries = 16;
+constexpr size_t kUsualText = 512;
 
 }  // namespace
 
+ParamMap::Entry ParamMap::At(size_t position) const {
+    const Place& place = m_places[position];
+    const std::string_view text = m_text;
+    return {text.substr(place.begin, place.keyLength),
+            text.substr(place.begin + place.keyLength, place.valueLength)};
+}
+
+void ParamMap::Insert(std::string_view key, std::string_view value) {
+    size_t position = 0;
+    while (position < Size() && At(position).key < key) {
+        ++position;
+    }
+    if (position < Size() && At(position).key == key) {
+        return;
+    }
+    if (m_places.empty()) {
+        m_places.reserve(kUsualEntries);
+        m_text.reserve(kUsualText);
+    }
+    const size_t begin = m_text.size();
+    m_text.append(key).append(value);
+    m_places.insert(m_places.begin() + static_cast<std::ptrdiff_t>(position), {begin, key.size(), value.size()});
+}
+
 void ParamMap::Add(const char* key, const char* value) {
     if (key != nullptr && value != nullptr) {
-        m_entries.emplace(key, value);
+        Insert(key, value);
     }
 }
 
 void ParamMap::Add(const char* key, const std::string& value) {
     if (key != nullptr) {
-        m_entries.emplace(key, value);
+        Insert(key, value);
     }
 }
 
@@ -42,19 +58,37 @@ void ParamMap::Add(const char* key, int value) {
     }
 }
 
-bool ParamMap::HasZeroByte() const {
-    return std::any_of(m_entries.begin(), m_entries.end(),
-                       [](const auto& entry) { return entry.second.find('\0') != std::string::npos; });
+std::optional<std::string_view> ParamMap::Find(std::string_view key) const {
+    for (size_t i = 0; i < Size(); ++i) {
+        if (const Entry entry = At(i); entry.key == key) {
+            return entry.value;
+        }
+    }
+    return std::nullopt;
+}
+
+bool ParamMap::HasZeroByte() const { return m_text.find('\0') != std::string::npos; }
+
+template <class Shown>
+std::string ParamMap::Join(Shown shown) const {
+    std::string joined;
+    joined.reserve(m_text.size() + 2 * Size());
+    for (size_t i = 0; i < Size(); ++i) {
+        const Entry entry = At(i);
+        if (i > 0) {
+            joined += '&';
+        }
+        joined.append(entry.key).append("=").append(shown(entry));
+    }
+    return joined;
 }
 
 std::string ParamMap::Serialize() const {
-    return Join(m_entries, [](const std::string&, const std::string& value) -> std::string_view { return value; });
+    return Join([](const Entry& entry) { return entry.value; });
 }
 
 std::string ParamMap::SerializeMasked() const {
-    return Join(m_entries, [](const std::string& key, const std::string& value) -> std::string_view {
-        return IsSecretParameter(key) ? kMask : std::string_view(value);
-    });
+    return Join([](const Entry& entry) { return IsSecretParameter(entry.key) ? kMask : entry.value; });
 }
 
 }  // namespace vantix

@@ -1,7 +1,10 @@
 #pragma once
 
-#include <map>
+#include <cstddef>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace vantix {
 
@@ -9,7 +12,11 @@ namespace vantix {
 /// key stays.
 class ParamMap {
 public:
-    using Entries = std::map<std::string, std::string>;
+    /// Valid until the map changes.
+    struct Entry {
+        std::string_view key;
+        std::string_view value;
+    };
 
     /// Adds a text; nothing happens unless both are given.
     void Add(const char* key, const char* value);
@@ -18,9 +25,13 @@ public:
     /// Adds a number in decimal.
     void Add(const char* key, int value);
 
-    const Entries& All() const { return m_entries; }
+    size_t Size() const { return m_places.size(); }
+    /// The entry at a position below the size, in the order of the keys.
+    Entry At(size_t position) const;
+    /// The value of a key, if it is there.
+    std::optional<std::string_view> Find(std::string_view key) const;
 
-    /// Whether a text has a zero byte, at which libcurl would cut what is sent.
+    /// Whether a value has a zero byte, at which libcurl would cut what is sent.
     bool HasZeroByte() const;
 
     /// "key=value" pairs joined by "&", as they are: nothing is escaped.
@@ -29,7 +40,19 @@ public:
     std::string SerializeMasked() const;
 
 private:
-    Entries m_entries;
+    /// Where an entry stands in the text: key and value, one behind the other.
+    struct Place {
+        size_t begin;
+        size_t keyLength;
+        size_t valueLength;
+    };
+
+    void Insert(std::string_view key, std::string_view value);
+    template <class Shown>
+    std::string Join(Shown shown) const;
+
+    std::string m_text;           ///< Of all entries, in the order in which they came.
+    std::vector<Place> m_places;  ///< In the order of the keys.
 };
 
 }  // namespace vantix

@@ -33,7 +33,7 @@ const B2CToken* Find(const CallSite& site, const B2CTokenMap& map, const std::st
 void B2CTokens::SetB2CTokens(const std::string& text) {
     const CallSite site = VANTIX_CORE_HERE("SetB2CTokens");
     auto tokens = std::make_shared<B2CTokenMap>(kTokenBuckets);
-    const bool isRead = ReadTokenText(site, text, kMembers, [&](B2CToken&& entry) {
+    const bool isRead = ReadTokenText<kMembers, B2CToken>(site, text, [&](B2CToken&& entry) {
         const std::string key = B2CKey(entry.deviceSerial, entry.channelNo);
         VANTIX_LOG_INFO(site, level::kTrace, "setB2CTokens key = %s isShared = %d", key.c_str(), entry.isShared);
         (*tokens)[key] = std::move(entry);

@@ -39,7 +39,7 @@ std::string TokenOfUse(const DeviceTkTokens& tokens, int tkType) {
 void TkTokens::SetDeviceTkTokens(const std::string& szDeviceTkTokens) {
     const CallSite site = VANTIX_CORE_HERE("SetDeviceTkTokens");
     auto tokens = std::make_shared<DeviceTkTokenMap>(kTokenBuckets);
-    const bool isRead = ReadTokenText(site, szDeviceTkTokens, kMembers, [&](DeviceTkTokens&& entry) {
+    const bool isRead = ReadTokenText<kMembers, DeviceTkTokens>(site, szDeviceTkTokens, [&](DeviceTkTokens&& entry) {
         const std::string key = entry.deviceSerial + entry.channelNo;
         VANTIX_LOG_INFO(site, level::kTrace, "SetDeviceTkTokens key = %s ", key.c_str());
         (*tokens)[key] = std::move(entry);

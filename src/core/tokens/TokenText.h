@@ -18,9 +18,8 @@ inline constexpr size_t kTokenBuckets = 8;
 
 /// Reads a text and calls `take` with each entry, in order. False, and a line, when the text is not JSON; well-formed
 /// JSON that is no array has no entries.
-template <class Entry, size_t Count, class Take>
-bool ReadTokenText(const CallSite& site, const std::string& text, const json::Field<Entry> (&members)[Count],
-                   Take take) {
+template <const auto& Members, class Entry, class Take>
+bool ReadTokenText(const CallSite& site, const std::string& text, Take take) {
     json::Json11Document document;
     if (!document.Parse(text)) {
         // The line names one kind of tokens for both, on purpose.
@@ -30,7 +29,7 @@ bool ReadTokenText(const CallSite& site, const std::string& text, const json::Fi
     const json::Json11View root = document.Root();
     for (size_t i = 0; i < root.Size(); ++i) {
         Entry entry;
-        json::ReadFields(root.Element(i), members, entry);
+        json::ReadFields<Members>(root.Element(i), entry);
         take(std::move(entry));
     }
     return true;

@@ -33,7 +33,7 @@ protected:
     static Record ReadInto(Record record, const std::string& text) {
         typename Reader::Document document;
         EXPECT_TRUE(document.Parse(text)) << text;
-        json::ReadFields(document.Root(), kFields, record);
+        json::ReadFields<kFields>(document.Root(), record);
         return record;
     }
     static Record Read(const std::string& text) { return ReadInto(Record(), text); }
@@ -89,7 +89,7 @@ TYPED_TEST(Fields, SomethingThatIsNoObjectHasNoMembers) {
         EXPECT_EQ(this->Read(text), Record());
     }
     Record record;
-    json::ReadFields(typename TypeParam::View(), kFields, record);
+    json::ReadFields<kFields>(typename TypeParam::View(), record);
     EXPECT_EQ(record, Record());
 }
 
@@ -102,7 +102,7 @@ TYPED_TEST(Fields, EachElementOfAnArrayAppendsARecord) {
     typename TypeParam::Document document;
     ASSERT_TRUE(document.Parse(R"([{"status": 1}, 5, {"status": 2, "name": "x"}, null, [{"status": 3}]])"));
     std::vector<Record> records(1);
-    json::AppendRecords(document.Root(), kFields, records);
+    json::AppendRecords<kFields>(document.Root(), records);
     const Record fresh;
     EXPECT_EQ(records,
               (std::vector<Record>{
@@ -126,7 +126,7 @@ TYPED_TEST(Fields, WhatIsNoArrayHasNoElements) {
         typename TypeParam::Document document;
         ASSERT_TRUE(document.Parse(std::string("{\"list\":").append(text) + "}"));
         std::vector<Record> records;
-        json::AppendRecords(document.Root().Member("list"), kFields, records);
+        json::AppendRecords<kFields>(document.Root().Member("list"), records);
         EXPECT_TRUE(records.empty()) << text;
         json::ForEachObject(document.Root().Member("list"),
                             [&](const typename TypeParam::View& /*element*/) { ADD_FAILURE() << text; });

@@ -63,32 +63,26 @@ TEST_F(Client, AnEmptyFeatureCodeIsStillSent) {
     client.featureCode.clear();
     ParamMap params;
     AddClientSet(params, client);
-    EXPECT_EQ(params.All().at("featureCode"), "");
-    EXPECT_EQ(HeadersOfSetB(client, "s").All().at("featureCode"), "");
+    EXPECT_EQ(params.Find("featureCode"), "");
+    EXPECT_EQ(HeadersOfSetB(client, "s").Find("featureCode"), "");
 }
 
 TEST_F(Client, HeaderSetAHasNeitherFeatureCodeNorLanguage) {
     const ParamMap headers = HeadersOfSetA(ClientInfo(), "session.1");
-    const ParamMap::Entries expected = {
-        {"sessionId", "session.1"},   {"osVersion", "wins"}, {"netType", "UNKNOWN"},
-        {"clientVersion", "v5.25.0"}, {"clientType", "19"},  {"clientNo", "100002"},
-    };
-    EXPECT_EQ(headers.All(), expected);
+    EXPECT_EQ(headers.Serialize(),
+              "clientNo=100002&clientType=19&clientVersion=v5.25.0&netType=UNKNOWN&osVersion=wins&sessionId=session.1");
 }
 
 TEST_F(Client, HeaderSetBHasBothAndTheOtherNameOfTheCustomer) {
     const ParamMap headers = HeadersOfSetB(ClientInfo(), "session.1");
-    const ParamMap::Entries expected = {
-        {"clientType", "19"},       {"clientVersion", "v5.25.0"}, {"customno", "100002"},
-        {"featureCode", "f-code"},  {"netType", "UNKNOWN"},       {"lang", "EN"},
-        {"sessionId", "session.1"},
-    };
-    EXPECT_EQ(headers.All(), expected);
+    EXPECT_EQ(headers.Serialize(),
+              "clientType=19&clientVersion=v5.25.0&customno=100002&featureCode=f-code&lang=EN&netType=UNKNOWN"
+              "&sessionId=session.1");
 }
 
 TEST_F(Client, AnEmptySessionIsAHeaderToo) {
-    EXPECT_EQ(HeadersOfSetA(ClientInfo(), "").All().at("sessionId"), "");
-    EXPECT_EQ(HeadersOfSetB(ClientInfo(), "").All().at("sessionId"), "");
+    EXPECT_EQ(HeadersOfSetA(ClientInfo(), "").Find("sessionId"), "");
+    EXPECT_EQ(HeadersOfSetB(ClientInfo(), "").Find("sessionId"), "");
 }
 
 }  // namespace

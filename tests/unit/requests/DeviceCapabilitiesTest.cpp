@@ -15,23 +15,25 @@ namespace {
 using capabilities::Capability;
 
 /// Not in the short list.
-constexpr Capability kPlain{.key = "support_talk", .field = &DevDetailInfo::support_talk};
+constexpr Capability kPlain[] = {{.key = "support_talk", .field = &DevDetailInfo::support_talk}};
 /// Its default is the third number of the short list.
-constexpr Capability kListed{.key = "support_thing", .field = &DevDetailInfo::support_seek_v2, .shortListNumber = 3};
+constexpr Capability kListed[] = {
+    {.key = "support_thing", .field = &DevDetailInfo::support_seek_v2, .shortListNumber = 3}};
 constexpr int32_t kBefore = 4711;
 
 template <class Reader>
 class Capabilities : public testing::Test {
 protected:
-    /// Reads a capability of an extension object into a device whose short list says 7 for it.
-    static int32_t Read(const Capability& capability, const std::string& extension) {
+    /// Reads a table of one capability from an extension object, for a device whose short list says 7 for it.
+    template <const auto& Rows>
+    static int32_t Read(const std::string& extension) {
         typename Reader::Document document;
         EXPECT_TRUE(document.Parse(extension)) << extension;
         DevDetailInfo device;
         device.supportExtShort = "1|2|7|9";
-        device.*capability.field = kBefore;
-        capabilities::ReadCapability(document.Root(), capability, device);
-        return device.*capability.field;
+        device.*Rows[0].field = kBefore;
+        capabilities::ReadRows<Rows>(document.Root(), device);
+        return device.*Rows[0].field;
     }
 
     CleanSwitches m_switches;
@@ -40,23 +42,23 @@ TYPED_TEST_SUITE(Capabilities, BothReaders, ReaderName);
 
 TYPED_TEST(Capabilities, TheShortListGivesTheDefault) {
     constexpr int32_t kDefault = 7;
-    EXPECT_EQ(this->Read(kListed, "{}"), kDefault);
-    EXPECT_EQ(this->Read(kListed, R"({"support_thing": "5"})"), 5);
-    EXPECT_EQ(this->Read(kListed, R"({"support_thing": "0"})"), kDefault) << "zero replaces nothing";
-    EXPECT_EQ(this->Read(kListed, R"({"support_thing": "no number"})"), kDefault);
-    EXPECT_EQ(this->Read(kListed, R"({"support_thing": 5})"), kDefault) << "only texts are read";
+    EXPECT_EQ(this->template Read<kListed>("{}"), kDefault);
+    EXPECT_EQ(this->template Read<kListed>(R"({"support_thing": "5"})"), 5);
+    EXPECT_EQ(this->template Read<kListed>(R"({"support_thing": "0"})"), kDefault) << "zero replaces nothing";
+    EXPECT_EQ(this->template Read<kListed>(R"({"support_thing": "no number"})"), kDefault);
+    EXPECT_EQ(this->template Read<kListed>(R"({"support_thing": 5})"), kDefault) << "only texts are read";
 }
 
 TYPED_TEST(Capabilities, WithoutANumberTheFieldStaysUntilATextSaysOtherwise) {
-    EXPECT_EQ(this->Read(kPlain, R"({"support_talk": "1"})"), 1);
-    EXPECT_EQ(this->Read(kPlain, R"({"support_talk": " 3 and more"})"), 3);
-    EXPECT_EQ(this->Read(kPlain, R"({"support_talk": "-1"})"), -1);
-    EXPECT_EQ(this->Read(kPlain, R"({"support_talk": "2147483648"})"), 2147483647);
+    EXPECT_EQ(this->template Read<kPlain>(R"({"support_talk": "1"})"), 1);
+    EXPECT_EQ(this->template Read<kPlain>(R"({"support_talk": " 3 and more"})"), 3);
+    EXPECT_EQ(this->template Read<kPlain>(R"({"support_talk": "-1"})"), -1);
+    EXPECT_EQ(this->template Read<kPlain>(R"({"support_talk": "2147483648"})"), 2147483647);
     for (const char* other : {"{}", R"({"support_talk": "0"})", R"({"support_talk": ""})", R"({"support_talk": 1})",
                               R"({"support_talk": true})", R"({"support_talk": null})", R"({"support_talk": ["1"]})",
                               R"({"support_talk": {}})", "[]", "null", R"("support_talk")"}) {
         SCOPED_TRACE(other);
-        EXPECT_EQ(this->Read(kPlain, other), kBefore);
+        EXPECT_EQ(this->template Read<kPlain>(other), kBefore);
     }
 }
 

@@ -2,9 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <string>
+#include <vector>
+
+#include "log/Logger.h"
+#include "support/CleanSwitches.h"
+#include "support/LogCapture.h"
 
 namespace vantix {
 namespace {
@@ -38,25 +44,68 @@ TEST(MessageText, ATextWithoutAFormatIsNotThere) {
     EXPECT_TRUE(BodyCodeText("%s%d").IsThere());
 }
 
-TEST(MessageText, AboutACode) {
-    EXPECT_EQ(Filled(CodeText("SyncRequest error:%d"), 7), "SyncRequest error:7");
-    EXPECT_EQ(Filled(CodeText("code %d."), std::numeric_limits<int>::min()), "code -2147483648.");
+/// Every message is a line of the call site that is handed in.
+class MessageLine : public testing::Test {
+protected:
+    /// The one line of the case, without the process id in front of it and the newline behind.
+    std::string Line() const {
+        const std::vector<test::LogLine> lines = m_log.Lines();
+        EXPECT_EQ(lines.size(), 1U);
+        const std::string text = lines.empty() ? "" : lines.front().text;
+        return text.substr(std::min(text.find("VX"), text.size()), text.rfind('\n') - text.find("VX"));
+    }
+    unsigned Level() const { return m_log.Lines().at(0).level; }
+
+    const CallSite m_site{"int vantix::GetSomething(int)", 5};
+    test::CleanSwitches m_switches;
+    test::LogCapture m_log;
+};
+
+TEST_F(MessageLine, AboutACode) {
+    LogError(m_site, CodeText("SyncRequest error:%d"), std::numeric_limits<int>::min());
+    EXPECT_EQ(Line(), "VX   ERROR\t<GetSomething>\t<5>,SyncRequest error:-2147483648");
+    EXPECT_EQ(Level(), 5U);
 }
 
-TEST(MessageText, AboutABodyAndACode) {
-    EXPECT_EQ(Filled(BodyCodeText("ParseX:%s error:%d"), "{\"a\":\"%s%n\"}", 10002),
-              "ParseX:{\"a\":\"%s%n\"} error:10002");
+TEST_F(MessageLine, AboutABodyAndACode) {
+    LogError(m_site, BodyCodeText("ParseX:%s error:%d"), R"({"a":"%s%n"})", 10002);
+    EXPECT_EQ(Line(), "VX   ERROR\t<GetSomething>\t<5>,ParseX:{\"a\":\"%s%n\"} error:10002");
 }
 
-TEST(MessageText, AboutMilliseconds) {
-    EXPECT_EQ(Filled(CostText("/api CostTime: = %ld milliseconds"), std::numeric_limits<int32_t>::max()),
-              "/api CostTime: = 2147483647 milliseconds");
+TEST_F(MessageLine, AboutABody) {
+    LogError(m_site, BodyText("no member: %s"), "{}");
+    EXPECT_EQ(Line(), "VX   ERROR\t<GetSomething>\t<5>,no member: {}");
 }
 
-TEST(MessageText, OneThatNoLineCanHoldIsCut) {
-    const std::string whole = Filled(BodyCodeText("%s%d"), std::string(40900, 'x'), 7);
-    EXPECT_EQ(whole, std::string(40900, 'x') + "7");
-    EXPECT_EQ(Filled(BodyCodeText("%s%d"), std::string(50000, 'x'), 7), std::string(40961, 'x'));
+TEST_F(MessageLine, AboutABodyAsInformation) {
+    LogInfo(m_site, BodyText("no member: %s"), "{}");
+    EXPECT_EQ(Line(), "VX   INFO \t<GetSomething>\t<5>,no member: {}");
+    EXPECT_EQ(Level(), 3U);
+}
+
+TEST_F(MessageLine, AboutMilliseconds) {
+    LogInfo(m_site, CostText("/api CostTime: = %ld milliseconds"), std::numeric_limits<int32_t>::max());
+    EXPECT_EQ(Line(), "VX   INFO \t<GetSomething>\t<5>,/api CostTime: = 2147483647 milliseconds");
+}
+
+TEST_F(MessageLine, IsDroppedBelowTheThreshold) {
+    iLogLevel = 4;
+    LogInfo(m_site, BodyText("no member: %s"), "{}");
+    EXPECT_TRUE(m_log.Lines().empty());
+    iLogLevel = 6;
+    LogError(m_site, CodeText("SyncRequest error:%d"), 7);
+    EXPECT_TRUE(m_log.Lines().empty());
+}
+
+TEST_F(MessageLine, HoldsATextThatJustFits) {
+    LogError(m_site, BodyCodeText("%s%d"), std::string(40900, 'x'), 7);
+    EXPECT_EQ(m_log.Messages(), std::vector<std::string>{std::string(40900, 'x') + "7"});
+}
+
+TEST_F(MessageLine, IsEmptyWhenItsTextDoesNotFit) {
+    LogError(m_site, BodyCodeText("%s%d"), std::string(50000, 'x'), 7);
+    ASSERT_EQ(m_log.Lines().size(), 1U);
+    EXPECT_EQ(m_log.Lines().front().text, "");
 }
 
 }  // namespace

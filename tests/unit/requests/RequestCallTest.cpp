@@ -57,7 +57,7 @@ public:
     }
 
 protected:
-    PreparedRequest::Reader Says(int code) {
+    auto Says(int code) {
         return [this, code](TextView body) {
             m_read.emplace_back(body);
             return code;

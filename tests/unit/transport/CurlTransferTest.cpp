@@ -26,7 +26,7 @@ TEST_F(Transfer, ReleasesHeadersAndFormThatWereNeverHandedOver) {
     {
         CurlTransfer transfer(false);
         transfer.AddHeader("a: b");
-        transfer.AddFormText("name", "value");
+        transfer.AddFormText({"name", "value"});
     }
     EXPECT_THAT(m_spy.Calls(), ElementsAre("init", "header a: b", "form", "part", "part name name", "part data value",
                                            "free headers", "free form", "cleanup"));
@@ -41,7 +41,7 @@ TEST_F(Transfer, TheFirstFailureDecidesAndNothingMoreIsDone) {
         transfer.Set(CURLOPT_TIMEOUT, 5L);
         transfer.AddHeader("a: b");
         transfer.ApplyHeaders();
-        transfer.AddFormText("name", "value");
+        transfer.AddFormText({"name", "value"});
         transfer.AddFormFile("file", "/nowhere");
         transfer.ApplyForm();
         transfer.SetCommonOptions("https://cloud.test/", true);
@@ -108,13 +108,13 @@ TEST_F(Transfer, LineBreaksAreTakenOutOfHeaders) {
 
 TEST_F(Transfer, LineBreaksAreTakenOutOfTheNamesOfFormPartsAndNotOutOfTheirTexts) {
     CurlTransfer transfer(false);
-    transfer.AddFormText("na\r\nme", "a\r\nb");
+    transfer.AddFormText({"na\r\nme", "a\r\nb"});
     EXPECT_THAT(m_spy.Calls(), ElementsAre("init", "form", "part", "part name name", "part data a\r\nb"));
 }
 
 TEST_F(Transfer, AFormTextMayHoldZeros) {
     CurlTransfer transfer(false);
-    transfer.AddFormText("name", std::string("a\0b", 3));
+    transfer.AddFormText({"name", std::string("a\0b", 3)});
     EXPECT_EQ(m_spy.Calls().back(), std::string("part data a\0b", 13));
 }
 
