@@ -10,11 +10,11 @@ namespace vantix {
 namespace {
 
 /// Copies a stored record out as one that came from a cache, when its release is served.
-int Serve(const DevDetailInfo& stored, DevDetailInfo& detail) {
-    if (!IsServedRelease(stored)) {
+int Serve(const CachedDevice& stored, DevDetailInfo& detail) {
+    if (!IsServedRelease(stored.Members())) {
         return VANTIX_DEV_RELEASE_MISMATCH;
     }
-    detail = stored;
+    stored.CopyTo(detail);
     MarkFromCache(detail);
     return VANTIX_NOERROR;
 }
@@ -39,46 +39,65 @@ int DetailCaches::getDevInfoCache(const std::string& serial, int ch, DevChannelI
                                   DevDetailInfo& detail) const {
     const CallSite site = VANTIX_CORE_HERE("getDevInfoCache");
     const std::string key = getDevDetailInfoMapKey(serial, ch);
-    if (!m_mapDevDetailInfo.CopyOut(key, channelInfo)) {
+    if (!CopyChannelOf(key, channelInfo)) {
         VANTIX_LOG_INFO(site, level::kInfo, "m_mapDevDetailInfo not exist key = %s", key.c_str());
         return VANTIX_ERROR;
     }
-    const int result = m_mapDeviceInfoCache.Read<int>(
-        key, VANTIX_ERROR, [&](const DevDetailInfo& stored) { return Serve(stored, detail); });
-    if (result == VANTIX_ERROR) {
+    const auto device = m_mapDeviceInfoCache.Find(key);
+    if (!device) {
         VANTIX_LOG_INFO(site, level::kInfo, "m_mapDeviceInfoCache not exist key = %s", key.c_str());
+        return VANTIX_ERROR;
     }
-    return result;
+    return Serve(*device, detail);
 }
 
 int DetailCaches::getDevDetailInfoFromLocal(const std::string& serial, int ch, DevChannelInfo& channelInfo,
                                             DevDetailInfo& detail) const {
     const std::string key = getDevDetailInfoMapKey(serial, ch);
-    if (!m_mapDevDetailInfo.CopyOut(key, channelInfo)) {
+    if (!CopyChannelOf(key, channelInfo)) {
         VANTIX_LOG_INFO(VANTIX_CORE_HERE("getDevDetailInfoFromLocal"), level::kInfo,
                         "m_mapDevDetailInfo not exist key = %s", key.c_str());
         return VANTIX_ERROR;
     }
-    return m_mapSerialDetailInfo.Read<int>(channelInfo.deviceSerial, VANTIX_ERROR,
-                                           [&](const DevDetailInfo& stored) { return Serve(stored, detail); });
+    const auto device = m_mapSerialDetailInfo.Find(channelInfo.deviceSerial);
+    return device ? Serve(*device, detail) : static_cast<int>(VANTIX_ERROR);
 }
 
 int DetailCaches::getDeviceRecord(const std::string& serial, int ch, DevDetailInfo& detail) const {
-    return m_mapDeviceInfoCache.CopyOut(getDevDetailInfoMapKey(serial, ch), detail) ? VANTIX_NOERROR : VANTIX_ERROR;
+    const auto device = m_mapDeviceInfoCache.Find(getDevDetailInfoMapKey(serial, ch));
+    if (!device) {
+        return VANTIX_ERROR;
+    }
+    device->CopyTo(detail);
+    return VANTIX_NOERROR;
+}
+
+bool DetailCaches::CopyChannelOf(const std::string& key, DevChannelInfo& channelInfo) const {
+    const auto channel = m_mapDevDetailInfo.Find(key);
+    if (channel) {
+        channel->CopyTo(channelInfo);
+    }
+    return channel.has_value();
 }
 
 bool DetailCaches::CopyChannel(const std::string& serial, int ch, DevChannelInfo& channelInfo) const {
-    return m_mapDevDetailInfo.CopyOut(getDevDetailInfoMapKey(serial, ch), channelInfo);
+    return CopyChannelOf(getDevDetailInfoMapKey(serial, ch), channelInfo);
 }
 
 std::optional<DevDetailInfo> DetailCaches::FindDevice(const std::string& serial) const {
-    return m_mapSerialDetailInfo.Find(serial);
+    const auto device = m_mapSerialDetailInfo.Find(serial);
+    if (!device) {
+        return std::nullopt;
+    }
+    std::optional<DevDetailInfo> detail(std::in_place);
+    device->CopyTo(*detail);
+    return detail;
 }
 
 int DetailCaches::SetDevInfoCache(const std::string& serial, int ch) {
     const CallSite site = VANTIX_CORE_HERE("SetDevInfoCache");
     const std::string key = getDevDetailInfoMapKey(serial, ch);
-    if (!m_mapDeviceInfoCache.Edit(key, [](DevDetailInfo& stored) { stored.isUpdate = true; })) {
+    if (!m_mapDeviceInfoCache.Edit(key, [](CachedDevice& stored) { stored.MarkForUpdate(); })) {
         VANTIX_LOG_INFO(site, level::kInfo, "key not exist strKey= %s", key.c_str());
         return VANTIX_ERROR;
     }
@@ -94,28 +113,39 @@ int DetailCaches::ClearDeviceInfoCache() {
 
 int DetailCaches::getChannelCacheValue(const std::string& serial, int ch) const {
     return m_mapDevDetailInfo.Read<int>(getDevDetailInfoMapKey(serial, ch), VANTIX_ERROR,
-                                        [](const DevChannelInfo& stored) { return stored.iIsTrust; });
+                                        [](const CachedChannel& stored) { return stored.Trust(); });
 }
 
 void DetailCaches::setChannelCacheValue(const std::string& serial, int ch, int value) {
     m_mapDevDetailInfo.Edit(getDevDetailInfoMapKey(serial, ch),
-                            [&](DevChannelInfo& stored) { stored.iIsTrust = value; });
+                            [&](CachedChannel& stored) { stored.SetTrust(value); });
 }
 
 bool DetailCaches::IsSupportSeekPlayback(const std::string& serial) const {
     return IsSerialGiven(VANTIX_CORE_HERE("IsSupportSeekPlayback"), serial) &&
            m_mapSerialDetailInfo.Read(serial, false,
-                                      [](const DevDetailInfo& stored) { return stored.support_seek_playback == 1; });
+                                      [](const CachedDevice& stored) {
+                                          return stored.Members().support_seek_playback == 1;
+                                      });
 }
 
 bool DetailCaches::IsSupportPlaybackSpeed(const std::string& serial, int speed) const {
     constexpr unsigned kSmallSpeeds = 0x2AC;  // 2, 3, 5, 7 and 9
     const bool isSmall = speed >= 0 && speed <= 9 && ((kSmallSpeeds >> static_cast<unsigned>(speed)) & 1U) != 0;
     return IsSerialGiven(VANTIX_CORE_HERE("IsSupportPlaybackSpeed"), serial) &&
-           m_mapSerialDetailInfo.Read(serial, false, [&](const DevDetailInfo& stored) {
+           m_mapSerialDetailInfo.Read(serial, false, [&](const CachedDevice& stored) {
                // A small speed must be exactly 1, any other must not be 0.
-               return isSmall ? stored.support_device_playback_small_speed == 1 : stored.support_quickplay_way != 0;
+               const DevDetailInfo& device = stored.Members();
+               return isSmall ? device.support_device_playback_small_speed == 1 : device.support_quickplay_way != 0;
            });
+}
+
+CachedDevice DetailCaches::Shared(const DevDetailInfo& detail, const std::string& serial) {
+    CachedDevice device(detail, m_texts);
+    if (const auto known = m_mapSerialDetailInfo.Find(serial)) {
+        device.ShareWith(*known);
+    }
+    return device;
 }
 
 void DetailCaches::Store(const std::string& serial, int ch, const DevChannelInfo& channelInfo,
@@ -123,14 +153,16 @@ void DetailCaches::Store(const std::string& serial, int ch, const DevChannelInfo
     const std::string key = getDevDetailInfoMapKey(serial, ch);
     // Everything that needs memory is made before the first cache changes. Only the channels' table may still have to
     // grow, so it comes first.
-    auto channelEntry = GuardedMap<ChannelMap>::EntryFor(key, channelInfo);
-    auto deviceEntry = GuardedMap<DeviceMap>::EntryFor(key, detail);
-    auto serialEntry = GuardedMap<DeviceMap>::EntryFor(detail.deviceSerial, detail);
-    DevDetailInfo parentRecord;
-    if (parent) {
-        static_cast<BelongDevInfo&>(parentRecord) = *parent;
+    const CachedDevice device = Shared(detail, detail.deviceSerial);
+    auto channelEntry = GuardedMap<ChannelMap>::EntryFor(key, CachedChannel(channelInfo, m_texts));
+    auto deviceEntry = GuardedMap<DeviceMap>::EntryFor(key, device);
+    auto serialEntry = GuardedMap<DeviceMap>::EntryFor(detail.deviceSerial, device);
+    DeviceMap::node_type parentEntry;
+    if (!detail.belongSerial.empty()) {
+        DevDetailInfo record;
+        static_cast<BelongDevInfo&>(record) = parent.value_or(BelongDevInfo());
+        parentEntry = GuardedMap<DeviceMap>::EntryFor(detail.belongSerial, Shared(record, detail.belongSerial));
     }
-    auto parentEntry = GuardedMap<DeviceMap>::EntryFor(detail.belongSerial, std::move(parentRecord));
 
     m_mapDevDetailInfo.Put(std::move(channelEntry));
     m_mapDeviceInfoCache.Put(std::move(deviceEntry));

@@ -6,6 +6,8 @@
 #include <unordered_map>
 
 #include "base/GuardedMap.h"
+#include "core/detail/CachedRecords.h"
+#include "core/detail/SharedTexts.h"
 #include "vantix/records/DevChannelInfo.h"
 #include "vantix/records/DevDetailInfo.h"
 
@@ -16,8 +18,8 @@ bool IsServedRelease(const BelongDevInfo& device);
 /// Marks a record as one that came from a cache and took no request.
 void MarkFromCache(DevDetailInfo& detail);
 
-/// Cached records of devices and channels: three caches, each with its own lock; no two locks are held at once. Records
-/// are copied in and out. Lines bear the core's tags.
+/// Cached records of devices and channels: three caches, each with its own lock; no two locks are held at once, and no
+/// record is copied under one. Lines bear the core's tags.
 class DetailCaches {
 public:
     // ---- The interface's operations
@@ -48,9 +50,14 @@ public:
     void ClearDevices() { m_mapSerialDetailInfo.Clear(); }
 
 private:
-    using ChannelMap = std::unordered_map<std::string, DevChannelInfo>;
-    using DeviceMap = std::map<std::string, DevDetailInfo>;
+    using ChannelMap = std::unordered_map<std::string, CachedChannel>;
+    using DeviceMap = std::map<std::string, CachedDevice>;
 
+    bool CopyChannelOf(const std::string& key, DevChannelInfo& channelInfo) const;
+    /// The device's record, shared with that of its other channels when they are equal.
+    CachedDevice Shared(const DevDetailInfo& detail, const std::string& serial);
+
+    SharedTexts m_texts;
     GuardedMap<ChannelMap> m_mapDevDetailInfo;    ///< By channel key.
     GuardedMap<DeviceMap> m_mapDeviceInfoCache;   ///< By channel key.
     GuardedMap<DeviceMap> m_mapSerialDetailInfo;  ///< By serial; parents too.
