@@ -7,10 +7,17 @@
 
 namespace {
 
+#if defined(__GLIBC__)
+/// What it guards is held for less than a sleep takes, so a thread that has to wait looks again for a moment first.
+constexpr int kPlain = PTHREAD_MUTEX_ADAPTIVE_NP;
+#else
+constexpr int kPlain = PTHREAD_MUTEX_NORMAL;
+#endif
+
 struct MutexAttribute {
     explicit MutexAttribute(bool recursive) {
         pthread_mutexattr_init(&value);
-        pthread_mutexattr_settype(&value, recursive ? PTHREAD_MUTEX_RECURSIVE : PTHREAD_MUTEX_NORMAL);
+        pthread_mutexattr_settype(&value, recursive ? PTHREAD_MUTEX_RECURSIVE : kPlain);
     }
     ~MutexAttribute() { pthread_mutexattr_destroy(&value); }
     MutexAttribute(const MutexAttribute&) = delete;
