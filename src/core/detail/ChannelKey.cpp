@@ -1,6 +1,8 @@
 #include "core/detail/ChannelKey.h"
 
-#include <cstdio>
+#include <charconv>
+#include <iterator>
+#include <string_view>
 
 #include "core/CoreSite.h"
 
@@ -13,9 +15,13 @@ std::string getDevDetailInfoMapKey(const std::string& serial, int ch) {
                          "设备序列号参数错误", serial.c_str(), ch);
         return serial;
     }
-    char key[256] = {};
-    std::snprintf(key, sizeof(key), "%s_%d", serial.c_str(), ch);
-    return key;
+    char digits[12];
+    const char* const end = std::to_chars(std::begin(digits), std::end(digits), ch).ptr;
+    const std::string_view number(digits, static_cast<size_t>(end - digits));
+    const std::string_view text = serial.c_str();  // up to a zero
+    std::string key;
+    key.reserve(text.size() + 1 + number.size());
+    return key.append(text).append("_").append(number);
 }
 
 }  // namespace vantix
