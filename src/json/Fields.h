@@ -40,8 +40,13 @@ struct SortedRows {
         std::transform(kRows.begin(), kRows.end(), keys.begin(), [](const Row& row) { return row.key; });
         return keys;
     }();
-    static_assert(std::adjacent_find(kKeys.begin(), kKeys.end()) == kKeys.end(), "a table reads each member once");
 };
+
+/// Whether no two rows read the same member.
+template <size_t Count>
+constexpr bool ReadEachMemberOnce(const std::array<std::string_view, Count>& sortedKeys) {
+    return std::adjacent_find(sortedKeys.begin(), sortedKeys.end()) == sortedKeys.end();
+}
 
 /// Whether no two rows fill the same field: which one came last would decide.
 template <class Row, size_t Count>
@@ -61,6 +66,7 @@ constexpr bool FillEachFieldOnce(const std::array<Row, Count>& rows) {
 template <const auto& Rows, class View, class Use>
 void VisitRows(const View& object, const Use& use) {
     using Sorted = SortedRows<Rows>;
+    static_assert(ReadEachMemberOnce(Sorted::kKeys), "a table reads each member once");
     object.VisitMembers(Sorted::kKeys, [&](size_t i, const View& value) { use(Sorted::kRows[i], value); });
 }
 

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "unit/json/Readers.h"
@@ -82,6 +84,31 @@ TYPED_TEST(Fields, EveryWrongTypeLeavesEveryField) {
         EXPECT_EQ(this->Read(text + "}"), row.expected);
     }
 }
+
+TYPED_TEST(Fields, MembersInAnyOrderAmongAnyOthersAreFound) {
+    EXPECT_EQ(this->Read(R"({"zz": 1, "status": 3, "": 0, "nam": 2, "online": false, "names": 2, "name": "n",
+                            "Name": "N", "deviceSeria": "-", "deviceSerial": "D", "deviceSerial2": "-", "é": 1})"),
+              (Record{"n", "D", 3, false}));
+    EXPECT_EQ(this->Read(R"({"zz": 1, "a": 2})"), Record());
+    EXPECT_EQ(this->Read(R"({"status": 1, "status": 2})").status, 2) << "the last one counts";
+}
+
+constexpr json::Field<Record> kSameMemberTwice[] = {{"name", &Record::name}, {"name", &Record::serial}};
+constexpr json::Field<Record> kSameFieldTwice[] = {{"name", &Record::name}, {"other", &Record::name}};
+
+TEST(FieldTables, AreReadInTheByteOrderOfTheirKeys) {
+    static constexpr json::Field<Record> kRows[] = {
+        {"b", &Record::name}, {"B", &Record::serial}, {"bb", &Record::status}, {"a", &Record::online}};
+    EXPECT_EQ(json::SortedRows<kRows>::kKeys, (std::array<std::string_view, 4>{"B", "a", "b", "bb"}));
+    EXPECT_EQ(json::SortedRows<kRows>::kRows[0].member, kRows[1].member);
+    EXPECT_EQ(json::SortedRows<kRows>::kRows[3].member, kRows[2].member);
+}
+
+// Whose rows depend on their order does not compile.
+static_assert(json::ReadEachMemberOnce(json::SortedRows<kFields>::kKeys));
+static_assert(!json::ReadEachMemberOnce(json::SortedRows<kSameMemberTwice>::kKeys));
+static_assert(json::FillEachFieldOnce(json::SortedRows<kFields>::kRows));
+static_assert(!json::FillEachFieldOnce(json::SortedRows<kSameFieldTwice>::kRows));
 
 TYPED_TEST(Fields, SomethingThatIsNoObjectHasNoMembers) {
     for (const char* text : {"null", "[]", R"([{"name": "x"}])", R"("name")", "1", "true"}) {

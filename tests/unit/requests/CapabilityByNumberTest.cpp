@@ -138,6 +138,20 @@ TEST(CapabilityByNumber, OnlyABraceInFirstPlaceMakesAnObject) {
     EXPECT_EQ(CapabilityByNumber(R"(["1":5])", 1), 0);
 }
 
+TEST(CapabilityByNumber, OneListGivesThemInAnyOrder) {
+    const CleanSwitches switches;
+    const std::string text = "1|2|33|4";
+    ShortList list(text);
+    EXPECT_EQ(list.Value(3), 33);
+    EXPECT_EQ(list.Value(3), 33);
+    EXPECT_EQ(list.Value(4), 4);
+    EXPECT_EQ(list.Value(1), 1);
+    EXPECT_EQ(list.Value(9), 0);
+    EXPECT_EQ(list.Value(2), 2);
+    EXPECT_EQ(list.Value(0), 0) << "the first one has number 1";
+    EXPECT_EQ(list.Value(4), 4);
+}
+
 TEST(CapabilityByNumber, TruncationAtAnyByteIsSurvived) {
     const CleanSwitches clean;
     for (const bool b2c : {false, true}) {

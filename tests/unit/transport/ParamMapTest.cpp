@@ -109,6 +109,34 @@ TEST(ParamMap, TheMaskedTextDiffersInCredentialsAlone) {
               "&deviceSerial=accessToken&sessionId=");
 }
 
+TEST(ParamMap, EntriesAreFoundByPlaceAndByKey) {
+    ParamMap params;
+    params.Add("b", std::string("x\0y", 3));
+    params.Add("a", "1");
+    params.Add("", "no key");
+    ASSERT_EQ(params.Size(), 3U);
+    EXPECT_EQ(params.At(0).key, "");
+    EXPECT_EQ(params.At(0).value, "no key");
+    EXPECT_EQ(params.At(1).key, "a");
+    EXPECT_EQ(params.At(2).value, std::string("x\0y", 3));
+    EXPECT_EQ(params.Find("a"), "1");
+    EXPECT_EQ(params.Find(""), "no key");
+    EXPECT_EQ(params.Find("c"), std::nullopt);
+}
+
+TEST(ParamMap, ManyEntriesAndLongTextsStayInOrder) {
+    ParamMap params;
+    for (int i = 99; i >= 10; --i) {
+        params.Add(std::to_string(i).c_str(), std::string(100, static_cast<char>('A' + i % 26)));
+    }
+    ASSERT_EQ(params.Size(), 90U);
+    EXPECT_EQ(params.At(0).key, "10");
+    EXPECT_EQ(params.At(0).value, std::string(100, 'K'));
+    EXPECT_EQ(params.At(89).key, "99");
+    EXPECT_EQ(params.At(89).value, std::string(100, 'V'));
+    EXPECT_EQ(params.Serialize().size(), 90U * 103 + 89);
+}
+
 TEST(ParamMap, CopiesAreTheirOwn) {
     ParamMap first;
     first.Add("a", "1");
