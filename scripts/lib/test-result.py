@@ -13,9 +13,9 @@ import quality
 
 def main(preset, name, title, command):
     suite = xml.etree.ElementTree.parse(quality.ROOT / "build" / preset / "tests.xml").getroot()
-    # A program that runs as one test says at its start how many cases it has.
+    # A program that runs as one test says at its end, which CTest keeps of a long output, how many cases it had.
     cases = sum(int(count) for output in suite.iter("system-out")
-                for count in re.findall(r"^\[==========\] Running (\d+) tests? from", output.text or "", re.MULTILINE))
+                for count in re.findall(r"^\[==========\] (\d+) tests? from .* ran\.", output.text or "", re.MULTILINE))
     failures = sum(case.get("status") not in ("run", "disabled") for case in suite.iter("testcase"))
     rows = [("tests of CTest", f"{int(suite.get('tests')):,}"), ("cases of GoogleTest", f"{cases:,}"),
             ("skipped", int(suite.get("skipped", 0)) + int(suite.get("disabled", 0)))]

@@ -6,9 +6,9 @@ if(TARGET vantix-simulator)
 else()
     set(_cloud "")  # comes from the environment
 endif()
-set(_lives exit:50 unload:50 busy-exit:50 busy-unload:50 destroyed-exit:50 cold-exit:50 reload:1 cold-threads:10)
+set(_lives exit:20 unload:20 busy-exit:20 busy-unload:20 destroyed-exit:20 cold-exit:20 reload:1 cold-threads:10)
 if(NOT VANTIX_SANITIZE STREQUAL "thread")
-    list(APPEND _lives left-exit:50)  # to ThreadSanitizer the threads that it leaves on purpose are a finding
+    list(APPEND _lives left-exit:20)  # to ThreadSanitizer the threads that it leaves on purpose are a finding
 endif()
 if(NOT WIN32)
     list(APPEND _lives fork:1 signals:1 few-descriptors:1)

@@ -98,19 +98,22 @@ std::vector<FaultRow> LinuxRows() { return {}; }
 std::vector<FaultRow> LocaleRows(const std::string& name, Condition locale) {
     const Json fractions = {{"devicePort", 8000.75}, {"version", 1.9}, {"cmdPort", 12345}};
     const Json read = {{"detail", {{"devicePort", 8000}, {"version", 1}, {"cmdPort", 12345}}}};
+    constexpr size_t kTablesMiB = 5;  // the C library keeps a locale's tables
     return {
         {.name = name,
          .condition = locale,
          .device = fractions,
-         .outcome = {.sent = "&cameraNo=1&clientType=19&", .handedOut = read, .isAsBefore = true},
+         .outcome =
+             {.sent = "&cameraNo=1&clientType=19&", .handedOut = read, .isAsBefore = true, .keptMiB = kTablesMiB},
          .consumer = Outcome{.sent = "deviceSerial=S60000006&filter=CONNECTION",
                              .handedOut = {{"detail", {{"cmdPort", 12345}}}},
-                             .isAsBefore = true}},
+                             .isAsBefore = true,
+                             .keptMiB = kTablesMiB}},
         {.name = name + "OfANumberAboveAThousand",
          .families = {Family::kPlatform},
          .condition = locale,
          .operation = "GetClouduploadUrl",
-         .outcome = {.sent = "&urlExpireTime=3600"}},
+         .outcome = {.sent = "&urlExpireTime=3600", .keptMiB = kTablesMiB}},
     };
 }
 
