@@ -10,7 +10,6 @@ std::string Key(const std::string& serial, int channel) {
     std::array<char, 12> number{};
     const auto written = std::to_chars(number.data(), number.data() + number.size(), channel);
     std::string key;
-    key.reserve(serial.size() + number.size());
     key.append(serial).append(1, '_').append(number.data(), written.ptr);
     return key;
 }

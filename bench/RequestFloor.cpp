@@ -50,12 +50,20 @@ void SendAlone() {
     Require(Send(Request<Make, Tls>(), body) == CURLE_OK && body.Size() > 0, "libcurl failed");
 }
 
-/// The same with the lines that the rules of logging ask for, in their order.
+/// The same with the lines that the rules of logging ask for, in their order; the token is not shown.
 template <bool Tls>
 void SendAndLog() {
     const BareRequest& request = Request<AlarmPost, Tls>();
+    static const std::string shown = request.url + "?accessToken=***" + request.form.substr(request.form.find('&'));
     BareBody body;
-    Require(Send(request, body) == CURLE_OK && body.Size() > 0, "libcurl failed");
+    HandLine("[%d] VX   INFO \t<%s>\t<%d>,Returning B domain", getpid(), "CVantixDataCenter::getDomain", __LINE__);
+    HandLine("[%d] VX   INFO \t<%s>\t<%d>,start Posts url and Param = %s", getpid(), "SyncRequest", __LINE__,
+             shown.c_str());
+    const CURLcode result = Send(request, body);
+    HandLine("[%d] VX   INFO \t<%s>\t<%d>,strRsp:%s", getpid(), "CRequest::SyncRequest", __LINE__, body.Text());
+    HandLine("[%d] VX   INFO \t<%s>\t<%d>,end Posts url and Param result = %d", getpid(), "SyncRequest", __LINE__,
+             static_cast<int>(result));
+    Require(result == CURLE_OK && body.Size() > 0, "libcurl failed");
 }
 
 /// The same on a connection that is kept.

@@ -17,7 +17,7 @@ pid {folder}/nginx.pid;
 error_log {folder}/error.log;
 events {{ worker_connections 1024; }}
 http {{
-    log_format sizes '$request_method $uri $request_length';
+    log_format sizes '$request_method $uri $request_length $content_length';
     access_log {folder}/access.log sizes;
     client_body_temp_path {folder}/body; proxy_temp_path {folder}/proxy; fastcgi_temp_path {folder}/fastcgi;
     uwsgi_temp_path {folder}/uwsgi; scgi_temp_path {folder}/scgi;
