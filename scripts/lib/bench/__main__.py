@@ -20,11 +20,15 @@ def arguments_of(words):
     parser.add_argument("--guard", action="store_true")
     parser.add_argument("--update", action="store_true")
     parser.add_argument("--page", action="store_true")
+    parser.add_argument("--check", action="store_true")
     return parser.parse_args(words)
 
 
 def main(words):
     arguments = arguments_of(words)
+    if arguments.check:
+        from . import page
+        return page.check()
     places.WORK.mkdir(parents=True, exist_ok=True)
     if arguments.guard:
         return guard.run(response_body(), arguments.update)

@@ -13,7 +13,7 @@ ALLOCATORS = re.compile(r"(malloc|calloc|realloc|aligned_alloc|posix_memalign)(@
 # settings it takes the plainest ones on every machine; the environment is the same everywhere, too, since its size
 # moves the stack.
 STABLE = {
-    "GLIBC_TUNABLES": "glibc.cpu.hwcaps=-AVX512F,-AVX512VL,-AVX512BW,-AVX2,-AVX,-BMI1,-BMI2,-LZCNT,-MOVBE,-POPCNT,"
+    "GLIBC_TUNABLES": "glibc.cpu.hwcaps=-AVX512F,-AVX512VL,-AVX512BW,-AVX2,-AVX,-AVX_Fast_Unaligned_Load,-BMI1,-BMI2,-LZCNT,-MOVBE,-POPCNT,"
                       "-RTM,-SSE4_1,-SSE4_2,-SSSE3,-ERMS,-FSRM,-Fast_Unaligned_Copy,-Prefer_ERMS,-Prefer_FSRM"
                       ":glibc.cpu.x86_non_temporal_threshold=0xc0000:glibc.cpu.x86_rep_movsb_threshold=0x800"
                       ":glibc.cpu.x86_rep_stosb_threshold=0x800",

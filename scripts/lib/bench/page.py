@@ -1,0 +1,222 @@
+"""docs/performance.md, from the results of a run. Every figure on it was measured; the text around them stands here."""
+
+import json
+import shutil
+import sys
+
+from . import figures, flame, jobs, places, rules
+
+INTRODUCTION = """# Performance
+
+Each job of the library beside its floor: the same effect written by hand, with the same bytes, options, copies and
+locks, measured in the same run. `scripts/bench` measures and writes this page with its pictures; nothing in it is
+typed by hand. What the library sends and why is in [transport](transport.md) and [platform](platform.md), what its
+caches promise in [caches and futures](caches-and-futures.md).
+
+Instructions and allocations are counted by callgrind for one round and repeat in every run, so they carry the goals;
+times drift with the machine, and only their ratios within one run mean something. Ratios are to the floor: 1.00 is as
+good as written by hand.
+"""
+
+PARTS = {
+    "request": ("One request", """On a new connection each, against nginx on this machine, which returns a body of 6 KB.
+The floor is libcurl alone. Both sides send the same bytes, which is checked before each run. At the usual log level the
+floor writes the same lines by hand."""),
+    "parse": ("Reading responses", """From the body to filled records. The floor is the JSON library alone, which builds
+a document of the same texts and takes nothing out of it."""),
+    "cache": ("Cache hits", """Slot 4, `getDevDetailInfo`, on a cached channel, log silenced. The floor is a hash table and
+a tree, a lock for each, a key without `printf`, and two copies under the locks. A cache of 100,000 is timed only: it is
+not filled under callgrind."""),
+    "threads": ("Hits by several threads", """Threads that hit a cache of 1,000 channels in turn, while one more refills it
+a thousand times a second. The floor is the hand-written cache of the hits."""),
+    "log": ("Log lines", """A line that the level filters out, and a written one whose sinks do nothing. The floors are one
+comparison; a buffer of 40,960 zeros, the text formatted into it, and two calls; a thread that writes no line."""),
+    "async": ("Fetching by a task", """From the call on a cold cache to the value of its future, with a canned response. The
+floor is `std::async` around the synchronous call."""),
+    "prefetch": ("Many channels", """Fetched over TLS and stored, by 16 tasks at once. The floor is libcurl alone with 16
+threads, which drops what it receives: it parses and stores nothing."""),
+    "memory": ("Memory", """What the heap grows by while the cache is filled, for each channel. The floor is one record for
+each channel and one for each device: the size of the record and of its texts, counted by hand."""),
+    "load": ("Loading", """A fresh process that loads the library, with everything that it links, and makes a handle. The
+floor is an empty shared object. Sizes are those of stripped copies."""),
+}
+
+
+def table(header, rows):
+    lines = ["| " + " | ".join(header) + " |", "|" + "|".join("---" if i == 0 else "--:" for i in range(len(header))) + "|"]
+    return "\n".join(lines + ["| " + " | ".join(row) + " |" for row in rows]) + "\n"
+
+
+def verdict(outcome):
+    if outcome.met is None:
+        return "" if outcome.row.goal.text == "told" or outcome.value is not None else "not measured"
+    return "yes" if outcome.met else "**no**"
+
+
+def goal_table(outcomes):
+    rows, last = [], None
+    for outcome in outcomes:
+        row = outcome.row
+        if outcome.value is None and row.goal.text == "told":
+            continue
+        rows.append([row.title if row.title != last else "", figures.WORDS[row.measure],
+                     figures.shown(outcome.value, row.measure), figures.shown(outcome.floor, row.measure),
+                     outcome.compared(), row.goal.shown(), verdict(outcome)])
+        last = row.title
+    return table(["Job", "Measure", "Library", "Floor", "To the floor", "Goal", "Met"], rows)
+
+
+def spread_rows(results, names, first=None):
+    """Rows of times, each with its ratio to the first median."""
+    rows = []
+    for name in names:
+        samples = results["times"].get(name)
+        if not samples:
+            continue
+        middle, low, high, least, most = figures.spread(samples)
+        first = first or middle
+        rows.append([f"`{name}`", figures.seconds(middle), f"{figures.seconds(low)} – {figures.seconds(high)}",
+                     f"{figures.seconds(least)} – {figures.seconds(most)}", f"{middle / first:.2f}", str(len(samples))])
+    return rows
+
+
+def spread_table(results, rows):
+    """Times of jobs and floors with their spread."""
+    lines = []
+    for row in rows:
+        if row.measure == "time":
+            floor = figures.value_of(results, row.floor, "time")
+            lines += spread_rows(results, (row.job, row.floor), floor)
+    if not lines:
+        return ""
+    return "\nTimes with their spread:\n\n" + table(["Case", "Median", "Quartiles", "Least – most", "Ratio", "Runs"], lines)
+
+
+def peers_of(results, prefix):
+    return [name for name in results["times"] if name.startswith(prefix)]
+
+
+def request_peers(results):
+    text = ""
+    for way, title in (("plain", "HTTP"), ("tls", "HTTPS")):
+        names = [f"request/post/{way}"] + peers_of(results, f"peer/request/{way}/")
+        names.sort(key=lambda name: figures.value_of(results, name, "time") or 0)
+        alone = figures.value_of(results, f"peer/request/{way}/libcurl", "time")
+        if alone:
+            text += f"\nThe same exchange with what a user would pick instead, over {title}, as multiples of libcurl alone:\n\n"
+            text += table(["Client", "Median", "Quartiles", "Least – most", "Ratio", "Runs"],
+                          spread_rows(results, names, alone))
+    return text and text + "\n![Clients](performance/clients.svg)\n"
+
+
+def parse_peers(results):
+    floor = figures.value_of(results, "floor/parse/detail", "instructions")
+    names = ["parse/detail", "floor/parse/detail"] + peers_of(results, "peer/parse/detail/")
+    rows = []
+    for name in sorted(names, key=lambda name: figures.value_of(results, name, "instructions") or 0):
+        count = figures.value_of(results, name, "instructions")
+        if count and floor:
+            rows.append([f"`{name}`", figures.shown(count, "instructions"),
+                         figures.shown(figures.value_of(results, name, "allocations"), "allocations"),
+                         figures.shown(figures.value_of(results, name, "time"), "time"), f"{count / floor:.2f}"])
+    if not rows:
+        return ""
+    return ("\nDocuments of the detail's texts by other libraries, as a scale:\n\n" +
+            table(["Case", "Instructions", "Allocations", "Time", "To the floor"], rows))
+
+
+EXTRAS = {"request": request_peers, "parse": parse_peers,
+          "threads": lambda results: "\n![Hits a second by threads](performance/threads.svg)\n"}
+
+
+def part_section(results, part, rows):
+    title, text = PARTS[part]
+    section = f"\n## {title}\n\n{text}\n\n" + goal_table(figures.outcomes(results, rows))
+    section += spread_table(results, rows)
+    return section + (EXTRAS[part](results) if part in EXTRAS else "")
+
+
+def profile_section(results):
+    if not results["flames"]:
+        return ""
+    text = "\n## Where the instructions go\n\n"
+    text += ("Own instructions of each layer, of one round; the pictures show them by stack, callers below what they call. "
+             "A\nlibrary without names is one block.\n\n")
+    layers = [layer for layer, _, _ in flame.LAYERS]
+    rows = []
+    for name, stacks in results["flames"].items():
+        by_layer = flame.by_layer(stacks)
+        total = sum(by_layer.values())
+        rows.append([f"`{name}`", f"{total:,}"] + [f"{100 * by_layer.get(layer, 0) / total:.1f} %" for layer in layers])
+    text += table(["Job", "Instructions"] + layers, rows)
+    for name in results["flames"]:
+        text += f"\n{flame.JOBS[name]}:\n\n![{flame.JOBS[name]}](performance/{flame.file_name(name)})\n"
+    return text
+
+
+def summary(results, rows):
+    judged = [outcome for outcome in figures.outcomes(results, rows) if outcome.met is not None]
+    missed = [outcome for outcome in judged if not outcome.met]
+    text = f"\n{len(judged) - len(missed)} of {len(judged)} goals are met."
+    if missed:
+        text += " Not met, the farthest first:\n\n"
+        missed.sort(key=lambda outcome: -abs((outcome.ratio or 1) - 1))
+        text += table(["Job", "Measure", "To the floor", "Goal"],
+                      [[outcome.row.title, figures.WORDS[outcome.row.measure],
+                        outcome.compared() if outcome.row.goal.text[-1] != "s" else
+                        figures.shown(outcome.value, outcome.row.measure), outcome.row.goal.shown()] for outcome in missed])
+    return text + "\n![Jobs beside their floors](performance/ratios.svg)\n"
+
+
+def machine_section(results):
+    machine = results["machine"]
+    rows = [["processor", f"{machine['processor']}, {machine['cores']} cores, load {machine['load']} when the run began"],
+            ["system", machine["system"]], ["compiler", machine["compiler"]],
+            ["libraries", ", ".join(f"{name} {version}" for name, version in machine["versions"].items())],
+            ["run", f"{machine['date']}, at {machine['commit']}, {results['seconds'] // 60} min"]]
+    return "\n## Measured on\n\n" + table(["", ""], rows).replace("--:", "---")
+
+
+ADDING = """
+## Adding a job
+
+A job is a case in a program of `bench/` (a name, what prepares it, its body) and a row for each of its goals in
+`bench/jobs.tsv`; its floor is a case too. `scripts/bench --guard --update` adds it to `bench/guard.tsv` when its row
+says that it is counted. What scripts and page do follows from the rows.
+"""
+
+
+def text_of(results):
+    rows = jobs.read()
+    text = INTRODUCTION + summary(results, rows)
+    for part in jobs.parts(rows):
+        measured = [row for row in rows if row.part == part]
+        if not results["only"] or results["only"] == part:
+            text += part_section(results, part, measured)
+    return text + rules.section(results) + profile_section(results) + machine_section(results) + ADDING
+
+
+def is_whole(results):
+    return not results["quick"] and not results["only"]
+
+
+def write_all():
+    """Writes page and pictures: of a whole run into docs, of any other into build/bench."""
+    from . import plots  # matplotlib
+    results = json.loads(places.RESULTS.read_text())
+    page = places.PAGE if is_whole(results) else places.WORK / places.PAGE.name
+    pictures = page.parent / places.PICTURES.name
+    pictures.mkdir(parents=True, exist_ok=True)
+    if is_whole(results):
+        shutil.copy(places.RESULTS, places.KEPT)
+    page.write_text(text_of(results))
+    plots.draw_all(results, pictures)
+    print(f"{page.relative_to(places.ROOT)} is written", file=sys.stderr)
+    return 0
+
+
+def check():
+    """Whether the page in docs is what its results say."""
+    is_same = places.PAGE.read_text() == text_of(json.loads(places.KEPT.read_text()))
+    print("docs/performance.md is", "as its results say" if is_same else "not what its results say: scripts/bench --page")
+    return 0 if is_same else 1

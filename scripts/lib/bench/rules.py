@@ -1,0 +1,28 @@
+"""What prescribed behaviour costs, from the same run: these instructions are no waste."""
+
+from . import figures
+
+# The rule, what is measured with it and without it, and how often a job follows it.
+RULES = [
+    ("A new connection for each request, HTTP", "floor/request/post/plain", "floor/request/kept/plain",
+     "libcurl alone, against a handle that keeps its connection"),
+    ("A new connection for each request, HTTPS", "floor/request/post/tls", "floor/request/kept/tls",
+     "the same: the handshake"),
+    ("A log line's buffer of 40,960 bytes is zeroed", "floor/log/written", "floor/log/unzeroed",
+     "a line by hand, against one without the zeroing"),
+    ("A relation to a parent device is read twice", "cache/relation", "cache/relation/one_read",
+     "slot 8, `getDevDetailInfoByRelation`, against one read"),
+]
+
+
+def section(results):
+    rows = []
+    for title, with_rule, without, how in RULES:
+        more, less = (figures.value_of(results, name, "instructions") for name in (with_rule, without))
+        if more and less:
+            rows.append(f"| {title} | {more:,.0f} | {less:,.0f} | {more - less:,.0f} | {how} |")
+    if not rows:
+        return ""
+    return ("\n## What prescribed behaviour costs\n\nInstructions that nobody can save, since the behaviour is a contract "
+            "with hosts and servers:\n\n| Rule | With it | Without it | Its cost | Measured |\n|---|--:|--:|--:|---|\n" +
+            "\n".join(rows) + "\n")

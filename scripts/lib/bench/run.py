@@ -1,0 +1,113 @@
+"""One run: everything is measured, and the results are written as JSON."""
+
+import contextlib
+import dataclasses
+import json
+import sys
+import time
+
+from . import clock, count, flame, jobs, machine, places, server
+
+
+@dataclasses.dataclass(frozen=True)
+class Effort:
+    """How much a run does. Amounts are those of the measurements that run once, by their part."""
+    repetitions: int   # of each body
+    seconds: float     # of each repetition
+    runs: int          # under callgrind, of a job in which the server plays a part
+    wholes: dict       # part: (amount, repetitions)
+    loads: int
+    python_rounds: int
+
+
+FULL = Effort(15, 0.1, 5, {"threads": (1000, 5), "prefetch": (10000, 3), "memory": (100000, 1)}, 40, 200)
+QUICK = Effort(3, 0.02, 1, {"threads": (200, 1), "prefetch": (200, 1), "memory": (2000, 1)}, 5, 10)
+
+# What the page tells about prescribed rules needs these besides.
+RULES = {"request": ["floor/request/kept/plain", "floor/request/kept/tls"], "log": ["floor/log/unzeroed"],
+         "cache": ["cache/relation", "cache/relation/one_read"]}
+PEERS = {"request": ["peer/request/plain/libcurl", "peer/request/plain/cpp-httplib", "peer/request/plain/cpprestsdk",
+                     "peer/request/tls/libcurl", "peer/request/tls/cpp-httplib", "peer/request/tls/cpprestsdk"],
+         "parse": ["peer/parse/detail/nlohmann", "peer/parse/detail/RapidJSON", "peer/parse/detail/simdjson"]}
+MOST_TO_COUNT = "/100000"  # a cache of that size is not filled under callgrind
+
+
+def say(text):
+    print("--", text, file=sys.stderr, flush=True)
+
+
+def timing_groups(rows, part):
+    """Cases that are timed in one process, in turn: a job with its floors; of the cache, all with as many devices."""
+    groups = {}
+    for row in rows:
+        if row.measure == "time":
+            key = row.job.rsplit("/", 1)[-1] if part == "cache" else row.job
+            groups.setdefault(key, []).extend([row.job, row.floor])
+    return [list(dict.fromkeys(group)) for group in groups.values()]
+
+
+def count_part(rows, part, environment, effort, results):
+    names = [name for name in jobs.cases(rows, jobs.COUNTED) if not name.endswith(MOST_TO_COUNT)]
+    for name in names + RULES.get(part, []):
+        runs = effort.runs if "request/" in name or "async/" in name else 1
+        results["counts"][name] = dataclasses.asdict(count.count(places.PROGRAM, name, environment, runs))
+    for name in PEERS.get(part, []) if part == "parse" else []:
+        results["counts"][name] = dataclasses.asdict(count.count(places.PEERS, name, environment))
+
+
+def time_part(rows, part, environment, effort, results):
+    for group in timing_groups(rows, part):
+        results["times"].update(clock.bodies(places.PROGRAM, group, environment, effort))
+    if part in PEERS:
+        for way in sorted({name.split("/")[2] for name in PEERS[part]}):
+            group = [name for name in PEERS[part] if name.split("/")[2] == way]
+            results["times"].update(clock.bodies(places.PEERS, group, environment, effort))
+    if part == "request":
+        results["times"].update(clock.python_peers(environment, effort.python_rounds))
+
+
+def check_bytes(rows, environment):
+    """A request and its floor must send as much to the same place, else they are not the same exchange."""
+    for row in rows:
+        received = []
+        for name in (row.job, row.floor):
+            clock.output_of([places.PROGRAM, "--repeat", name], environment)
+            received.append(server.last_request())
+        if received[0] != received[1]:
+            raise RuntimeError(f"{row.job} and {row.floor} send different requests: {received}")
+
+
+def measure_part(part, rows, environment, effort, results):
+    say(part)
+    if part == "request":
+        check_bytes([row for row in rows if row.measure == "time"], environment)
+    count_part(rows, part, environment, effort, results)
+    time_part(rows, part, environment, effort, results)
+    if part in effort.wholes:
+        amount, repetitions = effort.wholes[part]
+        names = list(dict.fromkeys(name for row in rows for name in (row.job, row.floor)))
+        results["once"].update(clock.wholes(names, amount, environment, repetitions))
+    if part == "load":
+        results["once"].update(clock.loads(effort.loads) | clock.sizes())
+    for name in flame.JOBS:
+        if name.startswith(part + "/"):
+            results["flames"][name] = flame.stacks_of(name, environment)
+
+
+def measure(body, quick, only):
+    """Measures all parts, or one, and writes build/bench/results.json."""
+    start = time.monotonic()
+    rows = jobs.read()
+    known = jobs.parts(rows)
+    if only and only not in known:
+        raise SystemExit(f"no part '{only}': {', '.join(known)}")
+    results = {"machine": machine.describe(), "quick": quick, "only": only, "counts": {}, "times": {}, "once": {},
+               "flames": {}}
+    with contextlib.ExitStack() as stack:
+        environment = stack.enter_context(server.running(body))
+        for part in [only] if only else known:
+            measure_part(part, [row for row in rows if row.part == part], environment, QUICK if quick else FULL,
+                         results)
+    results["seconds"] = round(time.monotonic() - start)
+    places.RESULTS.write_text(json.dumps(results, indent=1) + "\n")
+    return results
