@@ -17,7 +17,8 @@ void Prepare() {
     if (g_handChannels.size() == Devices) {
         return;
     }
-    g_handChannels = FilledCache(Devices);
+    UseCannedResponses();
+    g_handChannels = ChannelsOfDevices(Devices);
     g_handCache = std::make_unique<HandCache>();
     Records records;
     Fetch(g_handChannels[0], records);

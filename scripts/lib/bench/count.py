@@ -1,6 +1,8 @@
 """Instructions and allocations of one round of a job, by callgrind. Unlike times they are the same in every run."""
 
+import concurrent.futures
 import dataclasses
+import os
 import pathlib
 import re
 import statistics
@@ -69,7 +71,7 @@ def run(program, name, environment, profile, *options):
 
 
 def count(program, name, environment, runs=1):
-    """The median of some runs; one suffices where nothing outside of the process plays a part."""
+    """The median of some runs."""
     counts = []
     for _ in range(runs):
         with tempfile.TemporaryDirectory() as folder:
@@ -77,3 +79,15 @@ def count(program, name, environment, runs=1):
             rounds, instructions = run(program, name, environment, profile)
             counts.append((instructions / rounds, allocations_in(profile) / rounds))
     return Count(*(statistics.median(values) for values in zip(*counts)))
+
+
+def varies(name):
+    """Whether something outside of the process plays a part: a server that is slower at times, or other threads."""
+    return "request/" in name or "async/" in name
+
+
+def count_all(program, names, environment, runs):
+    """Counts some cases, as many at once as there are processors; those that vary, that many times."""
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        counted = pool.map(lambda name: count(program, name, environment, runs if varies(name) else 1), names)
+        return dict(zip(names, counted))

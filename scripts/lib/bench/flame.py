@@ -82,7 +82,7 @@ def frames_of(stack, objects_of):
 
 
 def stacks_of(name, environment):
-    """Instructions of one round by stack, outermost first: [[[function, layer], …], instructions]."""
+    """Instructions of one round by stack, as JSON."""
     with tempfile.TemporaryDirectory() as folder:
         path = pathlib.Path(folder) / "profile"
         rounds, _ = count.run(places.PROGRAM, name, environment, path, f"--separate-callers={DEEPEST}",
@@ -92,7 +92,7 @@ def stacks_of(name, environment):
     for stack, cost in profile.costs.items():
         frames = tuple(frames_of(stack, profile.objects_of))
         merged[frames] = merged.get(frames, 0) + cost / rounds
-    return pruned(merged)
+    return packed(pruned(merged))
 
 
 def pruned(costs):
@@ -107,13 +107,27 @@ def pruned(costs):
         while frames and inclusive[frames] < LEAST * total:
             frames = frames[:-1]
         kept[frames] = kept.get(frames, 0) + cost
-    return [[list(map(list, frames)), round(cost)] for frames, cost in sorted(kept.items())]
+    return kept
 
 
-def by_layer(stacks):
+def packed(costs):
+    """The same as JSON: each function once, stacks by their numbers."""
+    frames = sorted({frame for stack in costs for frame in stack})
+    numbers = {frame: number for number, frame in enumerate(frames)}
+    return {"functions": [list(frame) for frame in frames],
+            "stacks": [[[numbers[frame] for frame in stack], round(cost)] for stack, cost in sorted(costs.items())]}
+
+
+def unpacked(flame):
+    """Pairs of a stack, outermost function first, and its own instructions."""
+    functions = [tuple(function) for function in flame["functions"]]
+    return [([functions[number] for number in stack], cost) for stack, cost in flame["stacks"]]
+
+
+def by_layer(flame):
     """Own instructions of each layer."""
     totals = {}
-    for frames, cost in stacks:
+    for frames, cost in unpacked(flame):
         layer = frames[-1][1] if frames else LAYERS[-1][0]
         totals[layer] = totals.get(layer, 0) + cost
     return totals
@@ -174,11 +188,11 @@ def legend(y):
         x += 34 + int(len(layer) * LETTER) + 14
 
 
-def picture(title, stacks):
+def picture(title, flame):
     """The flame graph as SVG: callers below what they call, width by instructions."""
     root = Node("ours")
-    for frames, cost in stacks:
-        root.add([tuple(frame) for frame in frames], cost)
+    for frames, cost in unpacked(flame):
+        root.add(frames, cost)
     height = TOP + ROW * (root.depth() - 1) + 10
     lines = [f'<svg xmlns="http://www.w3.org/2000/svg" width="{WIDTH}" height="{height}" '
              f'viewBox="0 0 {WIDTH} {height}" font-family="sans-serif" font-size="11" fill="#fff">',

@@ -1,9 +1,7 @@
 """The guard: counts what repeats exactly, and compares it with the figures that are checked in."""
 
-import concurrent.futures
 import csv
 import dataclasses
-import os
 
 from . import count, jobs, places, server
 
@@ -11,6 +9,7 @@ MORE = 0.02  # a job may cost so much more before the guard fails
 # Bodies of some dozens of instructions shift by a few when the compiler lays out their loop anew, and a log line by the
 # digits of the process number.
 FEW_INSTRUCTIONS = 24
+RUNS = 3  # of a request, of which the median counts: the server is slower at times
 PART_OF_AN_ALLOCATION = 0.05  # tables that grow once in many rounds
 
 HEAD = """# What scripts/bench --guard compares with: instructions and allocations of one round of each job, and of its floors.
@@ -76,18 +75,11 @@ def write(counts, path=places.GUARD):
     path.write_text(HEAD + "\n".join(["job\tinstructions\tallocations", *rows]) + "\n")
 
 
-def count_all(names, environment):
-    """Counts some jobs, as many at once as there are processors."""
-    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        counted = pool.map(lambda name: count.count(places.PROGRAM, name, environment), names)
-        return dict(zip(names, counted))
-
-
 def run(body, update):
     """Counts and compares, or writes the file; 1 when a job became dearer."""
     names = jobs.cases([row for row in jobs.read() if row.counted], jobs.COUNTED)
     with server.running(body) as environment:
-        now = count_all(names, environment)
+        now = count.count_all(places.PROGRAM, names, environment, RUNS)
     if update:
         write(now)
         print(f"{places.GUARD.relative_to(places.ROOT)}: {len(now)} jobs and floors")

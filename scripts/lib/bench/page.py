@@ -18,6 +18,10 @@ times drift with the machine, and only their ratios within one run mean somethin
 good as written by hand.
 """
 
+PARTIAL = """
+This run was a quick one or one of a single part: amounts are smaller than their titles say, or parts are missing.
+"""
+
 PARTS = {
     "request": ("One request", """On a new connection each, against nginx on this machine, which returns a body of 6 KB.
 The floor is libcurl alone. Both sides send the same bytes, which is checked before each run. At the usual log level the
@@ -25,8 +29,8 @@ floor writes the same lines by hand."""),
     "parse": ("Reading responses", """From the body to filled records. The floor is the JSON library alone, which builds
 a document of the same texts and takes nothing out of it."""),
     "cache": ("Cache hits", """Slot 4, `getDevDetailInfo`, on a cached channel, log silenced. The floor is a hash table and
-a tree, a lock for each, a key without `printf`, and two copies under the locks. A cache of 100,000 is timed only: it is
-not filled under callgrind."""),
+a tree, a lock for each, a key without `printf`, and two copies under the locks. The copies of fresh records
+allocate their texts."""),
     "threads": ("Hits by several threads", """Threads that hit a cache of 1,000 channels in turn, while one more refills it
 a thousand times a second. The floor is the hand-written cache of the hits."""),
     "log": ("Log lines", """A line that the level filters out, and a written one whose sinks do nothing. The floors are one
@@ -144,8 +148,8 @@ def profile_section(results):
              "A\nlibrary without names is one block.\n\n")
     layers = [layer for layer, _, _ in flame.LAYERS]
     rows = []
-    for name, stacks in results["flames"].items():
-        by_layer = flame.by_layer(stacks)
+    for name, measured in results["flames"].items():
+        by_layer = flame.by_layer(measured)
         total = sum(by_layer.values())
         rows.append([f"`{name}`", f"{total:,}"] + [f"{100 * by_layer.get(layer, 0) / total:.1f} %" for layer in layers])
     text += table(["Job", "Instructions"] + layers, rows)
@@ -188,7 +192,7 @@ says that it is counted. What scripts and page do follows from the rows.
 
 def text_of(results):
     rows = jobs.read()
-    text = INTRODUCTION + summary(results, rows)
+    text = INTRODUCTION + ("" if is_whole(results) else PARTIAL) + summary(results, rows)
     for part in jobs.parts(rows):
         measured = [row for row in rows if row.part == part]
         if not results["only"] or results["only"] == part:

@@ -115,5 +115,5 @@ def draw_all(results, folder):
     draw_ratios(results, folder / "ratios.svg")
     draw_clients(results, folder / "clients.svg")
     draw_threads(results, folder / "threads.svg")
-    for name, stacks in results["flames"].items():
-        (folder / flame.file_name(name)).write_text(flame.picture(flame.JOBS[name], stacks))
+    for name, measured in results["flames"].items():
+        (folder / flame.file_name(name)).write_text(flame.picture(flame.JOBS[name], measured))
