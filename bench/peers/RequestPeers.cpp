@@ -1,4 +1,5 @@
-// The form post of the jobs with other C++ libraries: a new connection each, certificates unchecked, the body as a text.
+// The form post of the jobs with other C++ libraries: a new connection each, certificates unchecked, the body as a
+// text.
 
 #define CPPHTTPLIB_OPENSSL_SUPPORT
 #include <cpprest/http_client.h>
@@ -45,11 +46,10 @@ void ByCpprest() {
     web::http::client::http_client_config settings;
     settings.set_validate_certificates(false);
     web::http::client::http_client client(Address<Tls>(), settings);
-    const std::string body = client.request(web::http::methods::POST, kPath, kForm, kFormType)
-                                 .then([](const web::http::http_response& response) {
-                                     return response.extract_string(true);
-                                 })
-                                 .get();
+    const std::string body =
+        client.request(web::http::methods::POST, kPath, kForm, kFormType)
+            .then([](const web::http::http_response& response) { return response.extract_string(true); })
+            .get();
     Require(!body.empty(), "cpprestsdk failed");
 }
 

@@ -159,12 +159,21 @@ class Node:
         return 1 + max((child.depth() for child in self.children.values()), default=0)
 
 
+def fitting(name, letters):
+    """The name, or its last part, or as much of that as there is room for."""
+    last = name.rsplit("::", 1)[-1]
+    if len(name) <= letters:
+        return name
+    if len(last) <= letters:
+        return last
+    return last[:letters - 1] + "…" if letters >= 5 else ""
+
+
 def box(name, node, left, width, bottom, total):
     """A function, as wide as its share of the whole."""
     share = 100 * node.cost / total
-    label = name if len(name) * LETTER < width - 6 else name[:max(0, int((width - 6) / LETTER) - 1)] + "…"
     text = ""
-    if width > 5 * LETTER:
+    if label := fitting(name, int((width - 6) / LETTER)):
         text = f'<text x="{left + 3:.1f}" y="{bottom - 5}">{escape(label)}</text>'
     return (f'<g><title>{escape(name)}: {node.cost:,.0f} instructions, {share:.1f} %</title>'
             f'<rect x="{left:.1f}" y="{bottom - ROW + 1}" width="{max(width - 0.5, 0.3):.1f}" height="{ROW - 1}" '
@@ -180,9 +189,11 @@ def boxes(node, left, bottom, scale, total):
         left += width
 
 
-def legend(y):
+def legend(layers, y):
     x = LEFT
     for layer, color in COLORS.items():
+        if layer not in layers:
+            continue
         yield f'<rect x="{x}" y="{y - 10}" width="12" height="12" fill="{color}"/>'
         yield f'<text x="{x + 17}" y="{y}" fill="#222">{escape(layer)}</text>'
         x += 34 + int(len(layer) * LETTER) + 14
@@ -199,6 +210,6 @@ def picture(title, flame):
              f'<rect width="{WIDTH}" height="{height}" fill="#fff"/>',
              f'<text x="{LEFT}" y="20" font-size="15" font-weight="bold" fill="#222">{escape(title)}: '
              f'{root.cost:,.0f} instructions</text>',
-             *legend(44),
+             *legend(by_layer(flame), 44),
              *boxes(root, LEFT, height - 6, (WIDTH - 2 * LEFT) / root.cost, root.cost), "</svg>"]
     return "\n".join(lines) + "\n"
