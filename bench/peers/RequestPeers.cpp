@@ -1,13 +1,14 @@
 // The form post of the jobs with other C++ libraries: a new connection each, certificates unchecked, the body as a
 // text.
 
+#include "../BareRequest.h"  // before cpprestsdk, which defines a word that libcurl's header asks for
+
 #define CPPHTTPLIB_OPENSSL_SUPPORT
 #include <cpprest/http_client.h>
 #include <httplib.h>
 
 #include <string>
 
-#include "../BareRequest.h"
 #include "PeerCases.h"
 
 namespace vantix::bench {

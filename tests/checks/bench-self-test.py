@@ -87,8 +87,8 @@ class Goals(unittest.TestCase):
                 self.assertIs(jobs.Goal(text).is_met(value, floor), expected)
 
     def test_they_are_shown_as_people_write_them(self):
-        shown = [jobs.Goal(text).shown() for text in ("<=1.03", ">=1.7", "<=+12", "<=1ns", "told")]
-        self.assertEqual(shown, ["≤ 1.03", "≥ 1.7", "≤ floor + 12", "≤ 1 ns", ""])
+        shown = [jobs.Goal(text).shown() for text in ("<=1.03", ">=1.7", "<=+12", "<=+0", "<=1ns", "told")]
+        self.assertEqual(shown, ["≤ 1.03", "≥ 1.7", "≤ floor + 12", "≤ floor", "≤ 1 ns", ""])
 
     def test_every_row_of_the_table_is_complete(self):
         rows = jobs.read()

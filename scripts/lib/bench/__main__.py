@@ -4,7 +4,7 @@ import argparse
 import subprocess
 import sys
 
-from . import guard, places
+from . import guard, page, places, run
 
 
 def response_body():
@@ -27,15 +27,15 @@ def arguments_of(words):
 def main(words):
     arguments = arguments_of(words)
     if arguments.check:
-        from . import page
         return page.check()
     places.WORK.mkdir(parents=True, exist_ok=True)
     if arguments.guard:
         return guard.run(response_body(), arguments.update)
-    from . import page, run  # they need packages that the guard does without
-    if not arguments.page:
-        run.measure(response_body(), arguments.quick, arguments.only)
-    return page.write_all()
+    if arguments.page:
+        page.write(page.kept())
+    else:
+        page.write(run.measure(response_body(), arguments.quick, arguments.only))
+    return 0
 
 
 if __name__ == "__main__":

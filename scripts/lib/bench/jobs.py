@@ -36,8 +36,10 @@ class Goal:
             return ""
         found = re.fullmatch(r"([<>])=(\+?)([\d.]+)(ns|ms)?", self.text)
         sign, more, limit, unit = found.groups()
-        suffix = f" {unit}" if unit else ""
-        return f"{'≤' if sign == '<' else '≥'} {'floor + ' if more else ''}{limit}{suffix}"
+        sign = "≤" if sign == "<" else "≥"
+        if more:
+            return f"{sign} floor" + (f" + {limit}" if limit != "0" else "")
+        return f"{sign} {limit}" + (f" {unit}" if unit else "")
 
 
 @dataclasses.dataclass(frozen=True)

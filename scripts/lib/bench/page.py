@@ -1,7 +1,6 @@
 """docs/performance.md, from the results of a run. Every figure on it was measured; the text around them stands here."""
 
 import json
-import shutil
 import sys
 
 from . import figures, flame, jobs, places, rules
@@ -14,8 +13,9 @@ typed by hand. What the library sends and why is in [transport](transport.md) an
 caches promise in [caches and futures](caches-and-futures.md).
 
 Instructions and allocations are counted by callgrind for one round and repeat in every run, so they carry the goals;
-times drift with the machine, and only their ratios within one run mean something. Ratios are to the floor: 1.00 is as
-good as written by hand.
+times drift with the machine, and only their ratios within one run mean something. So that counts are the same on every
+machine, they are made with the plainest string functions of the C library; what copies and zeroes looks a little dearer
+in them than it is. Ratios are to the floor: 1.00 is as good as written by hand.
 """
 
 PARTIAL = """
@@ -70,30 +70,35 @@ def goal_table(outcomes):
     return table(["Job", "Measure", "Library", "Floor", "To the floor", "Goal", "Met"], rows)
 
 
-def spread_rows(results, names, first=None):
-    """Rows of times, each with its ratio to the first median."""
+def spread_rows(results, names, measure, floor):
+    """Rows of repeated measurements, each with its ratio to a value, or to the first median."""
     rows = []
     for name in names:
-        samples = results["times"].get(name)
-        if not samples:
+        samples = figures.samples_of(results, name, measure)
+        if len(samples) < 2:
             continue
-        middle, low, high, least, most = figures.spread(samples)
-        first = first or middle
-        rows.append([f"`{name}`", figures.seconds(middle), f"{figures.seconds(low)} – {figures.seconds(high)}",
-                     f"{figures.seconds(least)} – {figures.seconds(most)}", f"{middle / first:.2f}", str(len(samples))])
+        middle, *ends = figures.spread(samples)
+        floor = floor or middle
+        low, high, least, most = (figures.shown(value, measure) for value in ends)
+        rows.append([f"`{name}`", figures.shown(middle, measure), f"{low} – {high}", f"{least} – {most}",
+                     f"{middle / floor:.2f}", str(len(samples))])
     return rows
 
 
+SPREAD = ["Median", "Quartiles", "Least – most", "Ratio", "Runs"]
+
+
 def spread_table(results, rows):
-    """Times of jobs and floors with their spread."""
-    lines = []
+    """Times and rates of jobs and floors with their spread, each case once."""
+    lines = {}
     for row in rows:
-        if row.measure == "time":
-            floor = figures.value_of(results, row.floor, "time")
-            lines += spread_rows(results, (row.job, row.floor), floor)
+        if row.measure not in ("instructions", "allocations"):
+            floor = figures.value_of(results, row.floor, row.measure)
+            for line in spread_rows(results, (row.job, row.floor), row.measure, floor):
+                lines[line[0], row.measure] = [*line[:1], figures.WORDS[row.measure], *line[1:]]
     if not lines:
         return ""
-    return "\nTimes with their spread:\n\n" + table(["Case", "Median", "Quartiles", "Least – most", "Ratio", "Runs"], lines)
+    return "\nWith their spread:\n\n" + table(["Case", "Measure", *SPREAD], lines.values())
 
 
 def peers_of(results, prefix):
@@ -108,8 +113,7 @@ def request_peers(results):
         alone = figures.value_of(results, f"peer/request/{way}/libcurl", "time")
         if alone:
             text += f"\nThe same exchange with what a user would pick instead, over {title}, as multiples of libcurl alone:\n\n"
-            text += table(["Client", "Median", "Quartiles", "Least – most", "Ratio", "Runs"],
-                          spread_rows(results, names, alone))
+            text += table(["Client", *SPREAD], spread_rows(results, names, "time", alone))
     return text and text + "\n![Clients](performance/clients.svg)\n"
 
 
@@ -204,23 +208,25 @@ def is_whole(results):
     return not results["quick"] and not results["only"]
 
 
-def write_all():
+def write(results):
     """Writes page and pictures: of a whole run into docs, of any other into build/bench."""
-    from . import plots  # matplotlib
-    results = json.loads(places.RESULTS.read_text())
-    page = places.PAGE if is_whole(results) else places.WORK / places.PAGE.name
+    from . import plots  # matplotlib, which --check does without
+    whole = is_whole(results)
+    page = places.PAGE if whole else places.WORK / places.PAGE.name
     pictures = page.parent / places.PICTURES.name
     pictures.mkdir(parents=True, exist_ok=True)
-    if is_whole(results):
-        shutil.copy(places.RESULTS, places.KEPT)
     page.write_text(text_of(results))
     plots.draw_all(results, pictures)
     print(f"{page.relative_to(places.ROOT)} is written", file=sys.stderr)
-    return 0
+
+
+def kept():
+    """The results that the page in docs is made of."""
+    return json.loads(places.KEPT.read_text())
 
 
 def check():
     """Whether the page in docs is what its results say."""
-    is_same = places.PAGE.read_text() == text_of(json.loads(places.KEPT.read_text()))
+    is_same = places.PAGE.read_text() == text_of(kept())
     print("docs/performance.md is", "as its results say" if is_same else "not what its results say: scripts/bench --page")
     return 0 if is_same else 1

@@ -107,7 +107,7 @@ def as_text(results):
 
 
 def measure(body, quick, only):
-    """Measures all parts, or one, and writes build/bench/results.json."""
+    """Measures all parts, or one, and writes build/bench/results.json; results of a whole run are kept in docs, too."""
     start = time.monotonic()
     rows = jobs.read()
     known = jobs.parts(rows)
@@ -122,4 +122,7 @@ def measure(body, quick, only):
                          results)
     results["seconds"] = round(time.monotonic() - start)
     places.RESULTS.write_text(as_text(results))
+    if not quick and not only:
+        places.PICTURES.mkdir(exist_ok=True)
+        places.KEPT.write_text(as_text(results))
     return results
