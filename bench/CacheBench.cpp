@@ -22,10 +22,10 @@ void Prepare() {
     Center().setLogLevel(kQuiet);
 }
 
-/// The cached channels in turn.
+/// The cached channels, each in its turn.
 const Channel& NextChannel() {
     static size_t next = 0;
-    next = next + 1 < g_channels.size() ? next + 1 : 0;
+    next = NextPlace(next, g_channels.size());
     return g_channels[next];
 }
 

@@ -31,7 +31,7 @@ void Prepare() {
 
 void Hit(Records& records) {
     static size_t next = 0;
-    next = next + 1 < g_handChannels.size() ? next + 1 : 0;
+    next = NextPlace(next, g_handChannels.size());
     const Channel& channel = g_handChannels[next];
     Require(g_handCache->Read(channel.serial, channel.number, records), "the cache was missed");
 }

@@ -36,6 +36,11 @@ std::vector<Channel> ChannelsOfRecorders(size_t count) {
     return channels;
 }
 
+size_t NextPlace(size_t place, size_t count) {
+    constexpr size_t kStep = 7919;  // a prime, so that every place gets its turn
+    return (place + kStep) % count;
+}
+
 void UseAddress(const std::string& address) {
     Center().setLogLevel(kQuiet);
     Center().setDomain(address, address);

@@ -38,6 +38,9 @@ struct Channel {
 std::vector<Channel> ChannelsOfDevices(size_t count);
 std::vector<Channel> ChannelsOfRecorders(size_t count);
 
+/// The place after this one, in an order in which neighbours in the cache are not neighbours in time.
+size_t NextPlace(size_t place, size_t count);
+
 /// Sends everything to the canned responses, with an empty cache, and drops log lines.
 void UseCannedResponses();
 /// Sends everything to this address.

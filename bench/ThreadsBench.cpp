@@ -63,7 +63,7 @@ void HitsOfThreads(long milliseconds) {
         threads.emplace_back([&, number] {
             Records records;
             long own = 0;
-            for (size_t at = number; !isOver.load(std::memory_order_relaxed); at = (at + 1) % kDevices) {
+            for (size_t at = number; !isOver.load(std::memory_order_relaxed); at = NextPlace(at, kDevices)) {
                 cache.Hit(channels[at], records);
                 ++own;
             }

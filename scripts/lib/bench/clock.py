@@ -78,7 +78,6 @@ def stripped_size(path, strip):
 def sizes():
     """Stripped sizes of the libraries; that for Windows only when it has been built."""
     found = {"size/linux": (places.LIBRARY, "strip"),
-             "floor/size/linux": (places.BUILD / "bench" / "bench_empty.so", "strip"),
              "size/windows": (next((places.ROOT / "build" / "windows-mingw").rglob("vantixdatacenter.dll"), None),
                               "x86_64-w64-mingw32-strip")}
     return {name: {"bytes": [stripped_size(path, strip)]} for name, (path, strip) in found.items() if path}

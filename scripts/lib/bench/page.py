@@ -31,7 +31,7 @@ a document of the same texts and takes nothing out of it."""),
     "cache": ("Cache hits", """Slot 4, `getDevDetailInfo`, on a cached channel, log silenced. The floor is a hash table and
 a tree, a lock for each, a key without `printf`, and two copies under the locks. The copies of fresh records
 allocate their texts."""),
-    "threads": ("Hits by several threads", """Threads that hit a cache of 1,000 channels in turn, while one more refills it
+    "threads": ("Hits by several threads", """Threads that hit a cache of 1,000 channels, while one more refills it
 a thousand times a second. The floor is the hand-written cache of the hits."""),
     "log": ("Log lines", """A line that the level filters out, and a written one whose sinks do nothing. The floors are one
 comparison; a buffer of 40,960 zeros, the text formatted into it, and two calls; a thread that writes no line."""),
