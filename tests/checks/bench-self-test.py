@@ -150,7 +150,8 @@ class Profiles(unittest.TestCase):
     def test_names_are_short(self):
         names = [
             ("vantix::(anonymous namespace)::Serve(vantix::DevDetailInfo const&, int) [clone .isra.0]", "Serve"),
-            ("std::__cxx11::basic_string<char, std::allocator<char> >::push_back(char)", "std::basic_string::push_back"),
+            ("std::__cxx11::basic_string<char, std::allocator<char> >::push_back(char)",
+             "std::basic_string::push_back"),
             ("int vantix::Read<vantix::json::View>(vantix::CallSite const&)", "Read"),
             ("operator new(unsigned long)", "operator new"),
             ("pthread_mutex_lock@@GLIBC_2.2.5", "pthread_mutex_lock"),

@@ -14,9 +14,11 @@ ALLOCATORS = re.compile(r"(malloc|calloc|realloc|aligned_alloc|posix_memalign)(@
 # The C library chooses its string functions by the processor, and how they work by the size of its caches. With these
 # settings it takes the plainest ones on every machine; the environment is the same everywhere, too, since its size
 # moves the stack.
+WITHOUT = ("AVX512F", "AVX512VL", "AVX512BW", "AVX2", "AVX", "AVX_Fast_Unaligned_Load", "BMI1", "BMI2", "LZCNT", "MOVBE",
+           "POPCNT", "RTM", "SSE4_1", "SSE4_2", "SSSE3", "ERMS", "FSRM", "Fast_Unaligned_Copy", "Prefer_ERMS",
+           "Prefer_FSRM")
 STABLE = {
-    "GLIBC_TUNABLES": "glibc.cpu.hwcaps=-AVX512F,-AVX512VL,-AVX512BW,-AVX2,-AVX,-AVX_Fast_Unaligned_Load,-BMI1,-BMI2,-LZCNT,-MOVBE,-POPCNT,"
-                      "-RTM,-SSE4_1,-SSE4_2,-SSSE3,-ERMS,-FSRM,-Fast_Unaligned_Copy,-Prefer_ERMS,-Prefer_FSRM"
+    "GLIBC_TUNABLES": "glibc.cpu.hwcaps=" + ",".join("-" + feature for feature in WITHOUT) +
                       ":glibc.cpu.x86_non_temporal_threshold=0xc0000:glibc.cpu.x86_rep_movsb_threshold=0x800"
                       ":glibc.cpu.x86_rep_stosb_threshold=0x800",
     "LC_ALL": "C",

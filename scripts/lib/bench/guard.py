@@ -12,7 +12,8 @@ FEW_INSTRUCTIONS = 24
 RUNS = 3  # of a request, of which the median counts: the server is slower at times
 PART_OF_AN_ALLOCATION = 0.05  # tables that grow once in many rounds
 
-HEAD = """# What scripts/bench --guard compares with: instructions and allocations of one round of each job, and of its floors.
+HEAD = """\
+# What scripts/bench --guard compares with: instructions and allocations of one round of each job, and of its floors.
 # A floor that moved as well says that a library or the compiler changed, not this one. scripts/bench --guard --update
 # writes the file anew; the commit says why.
 """

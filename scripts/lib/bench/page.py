@@ -3,51 +3,10 @@
 import json
 import sys
 
-from . import figures, flame, jobs, places, rules
-
-INTRODUCTION = """# Performance
-
-Each job of the library beside its floor: the same effect written by hand, with the same bytes, options, copies and
-locks, measured in the same run. `scripts/bench` measures and writes this page with its pictures; nothing in it is
-typed by hand. What the library sends and why is in [transport](transport.md) and [platform](platform.md), what its
-caches promise in [caches and futures](caches-and-futures.md).
-
-Instructions and allocations are counted by callgrind for one round and repeat in every run, so they carry the goals;
-times drift with the machine, and only their ratios within one run mean something. So that counts are the same on every
-machine, they are made with the plainest string functions of the C library; what copies and zeroes looks a little dearer
-in them than it is. Ratios are to the floor: 1.00 is as good as written by hand.
-"""
-
-PARTIAL = """
-This run was a quick one or one of a single part: amounts are smaller than their titles say, or parts are missing.
-"""
-
-PARTS = {
-    "request": ("One request", """On a new connection each, against nginx on this machine, which returns a body of 6 KB.
-The floor is libcurl alone. Both sides send the same bytes, which is checked before each run. At the usual log level the
-floor writes the same lines by hand."""),
-    "parse": ("Reading responses", """From the body to filled records. The floor is the JSON library alone, which builds
-a document of the same texts and takes nothing out of it."""),
-    "cache": ("Cache hits", """Slot 4, `getDevDetailInfo`, on a cached channel, log silenced. The floor is a hash table and
-a tree, a lock for each, a key without `printf`, and two copies under the locks. The copies of fresh records
-allocate their texts."""),
-    "threads": ("Hits by several threads", """Threads that hit a cache of 1,000 channels, while one more refills it
-a thousand times a second. The floor is the hand-written cache of the hits."""),
-    "log": ("Log lines", """A line that the level filters out, and a written one whose sinks do nothing. The floors are one
-comparison; a buffer of 40,960 zeros, the text formatted into it, and two calls; a thread that writes no line."""),
-    "async": ("Fetching by a task", """From the call on a cold cache to the value of its future, with a canned response. The
-floor is `std::async` around the synchronous call."""),
-    "prefetch": ("Many channels", """Fetched over TLS and stored, by 16 tasks at once. The floor is libcurl alone with 16
-threads, which drops what it receives: it parses and stores nothing."""),
-    "memory": ("Memory", """What the heap grows by while the cache is filled, for each channel. The floor is one record for
-each channel and one for each device: the size of the record and of its texts, counted by hand."""),
-    "load": ("Loading", """A fresh process that loads the library, with everything that it links, and makes a handle. The
-floor is an empty shared object. Sizes are those of stripped copies."""),
-}
-
+from . import figures, flame, jobs, places, rules, words
 
 def table(header, rows):
-    lines = ["| " + " | ".join(header) + " |", "|" + "|".join("---" if i == 0 else "--:" for i in range(len(header))) + "|"]
+    lines = ["| " + " | ".join(header) + " |", "|---|" + "--:|" * (len(header) - 1)]
     return "\n".join(lines + ["| " + " | ".join(row) + " |" for row in rows]) + "\n"
 
 
@@ -112,7 +71,7 @@ def request_peers(results):
         names.sort(key=lambda name: figures.value_of(results, name, "time") or 0)
         alone = figures.value_of(results, f"peer/request/{way}/libcurl", "time")
         if alone:
-            text += f"\nThe same exchange with what a user would pick instead, over {title}, as multiples of libcurl alone:\n\n"
+            text += "\n" + words.paragraph(words.CLIENTS.format(way=title)) + "\n"
             text += table(["Client", *SPREAD], spread_rows(results, names, "time", alone))
     return text and text + "\n![Clients](performance/clients.svg)\n"
 
@@ -129,7 +88,7 @@ def parse_peers(results):
                          figures.shown(figures.value_of(results, name, "time"), "time"), f"{count / floor:.2f}"])
     if not rows:
         return ""
-    return ("\nDocuments of the detail's texts by other libraries, as a scale:\n\n" +
+    return (f"\n{words.SCALE}\n\n" +
             table(["Case", "Instructions", "Allocations", "Time", "To the floor"], rows))
 
 
@@ -138,8 +97,8 @@ EXTRAS = {"request": request_peers, "parse": parse_peers,
 
 
 def part_section(results, part, rows):
-    title, text = PARTS[part]
-    section = f"\n## {title}\n\n{text}\n\n" + goal_table(figures.outcomes(results, rows))
+    title, text = words.PARTS[part]
+    section = f"\n## {title}\n\n{words.paragraph(text)}\n" + goal_table(figures.outcomes(results, rows))
     section += spread_table(results, rows)
     return section + (EXTRAS[part](results) if part in EXTRAS else "")
 
@@ -147,9 +106,7 @@ def part_section(results, part, rows):
 def profile_section(results):
     if not results["flames"]:
         return ""
-    text = "\n## Where the instructions go\n\n"
-    text += ("Own instructions of each layer, of one round; the pictures show them by stack, callers below what they call. "
-             "A\nlibrary without names is one block.\n\n")
+    text = "\n## Where the instructions go\n\n" + words.paragraph(words.PROFILE) + "\n"
     layers = [layer for layer, _, _ in flame.LAYERS]
     rows = []
     for name, measured in results["flames"].items():
@@ -162,6 +119,14 @@ def profile_section(results):
     return text
 
 
+def missed_row(outcome):
+    """A goal that is not met: what is compared with it, and the goal."""
+    row = outcome.row
+    by_itself = row.goal.text.endswith("s")  # a time, whatever the floor is
+    measured = figures.shown(outcome.value, row.measure) if by_itself else outcome.compared()
+    return [row.title, figures.WORDS[row.measure], measured, row.goal.shown()]
+
+
 def summary(results, rows):
     judged = [outcome for outcome in figures.outcomes(results, rows) if outcome.met is not None]
     missed = [outcome for outcome in judged if not outcome.met]
@@ -169,39 +134,28 @@ def summary(results, rows):
     if missed:
         text += " Not met, the farthest first:\n\n"
         missed.sort(key=lambda outcome: -abs((outcome.ratio or 1) - 1))
-        text += table(["Job", "Measure", "To the floor", "Goal"],
-                      [[outcome.row.title, figures.WORDS[outcome.row.measure],
-                        outcome.compared() if outcome.row.goal.text[-1] != "s" else
-                        figures.shown(outcome.value, outcome.row.measure), outcome.row.goal.shown()] for outcome in missed])
+        text += table(["Job", "Measure", "Measured", "Goal"], [missed_row(outcome) for outcome in missed])
     return text + "\n![Jobs beside their floors](performance/ratios.svg)\n"
 
 
 def machine_section(results):
     machine = results["machine"]
-    rows = [["processor", f"{machine['processor']}, {machine['cores']} cores, load {machine['load']} when the run began"],
+    rows = [["processor", f"{machine['processor']}, {machine['cores']} cores"],
+            ["load before the run", str(machine["load"])],
             ["system", machine["system"]], ["compiler", machine["compiler"]],
             ["libraries", ", ".join(f"{name} {version}" for name, version in machine["versions"].items())],
             ["run", f"{machine['date']}, at {machine['commit']}, {results['seconds'] // 60} min"]]
     return "\n## Measured on\n\n" + table(["", ""], rows).replace("--:", "---")
 
 
-ADDING = """
-## Adding a job
-
-A job is a case in a program of `bench/` (a name, what prepares it, its body) and a row for each of its goals in
-`bench/jobs.tsv`; its floor is a case too. `scripts/bench --guard --update` adds it to `bench/guard.tsv` when its row
-says that it is counted. What scripts and page do follows from the rows.
-"""
-
-
 def text_of(results):
     rows = jobs.read()
-    text = INTRODUCTION + ("" if is_whole(results) else PARTIAL) + summary(results, rows)
+    text = words.INTRODUCTION + ("" if is_whole(results) else words.PARTIAL) + summary(results, rows)
     for part in jobs.parts(rows):
         measured = [row for row in rows if row.part == part]
         if not results["only"] or results["only"] == part:
             text += part_section(results, part, measured)
-    return text + rules.section(results) + profile_section(results) + machine_section(results) + ADDING
+    return text + rules.section(results) + profile_section(results) + machine_section(results) + words.ADDING
 
 
 def is_whole(results):
@@ -228,5 +182,6 @@ def kept():
 def check():
     """Whether the page in docs is what its results say."""
     is_same = places.PAGE.read_text() == text_of(kept())
-    print("docs/performance.md is", "as its results say" if is_same else "not what its results say: scripts/bench --page")
+    verdict_text = "as its results say" if is_same else "not what its results say: scripts/bench --page"
+    print("docs/performance.md is", verdict_text)
     return 0 if is_same else 1

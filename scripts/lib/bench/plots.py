@@ -67,8 +67,8 @@ def draw_clients(results, path):
             axes.plot([low, high], [place, place], color=GOAL, linewidth=1)
             axes.annotate(f"{middle:.2f}", (max(middle, high), place), xytext=(4, 0), textcoords="offset points",
                           va="center")
-        axes.set_yticks(range(len(names)),
-                        ["this library" if name.startswith("request/") else name.removeprefix(prefix) for name in names])
+        labels = ["this library" if name.startswith("request/") else name.removeprefix(prefix) for name in names]
+        axes.set_yticks(range(len(names)), labels)
         axes.axvline(1, color=FLOOR, linewidth=1)
         axes.margins(x=0.14)
         axes.tick_params(axis="y", length=0)

@@ -1,6 +1,6 @@
 """What prescribed behaviour costs, from the same run: these instructions are no waste."""
 
-from . import figures
+from . import figures, words
 
 # The rule, what is measured with it and without it, and how often a job follows it.
 RULES = [
@@ -23,6 +23,5 @@ def section(results):
             rows.append(f"| {title} | {more:,.0f} | {less:,.0f} | {more - less:,.0f} | {how} |")
     if not rows:
         return ""
-    return ("\n## What prescribed behaviour costs\n\nInstructions that nobody can save, since the behaviour is a contract "
-            "with hosts and servers:\n\n| Rule | With it | Without it | Its cost | Measured |\n|---|--:|--:|--:|---|\n" +
-            "\n".join(rows) + "\n")
+    header = "| Rule | With it | Without it | Its cost | Measured |\n|---|--:|--:|--:|---|\n"
+    return f"\n## What prescribed behaviour costs\n\n{words.RULES}\n\n" + header + "\n".join(rows) + "\n"
