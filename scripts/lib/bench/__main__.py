@@ -21,7 +21,10 @@ def arguments_of(words):
     parser.add_argument("--update", action="store_true")
     parser.add_argument("--page", action="store_true")
     parser.add_argument("--check", action="store_true")
-    return parser.parse_args(words)
+    arguments = parser.parse_args(words)
+    if arguments.update and not arguments.guard:
+        parser.error("--update belongs to --guard")
+    return arguments
 
 
 def main(words):
