@@ -1,9 +1,10 @@
-"""docs/performance.md, from the results of a run. Every figure on it was measured; the text around them stands here."""
+"""docs/performance.md, from the results of a run. Every figure on it was measured."""
 
 import json
 import sys
 
 from . import figures, flame, jobs, places, rules, words
+
 
 def table(header, rows):
     lines = ["| " + " | ".join(header) + " |", "|---|" + "--:|" * (len(header) - 1)]
@@ -88,8 +89,7 @@ def parse_peers(results):
                          figures.shown(figures.value_of(results, name, "time"), "time"), f"{count / floor:.2f}"])
     if not rows:
         return ""
-    return (f"\n{words.SCALE}\n\n" +
-            table(["Case", "Instructions", "Allocations", "Time", "To the floor"], rows))
+    return f"\n{words.SCALE}\n\n" + table(["Case", "Instructions", "Allocations", "Time", "To the floor"], rows)
 
 
 EXTRAS = {"request": request_peers, "parse": parse_peers,

@@ -2,7 +2,7 @@
 
 from . import figures, words
 
-# The rule, what is measured with it and without it, and how often a job follows it.
+# The rule, the case with it, the case without it, and what these are.
 RULES = [
     ("A new connection for each request, HTTP", "floor/request/post/plain", "floor/request/kept/plain",
      "libcurl alone, against a handle that keeps its connection"),
@@ -13,6 +13,12 @@ RULES = [
     ("A relation to a parent device is read twice", "cache/relation", "cache/relation/one_read",
      "slot 8, `getDevDetailInfoByRelation`, against one read"),
 ]
+
+
+def cases(part):
+    """The cases of a part that have to be counted for this."""
+    names = [name for _, with_rule, without, _ in RULES for name in (with_rule, without)]
+    return [name for name in names if name.removeprefix("floor/").split("/")[0] == part]
 
 
 def section(results):

@@ -1,12 +1,11 @@
 """One run: everything is measured, and the results are written as JSON."""
 
-import contextlib
 import dataclasses
 import json
 import sys
 import time
 
-from . import clock, count, flame, jobs, machine, places, server
+from . import clock, count, flame, jobs, machine, places, rules, server
 
 
 @dataclasses.dataclass(frozen=True)
@@ -24,16 +23,18 @@ class Effort:
 FULL = Effort(15, 0.1, 5, {"threads": (1000, 5), "prefetch": (10000, 3), "memory": (100000, 1)}, 40, 200, True)
 QUICK = Effort(3, 0.02, 1, {"threads": (200, 1), "prefetch": (200, 1), "memory": (2000, 1)}, 5, 10, False)
 
-# What the page tells about prescribed rules needs these besides.
-RULES = {"request": ["floor/request/kept/plain", "floor/request/kept/tls"], "log": ["floor/log/unzeroed"],
-         "cache": ["cache/relation", "cache/relation/one_read"]}
-PEERS = {"request": ["peer/request/plain/libcurl", "peer/request/plain/cpp-httplib", "peer/request/plain/cpprestsdk",
-                     "peer/request/tls/libcurl", "peer/request/tls/cpp-httplib", "peer/request/tls/cpprestsdk"],
-         "parse": ["peer/parse/detail/nlohmann", "peer/parse/detail/RapidJSON", "peer/parse/detail/simdjson"]}
-
 
 def say(text):
     print("--", text, file=sys.stderr, flush=True)
+
+
+def peers(part):
+    """The cases of what a user would pick instead, by what is done: "peer/request/tls"."""
+    groups = {}
+    for name in clock.output_of([places.PEERS, "--names"], {}).splitlines():
+        if name.startswith(f"peer/{part}/"):
+            groups.setdefault(name.rsplit("/", 1)[0], []).append(name)
+    return groups
 
 
 def timing_groups(rows, part):
@@ -48,20 +49,18 @@ def timing_groups(rows, part):
 
 def count_part(rows, part, environment, effort, results):
     names = [name for name in jobs.cases(rows, jobs.COUNTED) if effort.largest or not name.endswith("/100000")]
-    names += RULES.get(part, [])
+    names += [name for name in rules.cases(part) if name not in names]
     counts = count.count_all(places.PROGRAM, names, environment, effort.runs)
-    if part == "parse":
-        counts |= count.count_all(places.PEERS, PEERS[part], environment, effort.runs)
+    for group in peers("parse").values() if part == "parse" else []:
+        counts |= count.count_all(places.PEERS, group, environment, effort.runs)
     results["counts"].update({name: dataclasses.asdict(counted) for name, counted in counts.items()})
 
 
 def time_part(rows, part, environment, effort, results):
     for group in timing_groups(rows, part):
         results["times"].update(clock.bodies(places.PROGRAM, group, environment, effort))
-    if part in PEERS:
-        for way in sorted({name.split("/")[2] for name in PEERS[part]}):
-            group = [name for name in PEERS[part] if name.split("/")[2] == way]
-            results["times"].update(clock.bodies(places.PEERS, group, environment, effort))
+    for group in peers(part).values():
+        results["times"].update(clock.bodies(places.PEERS, group, environment, effort))
     if part == "request":
         results["times"].update(clock.python_peers(environment, effort.python_rounds))
 
@@ -115,8 +114,7 @@ def measure(body, quick, only):
         raise SystemExit(f"no part '{only}': {', '.join(known)}")
     results = {"machine": machine.describe(), "quick": quick, "only": only, "counts": {}, "times": {}, "once": {},
                "flames": {}}
-    with contextlib.ExitStack() as stack:
-        environment = stack.enter_context(server.running(body))
+    with server.running(body) as environment:
         for part in [only] if only else known:
             measure_part(part, [row for row in rows if row.part == part], environment, QUICK if quick else FULL,
                          results)

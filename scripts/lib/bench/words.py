@@ -28,8 +28,8 @@ PARTIAL = "\n" + paragraph("""
 PARTS = {
     "request": ("One request", """
         On a new connection each, against nginx on this machine, which returns a body of 6 KB. The floor is libcurl
-        alone. Both sides send the same bytes, which is checked in each run. At the usual log level the floor writes
-        the same lines by hand."""),
+        alone with the same options and the same request; path and lengths, as the server received them, are compared in
+        each run. At the usual log level the floor writes the same lines by hand."""),
     "parse": ("Reading responses", """
         From the body to filled records. The floor is the JSON library alone, which builds a document of the same texts
         and takes nothing out of it."""),
