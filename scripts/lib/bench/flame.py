@@ -140,7 +140,7 @@ def file_name(name):
 COLORS = {"ours": "#1f6fb4", "JSON library": "#58a55c", "libcurl": "#c9a24b", "TLS library": "#c8442e",
           "allocator": "#8e6bb0", "C and C++ libraries": "#a9b4bf"}
 WIDTH, ROW, LEFT, TOP = 1200, 18, 4, 64
-LETTER = 6.3  # width of one at this size
+LETTER = 7.0  # width of one at this size, rather too much than too little
 
 
 class Node:
