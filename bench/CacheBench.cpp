@@ -1,114 +1,100 @@
 // Cache hits, through the interface, as a host calls it.
 
 #include <cstddef>
-#include <cstdio>
 #include <future>
 #include <string>
 #include <vector>
 
 #include "Cases.h"
-#include "vantix/IVantixDataCenter.h"
-#include "vantix/records/DevChannelInfo.h"
-#include "vantix/records/DevDetailInfo.h"
+#include "Center.h"
+#include "core/detail/DetailCaches.h"
+#include "core/detail/DetailRelation.h"
+#include "core/settings/Settings.h"
 
 namespace vantix::bench {
 namespace {
 
-constexpr int kQuiet = 6;
-constexpr int kUsual = 3;
+std::vector<Channel> g_channels;
 
-IVantixDataCenter& Center() {
-    static IVantixDataCenter* const center = CreateVantixDataCenterInstance();
-    return *center;
-}
-
-std::vector<std::string>& CachedSerials() {
-    static std::vector<std::string> serials;
-    return serials;
-}
-
-/// Fetches the details of so many devices; the canned responses stand for a server.
-void FillCache(size_t devices) {
-    std::vector<std::string>& serials = CachedSerials();
-    if (serials.size() == devices) {
-        return;
-    }
-    Center().setLogLevel(kQuiet);
-    Center().setDomain("https://cloud.example.test", "");
-    Center().setAccessToken("bench-token");
-    Center().ClearAllCache();
-    serials.clear();
-    for (size_t i = 0; i < devices; ++i) {
-        serials.push_back("C" + std::to_string(10000000 + i));
-        DevChannelInfo channel;
-        DevDetailInfo detail;
-        if (Center().getDevDetailInfoSync(serials.back(), 1, true, channel, detail) != VANTIX_NOERROR) {
-            std::puts("the cache could not be filled: its figures are invalid");
-        }
-    }
-}
-
-template <size_t Devices, int LogLevel>
+template <size_t Devices>
 void Prepare() {
-    FillCache(Devices);
-    Center().setLogLevel(LogLevel);
+    g_channels = FilledCache(Devices);
+    Center().setLogLevel(kQuiet);
 }
 
-/// The serials of the cached devices in turn, for each thread.
-const std::string& NextSerial() {
-    thread_local size_t next = 0;
-    const std::vector<std::string>& serials = CachedSerials();
-    next = next + 1 < serials.size() ? next + 1 : 0;
-    return serials[next];
+/// The cached channels, each in its turn.
+const Channel& NextChannel() {
+    static size_t next = 0;
+    next = NextPlace(next, g_channels.size());
+    return g_channels[next];
 }
 
-struct Records {
-    DevChannelInfo channel;
-    DevDetailInfo detail;
+void Hit(Records& records) {
+    std::future<int32_t> untouched;
+    const Channel& channel = NextChannel();
+    Require(Center().getDevDetailInfo(channel.serial, channel.number, records.channel, records.detail, untouched) ==
+                VANTIX_NOERROR,
+            "the cache was missed");
+}
+
+void HitFresh() {
+    Records records;
+    Hit(records);
+}
+
+void HitReused() {
+    static Records records;
+    Hit(records);
+}
+
+/// The operation that resolves a channel through its parent device; it reads the caches twice.
+void Relation() {
+    Records records;
+    const Channel& channel = NextChannel();
+    Require(Center().getDevDetailInfoByRelation(channel.serial, channel.number, records.channel, records.detail) ==
+                VANTIX_NOERROR,
+            "the relation was missed");
+}
+
+/// One of those two reads.
+struct OneRead {
+    Settings settings;
+    DetailCaches caches;
+    DetailRelation relation{settings, caches};
 };
 
-Records& ReusedRecords() {
-    thread_local Records records;
-    return records;
+OneRead& Reader() {
+    static OneRead reader;
+    return reader;
 }
 
-void Read(Records& records) {
-    benchmark::DoNotOptimize(Center().getDevInfoCache(NextSerial(), 1, records.channel, records.detail));
-}
-
-void ReadFresh() {
+void PrepareOneRead() {
+    Prepare<1>();
     Records records;
-    Read(records);
+    HitReused();
+    Fetch(g_channels[0], records);
+    Reader().caches.Store(g_channels[0].serial, 1, records.channel, records.detail, BelongDevInfo());
 }
 
-void ReadReused() { Read(ReusedRecords()); }
-
-void Get(Records& records) {
-    std::future<int32_t> untouched;
-    benchmark::DoNotOptimize(Center().getDevDetailInfo(NextSerial(), 1, records.channel, records.detail, untouched));
-}
-
-void GetFresh() {
+void RelationOneRead() {
     Records records;
-    Get(records);
+    Require(Reader().relation.getDevDetailInfoFromLocalByRelation(g_channels[0].serial, 1, records.channel,
+                                                                  records.detail) == VANTIX_NOERROR,
+            "the relation was missed");
 }
-
-void GetReused() { Get(ReusedRecords()); }
 
 }  // namespace
 
 std::vector<Case> CacheCases() {
     return {
-        MakeCase<Prepare<1, kUsual>, ReadFresh>("Cache/getDevInfoCache/fresh/1"),
-        MakeCase<Prepare<1, kUsual>, ReadReused>("Cache/getDevInfoCache/reused/1"),
-        MakeCase<Prepare<1000, kUsual>, ReadFresh>("Cache/getDevInfoCache/fresh/1000"),
-        MakeCase<Prepare<1000, kUsual>, ReadReused>("Cache/getDevInfoCache/reused/1000"),
-        MakeCase<Prepare<1000, kUsual>, ReadReused>("Cache/getDevInfoCache/reused/1000", 2),
-        MakeCase<Prepare<1, kQuiet>, GetFresh>("Cache/getDevDetailInfo/quiet/fresh/1"),
-        MakeCase<Prepare<1, kQuiet>, GetReused>("Cache/getDevDetailInfo/quiet/reused/1"),
-        MakeCase<Prepare<1000, kQuiet>, GetFresh>("Cache/getDevDetailInfo/quiet/fresh/1000"),
-        MakeCase<Prepare<1000, kQuiet>, GetReused>("Cache/getDevDetailInfo/quiet/reused/1000"),
-        MakeCase<Prepare<1000, kUsual>, GetReused>("Cache/getDevDetailInfo/logged/reused/1000"),
+        MakeCase<Prepare<1>, HitReused>("cache/hit/reused/1", kSomeRounds),
+        MakeCase<Prepare<1>, HitFresh>("cache/hit/fresh/1", kSomeRounds),
+        MakeCase<Prepare<1000>, HitReused>("cache/hit/reused/1000", kSomeRounds),
+        MakeCase<Prepare<1000>, HitFresh>("cache/hit/fresh/1000", kSomeRounds),
+        MakeCase<Prepare<100000>, HitReused>("cache/hit/reused/100000", kSomeRounds),
+        MakeCase<Prepare<100000>, HitFresh>("cache/hit/fresh/100000", kSomeRounds),
+        MakeCase<Prepare<1>, Relation>("cache/relation", kSomeRounds),
+        MakeCase<PrepareOneRead, RelationOneRead>("cache/relation/one_read", kSomeRounds),
     };
 }
 

@@ -50,8 +50,8 @@ std::string Repeated(const std::string& piece, int times) {
     return text;
 }
 
-std::string Camera(const std::string& serial) {
-    return R"({"cameraId":"cam-0001-1","cameraNo":1,"deviceSerial":")" + serial +
+std::string Camera(const std::string& serial, const std::string& channel) {
+    return R"({"cameraId":"cam-0001-)" + channel + R"(","cameraNo":)" + channel + R"(,"deviceSerial":")" + serial +
            R"(","videoLevel":2,"type":1,"capability":")" + Repeated("1-1-0-1-", 24) +
            R"(0","status":1,"permission":127,"isShared":"0",)"
            R"("forceStreamType":0,"streamBiz":1,"streamBizUrl":"biz=1&cam=1&node=relay-node-17.example.test&zone=a","isTrust":"1","videoQualityInfos":[)"
@@ -98,9 +98,28 @@ std::string NestedText() {
     return text;
 }
 
-std::string DetailResponse(const std::string& serial) {
-    return R"({"result":{"code":"200","msg":"ok","data":{"camera":)" + Camera(serial) + R"(,"device":)" +
-           Device(serial) + "}}}";
+namespace {
+
+/// Texts that stand in the place of serial and channel until a response is made.
+constexpr char kSerialHere[] = "<serial>";
+constexpr char kChannelHere[] = "<channel>";
+
+void Replace(std::string& text, const std::string& place, const std::string& value) {
+    for (size_t at = text.find(place); at != std::string::npos; at = text.find(place, at + value.size())) {
+        text.replace(at, place.size(), value);
+    }
+}
+
+}  // namespace
+
+std::string DetailResponse(const std::string& serial, const std::string& channel) {
+    static const std::string pattern = R"({"result":{"code":"200","msg":"ok","data":{"camera":)" +
+                                       Camera(kSerialHere, kChannelHere) + R"(,"device":)" + Device(kSerialHere) +
+                                       "}}}";
+    std::string response = pattern;
+    Replace(response, kSerialHere, serial);
+    Replace(response, kChannelHere, channel);
+    return response;
 }
 
 }  // namespace vantix::bench

@@ -1,102 +1,81 @@
-// A device detail response read into records, and the same texts read by the JSON libraries alone.
+// Responses read into records, as the request functions do it.
 
-#include <json/json.h>
-
-#include <json11.hpp>
 #include <optional>
 #include <string>
 
 #include "Cases.h"
+#include "Center.h"
 #include "DetailResponse.h"
-#include "log/Logger.h"
+#include "Responses.h"
+#include "cserver/DeviceDetail.h"
 #include "platform/DeviceDetailParser.h"
-#include "requests/CapabilityByNumber.h"
-
-#if defined(__GNUC__)
-#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
-#endif
+#include "platform/Lists.h"
+#include "platform/Recordings.h"
+#include "platform/Server.h"
 
 namespace vantix::bench {
 namespace {
 
-const std::string& Response() {
-    static const std::string response = DetailResponse("C10000001");
-    return response;
+constexpr char kRecorder[] = "R20000000";
+
+template <std::string (*Make)()>
+const std::string& Text() {
+    static const std::string text = Make();
+    return text;
 }
 
-const std::string& Nested() {
-    static const std::string nested = NestedText();
-    return nested;
-}
+std::string Detail() { return DetailResponse("C10000000"); }
+std::string Page() { return ConsumerPage(kRecorder); }
 
-template <int LogLevel>
+template <std::string (*Make)()>
 void Prepare() {
-    Response();
-    Nested();
-    iLogLevel = LogLevel;
+    Text<Make>();
+    Center().setLogLevel(kQuiet);
 }
 
-void Json11(const std::string& text) {
-    std::string error;
-    benchmark::DoNotOptimize(json11::Json::parse(text, error));
-}
-
-void Json11Dom() { Json11(Response()); }
-
-void Json11Doms() {
-    Json11(Response());
-    Json11(Nested());
-}
-
-void JsonCpp(const std::string& text) {
-    Json::Value root;
-    Json::Reader reader;
-    benchmark::DoNotOptimize(reader.parse(text, root, false));
-}
-
-void JsonCppDom() { JsonCpp(Response()); }
-
-void JsonCppDoms() {
-    JsonCpp(Response());
-    JsonCpp(Nested());
-}
-
-const std::string& ShortList() {
-    static const std::string list = [] {
-        std::string error;
-        return json11::Json::parse(Response(), error)["result"]["data"]["device"]["supportExtShort"].string_value();
-    }();
-    return list;
-}
-
-/// As many look-ups as one response needs.
-void ShortCapabilities() {
-    for (const unsigned number : {257U, 836U, 149U, 585U}) {
-        benchmark::DoNotOptimize(CapabilityByNumber(ShortList(), number));
-    }
-}
-
-void DetailIntoRecords() {
+void ReadDetail() {
     DevChannelInfo channel;
     DevDetailInfo device;
     std::optional<BelongDevInfo> parent;
-    benchmark::DoNotOptimize(ParseDevDetailInfoFromPlatform(Response(), channel, device, parent));
+    Require(ParseDevDetailInfoFromPlatform(Text<Detail>(), channel, device, parent) == 0 && parent &&
+                device.support_ptz == 1,
+            "the detail could not be read");
 }
 
-constexpr int kQuiet = 6;
-constexpr int kUsual = 3;
+void ReadPage() {
+    std::vector<ConsumerChannel> channels;
+    Require(ParseDevDetailInfoFromCServer(Text<Page>(), kRecorder, channels) == 0 && channels.size() == 64,
+            "the page could not be read");
+}
+
+void ReadDeviceList() {
+    DeviceList list;
+    Require(ParseDeviceListFromPlatform(Text<DeviceListResponse>(), list) == 0 && list.devices.size() == 200,
+            "the device list could not be read");
+}
+
+void ReadServers() {
+    ServerInfo servers;
+    Require(
+        ParseServerInfoFromPlatform(Text<ServerInformationResponse>(), servers) == 0 && servers.vtmBackups.size() == 2,
+        "the server information could not be read");
+}
+
+void ReadRecordings() {
+    RecordFileList list;
+    Require(ParseLocalDeviceRecordFile(Text<RecordingsResponse>(), list) == 0 && list.files.size() == 1000,
+            "the recordings could not be read");
+}
 
 }  // namespace
 
 std::vector<Case> ParseCases() {
     return {
-        MakeCase<Prepare<kQuiet>, Json11Dom>("Parse/dom/json11/response"),
-        MakeCase<Prepare<kQuiet>, Json11Doms>("Parse/dom/json11/response_and_nested"),
-        MakeCase<Prepare<kQuiet>, JsonCppDom>("Parse/dom/JsonCpp/response"),
-        MakeCase<Prepare<kQuiet>, JsonCppDoms>("Parse/dom/JsonCpp/response_and_nested"),
-        MakeCase<Prepare<kQuiet>, ShortCapabilities>("Parse/short_capabilities"),
-        MakeCase<Prepare<kQuiet>, DetailIntoRecords>("Parse/detail/quiet"),
-        MakeCase<Prepare<kUsual>, DetailIntoRecords>("Parse/detail/logged"),
+        MakeCase<Prepare<Detail>, ReadDetail>("parse/detail", kSomeRounds),
+        MakeCase<Prepare<Page>, ReadPage>("parse/consumer_page", kFewRounds),
+        MakeCase<Prepare<DeviceListResponse>, ReadDeviceList>("parse/device_list", kFewRounds),
+        MakeCase<Prepare<ServerInformationResponse>, ReadServers>("parse/server_information", kSomeRounds),
+        MakeCase<Prepare<RecordingsResponse>, ReadRecordings>("parse/recordings", kFewRounds),
     };
 }
 

@@ -12,7 +12,13 @@ MEMCHECK_PACKAGES=(valgrind)
 COVERAGE_PACKAGES=(gcovr)
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix wine64 patch)
 PLOT_PACKAGES=(python3-matplotlib)
-export BUILD_PACKAGES LINT_PACKAGES CLANG_PACKAGES MEMCHECK_PACKAGES COVERAGE_PACKAGES WINDOWS_PACKAGES PLOT_PACKAGES
+# The guard needs the first list; the second has what a user would pick instead, and what draws.
+BENCH_GUARD_PACKAGES=(valgrind nginx-light openssl)
+BENCH_PACKAGES=(
+    "${BENCH_GUARD_PACKAGES[@]}" "${PLOT_PACKAGES[@]}"
+    libcpprest-dev libcpp-httplib-dev rapidjson-dev libsimdjson-dev python3-requests
+)
+export BUILD_PACKAGES LINT_PACKAGES CLANG_PACKAGES MEMCHECK_PACKAGES COVERAGE_PACKAGES WINDOWS_PACKAGES PLOT_PACKAGES BENCH_GUARD_PACKAGES BENCH_PACKAGES
 
 # missing_packages NAME...: prints those that are not installed.
 missing_packages() {

@@ -1,0 +1,1 @@
+// A shared object with nothing in it: what loading costs at least.
