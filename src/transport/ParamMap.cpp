@@ -1,7 +1,7 @@
 #include "transport/ParamMap.h"
 
-#include <algorithm>
-#include <cstdio>
+#include <charconv>
+#include <iterator>
 
 #include "log/Masking.h"
 
@@ -22,12 +22,15 @@ ParamMap::Entry ParamMap::At(size_t position) const {
 }
 
 void ParamMap::Insert(std::string_view key, std::string_view value) {
-    size_t position = 0;
-    while (position < Size() && At(position).key < key) {
-        ++position;
-    }
-    if (position < Size() && At(position).key == key) {
-        return;
+    size_t position = Size();
+    for (; position > 0; --position) {
+        const int order = At(position - 1).key.compare(key);
+        if (order == 0) {
+            return;
+        }
+        if (order < 0) {
+            break;
+        }
     }
     if (m_places.empty()) {
         m_places.reserve(kUsualEntries);
@@ -51,10 +54,10 @@ void ParamMap::Add(const char* key, const std::string& value) {
 }
 
 void ParamMap::Add(const char* key, int value) {
-    char text[12] = {};
-    std::snprintf(text, sizeof(text), "%d", value);
-    if (text[0] != '\0') {
-        Add(key, text);
+    char digits[12];
+    const char* const end = std::to_chars(std::begin(digits), std::end(digits), value).ptr;
+    if (key != nullptr) {
+        Insert(key, {digits, static_cast<size_t>(end - digits)});
     }
 }
 
