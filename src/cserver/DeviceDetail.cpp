@@ -2,6 +2,7 @@
 
 #include "cserver/DeviceDetailReader.h"
 #include "cserver/RequestTable.h"
+#include "json/Fields.h"
 #include "log/Logger.h"
 #include "requests/DeviceBookkeeping.h"
 #include "requests/Envelope.h"
@@ -59,6 +60,7 @@ int ParseDevDetailInfoFromCServer(TextView body, const std::string& deviceSerial
         const JsonCppView cameras = BesideOrInsideData(root, "cameraInfos");
         DevDetailInfo device;
         consumer::ReadDevice(root, deviceSerial, device);
+        json::ReserveFor(cameras, channels);
         for (size_t i = 0; i < cameras.Size(); ++i) {
             ConsumerChannel entry;
             entry.device = device;

@@ -79,9 +79,18 @@ void ReadFields(const View& object, Record& record) {
     });
 }
 
+/// Makes room for a record for each element of an array, so that a usual list does not move while it grows. A server can
+/// send many elements that are no records: their room is made when they come.
+template <class View, class Record>
+void ReserveFor(const View& array, std::vector<Record>& records) {
+    constexpr size_t kMost = 1024;
+    records.reserve(records.size() + std::min(array.Size(), kMost));
+}
+
 /// Appends a record for each element of an array, in order; an element that is no object gives an empty record.
 template <const auto& Fields, class View, class Record>
 void AppendRecords(const View& array, std::vector<Record>& records) {
+    ReserveFor(array, records);
     for (size_t i = 0; i < array.Size(); ++i) {
         ReadFields<Fields>(array.Element(i), records.emplace_back());
     }

@@ -56,6 +56,7 @@ int ParseDevices(const CallSite& site, TextView body, DevicesOf devicesOf, Devic
             return LogMalformed(site, body);
         }
         DeviceList fresh;
+        json::ReserveFor(devices, fresh.devices);
         json::ForEachObject(devices, [&](const JsonCppView& device) { AppendDevice(device, fresh); });
         root.Member("result").Member("page").Member("total").Read(fresh.total);
         list = std::move(fresh);

@@ -19,6 +19,7 @@ constexpr json::Field<RecordFile> kFileFields[] = {
 };
 
 void AppendFiles(const JsonCppView& array, RecordFileList& list) {
+    json::ReserveFor(array, list.files);
     json::ForEachObject(array, [&](const JsonCppView& element) {
         RecordFile& file = list.files.emplace_back();
         json::ReadFields<kFileFields>(element, file);
