@@ -11,9 +11,9 @@ executed, or when a sum is too small.
 Not gcovr itself reads the counts: it reads gcov's text form, where the branches of a function that one program never
 calls lose the mark that they stand for an exception, and then count as missing.
 
-LIST has four columns, separated by tabs: the file; "line", or the number of branches that are missing on such a line;
-a part of the line's code; the reason why no test executes it. A row stands for one line of the file, or for as many as
-the second column says: "1, 4 times".
+LIST has four columns, separated by tabs: the file; "line", or the number of branches that are missing on such a line,
+or "1 to 2" where threads decide it; a part of the line's code; the reason why no test executes it. A row stands for one
+line of the file, or for as many as the second column says: "1, 4 times". "0 to 1" may also be missing nowhere.
 """
 
 import collections
@@ -33,6 +33,7 @@ LEAST_BRANCHES = 98.0  # percent; of the lines all but those of the list
 ONLY_BRACES = re.compile(r"[{}();,\s]*(//.*)?|(\} )?else \{")
 
 Missing = collections.namedtuple("Missing", "file number code branches")  # branches: how many, or None for a line
+# branches: a range of how many, or None for a line
 Row = collections.namedtuple("Row", "number file branches times code reason")
 
 
@@ -131,9 +132,15 @@ def read_list(path):
     for number, text in enumerate(path.read_text().splitlines(), 1):
         if text and not text.startswith("#"):
             file, what, code, reason = text.split("\t")
-            kind, times = re.fullmatch(r"(line|\d+)(?:, (\d+) times)?", what).groups()
-            rows.append(Row(number, file, None if kind == "line" else int(kind), int(times or 1), code, reason))
+            least, most, times = re.fullmatch(r"(line|\d+)(?: to (\d+))?(?:, (\d+) times)?", what).groups()
+            branches = None if least == "line" else range(int(least), int(most or least) + 1)
+            rows.append(Row(number, file, branches, int(times or 1), code, reason))
     return rows
+
+
+def allows(row, item):
+    """Whether as much of the line is missing as the row says."""
+    return item.branches is None if row.branches is None else item.branches in row.branches
 
 
 def match(missing, rows):
@@ -142,7 +149,7 @@ def match(missing, rows):
     found = {}
     for item in missing:
         for row in free:
-            if (row.file, row.branches) == (item.file, item.branches) and row.code in item.code:
+            if row.file == item.file and allows(row, item) and row.code in item.code:
                 found[item] = row
                 free.remove(row)
                 break
@@ -157,7 +164,8 @@ def compare(missing, rows, matched):
             yield f"{item.file}:{item.number}: not executed: {what} | {item.code}"
     used = collections.Counter(row.number for row in matched.values())
     for row in rows:
-        if used[row.number] < row.times:
+        may_be_none = row.branches is not None and 0 in row.branches
+        if used[row.number] < row.times and not may_be_none:
             yield (f"line {row.number} of the list: {used[row.number]} such lines are missing in {row.file}, not "
                    f"{row.times} | {row.code}")
 

@@ -14,6 +14,7 @@ namespace {
 /// The core goes when the process ends or the library is unloaded, unless a task still uses it.
 class CoreOwner {
 public:
+    // Not by `new` beside the member: GCC then leaks the block when the constructor throws.
     CoreOwner() : m_core(std::make_unique<CVantixDataCenter>().release()) { KeepTlsLibraryToTheEnd(); }
     ~CoreOwner() {
         if (!RunningTask::IsThereOne()) {
