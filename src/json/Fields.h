@@ -79,8 +79,8 @@ void ReadFields(const View& object, Record& record) {
     });
 }
 
-/// Makes room for a record for each element of an array, so that a usual list does not move while it grows. A server can
-/// send many elements that are no records: their room is made when they come.
+/// Makes room for a record for each element of an array, so that a usual list does not move while it grows. A server
+/// can send many elements that are no records: their room is made when they come.
 template <class View, class Record>
 void ReserveFor(const View& array, std::vector<Record>& records) {
     constexpr size_t kMost = 1024;

@@ -104,8 +104,7 @@ bool Json11Document::Parse(const std::string& text) {
     m_error.clear();
     const bool hasOtherPoint = CLocaleHasOtherPoint();
     const std::string otherText = hasOtherPoint ? WithoutDecimalPoints(text) : std::string();
-    auto root =
-        std::make_unique<json11::Json>(json11::Json::parse(hasOtherPoint ? otherText : text, m_error));
+    auto root = std::make_unique<json11::Json>(json11::Json::parse(hasOtherPoint ? otherText : text, m_error));
     if (!m_error.empty()) {
         return false;
     }

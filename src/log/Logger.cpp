@@ -72,13 +72,14 @@ void log(int lineLevel, const char* format, ...) {
     Emit(lineLevel, buffer, length);
 }
 
-void LogMessage(const CallSite& site, int lineLevel, LineWord word, const char* format, ...) {
-    if (!LogPasses(lineLevel) || !IsWritten(lineLevel)) {
+void WriteMessage(const CallSite& site, int lineLevel, LineWord word, const char* format, ...) {
+    if (!IsWritten(lineLevel)) {
         return;
     }
     char buffer[kBufferSize] = {};
-    const int start = std::snprintf(buffer, sizeof(buffer), word == LineWord::Info ? VANTIX_INFO_PREFIX : VANTIX_ERROR_PREFIX,
-                                    ProcessId(), LineTag(site).text, site.Line());
+    const int start =
+        std::snprintf(buffer, sizeof(buffer), word == LineWord::Info ? VANTIX_INFO_PREFIX : VANTIX_ERROR_PREFIX,
+                      ProcessId(), LineTag(site).text, site.Line());
     va_list values;
     va_start(values, format);
     const int length = std::vsnprintf(buffer + start, sizeof(buffer) - static_cast<size_t>(start), format, values);

@@ -50,9 +50,17 @@ void log(int lineLevel, const char* format, ...) VANTIX_PRINTF_FORMAT(2, 3);
 /// The word of a line.
 enum class LineWord { Info, Error };
 
-/// Writes a line whose text is data: behind the call site's prefix stands `format` with its values. Whoever hands the
-/// format in knows that it fits them.
-void LogMessage(const CallSite& site, int lineLevel, LineWord word, const char* format, ...);
+/// What `LogMessage` calls for a line that passes: kept apart, since its buffer takes stack as soon as it is entered.
+void WriteMessage(const CallSite& site, int lineLevel, LineWord word, const char* format, ...);
+
+/// A line whose text is data: behind the call site's prefix stands `format` with its values. Whoever hands the format
+/// in knows that it fits them.
+template <class... Values>
+void LogMessage(const CallSite& site, int lineLevel, LineWord word, const char* format, Values... values) {
+    if (LogPasses(lineLevel)) {
+        WriteMessage(site, lineLevel, word, format, values...);
+    }
+}
 
 /// The id that lines bear.
 int ProcessId();

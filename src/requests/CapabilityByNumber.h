@@ -25,6 +25,8 @@ private:
 };
 
 /// One capability of a short list.
-inline int CapabilityByNumber(std::string_view shortList, unsigned number) { return ShortList(shortList).Value(number); }
+inline int CapabilityByNumber(std::string_view shortList, unsigned number) {
+    return ShortList(shortList).Value(number);
+}
 
 }  // namespace vantix

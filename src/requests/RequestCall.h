@@ -130,8 +130,7 @@ public:
     }
     // Only for rows that have a line for the failure.
     int Run(Reader parse) requires(Row.parserFailure.IsThere()) { return PreparedRequest::Run(parse); }
-    int Run(Reader check,
-            Reader parse) requires(Row.checkFailure.IsThere() && Row.parserFailure.IsThere()) {
+    int Run(Reader check, Reader parse) requires(Row.checkFailure.IsThere() && Row.parserFailure.IsThere()) {
         return PreparedRequest::Run(check, parse);
     }
 };

@@ -12,8 +12,7 @@ int Parsed(const CallSite& site, TextView body, Document& document) {
 }
 
 template <class Document, class View>
-int Read(const CallSite& site, TextView body, EnvelopeRule<View> rule,
-         FunctionRef<int(const View& root)> read) {
+int Read(const CallSite& site, TextView body, EnvelopeRule<View> rule, FunctionRef<int(const View& root)> read) {
     Document document;
     if (const int code = Parsed(site, body, document); code != 0) {
         return code;
@@ -63,8 +62,7 @@ int ReadObjectResponse(const CallSite& site, TextView body, EnvelopeRule<json::J
 }
 
 int ReadObjectResponse(const CallSite& site, TextView body, EnvelopeRule<json::Json11View> rule,
-                       PayloadPlace<json::Json11View> place,
-                       FunctionRef<void(const json::Json11View& payload)> read) {
+                       PayloadPlace<json::Json11View> place, FunctionRef<void(const json::Json11View& payload)> read) {
     return ReadObject<json::Json11Document>(site, body, rule, place, read);
 }
 

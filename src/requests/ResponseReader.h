@@ -37,11 +37,9 @@ int ReadResponse(const CallSite& site, TextView body, EnvelopeRule<json::JsonCpp
 
 /// The same for a payload that must be an object, else the response is malformed.
 int ReadObjectResponse(const CallSite& site, TextView body, EnvelopeRule<json::JsonCppView> rule,
-                       PayloadPlace<json::JsonCppView> place,
-                       FunctionRef<void(const json::JsonCppView& payload)> read);
+                       PayloadPlace<json::JsonCppView> place, FunctionRef<void(const json::JsonCppView& payload)> read);
 int ReadObjectResponse(const CallSite& site, TextView body, EnvelopeRule<json::Json11View> rule,
-                       PayloadPlace<json::Json11View> place,
-                       FunctionRef<void(const json::Json11View& payload)> read);
+                       PayloadPlace<json::Json11View> place, FunctionRef<void(const json::Json11View& payload)> read);
 
 /// A response that is not JSON: 1.
 int LogNotJson(const CallSite& site, TextView body);

@@ -17,8 +17,7 @@ constexpr size_t kUsualText = 512;
 ParamMap::Entry ParamMap::At(size_t position) const {
     const Place& place = m_places[position];
     const std::string_view text = m_text;
-    return {text.substr(place.begin, place.keyLength),
-            text.substr(place.begin + place.keyLength, place.valueLength)};
+    return {text.substr(place.begin, place.keyLength), text.substr(place.begin + place.keyLength, place.valueLength)};
 }
 
 void ParamMap::Insert(std::string_view key, std::string_view value) {

@@ -117,16 +117,13 @@ int DetailCaches::getChannelCacheValue(const std::string& serial, int ch) const 
 }
 
 void DetailCaches::setChannelCacheValue(const std::string& serial, int ch, int value) {
-    m_mapDevDetailInfo.Edit(getDevDetailInfoMapKey(serial, ch),
-                            [&](CachedChannel& stored) { stored.SetTrust(value); });
+    m_mapDevDetailInfo.Edit(getDevDetailInfoMapKey(serial, ch), [&](CachedChannel& stored) { stored.SetTrust(value); });
 }
 
 bool DetailCaches::IsSupportSeekPlayback(const std::string& serial) const {
     return IsSerialGiven(VANTIX_CORE_HERE("IsSupportSeekPlayback"), serial) &&
-           m_mapSerialDetailInfo.Read(serial, false,
-                                      [](const CachedDevice& stored) {
-                                          return stored.Members().support_seek_playback == 1;
-                                      });
+           m_mapSerialDetailInfo.Read(
+               serial, false, [](const CachedDevice& stored) { return stored.Members().support_seek_playback == 1; });
 }
 
 bool DetailCaches::IsSupportPlaybackSpeed(const std::string& serial, int speed) const {

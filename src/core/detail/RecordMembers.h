@@ -26,10 +26,10 @@ struct TextsOf<DevChannelInfo> {
 template <>
 struct TextsOf<DevDetailInfo> {
     static constexpr std::string DevDetailInfo::*kAll[] = {
-        &DevDetailInfo::deviceSerial, &DevDetailInfo::deviceIP,   &DevDetailInfo::localIp,
-        &DevDetailInfo::ppvsAddr,     &DevDetailInfo::casIp,      &DevDetailInfo::releaseVersion,
-        &DevDetailInfo::belongSerial, &DevDetailInfo::encryptPwd, &DevDetailInfo::vtmIp,
-        &DevDetailInfo::ttsIp,        &DevDetailInfo::gbJtTtsIP,  &DevDetailInfo::supportExtShort,
+        &DevDetailInfo::deviceSerial, &DevDetailInfo::deviceIP,        &DevDetailInfo::localIp,
+        &DevDetailInfo::ppvsAddr,     &DevDetailInfo::casIp,           &DevDetailInfo::releaseVersion,
+        &DevDetailInfo::belongSerial, &DevDetailInfo::encryptPwd,      &DevDetailInfo::vtmIp,
+        &DevDetailInfo::ttsIp,        &DevDetailInfo::gbJtTtsIP,       &DevDetailInfo::supportExtShort,
         &DevDetailInfo::publicKey,    &DevDetailInfo::support_ecdh_v2,
     };
 };

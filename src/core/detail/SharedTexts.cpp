@@ -4,6 +4,11 @@
 
 namespace vantix {
 
+SharedText SharedTexts::Pool::Find(std::string_view text) const {
+    const auto found = texts.find(text);
+    return found == texts.end() ? SharedText() : *found;
+}
+
 /// Whoever gets one more holder of a text gets it under the lock, so what the pool alone holds here stays its own.
 void SharedTexts::Pool::DropUnheld() {
     std::erase_if(texts, [](const SharedText& text) { return text.use_count() == 1; });
@@ -11,10 +16,7 @@ void SharedTexts::Pool::DropUnheld() {
 }
 
 SharedText SharedTexts::Share(std::string_view text) {
-    SharedText shared = m_pool.With([&](const Pool& pool) {
-        const auto found = pool.texts.find(text);
-        return found == pool.texts.end() ? SharedText() : *found;
-    });
+    SharedText shared = m_pool.With([&](const Pool& pool) { return pool.Find(text); });
     if (shared != nullptr) {
         return shared;
     }

@@ -43,6 +43,7 @@ private:
         Texts texts;
         size_t fullAt = 64;  ///< With so many it drops those that nobody holds.
 
+        SharedText Find(std::string_view text) const;
         void DropUnheld();
     };
 

@@ -53,6 +53,16 @@ TEST_F(LoggerTest, ErrorLineIsWhatTheFormatSaysByteByByte) {
     EXPECT_EQ(OnlyText(), "[" + pid + "] VX   ERROR\t<Function>\t<1>,failed: -1\n");
 }
 
+TEST_F(LoggerTest, MessageIsItsTextBehindThePrefixOfItsWord) {
+    const CallSite site{"Class::method", 71};
+    LogMessage(site, level::kInfo, LineWord::Info, "took %d of %s", 5, "x");
+    LogMessage(site, level::kError, LineWord::Error, "failed");
+    LogMessage(site, level::kDetail, LineWord::Error, "filtered");
+    const std::vector<std::string> expected{"[" + pid + "] VX   INFO \t<Class::method>\t<71>,took 5 of x\n",
+                                            "[" + pid + "] VX   ERROR\t<Class::method>\t<71>,failed\n"};
+    EXPECT_EQ(sinks.Texts("log library"), expected);
+}
+
 TEST_F(LoggerTest, StatementsTakeTheirPlaceInTheSource) {
     const int line = __LINE__ + 1;
     VANTIX_LOG_INFO(VANTIX_HERE, level::kInfo, "counted %d", 3);
@@ -241,6 +251,11 @@ TEST_F(LoggerTest, TextThatCannotBeFormattedBecomesEmpty) {
     EXPECT_EQ(sinks.Texts("debugger"), std::vector<std::string>{""});
 }
 
+TEST_F(LoggerTest, MessageThatCannotBeFormattedBecomesEmpty) {
+    LogMessage(VANTIX_HERE, level::kInfo, LineWord::Info, "before %ls behind", L"\x4E2D");
+    EXPECT_EQ(OnlyText(), "");
+}
+
 /// Runs a function on a thread with a stack of 32 KiB, less than a line's buffer, and nothing behind it.
 void OnASmallStack(void* (*function)(void*)) {
     pthread_attr_t attributes;
@@ -257,6 +272,7 @@ TEST_F(LoggerTest, FilteredLineNeedsNoBuffer) {
     OnASmallStack([](void* /*argument*/) -> void* {
         VANTIX_LOG_INFO(VANTIX_HERE, level::kDetail, "%s", "filtered");
         VANTIX_LOG_ERROR(VANTIX_HERE, level::kDetail, "%s", "filtered");
+        LogMessage(VANTIX_HERE, level::kDetail, LineWord::Info, "%s", "filtered");
         return nullptr;
     });
     EXPECT_TRUE(sinks.All().empty());

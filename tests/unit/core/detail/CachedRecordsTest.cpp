@@ -174,6 +174,14 @@ TEST_F(CachedRecords, DevicesThatDifferInAnyMemberDoNotShare) {
     EXPECT_FALSE(Share(WholeDevice(), other));
 }
 
+TEST_F(CachedRecords, DevicesWithTheSameLongTextInDifferentMembersDoNotShare) {
+    DevDetailInfo one;
+    one.publicKey = kLongText;
+    DevDetailInfo other;
+    other.supportExtShort = kLongText;
+    EXPECT_FALSE(Share(one, other));
+}
+
 TEST_F(CachedRecords, MarkOfOneDeviceLeavesThoseThatShareItsRecord) {
     DevDetailInfo device = WholeDevice();
     device.isUpdate = false;
