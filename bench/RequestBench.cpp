@@ -26,8 +26,10 @@ void Prepare() {
 }
 
 void Post() {
+    static const std::string serial = kSerial;
+    static const std::string alarmId = kAlarmId;
     std::string json;
-    Require(Center().getRecordByAlarmID(kSerial, 1, kAlarmId, json) == VANTIX_NOERROR && !json.empty(),
+    Require(Center().getRecordByAlarmID(serial, 1, alarmId, json) == VANTIX_NOERROR && !json.empty(),
             "the post failed");
 }
 

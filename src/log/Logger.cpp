@@ -72,6 +72,10 @@ void log(int lineLevel, const char* format, ...) {
     Emit(lineLevel, buffer, length);
 }
 
+// The format is data: whoever calls knows that it fits.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+
 void WriteMessage(const CallSite& site, int lineLevel, LineWord word, const char* format, ...) {
     if (!IsWritten(lineLevel)) {
         return;
@@ -86,5 +90,7 @@ void WriteMessage(const CallSite& site, int lineLevel, LineWord word, const char
     va_end(values);
     Emit(lineLevel, buffer, length < 0 ? length : start + length);
 }
+
+#pragma GCC diagnostic pop
 
 }  // namespace vantix

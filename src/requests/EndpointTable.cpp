@@ -58,6 +58,8 @@ static_assert(sizeof(kPaths) / sizeof(kPaths[0]) == kIndexLimit);
 
 }  // namespace
 
-std::string EndpointPath(uint32_t index) { return index < kIndexLimit ? kPaths[index] : ""; }
+std::string EndpointPath(uint32_t index) { return std::string(EndpointPathView(index)); }
+
+std::string_view EndpointPathView(uint32_t index) { return index < kIndexLimit ? kPaths[index] : ""; }
 
 }  // namespace vantix

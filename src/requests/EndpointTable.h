@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace vantix {
 
@@ -53,5 +54,7 @@ inline constexpr uint32_t kConsumerLogin = 45;
 
 /// The path of an index; empty for 46 and above.
 std::string EndpointPath(uint32_t index);
+/// The same as it stands in the table.
+std::string_view EndpointPathView(uint32_t index);
 
 }  // namespace vantix

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "log/Logger.h"
 #include "log/Masking.h"
@@ -16,7 +17,10 @@ class Address {
 public:
     Address(const char* base, uint32_t endpoint) {
         if (base != nullptr) {
-            m_text = std::string(base).append(EndpointPath(endpoint));
+            const std::string_view start = base;
+            const std::string_view path = EndpointPathView(endpoint);
+            m_text.emplace().reserve(start.size() + path.size());
+            m_text->append(start).append(path);
         }
     }
     const char* Get() const { return m_text ? m_text->c_str() : nullptr; }

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <iterator>
+#include <utility>
 
 #include "log/Masking.h"
 
@@ -12,18 +13,46 @@ namespace {
 constexpr size_t kUsualEntries = 16;
 constexpr size_t kUsualText = 512;
 
+/// Entries stand as they are sent, each with "&" behind it, also the last one.
+std::string WithoutLastAnd(std::string joined) {
+    if (!joined.empty()) {
+        joined.pop_back();
+    }
+    return joined;
+}
+
+constexpr size_t kFirstBytes = sizeof(uint64_t);
+
+template <size_t... Place>
+uint64_t BigEndian(const char* bytes, std::index_sequence<Place...> /*places*/) {
+    return (... | (static_cast<uint64_t>(static_cast<unsigned char>(bytes[Place])) << (8 * (kFirstBytes - 1 - Place))));
+}
+
+/// The first bytes of a key as a number: numbers compare as the bytes do, zeros standing behind a shorter key.
+uint64_t FirstBytes(std::string_view key) {
+    constexpr auto kPlaces = std::make_index_sequence<kFirstBytes>();
+    if (key.size() >= kFirstBytes) {
+        return BigEndian(key.data(), kPlaces);
+    }
+    char padded[kFirstBytes] = {};
+    key.copy(padded, key.size());
+    return BigEndian(padded, kPlaces);
+}
+
 }  // namespace
 
 ParamMap::Entry ParamMap::At(size_t position) const {
     const Place& place = m_places[position];
     const std::string_view text = m_text;
-    return {text.substr(place.begin, place.keyLength), text.substr(place.begin + place.keyLength, place.valueLength)};
+    return {text.substr(place.begin, place.keyLength),
+            text.substr(place.begin + place.keyLength + 1, place.valueLength)};
 }
 
 void ParamMap::Insert(std::string_view key, std::string_view value) {
+    const uint64_t firstBytes = FirstBytes(key);
     size_t position = Size();
-    for (; position > 0; --position) {
-        const int order = At(position - 1).key.compare(key);
+    for (; position > 0 && m_places[position - 1].firstBytes >= firstBytes; --position) {
+        const int order = m_places[position - 1].firstBytes > firstBytes ? 1 : At(position - 1).key.compare(key);
         if (order == 0) {
             return;
         }
@@ -36,8 +65,10 @@ void ParamMap::Insert(std::string_view key, std::string_view value) {
         m_text.reserve(kUsualText);
     }
     const size_t begin = m_text.size();
-    m_text.append(key).append(value);
-    m_places.insert(m_places.begin() + static_cast<std::ptrdiff_t>(position), {begin, key.size(), value.size()});
+    m_text.append(key).push_back('=');
+    m_text.append(value).push_back('&');
+    m_places.insert(m_places.begin() + static_cast<std::ptrdiff_t>(position),
+                    {firstBytes, begin, key.size(), value.size()});
 }
 
 void ParamMap::Add(const char* key, const char* value) {
@@ -71,26 +102,26 @@ std::optional<std::string_view> ParamMap::Find(std::string_view key) const {
 
 bool ParamMap::HasZeroByte() const { return m_text.find('\0') != std::string::npos; }
 
-template <class Shown>
-std::string ParamMap::Join(Shown shown) const {
-    std::string joined;
-    joined.reserve(m_text.size() + 2 * Size());
-    for (size_t i = 0; i < Size(); ++i) {
-        const Entry entry = At(i);
-        if (i > 0) {
-            joined += '&';
-        }
-        joined.append(entry.key).append("=").append(shown(entry));
-    }
-    return joined;
-}
-
 std::string ParamMap::Serialize() const {
-    return Join([](const Entry& entry) { return entry.value; });
+    std::string joined;
+    joined.reserve(m_text.size());
+    for (const Place& place : m_places) {
+        joined.append(m_text, place.begin, place.Length());
+    }
+    return WithoutLastAnd(std::move(joined));
 }
 
 std::string ParamMap::SerializeMasked() const {
-    return Join([](const Entry& entry) { return IsSecretParameter(entry.key) ? kMask : entry.value; });
+    std::string joined;
+    joined.reserve(m_text.size());
+    for (size_t i = 0; i < Size(); ++i) {
+        const Entry entry = At(i);
+        joined.append(entry.key)
+            .append(1, '=')
+            .append(IsSecretParameter(entry.key) ? kMask : entry.value)
+            .append(1, '&');
+    }
+    return WithoutLastAnd(std::move(joined));
 }
 
 }  // namespace vantix

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -40,16 +41,17 @@ public:
     std::string SerializeMasked() const;
 
 private:
-    /// Where an entry stands in the text: key and value, one behind the other.
+    /// Where an entry stands in the text, as "key=value&".
     struct Place {
+        uint64_t firstBytes;  ///< Of the key, so that most comparisons need no more.
         size_t begin;
         size_t keyLength;
         size_t valueLength;
+
+        size_t Length() const { return keyLength + 1 + valueLength + 1; }
     };
 
     void Insert(std::string_view key, std::string_view value);
-    template <class Shown>
-    std::string Join(Shown shown) const;
 
     std::string m_text;           ///< Of all entries, in the order in which they came.
     std::vector<Place> m_places;  ///< In the order of the keys.

@@ -16,10 +16,15 @@ void LogTokenLookup(const std::string& token) {
 }
 
 const std::string& Decision::PlatformCredential() {
-    if (!m_credential) {
-        m_credential = m_look.CredentialOf(m_row, m_subject);
+    if (!std::exchange(m_isCredentialFound, true)) {
+        m_ownCredential = m_look.OwnCredentialOf(m_row, m_subject);
     }
-    return *m_credential;
+    return m_ownCredential ? *m_ownCredential : m_look.AccessToken();
+}
+
+std::string Decision::TakePlatformCredential() && {
+    PlatformCredential();
+    return m_ownCredential ? std::move(*m_ownCredential) : std::move(m_look).TakeAccessToken();
 }
 
 bool Decision::IsConsumer() {

@@ -21,6 +21,8 @@ public:
 
     /// The credential of a platform request; empty when there is none.
     const std::string& PlatformCredential();
+    /// The same handed out: nothing is asked of the decision afterwards.
+    std::string TakePlatformCredential() &&;
     /// Whether the platform needs a credential and there is none.
     bool IsCredentialMissing() { return m_row.credential != Credential::None && PlatformCredential().empty(); }
     /// Whether consumer requests of this row need only the session, not the platform's credential.
@@ -45,7 +47,8 @@ private:
     const RouteRow& m_row;
     const Subject& m_subject;
     bool m_isLookupLogged = false;
-    std::optional<std::string> m_credential;
+    bool m_isCredentialFound = false;
+    std::optional<std::string> m_ownCredential;  ///< Once found: nothing stands for the look's access token.
     std::optional<std::string> m_decidingToken;
     std::optional<bool> m_isSharedToken;
     std::optional<bool> m_isSharedChannel;

@@ -9,9 +9,9 @@ const B2CTokenMap& Look::Map() {
     return *m_map;
 }
 
-std::string Look::CredentialOf(const RouteRow& row, const Subject& subject) {
+std::optional<std::string> Look::OwnCredentialOf(const RouteRow& row, const Subject& subject) {
     switch (row.credential) {
-        case Credential::None: return {};
+        case Credential::None: return std::string();
         case Credential::GivenToken: return subject.token.value_or(std::string());
         case Credential::ChannelToken:
             if (IsB2C()) {
@@ -26,7 +26,7 @@ std::string Look::CredentialOf(const RouteRow& row, const Subject& subject) {
             break;
         case Credential::AccessToken: break;
     }
-    return AccessToken();
+    return std::nullopt;
 }
 
 std::string Look::ChannelToken(const Subject& subject) {

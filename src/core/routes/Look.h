@@ -21,9 +21,14 @@ public:
     int Mode() { return Once(m_mode, m_settings.permissionMode); }
     bool IsB2C() { return Mode() == permission_mode::kB2C; }
     const std::string& AccessToken() { return Once(m_accessToken, m_settings.accessToken); }
+    /// The same handed out: nothing is asked of the look afterwards.
+    std::string TakeAccessToken() && {
+        AccessToken();
+        return *std::move(m_accessToken);
+    }
 
-    /// The credential of a platform request; empty when there is none.
-    std::string CredentialOf(const RouteRow& row, const Subject& subject);
+    /// The credential of a platform request; nothing stands for the access token itself.
+    std::optional<std::string> OwnCredentialOf(const RouteRow& row, const Subject& subject);
     /// A channel's B2C token in the B2C mode, else empty.
     std::string ChannelToken(const Subject& subject);
     /// Whether the consumer servers respond for a channel, or for a token.

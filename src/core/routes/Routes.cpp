@@ -29,7 +29,7 @@ AnyRoute Routes::Decide(const CallSite& site, Decision& decision) const {
     const bool isAddressConsumer = decision.FindAddress();
     decision.LogAddress(site, isAddressConsumer);
     const Guarded<std::string>& domain = isAddressConsumer ? m_settings.CDomain : m_settings.AreaBDomain;
-    return PlatformRoute(domain.Copy(), decision.PlatformCredential(), m_settings.appID.Copy());
+    return PlatformRoute(domain.Copy(), std::move(decision).TakePlatformCredential(), m_settings.appID.Copy());
 }
 
 PlatformOnlyRoute Routes::DecidePlatform(const CallSite& site, const RouteRow& row, const Subject& subject) const {

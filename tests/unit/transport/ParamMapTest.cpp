@@ -24,6 +24,15 @@ TEST(ParamMap, KeysBeyondAsciiComeLast) {
     EXPECT_EQ(params.Serialize(), "_=1&zz=2&\xC3\xA9=3");
 }
 
+TEST(ParamMap, KeysThatBeginAlikeAreInOrderToo) {
+    ParamMap params;
+    for (const char* key : {"channelNumbers", "channel", "channelNo", "channelN", "channelNumber", "channel0"}) {
+        params.Add(key, "1");
+        params.Add(key, "2");
+    }
+    EXPECT_EQ(params.Serialize(), "channel=1&channel0=1&channelN=1&channelNo=1&channelNumber=1&channelNumbers=1");
+}
+
 TEST(ParamMap, IsEmptyAtFirst) {
     const ParamMap params;
     EXPECT_EQ(params.Size(), 0U);
