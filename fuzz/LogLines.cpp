@@ -1,4 +1,4 @@
-// The format of log lines and of the texts in them. The first byte is threshold and level, the second one makes a text
+// The format of log lines and of messages. The first byte is threshold and level, the second one makes a text
 // long: from 192 on it is lengthened to about the size of the line buffer.
 
 #include "log/Logger.h"
@@ -30,15 +30,41 @@ std::string TextOf(Input& input, size_t room) {
 
 void Write(int level, const std::string& text) { VANTIX_LOG_INFO(VANTIX_HERE, level, "%s", text.c_str()); }
 
-/// What stands before the text in lines of `Write`.
+void WriteMessageLine(const std::string& text, int code) {
+    LogError(VANTIX_HERE, BodyCodeText("label:%s error:%d"), text, code);
+}
+
+/// The only line that is written, without its level and its end.
+std::string OnlyLine() {
+    const std::string line = TakeLines().at(0);
+    return line.substr(1, line.size() - 2);
+}
+
+/// What stands before the text in lines of `Write`, and in those of messages.
 const std::string& Prefix() {
     static const std::string prefix = [] {
         const WritingLines writing(1);
         Write(1, "");
-        const std::string line = TakeLines().at(0);
-        return line.substr(1, line.size() - 2);
+        return OnlyLine();
     }();
     return prefix;
+}
+const std::string& MessagePrefix() {
+    static const std::string prefix = [] {
+        const WritingLines writing(1);
+        WriteMessageLine("", 0);
+        const std::string line = OnlyLine();
+        return line.substr(0, line.find("label:"));
+    }();
+    return prefix;
+}
+
+/// Whether a line of this text would end the process.
+bool EndsTheProcess(const std::string& text) { return text.size() > kLongestLine && text.size() < kShortestDropped; }
+
+/// What the sinks receive of a text: nothing of one that does not fit.
+std::string Emitted(int level, const std::string& text) {
+    return std::to_string(level) + (text.size() <= kLongestLine ? text + "\n" : "");
 }
 
 void WriteLine(const std::string& bytes) {
@@ -47,33 +73,33 @@ void WriteLine(const std::string& bytes) {
     const int threshold = levels % 8;
     const int level = levels / 8 % 8;
     const std::string text = Prefix() + TextOf(input, kLongestLine - Prefix().size());
-    if (text.size() > kLongestLine && text.size() < kShortestDropped) {
+    if (EndsTheProcess(text)) {
         return;
     }
     const WritingLines writing(threshold);
     Write(level, text.substr(Prefix().size()));
     const std::vector<std::string> lines = TakeLines();
     Require(lines.size() == (level >= threshold ? 1U : 0U));
-    if (!lines.empty()) {
-        Require(lines[0] == std::to_string(level) + (text.size() <= kLongestLine ? text + "\n" : ""));
-    }
+    Require(lines.empty() || lines[0] == Emitted(level, text));
 }
 
-/// A message is cut only beyond what a line can hold.
-void FillMessage(const std::string& bytes) {
+void WriteMessage(const std::string& bytes) {
     Input input(bytes);
     const int code = input.Byte() - 128;
-    const std::string text = TextOf(input, kShortestDropped);
-    const std::string all = "label:" + text + " error:" + std::to_string(code);
-    const std::string filled = Filled(BodyCodeText("label:%s error:%d"), text, code);
-    Require(filled == all.substr(0, kShortestDropped));
-    Require(Filled(BodyText("%s"), text) == text.substr(0, kShortestDropped));
-    Require(Filled(CodeText("%d"), code) == std::to_string(code));
+    const std::string text = TextOf(input, kLongestLine - MessagePrefix().size() - 16);
+    const std::string all = MessagePrefix() + "label:" + text + " error:" + std::to_string(code);
+    if (EndsTheProcess(all)) {
+        return;
+    }
+    const WritingLines writing(level::kError);
+    WriteMessageLine(text, code);
+    const std::vector<std::string> lines = TakeLines();
+    Require(lines.size() == 1 && lines[0] == Emitted(level::kError, all));
 }
 
 constexpr Reader kRows[] = {
     {"line", WriteLine},
-    {"message", FillMessage},
+    {"message", WriteMessage},
 };
 
 }  // namespace
