@@ -19,6 +19,8 @@ int Serve(const CachedDevice& stored, DevDetailInfo& detail) {
     return VANTIX_NOERROR;
 }
 
+CacheKey KeyOf(const std::string& serial, int ch) { return CacheKey(getDevDetailInfoMapKey(serial, ch)); }
+
 bool IsSerialGiven(const CallSite& site, const std::string& serial) {
     if (serial.empty()) {
         VANTIX_LOG_ERROR(site, level::kError, "strSerial invalid, Serial:%s", serial.c_str());
@@ -38,14 +40,14 @@ void MarkFromCache(DevDetailInfo& detail) {
 int DetailCaches::getDevInfoCache(const std::string& serial, int ch, DevChannelInfo& channelInfo,
                                   DevDetailInfo& detail) const {
     const CallSite site = VANTIX_CORE_HERE("getDevInfoCache");
-    const std::string key = getDevDetailInfoMapKey(serial, ch);
+    const CacheKey key = KeyOf(serial, ch);
     if (!CopyChannelOf(key, channelInfo)) {
-        VANTIX_LOG_INFO(site, level::kInfo, "m_mapDevDetailInfo not exist key = %s", key.c_str());
+        VANTIX_LOG_INFO(site, level::kInfo, "m_mapDevDetailInfo not exist key = %s", key.Text().c_str());
         return VANTIX_ERROR;
     }
     const auto device = m_mapDeviceInfoCache.Find(key);
     if (!device) {
-        VANTIX_LOG_INFO(site, level::kInfo, "m_mapDeviceInfoCache not exist key = %s", key.c_str());
+        VANTIX_LOG_INFO(site, level::kInfo, "m_mapDeviceInfoCache not exist key = %s", key.Text().c_str());
         return VANTIX_ERROR;
     }
     return Serve(*device, detail);
@@ -53,18 +55,18 @@ int DetailCaches::getDevInfoCache(const std::string& serial, int ch, DevChannelI
 
 int DetailCaches::getDevDetailInfoFromLocal(const std::string& serial, int ch, DevChannelInfo& channelInfo,
                                             DevDetailInfo& detail) const {
-    const std::string key = getDevDetailInfoMapKey(serial, ch);
+    const CacheKey key = KeyOf(serial, ch);
     if (!CopyChannelOf(key, channelInfo)) {
         VANTIX_LOG_INFO(VANTIX_CORE_HERE("getDevDetailInfoFromLocal"), level::kInfo,
-                        "m_mapDevDetailInfo not exist key = %s", key.c_str());
+                        "m_mapDevDetailInfo not exist key = %s", key.Text().c_str());
         return VANTIX_ERROR;
     }
-    const auto device = m_mapSerialDetailInfo.Find(channelInfo.deviceSerial);
+    const auto device = m_mapSerialDetailInfo.Find(CacheKey(channelInfo.deviceSerial));
     return device ? Serve(*device, detail) : static_cast<int>(VANTIX_ERROR);
 }
 
 int DetailCaches::getDeviceRecord(const std::string& serial, int ch, DevDetailInfo& detail) const {
-    const auto device = m_mapDeviceInfoCache.Find(getDevDetailInfoMapKey(serial, ch));
+    const auto device = m_mapDeviceInfoCache.Find(KeyOf(serial, ch));
     if (!device) {
         return VANTIX_ERROR;
     }
@@ -72,7 +74,7 @@ int DetailCaches::getDeviceRecord(const std::string& serial, int ch, DevDetailIn
     return VANTIX_NOERROR;
 }
 
-bool DetailCaches::CopyChannelOf(const std::string& key, DevChannelInfo& channelInfo) const {
+bool DetailCaches::CopyChannelOf(const CacheKey& key, DevChannelInfo& channelInfo) const {
     const auto channel = m_mapDevDetailInfo.Find(key);
     if (channel) {
         channel->CopyTo(channelInfo);
@@ -81,11 +83,11 @@ bool DetailCaches::CopyChannelOf(const std::string& key, DevChannelInfo& channel
 }
 
 bool DetailCaches::CopyChannel(const std::string& serial, int ch, DevChannelInfo& channelInfo) const {
-    return CopyChannelOf(getDevDetailInfoMapKey(serial, ch), channelInfo);
+    return CopyChannelOf(KeyOf(serial, ch), channelInfo);
 }
 
 std::optional<DevDetailInfo> DetailCaches::FindDevice(const std::string& serial) const {
-    const auto device = m_mapSerialDetailInfo.Find(serial);
+    const auto device = m_mapSerialDetailInfo.Find(CacheKey(serial));
     if (!device) {
         return std::nullopt;
     }
@@ -96,12 +98,12 @@ std::optional<DevDetailInfo> DetailCaches::FindDevice(const std::string& serial)
 
 int DetailCaches::SetDevInfoCache(const std::string& serial, int ch) {
     const CallSite site = VANTIX_CORE_HERE("SetDevInfoCache");
-    const std::string key = getDevDetailInfoMapKey(serial, ch);
+    const CacheKey key = KeyOf(serial, ch);
     if (!m_mapDeviceInfoCache.Edit(key, [](CachedDevice& stored) { stored.MarkForUpdate(); })) {
-        VANTIX_LOG_INFO(site, level::kInfo, "key not exist strKey= %s", key.c_str());
+        VANTIX_LOG_INFO(site, level::kInfo, "key not exist strKey= %s", key.Text().c_str());
         return VANTIX_ERROR;
     }
-    VANTIX_LOG_INFO(site, level::kInfo, "Update status successful strKey= %s", key.c_str());
+    VANTIX_LOG_INFO(site, level::kInfo, "Update status successful strKey= %s", key.Text().c_str());
     return VANTIX_NOERROR;
 }
 
@@ -112,32 +114,33 @@ int DetailCaches::ClearDeviceInfoCache() {
 }
 
 int DetailCaches::getChannelCacheValue(const std::string& serial, int ch) const {
-    return m_mapDevDetailInfo.Read<int>(getDevDetailInfoMapKey(serial, ch), VANTIX_ERROR,
+    return m_mapDevDetailInfo.Read<int>(KeyOf(serial, ch), VANTIX_ERROR,
                                         [](const CachedChannel& stored) { return stored.Trust(); });
 }
 
 void DetailCaches::setChannelCacheValue(const std::string& serial, int ch, int value) {
-    m_mapDevDetailInfo.Edit(getDevDetailInfoMapKey(serial, ch), [&](CachedChannel& stored) { stored.SetTrust(value); });
+    m_mapDevDetailInfo.Edit(KeyOf(serial, ch), [&](CachedChannel& stored) { stored.SetTrust(value); });
 }
 
 bool DetailCaches::IsSupportSeekPlayback(const std::string& serial) const {
     return IsSerialGiven(VANTIX_CORE_HERE("IsSupportSeekPlayback"), serial) &&
-           m_mapSerialDetailInfo.Read(
-               serial, false, [](const CachedDevice& stored) { return stored.Members().support_seek_playback == 1; });
+           m_mapSerialDetailInfo.Read(CacheKey(serial), false, [](const CachedDevice& stored) {
+               return stored.Members().support_seek_playback == 1;
+           });
 }
 
 bool DetailCaches::IsSupportPlaybackSpeed(const std::string& serial, int speed) const {
     constexpr unsigned kSmallSpeeds = 0x2AC;  // 2, 3, 5, 7 and 9
     const bool isSmall = speed >= 0 && speed <= 9 && ((kSmallSpeeds >> static_cast<unsigned>(speed)) & 1U) != 0;
     return IsSerialGiven(VANTIX_CORE_HERE("IsSupportPlaybackSpeed"), serial) &&
-           m_mapSerialDetailInfo.Read(serial, false, [&](const CachedDevice& stored) {
+           m_mapSerialDetailInfo.Read(CacheKey(serial), false, [&](const CachedDevice& stored) {
                // A small speed must be exactly 1, any other must not be 0.
                const DevDetailInfo& device = stored.Members();
                return isSmall ? device.support_device_playback_small_speed == 1 : device.support_quickplay_way != 0;
            });
 }
 
-CachedDevice DetailCaches::Shared(const DevDetailInfo& detail, const std::string& serial) {
+CachedDevice DetailCaches::Shared(const DevDetailInfo& detail, const CacheKey& serial) {
     CachedDevice device(detail, m_texts);
     if (const auto known = m_mapSerialDetailInfo.Find(serial)) {
         device.ShareWith(*known);
@@ -147,18 +150,20 @@ CachedDevice DetailCaches::Shared(const DevDetailInfo& detail, const std::string
 
 void DetailCaches::Store(const std::string& serial, int ch, const DevChannelInfo& channelInfo,
                          const DevDetailInfo& detail, const std::optional<BelongDevInfo>& parent) {
-    const std::string key = getDevDetailInfoMapKey(serial, ch);
+    const CacheKey key = KeyOf(serial, ch);
     // Everything that needs memory is made before the first cache changes. Only the channels' table may still have to
     // grow, so it comes first.
-    const CachedDevice device = Shared(detail, detail.deviceSerial);
+    const CacheKey deviceKey(detail.deviceSerial);
+    const CachedDevice device = Shared(detail, deviceKey);
     auto channelEntry = GuardedMap<ChannelMap>::EntryFor(key, CachedChannel(channelInfo, m_texts));
     auto deviceEntry = GuardedMap<DeviceMap>::EntryFor(key, device);
-    auto serialEntry = GuardedMap<DeviceMap>::EntryFor(detail.deviceSerial, device);
+    auto serialEntry = GuardedMap<DeviceMap>::EntryFor(deviceKey, device);
     DeviceMap::node_type parentEntry;
     if (!detail.belongSerial.empty()) {
         DevDetailInfo record;
         static_cast<BelongDevInfo&>(record) = parent.value_or(BelongDevInfo());
-        parentEntry = GuardedMap<DeviceMap>::EntryFor(detail.belongSerial, Shared(record, detail.belongSerial));
+        const CacheKey parentKey(detail.belongSerial);
+        parentEntry = GuardedMap<DeviceMap>::EntryFor(parentKey, Shared(record, parentKey));
     }
 
     m_mapDevDetailInfo.Put(std::move(channelEntry));

@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "base/GuardedMap.h"
+#include "core/detail/CacheKey.h"
 #include "core/detail/CachedRecords.h"
 #include "core/detail/SharedTexts.h"
 #include "vantix/records/DevChannelInfo.h"
@@ -50,12 +51,12 @@ public:
     void ClearDevices() { m_mapSerialDetailInfo.Clear(); }
 
 private:
-    using ChannelMap = std::unordered_map<std::string, CachedChannel>;
-    using DeviceMap = std::map<std::string, CachedDevice>;
+    using ChannelMap = std::unordered_map<CacheKey, CachedChannel, CacheKey::Hash>;
+    using DeviceMap = std::map<CacheKey, CachedDevice>;
 
-    bool CopyChannelOf(const std::string& key, DevChannelInfo& channelInfo) const;
+    bool CopyChannelOf(const CacheKey& key, DevChannelInfo& channelInfo) const;
     /// The device's record, shared with that of its other channels when they are equal.
-    CachedDevice Shared(const DevDetailInfo& detail, const std::string& serial);
+    CachedDevice Shared(const DevDetailInfo& detail, const CacheKey& serial);
 
     SharedTexts m_texts;
     GuardedMap<ChannelMap> m_mapDevDetailInfo;    ///< By channel key.

@@ -11,8 +11,8 @@
 namespace vantix::test {
 namespace {
 
-using HashOfChannels = GuardedMap<std::unordered_map<std::string, CachedChannel>>;
-using OrderedDevices = GuardedMap<std::map<std::string, CachedDevice>>;
+using HashOfChannels = GuardedMap<std::unordered_map<CacheKey, CachedChannel, CacheKey::Hash>>;
+using OrderedDevices = GuardedMap<std::map<CacheKey, CachedDevice>>;
 /// Compiles only when the caches are of these kinds; an explicit instantiation may name private members.
 template <HashOfChannels DetailCaches::*kChannels, OrderedDevices DetailCaches::*kByChannel,
           OrderedDevices DetailCaches::*kBySerial>
