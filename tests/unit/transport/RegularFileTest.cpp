@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "support/FailingNew.h"
 #include "support/LocalFile.h"
 
 namespace vantix::test {
@@ -21,6 +22,18 @@ TEST(RegularFile, WhereNothingIsThereNothingElseIs) {
     EXPECT_FALSE(IsNoRegularFile((file.Path() + ".absent").c_str()));
     EXPECT_FALSE(IsNoRegularFile(""));
     EXPECT_FALSE(IsNoRegularFile("no text \xFF\xC0 in UTF-8"));
+}
+
+TEST(RegularFile, WhatCannotBeFoundOutWithoutMemoryIsLeftToLibcurl) {
+    const LocalFile file(u8"picture.jpg");
+    const std::string folder = file.Path().substr(0, file.Path().find_last_of("/\\"));
+    const size_t allocations = WithEveryAllocationFailing(
+        [&] {
+            const bool isRefused = IsNoRegularFile(folder.c_str());
+            EXPECT_EQ(isRefused, !FailingNew::Fired());
+        },
+        [](size_t /*n*/) {});
+    EXPECT_GT(allocations, 0U);
 }
 
 }  // namespace
