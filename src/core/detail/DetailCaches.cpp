@@ -123,21 +123,25 @@ void DetailCaches::setChannelCacheValue(const std::string& serial, int ch, int v
 }
 
 bool DetailCaches::IsSupportSeekPlayback(const std::string& serial) const {
-    return IsSerialGiven(VANTIX_CORE_HERE("IsSupportSeekPlayback"), serial) &&
-           m_mapSerialDetailInfo.Read(CacheKey(serial), false, [](const CachedDevice& stored) {
-               return stored.Members().support_seek_playback == 1;
-           });
+    if (!IsSerialGiven(VANTIX_CORE_HERE("IsSupportSeekPlayback"), serial)) {
+        return false;
+    }
+    return m_mapSerialDetailInfo.Read(CacheKey(serial), false, [](const CachedDevice& stored) {
+        return stored.Members().support_seek_playback == 1;
+    });
 }
 
 bool DetailCaches::IsSupportPlaybackSpeed(const std::string& serial, int speed) const {
+    if (!IsSerialGiven(VANTIX_CORE_HERE("IsSupportPlaybackSpeed"), serial)) {
+        return false;
+    }
     constexpr unsigned kSmallSpeeds = 0x2AC;  // 2, 3, 5, 7 and 9
     const bool isSmall = speed >= 0 && speed <= 9 && ((kSmallSpeeds >> static_cast<unsigned>(speed)) & 1U) != 0;
-    return IsSerialGiven(VANTIX_CORE_HERE("IsSupportPlaybackSpeed"), serial) &&
-           m_mapSerialDetailInfo.Read(CacheKey(serial), false, [&](const CachedDevice& stored) {
-               // A small speed must be exactly 1, any other must not be 0.
-               const DevDetailInfo& device = stored.Members();
-               return isSmall ? device.support_device_playback_small_speed == 1 : device.support_quickplay_way != 0;
-           });
+    return m_mapSerialDetailInfo.Read(CacheKey(serial), false, [&](const CachedDevice& stored) {
+        // A small speed must be exactly 1, any other must not be 0.
+        const DevDetailInfo& device = stored.Members();
+        return isSmall ? device.support_device_playback_small_speed == 1 : device.support_quickplay_way != 0;
+    });
 }
 
 CachedDevice DetailCaches::Shared(const DevDetailInfo& detail, const CacheKey& serial) {

@@ -58,6 +58,7 @@ TEST_F(LoggerTest, MessageIsItsTextBehindThePrefixOfItsWord) {
     LogMessage(site, level::kInfo, LineWord::Info, "took %d of %s", 5, "x");
     LogMessage(site, level::kError, LineWord::Error, "failed");
     LogMessage(site, level::kDetail, LineWord::Error, "filtered");
+    WriteMessage(site, level::kDetail, LineWord::Error, "filtered, asked once more");
     const std::vector<std::string> expected{"[" + pid + "] VX   INFO \t<Class::method>\t<71>,took 5 of x\n",
                                             "[" + pid + "] VX   ERROR\t<Class::method>\t<71>,failed\n"};
     EXPECT_EQ(sinks.Texts("log library"), expected);
