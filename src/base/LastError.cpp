@@ -1,5 +1,6 @@
 #include "base/LastError.h"
 
+#include <atomic>
 #include <cstdint>
 
 #include "base/RunningTask.h"
@@ -8,26 +9,31 @@
 namespace vantix {
 namespace {
 
-/// The slot is made on first use: nothing happens while the library is being loaded. The system may have no slot left.
+/// The slot of the process. It outlives its owner, so that it can be asked whether it is still there.
 struct Slot {
-    Slot() : exists(TVL_ThreadTls_Create(&number) == 0) {}
+    unsigned number = 0;
+    std::atomic<bool> exists{false};
+};
+
+constinit Slot g_slot;
+
+/// The slot is made on first use: nothing happens while the library is being loaded. The system may have no slot left.
+class SlotOwner {
+public:
+    SlotOwner() { g_slot.exists = TVL_ThreadTls_Create(&g_slot.number) == 0; }
     /// The library leaves the process, which has few slots; a task that still runs keeps it.
-    ~Slot() {
-        if (exists && !RunningTask::IsThereOne()) {
-            exists = false;
-            TVL_ThreadTls_Destroy(number);
+    ~SlotOwner() {
+        if (!RunningTask::IsThereOne() && g_slot.exists.exchange(false)) {
+            TVL_ThreadTls_Destroy(g_slot.number);
         }
     }
-    Slot(const Slot&) = delete;
-    Slot& operator=(const Slot&) = delete;
-
-    unsigned number = 0;
-    bool exists;
+    SlotOwner(const SlotOwner&) = delete;
+    SlotOwner& operator=(const SlotOwner&) = delete;
 };
 
 const Slot& LastErrorSlot() {
-    static Slot slot;
-    return slot;
+    static const SlotOwner owner;
+    return g_slot;
 }
 
 }  // namespace

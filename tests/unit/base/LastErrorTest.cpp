@@ -11,15 +11,33 @@
 namespace {
 
 bool g_noSlots = false;
+bool g_isSlotGone = false;
 
 }  // namespace
 
-// The linker leads calls of this entry point here (options.cmake).
+// The linker leads calls of these entry points here (options.cmake).
 // NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 int __real_TVL_ThreadTls_Create(unsigned* slot);
 
 int __wrap_TVL_ThreadTls_Create(unsigned* slot) { return g_noSlots ? -1 : __real_TVL_ThreadTls_Create(slot); }
+
+void __real_TVL_ThreadTls_Destroy(unsigned slot);
+
+void __wrap_TVL_ThreadTls_Destroy(unsigned slot) {
+    g_isSlotGone = true;
+    __real_TVL_ThreadTls_Destroy(slot);
+}
+
+int __real_TVL_ThreadTls_SetValue(unsigned slot, void* value);
+
+/// A slot that was given back may be another library's by now.
+int __wrap_TVL_ThreadTls_SetValue(unsigned slot, void* value) {
+    if (g_isSlotGone) {
+        std::abort();
+    }
+    return __real_TVL_ThreadTls_SetValue(slot, value);
+}
 }
 // NOLINTEND(bugprone-reserved-identifier)
 
@@ -63,6 +81,22 @@ TEST(LastError, IsZeroWhereTheSystemHasNoSlotLeft) {
         std::exit(ThreadLastError());  // as every process does: what counts executed lines writes them down
     };
     EXPECT_EXIT(steps(), testing::ExitedWithCode(0), "");
+}
+
+TEST(LastError, IsZeroWhenTheProcessEndsAndTheSlotIsGone) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    const auto steps = [] {
+        // Runs after the slot, which is made later, has gone.
+        std::atexit([] {
+            SetThreadLastError(5);
+            if (!g_isSlotGone || ThreadLastError() != 0) {
+                std::abort();
+            }
+        });
+        SetThreadLastError(7);
+        std::exit(ThreadLastError());
+    };
+    EXPECT_EXIT(steps(), testing::ExitedWithCode(7), "");
 }
 #endif
 

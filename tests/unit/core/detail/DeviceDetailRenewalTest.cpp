@@ -188,7 +188,22 @@ TEST_P(DetailRepeat, RepeatIsForcedWhereTheRuleSaysSo) {
     EXPECT_EQ(device.deviceIP, GetParam().repeatLooksAtTheCache ? "of another fetch" : "of the repeat");
 }
 
-// ---- A shared device, whose session has ended
+// ---- A shared device
+
+TEST_P(DetailRepeat, TokenCodeOfTheConsumerServersRenewsTheAccessToken) {
+    core.setPermissionMode(2);
+    transport.Respond(R"({"meta":{"code":10002}})");
+    transport.Respond(RefreshResponse());
+    transport.Respond(R"({"meta":{"code":500}})");
+    EXPECT_EQ(FetchShared(), 300500);
+    ASSERT_EQ(transport.Count(), 3U);
+    EXPECT_EQ(Address(0), "https://c.example/v3/userdevices/v1/devices/pagelist");
+    EXPECT_EQ(Address(1), "https://auth.example/oauth/token/refreshToken");
+    EXPECT_EQ(Address(2), "https://c.example/v3/userdevices/v1/devices/pagelist");
+    EXPECT_EQ(core.getAccessToken(), "new-token");
+}
+
+// ---- One whose session has ended
 
 TEST_P(DetailRepeat, EndedSessionIsRenewedOnceAndTheFetchRepeatedWithTheNewOne) {
     core.setPermissionMode(2);
