@@ -32,7 +32,12 @@ public:
     }
     /// A copy of a value, or nothing when the key is absent.
     std::optional<Value> Find(const Key& key) const {
-        return Read(key, std::optional<Value>(), [](const Value& stored) { return std::optional<Value>(stored); });
+        std::optional<Value> found;
+        Read(key, false, [&](const Value& stored) {
+            found = stored;
+            return true;
+        });
+        return found;
     }
 
     /// Calls `use(value)` under the lock, when the key is there, and returns what it returns; else `absent`.
