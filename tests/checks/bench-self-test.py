@@ -9,7 +9,7 @@ import unittest
 
 ROOT = pathlib.Path(sys.argv.pop(1))
 sys.path.insert(0, str(ROOT / "scripts" / "lib"))
-from bench import count, figures, flame, guard, jobs  # noqa: E402
+from bench import count, figures, flame, gaps, guard, jobs  # noqa: E402
 from bench.profile import Profile  # noqa: E402
 
 
@@ -17,6 +17,29 @@ def judged(kept, now, name="parse/detail"):
     """What the guard says of one job, by instructions and allocations: whether it fails, and its text."""
     verdicts = guard.compare({name: count.Count(*kept)}, {name: count.Count(*now)})
     return (verdicts[0].fails, verdicts[0].text) if verdicts else (False, "")
+
+
+class Gaps(unittest.TestCase):
+    def test_every_reason_is_one_of_a_job(self):
+        asked = {(row.job, row.measure) for row in jobs.read()}
+        self.assertEqual([key for key in gaps.read_reasons() if key not in asked], [])
+
+    def test_a_goal_that_is_not_met_is_shown_with_its_reason_and_where_it_spends_more(self):
+        row = next(row for row in jobs.read() if (row.job, row.measure) == ("parse/detail", "instructions"))
+        results = {"counts": {"parse/detail": {"instructions": 150, "allocations": 1},
+                              "floor/parse/detail": {"instructions": 100, "allocations": 1}},
+                   "times": {}, "once": {},
+                   "gaps": {"parse/detail": {"layers": {"ours": 45, "allocator": 5}, "functions": [["Read", 40]]}}}
+        text = gaps.section(results, [row])
+        self.assertIn("json11 copies the text", text)
+        self.assertIn("| `parse/detail` | 5 | 45 | 0 | 0 | 0 | 0 |", text)
+        self.assertIn("`Read` 40", text)
+
+    def test_nothing_is_shown_when_all_goals_are_met(self):
+        row = next(row for row in jobs.read() if (row.job, row.measure) == ("parse/detail", "instructions"))
+        results = {"counts": {"parse/detail": {"instructions": 101, "allocations": 1},
+                              "floor/parse/detail": {"instructions": 100, "allocations": 1}}, "times": {}, "once": {}}
+        self.assertEqual(gaps.section(results, [row]), "")
 
 
 class Guard(unittest.TestCase):

@@ -3,7 +3,7 @@
 import json
 import sys
 
-from . import figures, flame, jobs, places, rules, words
+from . import figures, flame, gaps, jobs, places, rules, words
 
 
 def table(header, rows):
@@ -155,7 +155,7 @@ def text_of(results):
         measured = [row for row in rows if row.part == part]
         if not results["only"] or results["only"] == part:
             text += part_section(results, part, measured)
-    return text + rules.section(results) + profile_section(results) + machine_section(results) + words.ADDING
+    return text + gaps.section(results, rows) + rules.section(results) + profile_section(results) + machine_section(results) + words.ADDING
 
 
 def is_whole(results):

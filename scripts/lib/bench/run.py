@@ -5,7 +5,7 @@ import json
 import sys
 import time
 
-from . import clock, count, flame, jobs, machine, places, rules, server
+from . import clock, count, flame, gaps, jobs, machine, places, rules, server
 
 
 @dataclasses.dataclass(frozen=True)
@@ -118,6 +118,8 @@ def measure(body, quick, only):
         for part in [only] if only else known:
             measure_part(part, [row for row in rows if row.part == part], environment, QUICK if quick else FULL,
                          results)
+        say("gaps")
+        results["gaps"] = gaps.measure(results, rows, environment)
     results["seconds"] = round(time.monotonic() - start)
     places.RESULTS.write_text(as_text(results))
     if not quick and not only:

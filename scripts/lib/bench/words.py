@@ -63,6 +63,10 @@ CLIENTS = """
 
 SCALE = "Documents of the detail's texts by other libraries, as a scale:"
 
+GAPS = """
+    Each goal that is not met, with its reason. What belongs to the contract or to the results themselves stays; what is
+    ours is small beside it."""
+
 RULES = "Instructions that nobody can save, since the behaviour is a contract with hosts and servers:"
 
 PROFILE = """
