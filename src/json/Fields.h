@@ -18,7 +18,7 @@ namespace vantix::json {
 /// One row: the member's key, and where its value goes. The field's type decides which JSON type is accepted.
 template <class Record>
 struct Field {
-    const char* key;
+    const char* key = nullptr;
     std::variant<std::string Record::*, int32_t Record::*, bool Record::*> member;
 };
 

@@ -32,8 +32,8 @@ int Composed(int code) {
 
 }  // namespace
 
-PreparedRequest::PreparedRequest(const CallSite& site, const RequestRow& row, const std::string& address)
-    : m_site(site), m_row(row), m_address(address) {
+PreparedRequest::PreparedRequest(const CallSite& site, const RequestRow& row, std::string address)
+    : m_site(site), m_row(row), m_address(std::move(address)) {
     if (row.common.clientSet) {
         AddClientSet(m_params, ClientInfo());
     }

@@ -58,7 +58,7 @@ protected:
     void SetJson(const std::string& json) { m_json = json; }
 
 private:
-    PreparedRequest(const CallSite& site, const RequestRow& row, const std::string& address);
+    PreparedRequest(const CallSite& site, const RequestRow& row, std::string address);
 
     bool HasZeroByte() const;
     int Send(char** response, uint32_t* length) const;

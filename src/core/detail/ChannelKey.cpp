@@ -1,8 +1,8 @@
 #include "core/detail/ChannelKey.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
+#include <iterator>
 #include <string_view>
 
 #include "core/CoreSite.h"
@@ -18,11 +18,11 @@ std::string getDevDetailInfoMapKey(const std::string& serial, int ch) {
         return serial;
     }
     const std::string_view text = serial.c_str();  // up to a zero
-    std::array<char, kLongestSerial + 1 + kLongestNumber> key;
-    char* end = std::copy(text.begin(), text.end(), key.data());
+    char key[kLongestSerial + 1 + kLongestNumber];
+    char* end = std::copy(text.begin(), text.end(), std::begin(key));
     *end++ = '_';
-    end = std::to_chars(end, key.data() + key.size(), ch).ptr;
-    return {key.data(), end};
+    end = std::to_chars(end, std::end(key), ch).ptr;
+    return {std::begin(key), end};
 }
 
 }  // namespace vantix
