@@ -31,7 +31,7 @@ class Gaps(unittest.TestCase):
                    "times": {}, "once": {},
                    "gaps": {"parse/detail": {"layers": {"ours": 45, "allocator": 5}, "functions": [["Read", 40]]}}}
         text = gaps.section(results, [row])
-        self.assertIn("json11 copies the text", text)
+        self.assertIn("The library copies the body once", text)
         self.assertIn("| `parse/detail` | 5 | 45 | 0 | 0 | 0 | 0 |", text)
         self.assertIn("`Read` 40", text)
 
@@ -40,6 +40,13 @@ class Gaps(unittest.TestCase):
         results = {"counts": {"parse/detail": {"instructions": 101, "allocations": 1},
                               "floor/parse/detail": {"instructions": 100, "allocations": 1}}, "times": {}, "once": {}}
         self.assertEqual(gaps.section(results, [row]), "")
+
+
+class Distance(unittest.TestCase):
+    def test_a_goal_that_is_farther_off_counts_more(self):
+        rows = [("<=1.10", 220, 100, 2.0), (">=1.7", 85, 100, 2.0), ("<=+12", 124, 100, 2.0), ("<=1ms", 0.002, None, 2.0)]
+        for text, value, floor, expected in rows:
+            self.assertAlmostEqual(jobs.Goal(text).distance(value, floor), expected, msg=text)
 
 
 class Guard(unittest.TestCase):

@@ -30,6 +30,13 @@ class Goal:
             return value - floor <= limit
         return value <= limit * floor if sign == "<" else value >= limit * floor
 
+    def distance(self, value, floor):
+        """How many times the limit a value is off; 1 is just met."""
+        sign, more, limit, unit = re.fullmatch(r"([<>])=(\+?)([\d.]+)(ns|ms)?", self.text).groups()
+        limit = float(limit) * (UNITS[unit] if unit else 1 if more else floor)
+        reached = value - floor if more else value
+        return (reached / limit if sign == "<" else limit / reached) if limit and reached else float("inf")
+
     def shown(self):
         """As the page shows it."""
         if self.text == "told":

@@ -133,7 +133,7 @@ def summary(results, rows):
     text = f"\n{len(judged) - len(missed)} of {len(judged)} goals are met."
     if missed:
         text += " Not met, the farthest first:\n\n"
-        missed.sort(key=lambda outcome: -abs((outcome.ratio or 1) - 1))
+        missed.sort(key=lambda outcome: -outcome.row.goal.distance(outcome.value, outcome.floor))
         text += table(["Job", "Measure", "Measured", "Goal"], [missed_row(outcome) for outcome in missed])
     return text + "\n![Jobs beside their floors](performance/ratios.svg)\n"
 

@@ -64,8 +64,9 @@ CLIENTS = """
 SCALE = "Documents of the detail's texts by other libraries, as a scale:"
 
 GAPS = """
-    Each goal that is not met, with its reason. What belongs to the contract or to the results themselves stays; what is
-    ours is small beside it."""
+    Each goal that is not met, with its reason as far as it is known; below it, where the instructions beyond the floor
+    go. Functions stand with all of their own instructions where the floor has none of that name: a copy that the floor
+    makes in a function of another name is in them."""
 
 RULES = "Instructions that nobody can save, since the behaviour is a contract with hosts and servers:"
 
