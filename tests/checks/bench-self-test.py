@@ -15,7 +15,7 @@ from bench.profile import Profile  # noqa: E402
 
 def judged(kept, now, name="parse/detail"):
     """What the guard says of one job, by instructions and allocations: whether it fails, and its text."""
-    verdicts = guard.compare({name: count.Count(*kept)}, {name: count.Count(*now)})
+    verdicts = guard.compare({name: count.Count(*kept)}, {name: count.Count(*now)}, {})
     return (verdicts[0].fails, verdicts[0].text) if verdicts else (False, "")
 
 
@@ -79,13 +79,21 @@ class Guard(unittest.TestCase):
         self.assertEqual(judged((10000, 5), (11000, 5), "floor/parse/detail"),
                          (False, "floor/parse/detail: 10,000 -> 11,000 instructions (+10.0 %)"))
 
+    def test_what_its_floor_became_dearer_by_is_not_counted_against_a_job(self):
+        kept = {"parse/detail": count.Count(10000, 5), "floor/parse/detail": count.Count(9000, 5)}
+        floors = {"parse/detail": "floor/parse/detail"}
+        for job, floor, fails in [((11000, 6), (10000, 6), False), ((11201, 6), (10000, 6), True),
+                                  ((11000, 7), (10000, 6), True), ((10201, 5), (8000, 5), True)]:
+            now = {"parse/detail": count.Count(*job), "floor/parse/detail": count.Count(*floor)}
+            self.assertEqual(any(verdict.fails for verdict in guard.compare(kept, now, floors)), fails, (job, floor))
+
     def test_a_job_that_is_not_in_the_file_fails(self):
-        verdicts = guard.compare({}, {"parse/new": count.Count(1, 1)})
+        verdicts = guard.compare({}, {"parse/new": count.Count(1, 1)}, {})
         self.assertEqual([(verdict.fails, verdict.text) for verdict in verdicts],
                          [(True, "parse/new: is not in the file")])
 
     def test_a_job_that_was_not_counted_fails(self):
-        verdicts = guard.compare({"parse/old": count.Count(1, 1)}, {})
+        verdicts = guard.compare({"parse/old": count.Count(1, 1)}, {}, {})
         self.assertEqual([(verdict.fails, verdict.text) for verdict in verdicts],
                          [(True, "parse/old: is in the file and was not counted")])
 

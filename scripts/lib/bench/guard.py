@@ -14,8 +14,8 @@ PART_OF_AN_ALLOCATION = 0.05  # tables that grow once in many rounds
 
 HEAD = """\
 # What scripts/bench --guard compares with: instructions and allocations of one round of each job, and of its floors.
-# A floor that moved as well says that a library or the compiler changed, not this one. scripts/bench --guard --update
-# writes the file anew; the commit says why.
+# What a job's floor became dearer by is a library's or the compiler's doing, and not counted against the job.
+# scripts/bench --guard --update writes the file anew; the commit says why.
 """
 
 
@@ -38,15 +38,23 @@ def percent(share):
     return f"{100 * share:+.1f} %"
 
 
-def judge(name, kept, now):
-    """Compares a count with the one that is kept."""
+def drift(floor, kept, now):
+    """What a floor became dearer by; nothing when it is unknown."""
+    if floor not in kept or floor not in now:
+        return count.Count(0, 0)
+    return count.Count(max(0, now[floor].instructions - kept[floor].instructions),
+                       max(0, now[floor].allocations - kept[floor].allocations))
+
+
+def judge(name, kept, now, moved):
+    """Compares a count with the one that is kept; `moved` is what its floor became dearer by."""
     if kept is None:
         return Verdict(not is_floor(name), f"{name}: is not in the file")
-    difference = now.instructions - kept.instructions
+    difference = now.instructions - kept.instructions - moved.instructions
     allowed = max(MORE * kept.instructions, FEW_INSTRUCTIONS)
     figures = (f"{kept.instructions:,.0f} -> {now.instructions:,.0f} instructions "
                f"({percent(change(now.instructions, kept.instructions))})")
-    if now.allocations > kept.allocations + PART_OF_AN_ALLOCATION:
+    if now.allocations > kept.allocations + moved.allocations + PART_OF_AN_ALLOCATION:
         return Verdict(not is_floor(name),
                        f"{name}: {kept.allocations:,.1f} -> {now.allocations:,.1f} allocations, {figures}")
     if difference > allowed:
@@ -56,9 +64,10 @@ def judge(name, kept, now):
     return Verdict(False, "")
 
 
-def compare(kept, now):
-    """A verdict for every job of either side that there is something to say about."""
-    verdicts = [judge(name, kept.get(name), counted) for name, counted in now.items()]
+def compare(kept, now, floors):
+    """A verdict for every job of either side that there is something to say about. floors: those of the jobs."""
+    verdicts = [judge(name, kept.get(name), counted, drift(floors.get(name), kept, now))
+                for name, counted in now.items()]
     verdicts += [Verdict(True, f"{name}: is in the file and was not counted") for name in kept if name not in now]
     return [verdict for verdict in verdicts if verdict.text]
 
@@ -78,14 +87,15 @@ def write(counts, path=places.GUARD):
 
 def run(body, update):
     """Counts and compares, or writes the file; 1 when a job became dearer."""
-    names = jobs.cases([row for row in jobs.read() if row.counted], jobs.COUNTED)
+    rows = [row for row in jobs.read() if row.counted]
+    names = jobs.cases(rows, jobs.COUNTED)
     with server.running(body) as environment:
         now = count.count_all(places.PROGRAM, names, environment, RUNS)
     if update:
         write(now)
         print(f"{places.GUARD.relative_to(places.ROOT)}: {len(now)} jobs and floors")
         return 0
-    verdicts = compare(read(), now)
+    verdicts = compare(read(), now, {row.job: row.floor for row in rows})
     for verdict in sorted(verdicts, key=lambda verdict: not verdict.fails):
         print("DEARER " if verdict.fails else "       ", verdict.text)
     failed = sum(verdict.fails for verdict in verdicts)
